@@ -74,7 +74,7 @@ function(kelvarin_test folder)
     KELVARIN_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
     KELVARIN_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
     KELVARIN_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  target_link_libraries(${target} PRIVATE GTest::gmock_main rapidcheck)
+  target_link_libraries(${target} PRIVATE GTest::gmock_main rapidcheck rapidcheck_gtest)
   foreach(dependency IN LISTS arg_DEPENDS)
     string(REPLACE "/" "_" dependency "${dependency}")
     target_link_libraries(${target} PRIVATE kelvarin_${dependency})

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/nle_problem.h"
+#include "shell/settings.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace kelvarin
+{
+
+enum class batch_action
+{
+    solve,
+    check,
+    eval,
+    show_settings
+};
+
+enum class output_format
+{
+    text,
+    rtf,
+    json
+};
+
+/// What a command line asks for, complete and free of contradictions.
+struct batch_request
+{
+    batch_action action = batch_action::solve;
+    /// Replaces the method that a file names.
+    std::optional<nle_method> method;
+    /// The user's settings with those of the command line over them.
+    settings store;
+    output_format format = output_format::text;
+    /// Where the output goes in place of standard output; may hold `{}` for the stem of each file.
+    std::string output;
+    /// Every file is taken for a nonlinear problem, whatever its name and first lines.
+    bool kind_is_nle = false;
+    std::vector<std::string> files;
+    /// The lines behind --eval.
+    std::vector<std::string> lines;
+};
+
+/// Why a command line asks for no work: a text for standard output (help, version), or a complaint.
+struct command_line_end
+{
+    int status = 0;
+    std::string text;
+};
+
+/// Reads the arguments behind the program's name. `saved` holds the user's settings.
+std::variant<batch_request, command_line_end> read_command_line(std::span<const std::string> arguments,
+                                                                const registry_store& saved);
+
+/// `output` with the file's stem in place of each `{}`.
+std::string output_name(const std::string& output, const std::string& file);
+
+} // namespace kelvarin

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/nle_run.h"
+#include "shell/recognition.h"
+#include "shell/settings.h"
+#include "tools/calculator.h"
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The JSON forms of what the batch program finds out. Keys stand in a fixed order; numbers have the
+/// digits that give the same double back.
+namespace kelvarin
+{
+
+using json = nlohmann::ordered_json;
+
+/// A nonlinear problem that was run, or refused with the outcome's boxes. `report` is the plain text.
+json solved_nle_json(const std::string& file, const nle_content& content, const nle_outcome& outcome,
+                     std::string_view report);
+
+/// The analysis of a nonlinear problem.
+json checked_nle_json(const std::string& file, const nle_content& content);
+
+/// A file that gave no problem, and why.
+json refused_file_json(const std::string& file, document_kind kind, const message_box& refusal);
+
+json calculator_json(const std::string& line, const calculator_answer& answer);
+
+/// All settings in table order; bounds are null where a type has none.
+json settings_json(const settings& store);
+
+/// The text of a value, indented, with a line end. Bytes that are no UTF-8 (in file names) are replaced.
+std::string json_text(const json& value);
+
+} // namespace kelvarin

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/nle_problem.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelvarin
+{
+
+inline constexpr std::string_view nle_version_marker = " |KVRVER05_";
+
+/// Whether the second line of a file is that of a nonlinear problem.
+bool is_nle_second_line(std::string_view line);
+
+/// The content that a problem file's text (UTF-8) holds; `method` where the file names none. Nothing where
+/// the text is no nonlinear problem.
+std::optional<nle_content> read_nle(std::string_view text, nle_method method = nle_method::fastnewt);
+
+/// The text of a problem file with CR LF line ends, in the current or the older format.
+std::string write_nle(const nle_content& content, bool older_format = false);
+
+} // namespace kelvarin

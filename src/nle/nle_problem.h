@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/analysis/set_analysis.h"
+#include "platform/message_box.h"
+#include "platform/saver.h"
+#include "shell/history.h"
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvarin
+{
+
+enum class nle_method
+{
+    fastnewt = 0,
+    safenewt = 1,
+    safebroydn = 2,
+    constrained = 3
+};
+
+/// The items of the method list, in its order.
+inline constexpr std::array<std::string_view, 4> nle_method_items = {"fastnewt", "safenewt", "safebroydn",
+                                                                     "constrained"};
+
+std::string_view method_text(nle_method method);
+/// By item text or list index.
+std::optional<nle_method> method_named(std::string_view text);
+
+/// What a nonlinear problem holds: a plain value.
+struct nle_content
+{
+    std::string title;
+    nle_method method = nle_method::fastnewt;
+    std::vector<equation_row> rows;
+    /// The texts of the two bound fields, used with exactly one implicit row.
+    std::string lower_bound;
+    std::string upper_bound;
+
+    friend bool operator==(const nle_content&, const nle_content&) = default;
+};
+
+/// What the window says of a problem after every edit.
+struct nle_analysis
+{
+    equation_set set;
+    bool bounds_ok = true;
+    /// The light: the problem may run.
+    bool green = false;
+    std::array<std::string, 3> panels;
+    bool single_controls_visible = false;
+};
+
+nle_analysis analyse_nle(const nle_content& content);
+
+/// The listing of variables with its warnings, as rich text without prolog.
+std::string show_all_vars(const nle_content& content);
+/// The plain texts of the listing's warnings, from "Warning: " on.
+std::vector<std::string> listing_warnings(const nle_content& content);
+
+/// Why a problem whose light is red does not run, as one box.
+message_box red_light_box(const nle_content& content);
+
+/// A nonlinear problem as a document: content, path, saved flag, undo. Every operation that is refused
+/// answers with the box to show and changes nothing.
+class nle_problem
+{
+public:
+    using refusal = std::optional<message_box>;
+
+    const nle_content& content() const { return content_; }
+    const std::filesystem::path& path() const { return path_; }
+    bool problem_saved() const { return history_.is_clean(); }
+    int equation_count() const { return static_cast<int>(content_.rows.size()); }
+
+    /// Whether another equation may be added.
+    refusal may_add() const;
+    /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the
+    /// texts are those of the fields.
+    refusal check_implicit(std::string_view name, std::string_view expression, std::string_view guess, int row) const;
+    refusal check_explicit(std::string_view name, std::string_view expression, int row) const;
+
+    /// Adds (row 0) or replaces a row after the checks. `constraint` is 0, 1 (" p") or 2 (" ap").
+    refusal put_implicit(std::string_view name, std::string_view expression, std::string_view guess, int constraint,
+                         std::string_view comment, int row = 0);
+    refusal put_explicit(std::string_view name, std::string_view expression, std::string_view comment, int row = 0);
+
+    /// Removing the last equation is refused.
+    refusal remove(int row);
+    /// Exchange with the neighbour above (up) or below; false at the ends.
+    bool move(int row, bool up);
+    void set_comment(int row, std::string comment);
+    void set_title(std::string title);
+    void set_bounds(std::string lower, std::string upper);
+    /// A choice by the user: any method but `constrained` strips the suffixes of the guesses.
+    void choose_method(nle_method method);
+    /// The method alone, as a file or a command line gives it: no cell changes.
+    void set_method(nle_method method) { content_.method = method; }
+    /// Replaces the whole content in one step.
+    void replace_content(nle_content content, std::string step);
+
+    bool undo();
+    bool redo();
+    const history<nle_content>& steps() const { return history_; }
+
+    nle_analysis analyse() const { return analyse_nle(content_); }
+
+    /// Reads a file into this document; on failure the document stays as it was.
+    refusal nles_open(const std::filesystem::path& path);
+    /// Writes the document (in the older format on demand); on success path and clean mark move.
+    refusal save(const std::filesystem::path& path, bool older_format = false,
+                 const save_calls& calls = system_save_calls());
+
+private:
+    void change(std::string step, nle_content next);
+
+    nle_content content_;
+    std::filesystem::path path_;
+    history<nle_content> history_;
+};
+
+} // namespace kelvarin

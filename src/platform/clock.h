@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace kelvarin
+{
+
+struct calendar_date
+{
+    int year = 0;
+    int month = 0;
+    int day = 0;
+};
+
+/// What the core asks about time.
+class wall_clock
+{
+public:
+    virtual ~wall_clock() = default;
+
+    virtual calendar_date today() const = 0;
+    /// Seconds since some fixed moment, in whole seconds: the resolution that reports show.
+    virtual std::int64_t whole_seconds() const = 0;
+};
+
+/// The computer's clock, in local time.
+class system_clock final : public wall_clock
+{
+public:
+    calendar_date today() const override;
+    std::int64_t whole_seconds() const override;
+};
+
+/// A clock that stands still until it is told otherwise: for tests and reproducible output.
+class fixed_clock final : public wall_clock
+{
+public:
+    explicit fixed_clock(calendar_date date = {2026, 1, 2}, std::int64_t seconds = 0) : date_(date), seconds_(seconds)
+    {
+    }
+
+    calendar_date today() const override { return date_; }
+    std::int64_t whole_seconds() const override { return seconds_ += step_; }
+    /// From now on every question about the time moves it by `step` seconds.
+    void advance_by(std::int64_t step) { step_ = step; }
+
+private:
+    calendar_date date_;
+    mutable std::int64_t seconds_;
+    std::int64_t step_ = 0;
+};
+
+} // namespace kelvarin

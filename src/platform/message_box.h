@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace kelvarin
+{
+
+enum class box_icon
+{
+    none,
+    critical,
+    question,
+    exclamation,
+    information
+};
+
+/// Where something stands in a problem: a row (from 1) and a range of bytes in its text.
+struct text_place
+{
+    int row = 0;
+    std::size_t offset = 0;
+    std::size_t length = 0;
+
+    friend bool operator==(const text_place&, const text_place&) = default;
+};
+
+inline constexpr const char* guide_title = "Kelvarin Guide";
+
+/// A message to the user as a value: the core makes it, a front end shows it. Lines are separated by CR.
+struct message_box
+{
+    std::string text;
+    box_icon icon = box_icon::none;
+    std::string title = guide_title;
+    std::optional<text_place> place = std::nullopt;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// The whole-string numeric test: the value of `text` if it is, apart from blanks and tabs around it, a
+/// number as a whole, else nothing. A number is an optional sign, digits with at most one ".", at least
+/// one digit, then optionally an exponent letter e, E, d or D, an optional sign and digits. A number too
+/// large for a double is none; one too small is 0. The locale plays no part.
+std::optional<double> numeric_value(std::string_view text);
+
+/// Whether numeric_value gives a value.
+bool is_numeric(std::string_view text);
+
+/// Prefix reading: the number that `text` begins with, in the forms of numeric_value, blanks and tabs in
+/// front skipped; 0 where it begins with none. Throws runtime_failure 6 where it is too large for a double.
+double val(std::string_view text);
+
+/// The plain text of a finite double: 15 significant digits without trailing zeros, "." whatever the
+/// locale, exponent form ("1E-07", "1E+15") below 0.0001 and from 1E+15 up. Negative zero is "0".
+std::string plain_text(double value);
+
+/// Formats a finite double by a numeric mask of `0` (forced digit), `#` (optional digit), at most one `.`
+/// and at most one exponent `E+00` or `E-00`. Halves of the value's 15 significant digits round away from
+/// zero; what rounds to zero has no sign. In the exponent form the digits in front of the point are those of
+/// the mask's integer part, and an exponent with more digits than the mask's is printed whole. The point of
+/// the mask is always printed: 5 by "0.###" is "5.", 0.5 by "#.#" is ".5". Any other character
+/// counts as "#".
+std::string format_masked(double value, std::string_view mask);
+
+} // namespace kelvarin

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/clock.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Reports are rich text. What is written here is the vocabulary of their fragments; what is read here is
+/// the subset of the format that they use, from which plain text and windows are made.
+namespace kelvarin
+{
+
+/// User text (UTF-8) as rich text: braces and backslashes escaped, letters beyond ASCII as \uN escapes,
+/// line ends and control characters as blanks.
+std::string escape_rich_text(std::string_view text);
+
+/// The document prolog, the body, and the tail "\par }".
+std::string rich_text_document(std::string_view body);
+
+/// The head of every report, up to and without the line ends behind it: "KELVARIN Results", the title
+/// (escaped here), the date and the program's version.
+std::string report_head(std::string_view title, calendar_date date);
+
+/// The version of the program as reports print it: "5.0.0".
+std::string_view program_version();
+
+/// A run of text in one style, inside one line.
+struct styled_run
+{
+    std::string text;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    /// Index into the colour table.
+    int colour = 0;
+    /// Index into the font table.
+    int font = 3;
+    /// In half points.
+    int size = 18;
+
+    friend bool operator==(const styled_run&, const styled_run&) = default;
+};
+
+using styled_line = std::vector<styled_run>;
+
+/// Reads the subset: groups, \b \i \ul \cfN \fN \fsN \plain \par \line \tab, escapes \\ \{ \} \'hh \uN, with
+/// destinations such as the font table passed over, and unknown words without effect. A document cut
+/// short or with groups that do not match is read as far as it goes. Never fails.
+std::vector<styled_line> read_rich_text(std::string_view document);
+
+/// The text of the lines, each ended by LF, \tab as a tab.
+std::string plain_text_of(const std::vector<styled_line>& lines);
+
+} // namespace kelvarin
