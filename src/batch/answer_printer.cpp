@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "batch/answer_printer.h"
+
+#include "batch/exit_status.h"
+#include "platform/saver.h"
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+int write_output(const std::string& place, std::string_view content, std::ostream& out, std::ostream& err)
+{
+    if (place.empty()) {
+        if (out << content << std::flush) return exit_status::every_file_reported;
+        err << "Standard output can not be written.\n";
+        return exit_status::unusable;
+    }
+    const auto failure = save_file(place, content);
+    if (!failure) return exit_status::every_file_reported;
+    err << message_lines(place, {"Error while trying to save file.\r" + failure->reason, box_icon::critical});
+    return exit_status::unusable;
+}
+
+answer_printer::answer_printer(const batch_request& request, std::ostream& out, std::ostream& err)
+    : request_(request), out_(out), err_(err), a_file_each_(request.output.find("{}") != std::string::npos)
+{
+}
+
+void answer_printer::write(const std::string& place, std::string_view content)
+{
+    status_ = std::max(status_, write_output(place, content, out_, err_));
+}
+
+void answer_printer::take(const std::string& file, file_answer answer)
+{
+    status_ = std::max(status_, answer.status);
+    err_ << answer.messages << std::flush;
+    const bool as_json = request_.format == output_format::json;
+    if (a_file_each_) {
+        if (as_json)
+            write(output_name(request_.output, file), json_text(answer.object));
+        else if (!answer.report.empty())
+            write(output_name(request_.output, file), answer.report);
+        return;
+    }
+    if (as_json) {
+        objects_.push_back(std::move(answer.object));
+        return;
+    }
+    if (answer.report.empty()) return;
+    const std::string separated = (first_report_ ? "" : "\n") + answer.report;
+    first_report_ = false;
+    if (request_.output.empty())
+        write("", separated);
+    else
+        reports_ += separated;
+}
+
+int answer_printer::finish()
+{
+    if (!objects_.empty()) write(request_.output, json_text(request_.files.size() == 1 ? objects_.front() : objects_));
+    if (!reports_.empty()) write(request_.output, reports_);
+    return status_;
+}
+
+} // namespace kelvarin

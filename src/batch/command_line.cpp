@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "batch/command_line.h"
+
+#include "batch/exit_status.h"
+#include "shell/rich_text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr const char* program_name = "kelvarin-solve";
+
+/// The options as they were typed.
+struct typed_options
+{
+    std::string method, format, output, kind;
+    std::vector<std::string> assignments, files;
+    bool check = false, eval = false, show_settings = false;
+    std::vector<std::string> lines;
+};
+
+/// Wrong usage, on its way to the one place that answers it.
+struct wrong_usage
+{
+    std::string text;
+};
+
+/// Takes `--eval` and everything behind it off the arguments: those are lines, whatever they begin with.
+void take_lines(std::vector<std::string>& arguments, typed_options& typed)
+{
+    const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
+    const auto eval = std::find(arguments.begin(), options_end, "--eval");
+    if (eval == options_end) return;
+    typed.eval = true;
+    typed.lines.assign(eval + 1, arguments.end());
+    arguments.erase(eval, arguments.end());
+}
+
+void describe_options(CLI::App& app, typed_options& typed)
+{
+    app.add_option("--method", typed.method, "fastnewt, safenewt, safebroydn or constrained, or its number 0 to 3");
+    app.add_option("--set", typed.assignments, "Set a value of --settings for this call, as KEY=VALUE")
+        ->allow_extra_args(false);
+    app.add_option("--format", typed.format, "text (the default), rtf or json");
+    app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE");
+    app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name");
+    app.add_flag("--check", typed.check, "Analyse only: what is defined, what is missing, as JSON");
+    app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
+    app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
+    app.add_option("FILE", typed.files, "Problem files, solved one after the other");
+    app.set_version_flag("--version", std::string(program_name) + " " + std::string(program_version()));
+    app.footer("Exit status: 0 every file gave a report; 1 a run ended with a message instead;\n"
+               "2 wrong usage, a file that cannot be read or is of no known kind; 130 interrupted.");
+}
+
+batch_action action_of(const typed_options& typed)
+{
+    if (typed.check + typed.eval + typed.show_settings > 1)
+        throw wrong_usage{"Only one of --check, --eval and --settings can be asked for."};
+    if (typed.check) return batch_action::check;
+    if (typed.eval) return batch_action::eval;
+    return typed.show_settings ? batch_action::show_settings : batch_action::solve;
+}
+
+output_format format_of(const typed_options& typed, batch_action action)
+{
+    const bool only_json = action == batch_action::check || action == batch_action::eval;
+    const std::string name = typed.format.empty() ? (only_json ? "json" : "text") : typed.format;
+    const std::map<std::string, output_format> names = {
+        {"text", output_format::text}, {"rtf", output_format::rtf}, {"json", output_format::json}};
+    const auto found = names.find(name);
+    if (found == names.end()) throw wrong_usage{"--format: text, rtf or json is expected, not '" + name + "'."};
+    if (only_json && found->second != output_format::json) throw wrong_usage{"--check and --eval give JSON only."};
+    if (action == batch_action::show_settings && found->second == output_format::rtf)
+        throw wrong_usage{"--settings gives text or JSON only."};
+    return found->second;
+}
+
+void assign_settings(settings& store, const std::vector<std::string>& assignments)
+{
+    for (const std::string& assignment : assignments) {
+        const auto equal_sign = assignment.find('=');
+        if (equal_sign == std::string::npos)
+            throw wrong_usage{"--set: KEY=VALUE is expected, not '" + assignment + "'."};
+        const std::string key = assignment.substr(0, equal_sign);
+        if (!settings::find(key)) throw wrong_usage{"--set: there is no setting '" + key + "'; --settings lists them."};
+        if (const auto refused = store.set_value(key, assignment.substr(equal_sign + 1)))
+            throw wrong_usage{refused->title + " (--set " + assignment + ")\n" + refused->text};
+    }
+}
+
+void check_files(const batch_request& request)
+{
+    const bool takes_files = request.action == batch_action::solve || request.action == batch_action::check;
+    if (!takes_files && !request.files.empty()) throw wrong_usage{"--eval and --settings take no FILE."};
+    if (takes_files && request.files.empty()) throw wrong_usage{"No FILE is given."};
+    if (request.action == batch_action::eval && request.lines.empty()) throw wrong_usage{"--eval: no line is given."};
+
+    const bool one_output = request.output.find("{}") == std::string::npos;
+    if (request.format == output_format::rtf && request.files.size() > 1 && one_output)
+        throw wrong_usage{"Several reports as rtf need an output name with {} in it, such as -o '{}.rtf'."};
+}
+
+/// No output may replace another one, or a problem that is to be solved.
+void check_outputs(const batch_request& request)
+{
+    if (request.output.empty()) return;
+    if (request.output.find("{}") != std::string::npos) {
+        std::set<std::string> names;
+        for (const std::string& file : request.files) {
+            const std::string name = output_name(request.output, file);
+            if (!names.insert(name).second) throw wrong_usage{"Two outputs would be written to '" + name + "'."};
+        }
+    }
+    for (const std::string& file : request.files) {
+        const std::string name = output_name(request.output, file);
+        std::error_code unknown;
+        if (!std::filesystem::exists(name, unknown)) continue;
+        for (const std::string& problem : request.files)
+            if (std::filesystem::equivalent(name, problem, unknown))
+                throw wrong_usage{"The output would replace the problem '" + problem + "'."};
+    }
+}
+
+batch_request request_of(typed_options typed, const registry_store& saved)
+{
+    batch_request request;
+    request.action = action_of(typed);
+    request.format = format_of(typed, request.action);
+    request.store = settings(saved);
+    assign_settings(request.store, typed.assignments);
+    if (!typed.method.empty()) {
+        request.method = method_named(typed.method);
+        if (!request.method) throw wrong_usage{"--method: there is no method '" + typed.method + "'."};
+    }
+    if (!typed.kind.empty() && typed.kind != "nle")
+        throw wrong_usage{"--kind " + typed.kind + ": not yet solved by this version; only nle is."};
+    request.kind_is_nle = !typed.kind.empty();
+    request.output = std::move(typed.output);
+    request.files = std::move(typed.files);
+    request.lines = std::move(typed.lines);
+    check_files(request);
+    check_outputs(request);
+    return request;
+}
+
+} // namespace
+
+std::string output_name(const std::string& output, const std::string& file)
+{
+    const std::string stem = std::filesystem::path(file).stem().string();
+    std::string name = output;
+    for (auto place = name.find("{}"); place != std::string::npos; place = name.find("{}", place + stem.size()))
+        name.replace(place, 2, stem);
+    return name;
+}
+
+std::variant<batch_request, command_line_end> read_command_line(std::span<const std::string> arguments,
+                                                                const registry_store& saved)
+{
+    typed_options typed;
+    std::vector<std::string> options(arguments.begin(), arguments.end());
+    take_lines(options, typed);
+
+    CLI::App app("Solves problem files and prints their reports.", program_name);
+    describe_options(app, typed);
+    try {
+        std::reverse(options.begin(), options.end());
+        app.parse(std::move(options));
+        return request_of(std::move(typed), saved);
+    } catch (const CLI::CallForHelp&) {
+        return command_line_end{exit_status::every_file_reported, app.help()};
+    } catch (const CLI::CallForVersion& version) {
+        return command_line_end{exit_status::every_file_reported, std::string(version.what()) + "\n"};
+    } catch (const CLI::ParseError& error) {
+        return command_line_end{exit_status::unusable, error.what()};
+    } catch (const wrong_usage& wrong) {
+        return command_line_end{exit_status::unusable, wrong.text};
+    }
+}
+
+} // namespace kelvarin

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "batch/interrupt_watch.h"
+
+#include <csignal>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// A program started in the background of a script is to ignore Ctrl+C, and goes on doing so.
+bool is_ignored(int signal_number)
+{
+    struct sigaction present = {};
+    return sigaction(signal_number, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+}
+
+} // namespace
+
+interrupt_watch::interrupt_watch(recording_listener& listener)
+{
+    if (is_ignored(SIGINT)) return;
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &interrupt, nullptr);
+    waiting_ = std::thread([this, &listener, interrupt] {
+        int signal_number = 0;
+        while (sigwait(&interrupt, &signal_number) == 0 && !over_)
+            listener.ask_to_stop();
+    });
+}
+
+interrupt_watch::~interrupt_watch()
+{
+    if (!waiting_.joinable()) return;
+    over_ = true;
+    pthread_kill(waiting_.native_handle(), SIGINT);
+    waiting_.join();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "batch/answer_printer.h"
+#include "batch/command_line.h"
+#include "batch/exit_status.h"
+#include "batch/json_output.h"
+#include "batch/progress_line.h"
+#include "batch/settings_listing.h"
+#include "batch/solve_files.h"
+#include "tools/calculator.h"
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+int answer_files(const batch_request& request, std::ostream& out, std::ostream& err,
+                 const batch_surroundings& surroundings)
+{
+    answer_printer printer(request, out, err);
+    for (const std::string& file : request.files) {
+        file_answer answer;
+        if (request.action == batch_action::check) {
+            answer = check_file(file, request);
+        } else {
+            progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr, file);
+            answer = solve_file(file, request, surroundings.clock, progress);
+        }
+        if (answer.stopped || surroundings.listener.stop_asked()) return exit_status::interrupted;
+        printer.take(file, std::move(answer));
+    }
+    return printer.finish();
+}
+
+int evaluate_lines(const batch_request& request, std::ostream& out, std::ostream& err)
+{
+    calculator tool;
+    int status = exit_status::every_file_reported;
+    json answers = json::array();
+    for (const std::string& line : request.lines) {
+        const calculator_answer answer = tool.solve_line(line);
+        if (!answer.value) status = exit_status::a_run_failed;
+        answers.push_back(calculator_json(line, answer));
+    }
+    return std::max(status, write_output(request.output, json_text(answers), out, err));
+}
+
+} // namespace
+
+int run_batch(std::span<const std::string> arguments, std::ostream& out, std::ostream& err,
+              const batch_surroundings& surroundings)
+{
+    const auto read = read_command_line(arguments, surroundings.saved);
+    if (const auto* end = std::get_if<command_line_end>(&read)) {
+        if (end->status == exit_status::every_file_reported) return write_output("", end->text, out, err);
+        err << end->text << "\nRun with --help for more information.\n";
+        return end->status;
+    }
+    const auto& request = std::get<batch_request>(read);
+    switch (request.action) {
+    case batch_action::eval:
+        return evaluate_lines(request, out, err);
+    case batch_action::show_settings:
+        return write_output(request.output,
+                            request.format == output_format::json ? json_text(settings_json(request.store))
+                                                                  : settings_listing(request.store),
+                            out, err);
+    case batch_action::solve:
+    case batch_action::check:
+        break;
+    }
+    return answer_files(request, out, err, surroundings);
+}
+
+} // namespace kelvarin

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "batch/solve_files.h"
+
+#include "batch/exit_status.h"
+#include "batch/problem_file.h"
+#include "nle/nle_run.h"
+#include "shell/rich_text.h"
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+file_answer refused_answer(const std::string& file, const problem_file& refused)
+{
+    file_answer answer;
+    answer.object = refused_file_json(file, refused.kind, *refused.refusal);
+    answer.messages = message_lines(file, *refused.refusal);
+    answer.status = exit_status::unusable;
+    return answer;
+}
+
+} // namespace
+
+std::string message_lines(const std::string& file, const message_box& box)
+{
+    std::string lines = box.title + " (" + file + ")\n" + box.text + "\n";
+    std::replace(lines.begin() + static_cast<std::ptrdiff_t>(box.title.size()), lines.end(), '\r', '\n');
+    return lines;
+}
+
+file_answer solve_file(const std::string& file, const batch_request& request, const wall_clock& clock,
+                       run_listener& listener)
+{
+    const problem_file read = read_problem_file(file, request);
+    if (read.refusal) {
+        file_answer refused = refused_answer(file, read);
+        if (read.kind == document_kind::nle) {
+            nle_outcome not_run;
+            not_run.boxes = {*read.refusal};
+            refused.object = solved_nle_json(file, read.content, not_run, "");
+        }
+        return refused;
+    }
+
+    const nle_run_problem problem = {read.content, file};
+    const nle_outcome outcome = run_nle(problem, request.store, clock, listener);
+    file_answer answer;
+    answer.stopped = outcome.stopped;
+    for (const message_box& box : outcome.boxes)
+        answer.messages += message_lines(file, box);
+    std::string plain;
+    if (outcome.has_report) {
+        std::string report = nle_report(problem, outcome, request.store, clock.today());
+        plain = plain_text_of(read_rich_text(report));
+        answer.report = request.format == output_format::rtf ? std::move(report) : plain;
+    } else {
+        answer.status = exit_status::a_run_failed;
+    }
+    answer.object = solved_nle_json(file, read.content, outcome, plain);
+    return answer;
+}
+
+file_answer check_file(const std::string& file, const batch_request& request)
+{
+    const problem_file read = read_problem_file(file, request);
+    if (read.refusal) return refused_answer(file, read);
+    file_answer answer;
+    answer.object = checked_nle_json(file, read.content);
+    return answer;
+}
+
+} // namespace kelvarin
