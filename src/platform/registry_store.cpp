@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "platform/registry_store.h"
+
+#include "platform/posix_file.h"
+#include "platform/saver.h"
+#include "platform/utf8.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <system_error>
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+std::string lower_case(std::string_view text)
+{
+    std::string lower(text);
+    for (char& letter : lower) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return lower;
+}
+
+std::pair<std::string, std::string> place_of(std::string_view key, std::string_view value_name)
+{
+    return {lower_case(key), lower_case(value_name)};
+}
+
+constexpr std::string_view hex_digits = "0123456789ABCDEF";
+
+/// How a part of the file marks what cannot stand there as it is: a mark, then two hexadecimal digits. Keys
+/// have "%" for a mark, so that their backslashes stay readable; names and values have "\x", beside "\n",
+/// "\r" and doubled backslashes.
+bool must_be_marked(char letter, bool bytes_are_text)
+{
+    const auto byte = static_cast<unsigned char>(letter);
+    return byte < 0x20 || byte == 0x7F || (byte >= 0x80 && !bytes_are_text);
+}
+
+void append_hex(std::string& text, char letter)
+{
+    const auto byte = static_cast<unsigned char>(letter);
+    text += hex_digits[byte >> 4];
+    text += hex_digits[byte & 0x0F];
+}
+
+std::string escaped_key(std::string_view key)
+{
+    const bool bytes_are_text = is_utf8(key);
+    std::string text;
+    for (const char letter : key) {
+        if (letter == '%' || must_be_marked(letter, bytes_are_text)) {
+            text += '%';
+            append_hex(text, letter);
+        } else
+            text += letter;
+    }
+    return text;
+}
+
+/// A value name (with "=" escaped, and "[" where it would look like a key's line) or a value.
+std::string escaped(std::string_view plain, bool is_name)
+{
+    const bool bytes_are_text = is_utf8(plain);
+    std::string text;
+    for (std::size_t at = 0; at < plain.size(); ++at) {
+        const char letter = plain[at];
+        if (letter == '\\')
+            text += "\\\\";
+        else if (letter == '\n')
+            text += "\\n";
+        else if (letter == '\r')
+            text += "\\r";
+        else if (is_name && (letter == '=' || (letter == '[' && at == 0))) {
+            text += '\\';
+            text += letter;
+        } else if (must_be_marked(letter, bytes_are_text)) {
+            text += "\\x";
+            append_hex(text, letter);
+        } else
+            text += letter;
+    }
+    return text;
+}
+
+/// The byte that two hexadecimal digits at the start of `text` stand for.
+std::optional<char> hex_byte(std::string_view text)
+{
+    if (text.size() < 2) return std::nullopt;
+    const std::size_t high = hex_digits.find(text[0]);
+    const std::size_t low = hex_digits.find(text[1]);
+    if (high == std::string_view::npos || low == std::string_view::npos) return std::nullopt;
+    return static_cast<char>(high << 4 | low);
+}
+
+std::string unescaped_key(std::string_view text)
+{
+    std::string key;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const std::optional<char> byte = text[at] == '%' ? hex_byte(text.substr(at + 1)) : std::nullopt;
+        key += byte.value_or(text[at]);
+        if (byte) at += 2;
+    }
+    return key;
+}
+
+/// Undoes `escaped`. A backslash that begins no escape stands for itself: the file may be edited by hand.
+std::string unescaped(std::string_view text)
+{
+    std::string plain;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char next = at + 1 < text.size() ? text[at + 1] : '\0';
+        if (text[at] != '\\')
+            plain += text[at];
+        else if (next == '\\' || next == '=' || next == '[')
+            plain += next, ++at;
+        else if (next == 'n')
+            plain += '\n', ++at;
+        else if (next == 'r')
+            plain += '\r', ++at;
+        else if (const std::optional<char> byte = next == 'x' ? hex_byte(text.substr(at + 2)) : std::nullopt)
+            plain += *byte, at += 3;
+        else
+            plain += '\\';
+    }
+    return plain;
+}
+
+/// Where the "=" between name and value stands: the first that no backslash escapes.
+std::size_t equals_sign(std::string_view line)
+{
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        if (line[at] == '=') return at;
+        if (line[at] == '\\') ++at;
+    }
+    return std::string_view::npos;
+}
+
+/// The folder of the store, locked against other programs that are about to merge their values. Where it
+/// cannot be locked, the store works as well, but two programs that end in the same moment may miss values.
+posix_file locked_folder(const fs::path& folder)
+{
+    posix_file lock(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (lock.is_open()) static_cast<void>(::flock(lock.number(), LOCK_EX) == 0);
+    return lock;
+}
+
+fs::path home_folder()
+{
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
+    if (const passwd* user = ::getpwuid(::geteuid()); user != nullptr && user->pw_dir != nullptr) return user->pw_dir;
+    return "/";
+}
+
+} // namespace
+
+std::optional<std::string> memory_registry::read(std::string_view key, std::string_view value_name) const
+{
+    const auto found = entries_.find(place_of(key, value_name));
+    if (found == entries_.end()) return std::nullopt;
+    return found->second.value;
+}
+
+void memory_registry::write(std::string_view key, std::string_view value_name, std::string_view value)
+{
+    entries_[place_of(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
+}
+
+file_registry::file_registry(fs::path file) : file_(std::move(file))
+{
+    load();
+}
+
+void file_registry::write(std::string_view key, std::string_view value_name, std::string_view value)
+{
+    memory_registry::write(key, value_name, value);
+    written_[place_of(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
+}
+
+std::optional<file_failure> file_registry::load()
+{
+    const text_file file = read_text_file(file_);
+    std::error_code error;
+    if (!file.ok() && fs::symlink_status(file_, error).type() != fs::file_type::not_found) return file.failure;
+    entries_.clear();
+    std::string key;
+    for (const std::string_view line : split_lines(file.text)) {
+        if (line.starts_with('[') && line.ends_with(']')) {
+            key = unescaped_key(line.substr(1, line.size() - 2));
+            continue;
+        }
+        const std::size_t equals = equals_sign(line);
+        if (equals == std::string_view::npos || line.starts_with('[')) continue;
+        memory_registry::write(key, unescaped(line.substr(0, equals)), unescaped(line.substr(equals + 1)));
+    }
+    return std::nullopt;
+}
+
+std::string file_registry::file_text() const
+{
+    std::string text;
+    const std::string* last_key = nullptr;
+    for (const auto& [place, kept] : entries_) {
+        if (last_key == nullptr || *last_key != place.first) text += '[' + escaped_key(kept.key) + "]\n";
+        last_key = &place.first;
+        text += escaped(kept.value_name, true) + '=' + escaped(kept.value, false) + '\n';
+    }
+    return text;
+}
+
+std::optional<file_failure> file_registry::flush()
+{
+    if (written_.empty()) return std::nullopt;
+    std::error_code error;
+    if (file_.has_parent_path()) fs::create_directories(file_.parent_path(), error);
+    if (error) return file_failure{file_.parent_path(), error.message()};
+
+    const posix_file lock = locked_folder(file_.parent_path());
+    // What is there and cannot be read must not be replaced by the little that we know.
+    if (std::optional<file_failure> failed = load()) return failed;
+    for (const auto& [place, kept] : written_)
+        entries_[place] = kept;
+    if (std::optional<file_failure> failed = save_file(file_, file_text())) return failed;
+    written_.clear();
+    return std::nullopt;
+}
+
+fs::path default_registry_file()
+{
+    // A relative path in the variable is invalid: XDG Base Directory Specification 0.8, "Basics".
+    const char* configured = std::getenv("XDG_CONFIG_HOME");
+    const fs::path folder =
+        configured != nullptr && *configured == '/' ? fs::path(configured) : home_folder() / ".config";
+    return folder / "kelvarin" / "registry.txt";
+}
+
+} // namespace kelvarin

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+//
+// The user's files are written here and nowhere else. What holds at every moment, also when a call fails or
+// the power does:
+//
+//   1. The file under the user's name is either the old one, whole, or the new one, whole. Nothing ever
+//      writes into it: the content goes into a temporary file beside it, and one rename changes them over.
+//   2. The rename comes only after every byte, the mode and the size of the temporary file are on the disk
+//      and its close reported no error.
+//   3. A temporary file is ours: created by O_EXCL under a name nobody had, and gone after every failure.
+//   4. What is no regular file (a folder, a pipe, a device) is never replaced, nor a file that this user may
+//      not write, although a rename would not ask.
+//   5. A link stays a link: the file that it leads to is replaced, in that file's own folder.
+//
+// The states, each arrow named by its function:
+//
+//   named --target_of--> target --create--> temporary, empty --fill--> written --settle--> on the disk
+//         --replace--> in place --sync_folder--> durable
+//
+// A failure up to `settle` or in `replace` leads back to "old file, no temporary file". After `replace` there
+// is no way back; a failure of `sync_folder` is reported, and says so.
+
+#include "platform/saver.h"
+
+#include "platform/posix_file.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+/// Inside this file a failure is its reason; an empty text is none.
+using reason = std::string;
+
+reason last_reason()
+{
+    return system_reason(errno);
+}
+
+/// Repeats a call that a signal interrupted.
+template <class Call> auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// Where the bytes go, and what was there before.
+struct save_target
+{
+    fs::path path;
+    fs::path folder;
+    bool exists = false;
+    struct stat old_file
+    {
+    };
+};
+
+/// Follows links by hand, since the last one may lead to a file that does not exist yet.
+reason follow_links(fs::path& path)
+{
+    constexpr int most_links = 40;
+    std::error_code error;
+    for (int links = 0; fs::is_symlink(path, error); ++links) {
+        if (links == most_links) return system_reason(ELOOP);
+        const fs::path leads_to = fs::read_symlink(path, error);
+        if (error) return error.message();
+        path = path.parent_path() / leads_to;
+    }
+    return {};
+}
+
+reason target_of(const fs::path& path, save_target& target)
+{
+    target.path = path;
+    if (reason failed = follow_links(target.path); !failed.empty()) return failed;
+    if (!target.path.has_filename()) return path.empty() ? "the file has no name" : "it is a folder";
+    target.folder = target.path.has_parent_path() ? target.path.parent_path() : fs::path(".");
+    if (::stat(target.path.c_str(), &target.old_file) != 0) return errno == ENOENT ? reason() : last_reason();
+
+    target.exists = true;
+    if (S_ISDIR(target.old_file.st_mode)) return "it is a folder";
+    if (!S_ISREG(target.old_file.st_mode)) return "it is no regular file";
+    if (::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0) return last_reason();
+    return {};
+}
+
+/// The temporary file: closed and removed unless it was renamed.
+class temporary_file
+{
+public:
+    explicit temporary_file(const save_calls& calls) : calls_(calls) {}
+    temporary_file(const temporary_file&) = delete;
+    temporary_file& operator=(const temporary_file&) = delete;
+    ~temporary_file()
+    {
+        if (is_open_) calls_.close(file_);
+        if (!path_.empty()) ::unlink(path_.c_str());
+    }
+
+    reason create(const save_target& target);
+    reason fill(std::string_view content);
+    reason settle(const save_target& target);
+    reason replace(const save_target& target);
+
+private:
+    reason take_over_owner_and_mode(const struct stat& old_file);
+
+    const save_calls& calls_;
+    fs::path path_;
+    int file_ = -1;
+    bool is_open_ = false;
+};
+
+reason temporary_file::create(const save_target& target)
+{
+    constexpr int most_tries = 100;
+    constexpr mode_t mode_before_umask = 0666;
+    constexpr mode_t private_mode = 0600;
+    const auto moment = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+    for (int attempt = 0; attempt < most_tries; ++attempt) {
+        const std::string name = ".kelvarin-" + std::to_string(::getpid()) + '-' + std::to_string(moment + attempt);
+        const fs::path path = target.folder / (name + ".tmp");
+        file_ = uninterrupted([&] {
+            return calls_.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
+                               target.exists ? private_mode : mode_before_umask);
+        });
+        if (file_ >= 0) {
+            is_open_ = true;
+            path_ = path;
+            return {};
+        }
+        if (errno != EEXIST) break;
+    }
+    return last_reason();
+}
+
+reason temporary_file::fill(std::string_view content)
+{
+    while (!content.empty()) {
+        const ssize_t count = uninterrupted([&] { return calls_.write(file_, content.data(), content.size()); });
+        if (count < 0) return last_reason();
+        // No error and no progress: the loop would never end.
+        if (count == 0) return system_reason(ENOSPC);
+        content.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+reason temporary_file::take_over_owner_and_mode(const struct stat& old_file)
+{
+    // Another user's file stays theirs where we are allowed to say so; a group or owner that cannot be set
+    // is no reason to lose the user's work. The mode comes second: a change of owner clears bits of it.
+    if (old_file.st_uid != ::geteuid() || old_file.st_gid != ::getegid())
+        static_cast<void>(::fchown(file_, old_file.st_uid, old_file.st_gid) == 0);
+    constexpr mode_t mode_bits = 07777;
+    return ::fchmod(file_, old_file.st_mode & mode_bits) == 0 ? reason() : last_reason();
+}
+
+reason temporary_file::settle(const save_target& target)
+{
+    if (target.exists) {
+        if (reason failed = take_over_owner_and_mode(target.old_file); !failed.empty()) return failed;
+    }
+    if (uninterrupted([&] { return calls_.fsync(file_); }) != 0) return last_reason();
+    // Not repeated: an interrupted close has closed the file, and its number may be somebody else's by now.
+    is_open_ = false;
+    if (calls_.close(file_) != 0 && errno != EINTR) return last_reason();
+    return {};
+}
+
+reason temporary_file::replace(const save_target& target)
+{
+    if (uninterrupted([&] { return calls_.rename(path_.c_str(), target.path.c_str()); }) != 0) return last_reason();
+    path_.clear();
+    return {};
+}
+
+/// Makes the rename durable.
+reason sync_folder(const save_target& target, const save_calls& calls)
+{
+    const auto told = [](const reason& why) { return "it is written, but may be lost if the power fails now: " + why; };
+    const int folder =
+        uninterrupted([&] { return calls.open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
+    // A folder may be writable and not readable; there the system cannot be asked for more.
+    if (folder < 0) return errno == EACCES ? reason() : told(last_reason());
+    const bool synced = uninterrupted([&] { return calls.fsync(folder); }) == 0;
+    const int error = errno;
+    calls.close(folder);
+    // EINVAL: this file system keeps its folders durable by itself, or cannot.
+    if (synced || error == EINVAL) return {};
+    return told(system_reason(error));
+}
+
+reason save_steps(const fs::path& path, std::string_view content, const save_calls& calls)
+{
+    save_target target;
+    temporary_file file(calls);
+    if (reason failed = target_of(path, target); !failed.empty()) return failed;
+    if (reason failed = file.create(target); !failed.empty()) return failed;
+    if (reason failed = file.fill(content); !failed.empty()) return failed;
+    if (reason failed = file.settle(target); !failed.empty()) return failed;
+    if (reason failed = file.replace(target); !failed.empty()) return failed;
+    return sync_folder(target, calls);
+}
+
+} // namespace
+
+const save_calls& system_save_calls()
+{
+    static const save_calls calls{
+        [](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); },
+        [](int file, const void* bytes, std::size_t count) { return ::write(file, bytes, count); },
+        [](int file) { return ::fsync(file); },
+        [](int file) { return ::close(file); },
+        [](const char* from, const char* to) { return std::rename(from, to); },
+    };
+    return calls;
+}
+
+std::optional<file_failure> save_file(const fs::path& path, std::string_view content, const save_calls& calls)
+{
+    reason failed = save_steps(path, content, calls);
+    if (failed.empty()) return std::nullopt;
+    return file_failure{path, std::move(failed)};
+}
+
+} // namespace kelvarin

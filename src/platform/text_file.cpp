@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text_file.h"
+
+#include "platform/posix_file.h"
+#include "platform/utf8.h"
+
+#include <cerrno>
+#include <cstddef>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr std::size_t largest_file = std::size_t{64} << 20;
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+
+/// Reads to the end of the file into `bytes`; the reason of a failure, or an empty text.
+std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes)
+{
+    constexpr std::size_t step = 64 * 1024;
+    std::size_t filled = 0;
+    bytes.resize(expected + 1);
+    while (true) {
+        if (filled == bytes.size()) bytes.resize(filled + step);
+        const ssize_t count = ::read(file.number(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return system_reason(errno);
+        filled += static_cast<std::size_t>(count);
+        // A file may grow while it is read.
+        if (filled > largest_file) return "the file is too large";
+        if (count == 0) break;
+    }
+    bytes.resize(filled);
+    return {};
+}
+
+} // namespace
+
+text_file read_text_file(const std::filesystem::path& path)
+{
+    const auto failed = [&path](std::string reason) { return text_file{{}, {path, std::move(reason)}}; };
+    // Without O_NONBLOCK the opening of a pipe would wait for somebody to write into it.
+    const posix_file file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!file.is_open()) return failed(system_reason(errno));
+    struct stat about
+    {
+    };
+    if (::fstat(file.number(), &about) != 0) return failed(system_reason(errno));
+    if (S_ISDIR(about.st_mode)) return failed("it is a folder");
+    if (!S_ISREG(about.st_mode)) return failed("it is no regular file");
+    const auto size = static_cast<std::size_t>(about.st_size);
+    if (size > largest_file) return failed("the file is too large");
+
+    std::string bytes;
+    if (std::string reason = read_all(file, size, bytes); !reason.empty()) return failed(std::move(reason));
+    if (bytes.starts_with(byte_order_mark)) bytes.erase(0, byte_order_mark.size());
+    text_file result;
+    result.text = is_utf8(bytes) ? std::move(bytes) : to_utf8(bytes);
+    return result;
+}
+
+std::string to_utf8(std::string_view bytes)
+{
+    if (is_utf8(bytes)) return std::string(bytes);
+    std::string text;
+    text.reserve(bytes.size() * 2);
+    for (const char byte : bytes)
+        append_utf8(text, static_cast<unsigned char>(byte));
+    return text;
+}
+
+std::vector<std::string_view> split_lines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of("\r\n");
+        lines.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) break;
+        text.remove_prefix(end);
+        for (const std::string_view line_end : {"\r\r\n", "\r\n", "\r", "\n"}) {
+            if (!text.starts_with(line_end)) continue;
+            text.remove_prefix(line_end.size());
+            break;
+        }
+    }
+    return lines;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view space = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(space);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(space) - first + 1);
+}
+
+} // namespace kelvarin
