@@ -140,7 +140,8 @@ private:
 
     random_expression conditional(int depth)
     {
-        const random_expression condition = make(depth - 1);
+        random_expression condition = make(depth - 1);
+        if (condition.text.find("if ") != std::string::npos) condition = leaf(); // an if may not stand there
         const random_expression yes = make(depth - 1);
         const random_expression no = make(depth - 1);
         return {"(if " + condition.text + " then " + in_parentheses(yes, yes.text.find("if ") == 0) + " else " +
