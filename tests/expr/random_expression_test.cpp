@@ -7,7 +7,6 @@
 #include <rapidcheck/gtest.h>
 
 #include <cmath>
-#include <regex>
 
 namespace kelvarin
 {
@@ -33,6 +32,13 @@ RC_GTEST_PROP(RandomExpression, HasTheValueOfDirectArithmetic, ())
     RC_ASSERT(solved.value == expression.value);
 }
 
+bool has_negative_number(const std::string& printed)
+{
+    for (std::size_t i = 0; i + 1 < printed.size(); ++i)
+        if (printed[i] == '-' && printed[i + 1] != ' ') return true;
+    return false;
+}
+
 RC_GTEST_PROP(RandomExpression, PrintsToATextOfTheSameValue, ())
 {
     const test::variable_values values = test::random_values(false);
@@ -47,8 +53,7 @@ RC_GTEST_PROP(RandomExpression, PrintsToATextOfTheSameValue, ())
     const double value = evaluate_tree(built.tree, expression_tree::root, store, context);
     if (context.eval_error_flag()) return;
     // Printed negative numbers and conditionals are for reading: typed, they would bind in another way.
-    static const std::regex not_for_typing("(^|[ (])-[0-9]|if \\(");
-    if (std::regex_search(printed, not_for_typing)) return;
+    if (has_negative_number(printed) || printed.find("if (") != std::string::npos) return;
     const double again = store.Solve_expression(printed, context).value;
     RC_ASSERT(std::fabs(again - value) <= 1e-9 * std::fabs(value) + 1e-9);
 }
