@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "numeric/NR_vbNLE.h"
+#include "numeric/arithmetic_check.h"
+#include "numeric/gauss_jordan.h"
+#include "numeric/stopping_tests.h"
+#include "numeric/vector_sums.h"
+#include "numeric/work_array.h"
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
+/// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
+/// has left, for one unknown with a flat slope -fvec itself. `fjac` is used up.
+void newton_step(matrix& fjac, std::span<const double> fvec, std::span<double> p)
+{
+    std::ranges::transform(fvec, p.begin(), std::negate<>());
+    gauss_jordan_solve(fjac, p);
+}
+
+/// x += p, as a whole or, where a sum is not finite, not at all.
+void move(std::span<double> x, std::span<const double> p)
+{
+    std::vector<double> moved(x.size());
+    std::ranges::transform(x, p, moved.begin(), std::plus<>());
+    require_finite(moved);
+    std::ranges::copy(moved, x.begin());
+}
+
+/// Gradient of half the sum of squares: the transposed Jacobian times the residuals.
+void gradient(const matrix& fjac, std::span<const double> fvec, std::span<double> g)
+{
+    std::ranges::fill(g, 0.0);
+    for (int j = 0; j < fjac.rows(); ++j) {
+        const std::span<const double> row = fjac.row(j);
+        for (std::size_t i = 0; i < g.size(); ++i)
+            g[i] += row[i] * fvec[static_cast<std::size_t>(j)];
+    }
+    require_finite(g);
+}
+
+} // namespace
+
+solver_summary mnewt(nonlinear_system& system, std::span<double> x, std::span<double> fvec,
+                     const mnewt_options& options)
+{
+    const int n = system.size();
+    matrix fjac = work_matrix(n);
+    std::vector<double> p = work_array(n);
+    for (int k = 1; k <= options.ntrial; ++k) {
+        if (options.on_iteration) options.on_iteration(k, options.ntrial);
+
+        usrfun(system, x, fvec, fjac);
+        if (sum_of_magnitudes(fvec) <= options.tolf) return {solver_ending::residual_small, k};
+
+        newton_step(fjac, fvec, p);
+        const double errx = sum_of_magnitudes(p);
+        move(x, p);
+        if (errx <= options.tolx) return {solver_ending::step_small, k};
+    }
+    return {solver_ending::trials_used, options.ntrial};
+}
+
+solver_summary newt(nonlinear_system& system, std::span<double> x, std::span<double> fvec, const newt_options& options)
+{
+    const int n = system.size();
+    matrix fjac = work_matrix(n);
+    std::vector<double> g = work_array(n);
+    std::vector<double> p = work_array(n);
+    std::vector<double> xold = work_array(n);
+
+    double f = fmin_nle(system, x, fvec);
+    if (start_is_root(fvec, options.TOLF)) return {solver_ending::residual_small};
+    const double stpmax = longest_step(x);
+    for (int its = 1; its <= options.MAXITS; ++its) {
+        if (options.on_iteration) options.on_iteration(its, options.MAXITS);
+
+        fdjac(system, x, fvec, fjac);
+        gradient(fjac, fvec, g);
+        newton_step(fjac, fvec, p);
+        std::ranges::copy(x, xold.begin());
+        const line_search_result search = lnsrch(system, xold, f, g, p, x, fvec, stpmax);
+        f = search.f;
+
+        if (residuals_below(fvec, options.TOLF)) return {solver_ending::residual_small, its, false};
+        if (search.check) return {solver_ending::no_descent, its, gradient_vanishes(g, x, f, options.TOLMIN)};
+        if (step_below(x, xold, options.TOLX)) return {solver_ending::step_small, its, false};
+    }
+    nrerror("NEWT: MAXITS exceeded in newt");
+}
+
+} // namespace kelvarin
