@@ -1,0 +1,278 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Computes the expected values of the examples beside this file, apart from Kelvarin.
+
+Each problem is written down here a second time, as Python functions, and solved with 40 digits (mpmath): roots of
+one unknown by bisection between the sign changes of a fine scan, systems by Newton's method from a start of their
+own, whose residuals are then required to vanish to 30 digits. Run it to write the JSON files anew.
+"""
+
+import json
+import pathlib
+
+from mpmath import cos, cosh, exp, findroot, log, log10, mp, mpf, pi as exact_pi, sin, sqrt
+
+mp.dps = 40
+pi = mpf("3.14159265358979")  # As the examples define it.
+
+
+def m(text):
+    return mpf(text)
+
+
+def roots_between(f, lower, upper, points=20000):
+    """All roots of f by bisection; a jump is told from a root by the size of f."""
+    roots = []
+    grid = [lower + (upper - lower) * mpf(i) / points for i in range(points + 1)]
+    values = [f(x) for x in grid]
+    for a, b, fa, fb in zip(grid, grid[1:], values, values[1:]):
+        if fa * fb >= 0:
+            continue
+        for _ in range(140):
+            middle = (a + b) / 2
+            fm = f(middle)
+            if fa * fm <= 0:
+                b = middle
+            else:
+                a, fa = middle, fm
+        if abs(f((a + b) / 2)) < mpf("1e-20"):
+            roots.append((a + b) / 2)
+    return roots
+
+
+def solve(f, start):
+    x = findroot(f, [mpf(s) for s in start], tol=mpf("1e-60"), maxsteps=60)
+    x = list(x)
+    assert max(abs(r) for r in f(*x)) < mpf("1e-30"), f(*x)
+    return x
+
+
+def gas_volume():
+    R, T, P, Tc, Pc, omega = m("0.0831446261815"), m(300), m(8), m("369.83"), m("42.48"), m("0.152")
+    kappa = m("0.37464") + m("1.54226") * omega - m("0.26992") * omega**2
+    alpha = (1 + kappa * (1 - sqrt(T / Tc))) ** 2
+    a = m("0.45724") * (R * Tc) ** 2 / Pc
+    b = m("0.0778") * R * Tc / Pc
+    f = lambda v: R * T / (v - b) - a * alpha / (v * v + 2 * b * v - b * b) - P
+    return [
+        {"v": v, "kappa": kappa, "alpha": alpha, "a": a, "b": b, "z": P * v / (R * T), "rho": m("44.1") / v}
+        for v in roots_between(f, m("0.07"), m(3))
+    ]
+
+
+def pipe_diameter():
+    L, Q, rho, mu, rough = m(350), m("0.012"), m(870), m("0.05"), m("0.000046")
+
+    def flow(D):
+        w = Q / (pi * (D / 2) ** 2)
+        Re = w * D * rho / mu
+        ff = 16 / Re if Re < 2100 else (m("3.6") * log10(m("6.9") / Re + (rough / (m("3.7") * D)) ** m("1.11"))) ** -2
+        return w, Re, ff
+
+    def drop(D):
+        w, _, ff = flow(D)
+        return 4 * ff * (L / D) * (rho * w**2 / 2) / 1000 - 150
+
+    out = []
+    for D in roots_between(drop, m("0.02"), m("0.5")):
+        w, Re, ff = flow(D)
+        out.append({"D": D, "w": w, "Re": Re, "ff": ff})
+    return out
+
+
+def bubble_point():
+    x1, x2, A12, A21 = m("0.3"), m("0.7"), m("1.68"), m("0.923")
+    g1 = exp(A12 / (1 + A12 * x1 / (A21 * x2)) ** 2)
+    g2 = exp(A21 / (1 + A21 * x2 / (A12 * x1)) ** 2)
+    p1 = lambda T: 10 ** (m("8.20417") - m("1642.89") / (T + m("230.3")))
+    p2 = lambda T: 10 ** (m("8.07131") - m("1730.63") / (T + m("233.426")))
+    return [
+        {"T": T, "gamma1": g1, "gamma2": g2, "psat1": p1(T), "psat2": p2(T), "y1": x1 * g1 * p1(T) / 760,
+         "y2": 1 - x1 * g1 * p1(T) / 760}
+        for T in roots_between(lambda T: x1 * g1 * p1(T) + x2 * g2 * p2(T) - 760, m(60), m(110))
+    ]
+
+
+def cable_sag():
+    span, length, weight = m(120), m(125), m("9.2")
+    out = []
+    for a in roots_between(lambda a: a * (exp(span / 2 / a) - exp(-span / 2 / a)) - length, m(30), m(600)):
+        out.append({"a": a, "sag": a * cosh(span / 2 / a) - a, "pull": weight * a / 1000,
+                    "most": weight * a * cosh(span / 2 / a) / 1000})
+    return out
+
+
+def adiabatic_flash():
+    z = [m("0.3"), m("0.4"), m("0.3")]
+    antoine = [("4.53678", "1149.36", "24.906"), ("4.35576", "1175.581", "-2.071"), ("3.9892", "1070.617", "-40.454")]
+    liquid, heat, vapour = [119, 142, 167], [14800, 21000, 26400], [74, m("98.5"), 120]
+    T0, P = m("298.15"), 5
+
+    def phases(V, T):
+        K = [10 ** (m(A) - m(B) / (T + m(C))) / P for A, B, C in antoine]
+        x = [zi / (1 - V + V * Ki) for zi, Ki in zip(z, K)]
+        y = [Ki * xi for Ki, xi in zip(K, x)]
+        hL = sum(c * xi for c, xi in zip(liquid, x)) * (T - T0)
+        hV = sum((h + c * (T - T0)) * yi for h, c, yi in zip(heat, vapour, y))
+        return K, x, y, hL, hV
+
+    hF = sum(c * zi for c, zi in zip(liquid, z)) * (370 - T0)
+
+    def f(V, T):
+        _, x, y, hL, hV = phases(V, T)
+        return [sum(y) - sum(x), ((1 - V) * hL + V * hV - hF) / 1000]
+
+    V, T = solve(f, [m("0.2"), m(335)])
+    K, x, y, hL, hV = phases(V, T)
+    values = {"V": V, "T": T, "hF": hF, "hL": hL, "hV": hV}
+    for i in range(3):
+        values |= {f"K{i + 1}": K[i], f"x{i + 1}": x[i], f"y{i + 1}": y[i]}
+    return values
+
+
+def steam_reforming():
+    K1, K2 = exp(m("30.114") - m(26830) / 1100), exp(m(4400) / 1100 - m("4.036"))
+
+    def moles(xr, xs):
+        return {"nCH4": 1 - xr, "nH2O": 3 - xr - xs, "nCO": xr - xs, "nCO2": xs, "nH2": 3 * xr + xs,
+                "nT": 4 + 2 * xr}
+
+    def f(xr, xs):
+        n = moles(xr, xs)
+        p = {name: 10 * value / n["nT"] for name, value in n.items()}
+        return [log(p["nCO"]) + 3 * log(p["nH2"]) - log(p["nCH4"]) - log(p["nH2O"]) - log(K1),
+                log(p["nCO2"]) + log(p["nH2"]) - log(p["nCO"]) - log(p["nH2O"]) - log(K2)]
+
+    xr, xs = solve(f, [m("0.8"), m("0.25")])
+    n = moles(xr, xs)
+    return {"xr": xr, "xs": xs, "K1": K1, "K2": K2, **n, "yH2": n["nH2"] / n["nT"]}
+
+
+def channel_flow():
+    b, s, S, n, g, Q = m(3), m("1.5"), m("0.0012"), m("0.025"), m("9.81"), m(15)
+    area = lambda y: b * y + s * y**2
+    width = lambda y: b + 2 * s * y
+    wet = lambda y: b + 2 * y * sqrt(1 + s**2)
+    (yn,) = roots_between(lambda y: area(y) * (area(y) / wet(y)) ** (m(2) / 3) * sqrt(S) / n - Q, m("0.01"), m(10), 500)
+    (yc,) = roots_between(lambda y: Q**2 * width(y) / (g * area(y) ** 3) - 1, m("0.1"), m(10), 500)
+    speed = Q / area(yn)
+    return {"yn": yn, "yc": yc, "An": area(yn), "Pn": wet(yn), "Bn": width(yn), "Ac": area(yc), "Bc": width(yc),
+            "speed": speed, "Froude": sqrt(Q**2 * width(yn) / (g * area(yn) ** 3))}
+
+
+def stirred_reactor():
+    """The heat balance after the reactant's is put into it: one unknown, the hot one of its roots."""
+    q, V, Caf, Tf, Tc, UA, heat, rc = m(120), m(150), m("1.1"), m(340), m(310), m(60000), m(48000), m(250)
+    k = lambda T: m("6.5e10") * exp(-8700 / T)
+    Ca = lambda T: q * Caf / (q + V * k(T))
+    roots = roots_between(lambda T: q * rc * (Tf - T) + heat * V * k(T) * Ca(T) + UA * (Tc - T), m(300), m(500), 4000)
+    print("  stirred-reactor: steady states at", [mp.nstr(r, 8) for r in roots])
+    T = roots[-1]
+    return {"Ca": Ca(T), "T": T, "k": k(T), "conv": 100 * (1 - Ca(T) / Caf)}
+
+
+def four_bar_linkage():
+    """By geometry: the triangle of the diagonal, then the law of cosines."""
+    crank, rod, rocker, base, turn = m(40), m(120), m(80), m(100), pi / 3
+    dx, dy = base - crank * cos(turn), -crank * sin(turn)
+    d = sqrt(dx**2 + dy**2)
+    below = mp.atan2(dy, dx)
+    coupler = below + mp.acos((rod**2 + d**2 - rocker**2) / (2 * rod * d))
+    swing = mp.atan2(crank * sin(turn) + rod * sin(coupler), crank * cos(turn) + rod * cos(coupler) - base)
+    between = mp.acos((rod**2 + rocker**2 - d**2) / (2 * rod * rocker))
+    return {"coupler": coupler, "swing": swing, "turn": turn, "transmission": 180 / pi * between}
+
+
+def heat_exchanger():
+    """The effectiveness of a counterflow exchanger in closed form."""
+    UA, hot, cold = m("0.35") * 30, 2 * m("2.1"), 3 * m("4.18")
+    ratio, units = hot / cold, UA / hot
+    share = exp(-units * (1 - ratio))
+    effectiveness = (1 - share) / (1 - ratio * share)
+    Q = effectiveness * hot * (150 - 25)
+    Th, Tc = 150 - Q / hot, 25 + Q / cold
+    return {"Q": Q, "Th": Th, "Tc": Tc, "hotend": 150 - Tc, "coldend": Th - 25, "lmtd": Q / UA}
+
+
+def diode_circuit():
+    """From the last node back to the source: one unknown, v3, by bisection."""
+    Vs, R1, R2, R3, Isat, nVt = m(5), m(1), m("2.2"), m("0.47"), m("2.5e-6"), m("1.75") * m("0.02585")
+
+    def back(v3):
+        I2 = v3 / R3
+        v2 = v3 + nVt * log(I2 / Isat + 1)
+        I1 = v2 / R2 + I2
+        v1 = v2 + nVt * log(I1 / Isat + 1)
+        return v1, v2, I1, I2
+
+    def f(v3):
+        v1, _, I1, _ = back(v3)
+        return (Vs - v1) / R1 - I1
+
+    (v3,) = roots_between(f, m("0.001"), m(5), 500)
+    v1, v2, I1, I2 = back(v3)
+    return {"v1": v1, "v2": v2, "v3": v3, "I1": I1, "I2": I2, "power": Vs * I1}
+
+
+def load_flow():
+    """By complex powers."""
+    y = {(1, 2): 1 / mp.mpc("0.02", "0.08"), (1, 3): 1 / mp.mpc("0.03", "0.12"), (2, 3): 1 / mp.mpc("0.025", "0.1")}
+
+    def power(volts, i, j):
+        return volts[i] * mp.conj((volts[i] - volts[j]) * y[min(i, j), max(i, j)])
+
+    def voltages(d2, d3, V3):
+        return {1: mp.mpc("1.05"), 2: m("1.02") * mp.expj(d2), 3: V3 * mp.expj(d3)}
+
+    def f(d2, d3, V3):
+        u = voltages(d2, d3, V3)
+        s2, s3 = power(u, 2, 1) + power(u, 2, 3), power(u, 3, 1) + power(u, 3, 2)
+        return [s2.real - m("0.5"), s3.real + m("0.9"), s3.imag + m("0.4")]
+
+    d2, d3, V3 = solve(f, [m("0.01"), m("-0.02"), m("0.99")])
+    u = voltages(d2, d3, V3)
+    values = {"d2": d2, "d3": d3, "V3": V3}
+    for i, j in [(1, 2), (1, 3), (2, 1), (2, 3), (3, 1), (3, 2)]:
+        values[f"flow{i}{j}"] = power(u, i, j).real
+    values |= {"react31": power(u, 3, 1).imag, "react32": power(u, 3, 2).imag}
+    values["pgen1"] = values["flow12"] + values["flow13"]
+    values["losses"] = sum(value for name, value in values.items() if name.startswith("flow"))
+    return values
+
+
+def cantilever():
+    h, width, web, flange, L, F, E = m("0.2"), m("0.1"), m("0.0056"), m("0.0085"), m("2.5"), m(8000), m("2.1e11")
+    inner = h - 2 * flange
+    # Two flanges with their distance from the axis, and the web.
+    area = 2 * width * flange + web * inner
+    inertia = 2 * (width * flange**3 / 12 + width * flange * ((h - flange) / 2) ** 2) + web * inner**3 / 12
+    deflection = 1000 * F * L**3 / (3 * E * inertia)
+    # The first eigenvalue from its own equation: cos(s) cosh(s) = -1. The example gives it with 12 digits.
+    (s,) = roots_between(lambda s: cos(s) * cosh(s) + 1, m("1.5"), m(2), 50)
+    stress = F * L / (inertia / (h / 2)) / 10**6
+    return {"area": area, "inertia": inertia, "deflection": deflection, "stress": stress,
+            "frequency": s**2 / (2 * exact_pi * L**2) * sqrt(E * inertia / (7850 * area)),
+            "verdict": mpf(stress < 235 and deflection < 1000 * L / 200)}
+
+
+PROBLEMS = [gas_volume, pipe_diameter, bubble_point, cable_sag, adiabatic_flash, steam_reforming, channel_flow,
+            stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever]
+
+
+def main():
+    for problem in PROBLEMS:
+        name = problem.__name__.replace("_", "-")
+        found = problem()
+        solutions = found if isinstance(found, list) else [found]
+        assert solutions, name
+        content = {
+            "source": "expected_values.py: the problem written down apart from Kelvarin, solved with 40 digits",
+            "solutions": [{key: float(value) for key, value in s.items()} for s in solutions],
+        }
+        path = pathlib.Path(__file__).with_name(name + ".json")
+        path.write_text(json.dumps(content, indent=2) + "\n")
+        print(name, json.dumps(content["solutions"]))
+
+
+if __name__ == "__main__":
+    main()
