@@ -2,6 +2,7 @@
 #pragma once
 
 #include "nle/analysis/set_analysis.h"
+#include "numeric/NR_vbCNLE.h"
 #include "platform/message_box.h"
 #include "platform/saver.h"
 #include "shell/history.h"
@@ -35,6 +36,7 @@ std::optional<nle_method> method_named(std::string_view text);
 /// What a nonlinear problem holds: a plain value.
 struct nle_content
 {
+    /// Without blanks around it.
     std::string title;
     nle_method method = nle_method::fastnewt;
     std::vector<equation_row> rows;
@@ -44,6 +46,11 @@ struct nle_content
 
     friend bool operator==(const nle_content&, const nle_content&) = default;
 };
+
+/// The sign condition that a guess cell's suffix asks for: "ap" or " p" at its very end.
+sign_constraint constraint_of(std::string_view guess);
+/// A guess cell without its suffix.
+std::string guess_without_suffix(std::string_view guess);
 
 /// What the window says of a problem after every edit.
 struct nle_analysis
@@ -60,7 +67,7 @@ nle_analysis analyse_nle(const nle_content& content);
 
 /// The listing of variables with its warnings, as rich text without prolog.
 std::string show_all_vars(const nle_content& content);
-/// The plain texts of the listing's warnings, from "Warning: " on.
+/// The listing's warnings as plain text, from "Warning: " on.
 std::vector<std::string> listing_warnings(const nle_content& content);
 
 /// Why a problem whose light is red does not run, as one box.
@@ -81,7 +88,7 @@ public:
     /// Whether another equation may be added.
     refusal may_add() const;
     /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the
-    /// texts are those of the fields.
+    /// texts are those of the fields. A box that is about the expression has a place in that field's text.
     refusal check_implicit(std::string_view name, std::string_view expression, std::string_view guess, int row) const;
     refusal check_explicit(std::string_view name, std::string_view expression, int row) const;
 
@@ -96,6 +103,7 @@ public:
     bool move(int row, bool up);
     void set_comment(int row, std::string comment);
     void set_title(std::string title);
+    /// One step of undo for any number of changes in a row, as they come with every key typed.
     void set_bounds(std::string lower, std::string upper);
     /// A choice by the user: any method but `constrained` strips the suffixes of the guesses.
     void choose_method(nle_method method);
@@ -117,6 +125,7 @@ public:
                  const save_calls& calls = system_save_calls());
 
 private:
+    refusal put_row(equation_row next_row, int row);
     void change(std::string step, nle_content next);
 
     nle_content content_;

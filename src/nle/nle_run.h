@@ -45,6 +45,9 @@ struct nle_solution
     std::vector<explicit_result> explicit_values;
 };
 
+/// A system counts as solved up to this sum of absolute residuals, whatever the tolerances.
+inline constexpr double largest_residual_sum = 10.0;
+
 enum class nle_run_kind
 {
     explicit_only,

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "nle/nle_file.h"
+
+#include "expr/basParse.h"
+#include "platform/run_time_text.h"
+#include "platform/runtime_failure.h"
+#include "platform/text_file.h"
+
+#include <cmath>
+#include <span>
+#include <vector>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr std::string_view guess_marker = "(0)=";
+constexpr std::string_view lower_marker = "(min)=";
+constexpr std::string_view upper_marker = "(max)=";
+
+/// A line without its comment, in which words are no marks.
+std::string_view before_comment(std::string_view line)
+{
+    return line.substr(0, line.find('#'));
+}
+
+/// Whether the line is one of guesses or bounds. The "=" of the marker is the line's first: an expression
+/// such as (0)==b belongs to an equation.
+bool is_marked(std::string_view line, std::string_view marker)
+{
+    const std::string_view text = before_comment(line);
+    const std::size_t at = text.find(marker);
+    return at != std::string_view::npos && text.find('=') == at + marker.size() - 1;
+}
+
+bool is_behind_equations(std::string_view line)
+{
+    return is_marked(line, guess_marker) || is_marked(line, lower_marker);
+}
+
+bool defines_f(const std::vector<equation_row>& rows)
+{
+    for (const equation_row& row : rows) {
+        if (parts_of(row.equation).name == "f") return true;
+    }
+    return false;
+}
+
+/// The lines of a file, one after the other.
+class line_reader
+{
+public:
+    explicit line_reader(std::vector<std::string_view> lines) : lines_(std::move(lines)) {}
+
+    bool at_end() const { return next_ == lines_.size(); }
+    std::string_view line() const { return lines_[next_]; }
+    std::string_view take() { return lines_[next_++]; }
+
+private:
+    std::vector<std::string_view> lines_;
+    std::size_t next_ = 0;
+};
+
+void read_title_line(std::string_view line, nle_content& content)
+{
+    // A title may hold anything, so the version stands at the last marker.
+    const std::size_t marker = line.rfind(nle_version_marker);
+    content.title = trimmed(line.substr(0, marker));
+    if (marker == std::string_view::npos) return;
+    const std::string_view version = line.substr(marker + nle_version_marker.size());
+    if (!version.empty() && version.front() >= '0' && version.front() <= '3') {
+        content.method = static_cast<nle_method>(version.front() - '0');
+    }
+}
+
+void add_row(std::string_view line, std::string_view guess, std::vector<equation_row>& rows)
+{
+    const std::size_t hash = line.find('#');
+    const std::string_view equation = trimmed(line.substr(0, hash));
+    if (equation.empty()) return;
+    const std::string_view comment = hash == std::string_view::npos ? std::string_view() : line.substr(hash + 1);
+    rows.push_back({std::string(equation), std::string(guess), std::string(comment)});
+}
+
+void read_equations(line_reader& lines, std::vector<equation_row>& rows)
+{
+    // Behind an equation of the variable f, "f(0)=" is its guess and no equation.
+    for (; !lines.at_end() && is_implicit(lines.line()); lines.take()) {
+        if (is_behind_equations(lines.line()) && defines_f(rows)) break;
+        add_row(lines.line(), "", rows);
+    }
+    for (; !lines.at_end() && !is_behind_equations(lines.line()); lines.take())
+        add_row(lines.line(), no_guess, rows);
+}
+
+std::vector<equation_row*> implicit_rows(std::vector<equation_row>& rows)
+{
+    std::vector<equation_row*> implicit;
+    for (equation_row& row : rows) {
+        if (is_implicit(row.equation)) implicit.push_back(&row);
+    }
+    return implicit;
+}
+
+void read_guesses(line_reader& lines, std::span<equation_row* const> implicit)
+{
+    for (equation_row* row : implicit) {
+        if (lines.at_end() || !is_marked(lines.line(), guess_marker)) return;
+        const std::string_view line = lines.take();
+        row->guess = trimmed(line.substr(line.find('=') + 1));
+    }
+}
+
+/// The text behind a marker, if the line has it.
+std::optional<std::string_view> behind(std::string_view line, std::string_view marker)
+{
+    const std::size_t at = before_comment(line).find(marker);
+    if (at == std::string_view::npos) return std::nullopt;
+    return line.substr(at + marker.size());
+}
+
+double middle(double lower, double upper)
+{
+    const double sum = lower + upper;
+    return std::isfinite(sum) ? sum / 2.0 : lower / 2.0 + upper / 2.0;
+}
+
+/// The bounds stand on one line or on two.
+void read_bounds(line_reader& lines, std::span<equation_row* const> implicit, nle_content& content)
+{
+    const std::string_view first = lines.take();
+    const double lower = val(behind(first, lower_marker).value());
+    std::optional<std::string_view> upper_text = behind(first, upper_marker);
+    while (!upper_text && !lines.at_end() && trimmed(lines.line()).empty())
+        lines.take();
+    if (!upper_text && !lines.at_end()) upper_text = behind(lines.take(), upper_marker);
+
+    if (implicit.size() != 1) return;
+    content.lower_bound = plain_text(lower);
+    if (!upper_text) return;
+    const double upper = val(*upper_text);
+    content.upper_bound = plain_text(upper);
+    implicit.front()->guess = plain_text(middle(lower, upper));
+}
+
+std::string one_line(std::string_view text)
+{
+    std::string line(text);
+    for (char& c : line) {
+        if (c == '\r' || c == '\n') c = ' ';
+    }
+    return line;
+}
+
+void write_line(std::string& text, std::string_view line)
+{
+    text += line;
+    text += "\r\n";
+}
+
+/// The rows of one kind, in their order.
+void write_rows(const nle_content& content, bool implicit, bool comments, std::string& text)
+{
+    for (const equation_row& row : content.rows) {
+        if (row.equation.empty() || is_implicit(row.equation) != implicit) continue;
+        std::string line = one_line(trimmed(row.equation));
+        if (comments) line += " #" + one_line(row.comment);
+        write_line(text, line);
+    }
+}
+
+void write_guesses(const nle_content& content, std::string& text)
+{
+    std::vector<const equation_row*> implicit;
+    for (const equation_row& row : content.rows) {
+        if (is_implicit(row.equation)) implicit.push_back(&row);
+    }
+    if (implicit.size() == 1) {
+        const std::string name(parts_of(implicit.front()->equation).name);
+        write_line(text, name + std::string(lower_marker) + plain_text(val(content.lower_bound)) + ", " + name +
+                             std::string(upper_marker) + plain_text(val(content.upper_bound)));
+        return;
+    }
+    for (const equation_row* row : implicit) {
+        const std::string name(parts_of(row->equation).name);
+        write_line(text, name + std::string(guess_marker) + one_line(row->guess));
+    }
+}
+
+} // namespace
+
+bool is_nle_second_line(std::string_view line)
+{
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) return false;
+    return is_implicit(line) || is_valid_name(trimmed(line.substr(0, equals)));
+}
+
+std::optional<nle_content> read_nle(std::string_view text, nle_method method)
+{
+    line_reader lines(split_lines(text));
+    nle_content content;
+    content.method = method;
+    if (lines.at_end()) return std::nullopt;
+    read_title_line(lines.take(), content);
+    if (lines.at_end() || !is_nle_second_line(lines.line())) return std::nullopt;
+
+    read_equations(lines, content.rows);
+    const std::vector<equation_row*> implicit = implicit_rows(content.rows);
+    if (lines.at_end()) return content;
+    try {
+        if (is_marked(lines.line(), lower_marker)) {
+            read_bounds(lines, implicit, content);
+        } else {
+            read_guesses(lines, implicit);
+        }
+    } catch (const runtime_failure&) {
+        return std::nullopt;
+    }
+    return content;
+}
+
+std::string write_nle(const nle_content& content, bool older_format)
+{
+    std::string text;
+    std::string title = one_line(trimmed(content.title));
+    if (!older_format) title += std::string(nle_version_marker) + std::to_string(static_cast<int>(content.method));
+    write_line(text, title);
+    write_rows(content, true, !older_format, text);
+    write_rows(content, false, !older_format, text);
+    write_guesses(content, text);
+    return text;
+}
+
+} // namespace kelvarin
