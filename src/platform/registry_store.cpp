@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/registry_store.h"
 
+#include "platform/letter_case.h"
 #include "platform/posix_file.h"
 #include "platform/saver.h"
 #include "platform/utf8.h"
@@ -21,15 +22,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-std::string lower_case(std::string_view text)
-{
-    std::string lower(text);
-    for (char& letter : lower) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return lower;
-}
 
 std::pair<std::string, std::string> place_of(std::string_view key, std::string_view value_name)
 {

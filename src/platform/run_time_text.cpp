@@ -145,12 +145,17 @@ bool is_numeric(std::string_view text)
     return numeric_value(text).has_value();
 }
 
-double val(std::string_view text)
+std::optional<double> prefix_value(std::string_view text)
 {
     text = without_blanks_in_front(text);
     const number_shape shape = measure_number(text);
     if (shape.length == 0) return 0.0;
-    const std::optional<double> value = value_of_number(text.substr(0, shape.length), shape);
+    return value_of_number(text.substr(0, shape.length), shape);
+}
+
+double val(std::string_view text)
+{
+    const std::optional<double> value = prefix_value(text);
     if (!value) throw runtime_failure(failure_number::overflow);
     return *value;
 }

@@ -21,6 +21,9 @@ bool is_numeric(std::string_view text);
 /// front skipped; 0 where it begins with none. Throws runtime_failure 6 where it is too large for a double.
 double val(std::string_view text);
 
+/// The same, with nothing in place of the failure.
+std::optional<double> prefix_value(std::string_view text);
+
 /// The plain text of a finite double: 15 significant digits without trailing zeros, "." whatever the
 /// locale, exponent form ("1E-07", "1E+15") below 0.0001 and from 1E+15 up. Negative zero is "0".
 std::string plain_text(double value);

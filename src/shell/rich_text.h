@@ -45,9 +45,10 @@ struct styled_run
 
 using styled_line = std::vector<styled_run>;
 
-/// Reads the subset: groups, \b \i \ul \cfN \fN \fsN \plain \par \line \tab, escapes \\ \{ \} \'hh \uN, with
-/// destinations such as the font table passed over, and unknown words without effect. A document cut
-/// short or with groups that do not match is read as far as it goes. Never fails.
+/// Reads the subset: groups, \b \i \ul \cfN \fN \fsN \plain \par \line \tab, escapes \\ \{ \} \'hh \uN (with
+/// \ucN), dashes and quotes by name. Destinations such as the font table are passed over, unknown words have no
+/// effect, table cells end in a tab and their rows in a line end. A document cut short or with groups that do
+/// not match is read as far as it goes. Never fails, whatever the bytes; the texts are valid UTF-8.
 std::vector<styled_line> read_rich_text(std::string_view document);
 
 /// The text of the lines, each ended by LF, \tab as a tab.

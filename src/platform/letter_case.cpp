@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "platform/letter_case.h"
+
+namespace kelvarin
+{
+
+std::string lower_case(std::string_view text)
+{
+    std::string lower(text);
+    for (char& letter : lower)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    return lower;
+}
+
+} // namespace kelvarin
