@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "platform/registry_store.h"
+
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Strings rich in what the file gives a meaning to.
+rc::Gen<std::string> troublesome_string()
+{
+    const auto letter =
+        rc::gen::oneOf(rc::gen::elementOf(std::string("\\=[]%xn0A\r\n \t\"#")), rc::gen::arbitrary<char>());
+    return rc::gen::container<std::string>(letter);
+}
+
+std::string in_lower_case(std::string text)
+{
+    for (char& letter : text)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter + 32);
+    return text;
+}
+
+} // namespace
+
+TEST(Registry, ComparesKeysAndNamesWithoutCase)
+{
+    memory_registry registry;
+    EXPECT_EQ(registry.read("Software\\WinKlvn", "Window Width"), std::nullopt);
+    registry.write("Software\\WinKlvn", "Window Width", "800");
+    EXPECT_EQ(registry.read("SOFTWARE\\winklvn", "window width"), "800");
+    registry.write("software\\WINKLVN", "WINDOW WIDTH", "900");
+    EXPECT_EQ(registry.read("Software\\WinKlvn", "Window Width"), "900");
+    EXPECT_EQ(registry.flush(), std::nullopt);
+}
+
+RC_GTEST_PROP(Registry, GivesBackAnyStringsAfterTheFileIsReadAgain, ())
+{
+    using place = std::pair<std::string, std::string>;
+    const auto written = *rc::gen::container<std::map<place, std::string>>(
+        rc::gen::pair(troublesome_string(), troublesome_string()), troublesome_string());
+    const test::temporary_folder folder;
+    file_registry registry(folder / "registry.txt");
+    std::map<place, std::string> expected;
+    for (const auto& [where, value] : written) {
+        registry.write(where.first, where.second, value);
+        expected[{in_lower_case(where.first), in_lower_case(where.second)}] = value;
+    }
+    RC_ASSERT(!registry.flush().has_value());
+    const file_registry again(folder / "registry.txt");
+    for (const auto& [where, value] : expected)
+        RC_ASSERT(again.read(where.first, where.second) == std::optional<std::string>(value));
+}
+
+TEST(Registry, WritesAReadableFileAndMakesItsFolders)
+{
+    const test::temporary_folder folder;
+    const std::filesystem::path file = folder / "a/b/registry.txt";
+    file_registry registry(file);
+    registry.write("Software\\WinKlvn\\settings\\newt_TOLF", "value", "1E-07");
+    registry.write("Software\\WinKlvn\\files_nle", "1", "C:\\new\\x=1.kvr");
+    registry.write("Software\\WinKlvn\\files_nle", "2", " ");
+    EXPECT_FALSE(std::filesystem::exists(file)) << "nothing is kept before the flush";
+    EXPECT_EQ(registry.flush(), std::nullopt);
+    EXPECT_EQ(test::bytes_of(file), "[Software\\WinKlvn\\files_nle]\n"
+                                    "1=C:\\\\new\\\\x=1.kvr\n"
+                                    "2= \n"
+                                    "[Software\\WinKlvn\\settings\\newt_TOLF]\n"
+                                    "value=1E-07\n");
+}
+
+TEST(Registry, ReadsWhatAHandWroteAndPassesOverTheRest)
+{
+    const test::temporary_folder folder;
+    const file_registry registry(folder.put("r",
+                                            "no section=yet\r\n[Software\\WinKlvn]\r\njunk\r\n[half\r\nWindow Top=5\r\n"
+                                            "path=C:\\temp\\\\x\r\na\\=b=c=d\r\n\\x4=e\r\n\\=\r\n"));
+    EXPECT_EQ(registry.read("software\\winklvn", "window top"), "5");
+    EXPECT_EQ(registry.read("software\\winklvn", "path"), "C:\\temp\\x");
+    EXPECT_EQ(registry.read("software\\winklvn", "a=b"), "c=d");
+    EXPECT_EQ(registry.read("software\\winklvn", "\\x4"), "e");
+    EXPECT_EQ(registry.read("software\\winklvn", "junk"), std::nullopt);
+    EXPECT_EQ(registry.read("", "no section"), "yet");
+}
+
+TEST(Registry, DoesNotUndoAnotherProgramsValues)
+{
+    const test::temporary_folder folder;
+    file_registry first(folder / "r");
+    file_registry second(folder / "r");
+    first.write("k", "mine", "1");
+    first.write("k", "both", "first");
+    second.write("k", "theirs", "2");
+    second.write("K", "BOTH", "second");
+    EXPECT_EQ(first.flush(), std::nullopt);
+    EXPECT_EQ(second.flush(), std::nullopt);
+    EXPECT_EQ(second.read("k", "mine"), "1");
+    first.write("k", "more", "3");
+    EXPECT_EQ(first.flush(), std::nullopt);
+    for (const file_registry& each : {file_registry(folder / "r"), first}) {
+        EXPECT_EQ(each.read("k", "mine"), "1");
+        EXPECT_EQ(each.read("k", "theirs"), "2");
+        EXPECT_EQ(each.read("k", "both"), "second") << "a value flushed before is not written again";
+        EXPECT_EQ(each.read("k", "more"), "3");
+    }
+}
+
+TEST(Registry, FailsToFlushAndKeepsItsValuesWhereItCannotWrite)
+{
+    const test::temporary_folder folder;
+    std::filesystem::create_directory(folder / "in-the-way");
+    folder.put("file", "");
+    for (const char* name : {"in-the-way", "file/registry.txt"}) {
+        SCOPED_TRACE(name);
+        file_registry registry(folder / name);
+        registry.write("k", "v", "1");
+        EXPECT_TRUE(registry.flush().has_value());
+        EXPECT_EQ(registry.read("k", "v"), "1");
+    }
+    EXPECT_THAT(folder.names(), ::testing::ElementsAre("file", "in-the-way"));
+    std::filesystem::remove(folder / "in-the-way");
+    file_registry registry(folder / "in-the-way");
+    registry.write("k", "v", "1");
+    EXPECT_EQ(registry.flush(), std::nullopt);
+}
+
+TEST(Registry, DefaultFileFollowsTheConfigurationFolder)
+{
+    const auto value_of = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value == nullptr ? std::optional<std::string>() : std::optional<std::string>(value);
+    };
+    const auto set = [](const char* name, const std::optional<std::string>& value) {
+        return value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
+    };
+    const auto config = value_of("XDG_CONFIG_HOME");
+    const auto home = value_of("HOME");
+    set("HOME", "/home/someone");
+    set("XDG_CONFIG_HOME", "/etc/xdg-of-mine");
+    EXPECT_EQ(default_registry_file(), "/etc/xdg-of-mine/kelvarin/registry.txt");
+    for (const std::optional<std::string>& unusable :
+         {std::optional<std::string>(), std::optional<std::string>(""), std::optional<std::string>("relative")}) {
+        set("XDG_CONFIG_HOME", unusable);
+        EXPECT_EQ(default_registry_file(), "/home/someone/.config/kelvarin/registry.txt");
+    }
+    set("HOME", std::nullopt);
+    EXPECT_TRUE(default_registry_file().is_absolute());
+    set("XDG_CONFIG_HOME", config);
+    set("HOME", home);
+}
+
+} // namespace kelvarin

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text_file.h"
+
+#include "platform/utf8.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace kelvarin
+{
+
+using std::string_literals::operator""s;
+
+TEST(SplitLines, TakesEveryKindOfLineEnd)
+{
+    struct row
+    {
+        const char* text;
+        std::vector<std::string_view> expected;
+    };
+    for (const row& each : {row{"", {}},
+                            {"a", {"a"}},
+                            {"a\n", {"a"}},
+                            {"a\r\n", {"a"}},
+                            {"a\r", {"a"}},
+                            {"a\r\r\n", {"a"}},
+                            {"a\nb", {"a", "b"}},
+                            {"a\r\nb\rc\r\r\nd", {"a", "b", "c", "d"}},
+                            {"\n", {""}},
+                            {"\n\n", {"", ""}},
+                            {"a\r\rb", {"a", "", "b"}},
+                            {"a\n\rb", {"a", "", "b"}},
+                            {"a\r\r\r\nb", {"a", "", "b"}}}) {
+        SCOPED_TRACE(::testing::PrintToString(std::string(each.text)));
+        EXPECT_EQ(split_lines(each.text), each.expected);
+    }
+}
+
+TEST(Trimmed, TakesBlanksTabsAndLineEndsOffBothEnds)
+{
+    EXPECT_EQ(trimmed(" \t\r\n a b \r\n\t "), "a b");
+    EXPECT_EQ(trimmed("a"), "a");
+    EXPECT_EQ(trimmed(" \t "), "");
+    EXPECT_EQ(trimmed(""), "");
+}
+
+TEST(Utf8, RefusesWhatTheStandardRefuses)
+{
+    struct row
+    {
+        std::string bytes;
+        bool valid;
+    };
+    // RFC 3629, sections 3 and 4: no overlong form, no surrogate, nothing above 10FFFF, nothing cut short.
+    for (const row& each : {row{"", true},
+                            {"abc", true},
+                            {"\xC3\xA9", true},
+                            {"\xE2\x82\xAC", true},
+                            {"\xF0\x9F\x98\x80", true},
+                            {"\xF4\x8F\xBF\xBF", true},
+                            {"\0"s, true},
+                            {"\xC0\x80", false},
+                            {"\xC1\xBF", false},
+                            {"\xE0\x9F\xBF", false},
+                            {"\xF0\x8F\xBF\xBF", false},
+                            {"\xED\xA0\x80", false},
+                            {"\xF4\x90\x80\x80", false},
+                            {"\xF8\x88\x80\x80\x80", false},
+                            {"\xC3", false},
+                            {"\xE2\x82", false},
+                            {"\xF0\x9F\x98", false},
+                            {"\x80", false},
+                            {"a\xC3(", false}}) {
+        SCOPED_TRACE(::testing::PrintToString(each.bytes));
+        EXPECT_EQ(is_utf8(each.bytes), each.valid);
+        EXPECT_TRUE(is_utf8(to_utf8(each.bytes)));
+    }
+    EXPECT_EQ(to_utf8("\xE9t\xE9"), "\xC3\xA9t\xC3\xA9");
+    EXPECT_EQ(to_utf8("\xC3\xA9t\xC3\xA9"), "\xC3\xA9t\xC3\xA9");
+}
+
+RC_GTEST_PROP(Utf8, ReadsEveryLetterItWrote, ())
+{
+    const auto code =
+        *rc::gen::oneOf(rc::gen::inRange<char32_t>(0, 0xD800), rc::gen::inRange<char32_t>(0xE000, 0x110000));
+    std::string text;
+    append_utf8(text, code);
+    const auto letter = first_utf8_letter(text + "x");
+    RC_ASSERT(letter.has_value());
+    RC_ASSERT(letter->code == code);
+    RC_ASSERT(letter->length == text.size());
+}
+
+TEST(ReadTextFile, ReadsTextInEitherCoding)
+{
+    const test::temporary_folder folder;
+    struct row
+    {
+        std::string bytes;
+        std::string expected;
+    };
+    for (const row& each : {row{"", ""},
+                            {"a\r\nb", "a\r\nb"},
+                            {"\xC3\xA9", "\xC3\xA9"},
+                            {"\xE9", "\xC3\xA9"},
+                            {"\xEF\xBB\xBFx", "x"},
+                            {"\xEF\xBB\xBF\xE9", "\xC3\xA9"},
+                            {"a\0b"s, "a\0b"s},
+                            {std::string(200000, 'z'), std::string(200000, 'z')}}) {
+        const text_file file = read_text_file(folder.put("f", each.bytes));
+        EXPECT_TRUE(file.ok()) << file.failure.reason;
+        EXPECT_EQ(file.text, each.expected);
+    }
+    std::filesystem::create_symlink("f", folder / "link");
+    EXPECT_TRUE(read_text_file(folder / "link").ok());
+}
+
+TEST(ReadTextFile, RefusesWhatIsNoReadableFileWithoutWaiting)
+{
+    const test::temporary_folder folder;
+    std::filesystem::create_symlink("loop", folder / "loop");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    std::filesystem::resize_file(folder.put("large", ""), (std::uintmax_t{64} << 20) + 1);
+    for (const std::filesystem::path& path :
+         {folder / "missing", folder.path(), folder / "loop", folder / "pipe", folder / "large",
+          std::filesystem::path("/dev/zero"), std::filesystem::path()}) {
+        SCOPED_TRACE(path);
+        const text_file file = read_text_file(path);
+        EXPECT_FALSE(file.ok());
+        EXPECT_EQ(file.failure.place, path);
+        EXPECT_EQ(file.text, "");
+    }
+}
+
+} // namespace kelvarin
