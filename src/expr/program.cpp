@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "expr/program.h"
+
+#include "expr/program_code.h"
+#include "expr/program_lanes.h"
+#include "expr/program_machine.h"
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// For each output the inputs it depends on, as rows of bits.
+class dependence_table
+{
+public:
+    explicit dependence_table(const program_graph& graph) : words_((graph.input_count() + 63) / 64)
+    {
+        std::vector<std::uint64_t> of_value(graph.values().size() * words_, 0);
+        for (std::size_t id = 0; id < graph.values().size(); ++id) {
+            const program_graph::value& v = graph.values()[id];
+            std::uint64_t* row = of_value.data() + id * words_;
+            if (v.kind == program_graph::value_kind::input) {
+                const auto input = static_cast<std::size_t>(v.input);
+                row[input / 64] |= std::uint64_t{1} << (input % 64);
+            }
+            for (const program_graph::value_id used : {v.a, v.b, v.c}) {
+                if (used == program_graph::none) continue;
+                for (std::size_t w = 0; w < words_; ++w)
+                    row[w] |= of_value[static_cast<std::size_t>(used) * words_ + w];
+            }
+        }
+        rows_.reserve(graph.outputs().size() * words_);
+        for (const program_graph::value_id id : graph.outputs()) {
+            const auto first = of_value.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(id) * words_);
+            rows_.insert(rows_.end(), first, first + static_cast<std::ptrdiff_t>(words_));
+        }
+    }
+
+    bool depends(std::size_t output, std::size_t input) const
+    {
+        return (rows_[output * words_ + input / 64] >> (input % 64) & 1) != 0;
+    }
+
+private:
+    std::size_t words_;
+    std::vector<std::uint64_t> rows_;
+};
+
+} // namespace
+
+struct program::parts
+{
+    parts(const program_graph& graph, program_code made)
+        : code(std::move(made)), single(code), cells(code.cell_count), dependences(graph),
+          input_count(graph.input_count())
+    {
+        for (const auto& [cell, constant] : code.constants)
+            cells[cell] = constant;
+    }
+
+    program_code code;
+    machine::loaded_program<double> single;
+    std::vector<double> cells;
+    dependence_table dependences;
+    std::size_t input_count;
+    /// Made when lanes are first asked for.
+    bool lanes_tried = false;
+    std::unique_ptr<lane_program> four;
+    /// The cells of four points where the processor has no lanes.
+    std::vector<double> spread_inputs;
+    std::vector<double> spread_outputs;
+};
+
+program::program() = default;
+program::~program() = default;
+
+std::unique_ptr<program> program::compile(const tree_system& system)
+{
+    const auto graph = program_graph::of(system);
+    if (!graph) return nullptr;
+    auto code = program_code::of(*graph);
+    if (!code) return nullptr;
+    std::unique_ptr<program> made(new program);
+    made->parts_ = std::make_unique<parts>(*graph, std::move(*code));
+    return made;
+}
+
+std::size_t program::input_count() const
+{
+    return parts_->input_count;
+}
+
+std::size_t program::output_count() const
+{
+    return parts_->code.output_cells.size();
+}
+
+std::span<double> program::inputs()
+{
+    return {parts_->cells.data(), parts_->input_count};
+}
+
+bool program::run_in_place()
+{
+    return parts_->single.run(parts_->cells.data()) == 0.0;
+}
+
+double program::output(std::size_t i) const
+{
+    return parts_->cells[parts_->code.output_cells[i]];
+}
+
+bool program::run(std::span<const double> values, std::span<double> outputs)
+{
+    std::ranges::copy(values, parts_->cells.begin());
+    if (!run_in_place()) return false;
+    for (std::size_t i = 0; i < outputs.size(); ++i)
+        outputs[i] = output(i);
+    return true;
+}
+
+bool program::depends(std::size_t output, std::size_t input) const
+{
+    return parts_->dependences.depends(output, input);
+}
+
+std::span<double> program::lane_inputs()
+{
+    parts& own = *parts_;
+    if (!own.lanes_tried) {
+        own.lanes_tried = true;
+        own.four = lane_program::load(own.code);
+        if (!own.four) {
+            own.spread_inputs.resize(own.input_count * lanes);
+            own.spread_outputs.resize(output_count() * lanes);
+        }
+    }
+    return {own.four ? own.four->cells() : own.spread_inputs.data(), own.input_count * lanes};
+}
+
+bool program::run_lanes_in_place()
+{
+    const std::span<double> values = lane_inputs();
+    parts& own = *parts_;
+    if (own.four) return own.four->run();
+    for (int p = 0; p < lanes; ++p) {
+        for (std::size_t i = 0; i < own.input_count; ++i)
+            own.cells[i] = values[i * lanes + static_cast<std::size_t>(p)];
+        if (!run_in_place()) return false;
+        for (std::size_t i = 0; i < output_count(); ++i)
+            own.spread_outputs[i * lanes + static_cast<std::size_t>(p)] = output(i);
+    }
+    return true;
+}
+
+double program::lane_output(std::size_t i, int point) const
+{
+    const auto p = static_cast<std::size_t>(point);
+    if (!parts_->four) return parts_->spread_outputs[i * lanes + p];
+    return parts_->four->cells()[static_cast<std::size_t>(parts_->code.output_cells[i]) * lanes + p];
+}
+
+bool program::run_lanes(std::span<const double> values, std::span<double> outputs)
+{
+    std::ranges::copy(values, lane_inputs().begin());
+    if (!run_lanes_in_place()) return false;
+    for (std::size_t i = 0; i < output_count(); ++i)
+        for (int p = 0; p < lanes; ++p)
+            outputs[i * lanes + static_cast<std::size_t>(p)] = lane_output(i, p);
+    return true;
+}
+
+} // namespace kelvarin

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "expr/program_graph.h"
+
+#include <memory>
+#include <span>
+
+namespace kelvarin
+{
+
+/// The fast form of a list of trees: many evaluations of the same expressions at different values.
+///
+/// How it comes about: trees -> a graph in which each different value stands once (program_graph) ->
+/// straight code over cells and an accumulator (program_code) -> instructions of a machine
+/// (program_machine), one for single points and one for four side by side.
+///
+/// What it means is told by the plain walk (evaluate_tree) alone. The program gives the same bits where
+/// all goes well, and says so when something failed; which failure came first, its message and the zeros
+/// behind it are then found by the walk, from the same inputs. Inside the program the order of
+/// evaluation is free, constants are folded where the result is finite, and the branch of a conditional
+/// that is not taken is not evaluated.
+///
+/// A program owns its cells: one run, one thread.
+class program
+{
+public:
+    /// Points that are evaluated side by side.
+    static constexpr int lanes = 4;
+
+    /// Nothing where only the walk gives the right meaning (`rand`, variables that may be empty) or where
+    /// the code would be too long.
+    static std::unique_ptr<program> compile(const tree_system& system);
+
+    ~program();
+    program(const program&) = delete;
+    program& operator=(const program&) = delete;
+
+    std::size_t input_count() const;
+    std::size_t output_count() const;
+
+    /// Evaluates the outputs at one point; false, and outputs without meaning, where something failed.
+    bool run(std::span<const double> inputs, std::span<double> outputs);
+
+    /// The inputs' values, to be set in place before run_in_place, and then each output's value.
+    std::span<double> inputs();
+    bool run_in_place();
+    double output(std::size_t i) const;
+
+    /// Evaluates four points side by side: input i of point p is inputs[i * lanes + p], likewise the
+    /// outputs. False where any of them failed, or where they take different branches; run then tells.
+    bool run_lanes(std::span<const double> inputs, std::span<double> outputs);
+    /// The same in place: input i of point p.
+    std::span<double> lane_inputs();
+    bool run_lanes_in_place();
+    double lane_output(std::size_t i, int point) const;
+
+    /// Whether output `i` can change with input `j`.
+    bool depends(std::size_t output, std::size_t input) const;
+
+private:
+    program();
+
+    struct parts;
+    std::unique_ptr<parts> parts_;
+};
+
+} // namespace kelvarin
