@@ -24,6 +24,10 @@ target_compile_options(kelvarin_flags INTERFACE
   -ffp-contract=off
   # Nothing reads errno behind a mathematical function; without it a square root is one instruction.
   -fno-math-errno)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # A false alarm of this compiler in the standard library's own string operations.
+  target_compile_options(kelvarin_flags INTERFACE -Wno-restrict)
+endif()
 if(KELVARIN_SANITIZE)
   target_compile_options(kelvarin_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
