@@ -16,7 +16,8 @@ namespace kelvarin
 /// line ends and control characters as blanks.
 std::string escape_rich_text(std::string_view text);
 
-/// The document prolog, the body, and the tail "\par }".
+/// The document prolog, the body, and the tail "\par }". The prolog ends in a control word with a number, so
+/// the body begins with a group or a control word of its own.
 std::string rich_text_document(std::string_view body);
 
 /// The head of every report, up to and without the line ends behind it: "KELVARIN Results", the title

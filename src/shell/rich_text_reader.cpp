@@ -315,9 +315,9 @@ control_word rich_text_reader::scan_word()
 void rich_text_reader::apply(const control_word& word)
 {
     if (apply_style(word)) return;
-    if (word.name == "u")
-        read_unicode(word.parameter.value_or(0));
-    else if (word.name == "uc")
+    if (word.name == "u") {
+        if (word.parameter) read_unicode(*word.parameter);
+    } else if (word.name == "uc")
         state_.replacement_length = std::max(word.parameter.value_or(1), 0);
     else if (word.name == "bin")
         at_ += std::min(static_cast<std::size_t>(std::max(word.parameter.value_or(0), 0)), document_.size() - at_);
