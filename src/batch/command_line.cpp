@@ -47,19 +47,23 @@ void take_lines(std::vector<std::string>& arguments, typed_options& typed)
 
 void describe_options(CLI::App& app, typed_options& typed)
 {
-    app.add_option("--method", typed.method, "fastnewt, safenewt, safebroydn or constrained, or its number 0 to 3");
-    app.add_option("--set", typed.assignments, "Set a value of --settings for this call, as KEY=VALUE")
+    app.add_option("FILE", typed.files, "Problem files, solved one after the other")->type_name("");
+    app.add_option("--method", typed.method, "fastnewt, safenewt, safebroydn, constrained, or the number 0 to 3")
+        ->type_name("NAME");
+    app.add_option("--set", typed.assignments, "Set a value of --settings for this call; may be repeated")
+        ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
-    app.add_option("--format", typed.format, "text (the default), rtf or json");
-    app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE");
-    app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name");
-    app.add_flag("--check", typed.check, "Analyse only: what is defined, what is missing, as JSON");
+    app.add_option("--format", typed.format, "text (the default), rtf or json")->type_name("NAME");
+    app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE")
+        ->type_name("NAME");
+    app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name")
+        ->type_name("NAME");
+    app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
-    app.add_option("FILE", typed.files, "Problem files, solved one after the other");
     app.set_version_flag("--version", std::string(program_name) + " " + std::string(program_version()));
-    app.footer("Exit status: 0 every file gave a report; 1 a run ended with a message instead;\n"
-               "2 wrong usage, a file that cannot be read or is of no known kind; 130 interrupted.");
+    app.footer("Exit status: 0 every file gave a report; 1 a run ended with a message instead, or a line\n"
+               "failed; 2 wrong usage, a file that cannot be read or is not solved; 130 interrupted.");
 }
 
 batch_action action_of(const typed_options& typed)

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "batch/interrupt_watch.h"
 
-#include <csignal>
-
 namespace kelvarin
 {
 
 namespace
 {
 
-/// A program started in the background of a script is to ignore Ctrl+C, and goes on doing so.
+/// As a script tells the programs that it starts in the background.
 bool is_ignored(int signal_number)
 {
     struct sigaction present = {};
@@ -24,7 +22,7 @@ interrupt_watch::interrupt_watch(recording_listener& listener)
     sigset_t interrupt;
     sigemptyset(&interrupt);
     sigaddset(&interrupt, SIGINT);
-    pthread_sigmask(SIG_BLOCK, &interrupt, nullptr);
+    pthread_sigmask(SIG_BLOCK, &interrupt, &mask_before_);
     waiting_ = std::thread([this, &listener, interrupt] {
         int signal_number = 0;
         while (sigwait(&interrupt, &signal_number) == 0 && !over_)
@@ -38,6 +36,7 @@ interrupt_watch::~interrupt_watch()
     over_ = true;
     pthread_kill(waiting_.native_handle(), SIGINT);
     waiting_.join();
+    pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
 }
 
 } // namespace kelvarin

@@ -4,13 +4,15 @@
 #include "platform/run_listener.h"
 
 #include <atomic>
+#include <csignal>
 #include <thread>
 
 namespace kelvarin
 {
 
 /// While it lives, Ctrl+C asks a run to stop in place of ending the program. Made before other threads are
-/// started: the signal is blocked in the calling thread, and one thread waits for it.
+/// started: the signal is blocked in the calling thread, and one thread waits for it. Where the program was
+/// started to ignore the signal, it goes on doing so.
 class interrupt_watch
 {
 public:
@@ -21,6 +23,7 @@ public:
 
 private:
     std::atomic<bool> over_ = false;
+    sigset_t mask_before_ = {};
     std::thread waiting_;
 };
 

@@ -56,7 +56,7 @@ def gas_volume():
     f = lambda v: R * T / (v - b) - a * alpha / (v * v + 2 * b * v - b * b) - P
     return [
         {"v": v, "kappa": kappa, "alpha": alpha, "a": a, "b": b, "z": P * v / (R * T), "rho": m("44.1") / v}
-        for v in roots_between(f, m("0.07"), m(3))
+        for v in roots_between(f, m("0.06"), m(3))
     ]
 
 

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "batch/command_line.h"
+#include "batch_call.h"
+#include "support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+
+namespace kelvarin
+{
+namespace
+{
+
+using testing::HasSubstr;
+
+TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
+{
+    const test::scratch_folder folder;
+    folder.write("a.kvr", test::explicit_only);
+    folder.write("b.kvr", test::explicit_only);
+    std::filesystem::create_directory("sub");
+    folder.write("sub/a.kvr", test::explicit_only);
+
+    struct row
+    {
+        std::vector<std::string> arguments;
+        std::string reason;
+    };
+    const std::vector<row> rows = {
+        {{}, "No FILE is given."},
+        {{"--check"}, "No FILE is given."},
+        {{"--unknown", "a.kvr"}, "--unknown"},
+        {{"a.kvr", "--method"}, "--method"},
+        {{"--method", "4", "a.kvr"}, "there is no method '4'"},
+        {{"--method", "newton", "a.kvr"}, "there is no method 'newton'"},
+        {{"--method", "0", "--method", "1", "a.kvr"}, "--method"},
+        {{"--set", "newt_TOLF", "a.kvr"}, "KEY=VALUE"},
+        {{"--set", "newt_TOL=1", "a.kvr"}, "there is no setting 'newt_TOL'"},
+        {{"--set", "newt_TOLF=0.2", "a.kvr"}, "Kelvarin Guide (--set newt_TOLF=0.2)\nValue must be between 0 & 0.1\n"},
+        {{"--set", "newt_MAXITS=20.5", "a.kvr"}, "Only integer input is allowed."},
+        {{"--set", "newt_MAXITS=9", "a.kvr"}, "Value must be between 10 & 300"},
+        {{"--set", "general_show_status_bar=1", "a.kvr"}, "Only Boolean input is allowed."},
+        {{"--format", "pdf", "a.kvr"}, "'pdf'"},
+        {{"--check", "--format", "text", "a.kvr"}, "JSON only"},
+        {{"--format", "rtf", "--eval", "1"}, "JSON only"},
+        {{"--settings", "--format", "rtf"}, "text or JSON only"},
+        {{"--check", "--settings"}, "Only one of"},
+        {{"--settings", "a.kvr"}, "take no FILE"},
+        {{"a.kvr", "--eval", "1"}, "take no FILE"},
+        {{"--eval"}, "no line is given"},
+        {{"--kind", "deq", "a.kvr"}, "not yet solved"},
+        {{"--format", "rtf", "a.kvr", "b.kvr"}, "{}"},
+        {{"--format", "rtf", "-o", "x.rtf", "a.kvr", "b.kvr"}, "{}"},
+        {{"-o", "{}.txt", "a.kvr", "sub/a.kvr"}, "Two outputs would be written to 'a.txt'."},
+        {{"-o", "a.kvr", "a.kvr"}, "would replace the problem 'a.kvr'"},
+        {{"-o", "sub/../{}.kvr", "b.kvr", "a.kvr"}, "would replace the problem 'b.kvr'"},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(testing::PrintToString(expected.arguments));
+        test::batch_call call;
+        const test::batch_result result = call(expected.arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_THAT(result.err, HasSubstr(expected.reason));
+        EXPECT_EQ(folder.read("a.kvr"), test::explicit_only);
+        EXPECT_FALSE(folder.holds("a.txt"));
+    }
+}
+
+TEST(CommandLine, HelpAndVersionGoToStandardOutput)
+{
+    test::batch_call call;
+    for (const std::string option : {"--help", "-h", "--version"}) {
+        SCOPED_TRACE(option);
+        const test::batch_result result = call({option});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "");
+        EXPECT_THAT(result.out, HasSubstr("kelvarin-solve"));
+    }
+    EXPECT_EQ(call({"--version"}).out, "kelvarin-solve 5.0.0\n");
+}
+
+TEST(CommandLine, OptionsMayStandBeforeAndBehindTheFiles)
+{
+    const memory_registry saved;
+    const std::vector<std::string> arguments = {"--set", "newt_TOLF=0.01", "a.kvr",      "--method", "2",  "--format",
+                                                "json",  "--set",          "MNEWT_N=20", "b.kvr",    "-o", "out.json"};
+    const auto read = read_command_line(arguments, saved);
+    const auto* request = std::get_if<batch_request>(&read);
+    ASSERT_NE(request, nullptr) << std::get<command_line_end>(read).text;
+    EXPECT_EQ(request->files, (std::vector<std::string>{"a.kvr", "b.kvr"}));
+    EXPECT_EQ(request->method, nle_method::safebroydn);
+    EXPECT_EQ(request->format, output_format::json);
+    EXPECT_EQ(request->output, "out.json");
+    EXPECT_EQ(request->store.number("newt_TOLF"), 0.01);
+    EXPECT_EQ(request->store.whole_number("mnewt_n"), 20);
+}
+
+TEST(CommandLine, TheUsersSavedSettingsHoldUnlessTheCommandLineSetsThem)
+{
+    test::batch_call call;
+    settings own;
+    ASSERT_FALSE(own.set_value("newt_MAXITS", "200"));
+    ASSERT_FALSE(own.set_value("mnewt_n", "100"));
+    own.save_settings(call.saved);
+    const json listed = call({"--settings", "--format", "json", "--set", "mnewt_n=50"}).as_json();
+    const auto value_of = [&](const std::string& key) {
+        for (const json& row : listed)
+            if (row["key"] == key) return row["value"];
+        return json();
+    };
+    EXPECT_EQ(value_of("newt_MAXITS"), 200);
+    EXPECT_EQ(value_of("mnewt_n"), 50);
+    EXPECT_EQ(settings(call.saved).whole_number("mnewt_n"), 100) << "the command line must not be saved";
+}
+
+TEST(CommandLine, ADoubleDashEndsTheOptions)
+{
+    const test::scratch_folder folder;
+    folder.write("--eval", test::explicit_only);
+    test::batch_call call;
+    EXPECT_EQ(call({"--kind", "nle", "--", "--eval"}).status, 0);
+}
+
+TEST(OutputName, PutsTheStemInPlaceOfEachPairOfBraces)
+{
+    struct row
+    {
+        std::string output, file, name;
+    };
+    const std::vector<row> rows = {
+        {"{}.txt", "a.kvr", "a.txt"},        {"out/{}-{}.json", "dir/pipe.old.kvr", "out/pipe.old-pipe.old.json"},
+        {"fixed.txt", "a.kvr", "fixed.txt"}, {"{}.txt", "{}.kvr", "{}.txt"},
+        {"{}", "dir/.hidden", ".hidden"},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.output);
+        EXPECT_EQ(output_name(expected.output, expected.file), expected.name);
+    }
+}
+
+} // namespace
+} // namespace kelvarin

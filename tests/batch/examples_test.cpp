@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "batch_call.h"
+#include "nle/nle_file.h"
+#include "platform/text_file.h"
+#include "support/digits.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+
+namespace kelvarin
+{
+namespace
+{
+
+namespace fs = std::filesystem;
+
+std::vector<fs::path> files_in(const fs::path& folder, const std::string& extension)
+{
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.path().extension() == extension) files.push_back(entry.path());
+    return files;
+}
+
+std::map<std::string, double> values_of(const json& solution)
+{
+    std::map<std::string, double> values;
+    for (const char* part : {"implicit", "explicit"})
+        for (const json& value : solution[part])
+            values[value["name"]] = value["value"];
+    return values;
+}
+
+/// tests/data/examples/NAME.json holds the values of examples/NAME.kvr, computed apart by the program beside
+/// them. Six digits are what the default tolerances of 1e-7 promise.
+TEST(Examples, EachGivesTheValuesThatWereComputedApart)
+{
+    const auto files = files_in(KELVARIN_EXAMPLES, ".kvr");
+    ASSERT_GE(files.size(), 8u);
+    std::set<std::string> methods;
+    for (const fs::path& file : files) {
+        SCOPED_TRACE(file.filename().string());
+        test::batch_call call;
+        const test::batch_result result = call({"--format", "json", file.string()});
+        ASSERT_EQ(result.status, 0) << result.err;
+        const json solved = result.as_json();
+        EXPECT_EQ(solved["converged"], true);
+        methods.insert(solved["method"]);
+
+        std::ifstream data(fs::path(KELVARIN_TEST_DATA) / "examples" / (file.stem().string() + ".json"));
+        ASSERT_TRUE(data);
+        const json expected = json::parse(data)["solutions"];
+        const json solutions = solved.contains("solutions") ? solved["solutions"] : json::array({solved});
+        ASSERT_EQ(solutions.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            const auto values = values_of(solutions[i]);
+            for (const auto& [name, value] : expected[i].items()) {
+                ASSERT_TRUE(values.contains(name)) << name;
+                EXPECT_GE(test::digits_shown(values.at(name), value), 6.0)
+                    << name << " is " << values.at(name) << ", not " << value;
+            }
+        }
+    }
+    EXPECT_EQ(methods.size(), 4u) << "the examples are to show every method";
+}
+
+TEST(Examples, EveryRowHasACommentAndSavingChangesNoByte)
+{
+    for (const fs::path& file : files_in(KELVARIN_EXAMPLES, ".kvr")) {
+        SCOPED_TRACE(file.filename().string());
+        std::ifstream stream(file, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        const auto content = read_nle(bytes);
+        ASSERT_TRUE(content);
+        for (const equation_row& row : content->rows)
+            EXPECT_FALSE(row.comment.empty()) << row.equation;
+        EXPECT_EQ(write_nle(*content), bytes);
+    }
+}
+
+} // namespace
+} // namespace kelvarin

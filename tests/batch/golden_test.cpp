@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "batch_call.h"
+#include "support/golden.h"
+
+#include <filesystem>
+
+namespace kelvarin
+{
+namespace
+{
+
+/// The problems under tests/data/batch need nothing but + - * / and the square root, so that their results
+/// are the same to the last bit on every machine.
+class BatchGolden : public testing::Test
+{
+protected:
+    BatchGolden() : before_(std::filesystem::current_path())
+    {
+        // Reports and JSON name the file as it was given.
+        std::filesystem::current_path(std::filesystem::path(KELVARIN_TEST_DATA) / "batch");
+    }
+    ~BatchGolden() override { std::filesystem::current_path(before_); }
+
+private:
+    std::filesystem::path before_;
+};
+
+TEST_F(BatchGolden, OutputIsWhatItWas)
+{
+    struct row
+    {
+        std::string golden;
+        std::vector<std::string> arguments;
+        int status;
+    };
+    const std::vector<row> rows = {
+        {"explicit.txt", {"explicit.kvr"}, 0},
+        {"explicit.json", {"--format", "json", "explicit.kvr"}, 0},
+        {"explicit.rtf", {"--format", "rtf", "explicit.kvr"}, 0},
+        {"two-roots.txt", {"two-roots.kvr"}, 0},
+        {"two-roots.json", {"--format", "json", "two-roots.kvr"}, 0},
+        {"system.txt", {"system.kvr"}, 0},
+        {"system-constrained.json", {"--method", "constrained", "--format", "json", "system.kvr"}, 0},
+        {"refused.json", {"--format", "json", "circle.kvr", "red.kvr"}, 1},
+        {"checked.json", {"--check", "explicit.kvr", "two-roots.kvr", "circle.kvr", "red.kvr"}, 0},
+        {"settings.txt", {"--settings"}, 0},
+        {"settings.json", {"--settings", "--format", "json", "--set", "cnle_tol=0.001"}, 0},
+        {"help.txt", {"--help"}, 0},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.golden);
+        test::batch_call call;
+        const test::batch_result result = call(expected.arguments);
+        EXPECT_EQ(result.status, expected.status) << result.err;
+        test::expect_golden("batch/" + expected.golden, result.out);
+    }
+}
+
+TEST_F(BatchGolden, TheSameCallGivesTheSameBytesTwice)
+{
+    test::batch_call call;
+    const std::vector<std::string> arguments = {"--format", "json", "two-roots.kvr", "system.kvr", "explicit.kvr"};
+    EXPECT_EQ(call(arguments).out, call(arguments).out);
+}
+
+} // namespace
+} // namespace kelvarin

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "batch_call.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+extern char** environ;
+
+namespace kelvarin
+{
+namespace
+{
+
+/// Starts the built program with its outputs going to files of the current folder.
+pid_t start_program(std::vector<std::string> arguments)
+{
+    std::string program = KELVARIN_BIN "/kelvarin-solve";
+    std::vector<char*> argv = {program.data()};
+    for (std::string& argument : arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "out", O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "err", O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    // Ctrl+C is to reach the program even where this test was started to ignore it.
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    posix_spawnattr_setsigdefault(&attributes, &interrupt);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+
+    pid_t child = 0;
+    EXPECT_EQ(posix_spawn(&child, program.c_str(), &files, &attributes, argv.data(), environ), 0);
+    posix_spawn_file_actions_destroy(&files);
+    posix_spawnattr_destroy(&attributes);
+    return child;
+}
+
+int exit_status_of(pid_t child)
+{
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
+    return WEXITSTATUS(status);
+}
+
+/// A system without a solution, large enough that its iterations take far longer than the test waits.
+std::string endless_problem()
+{
+    constexpr int n = 100;
+    std::string rows, guesses, all = "0";
+    for (int i = 1; i <= 60; ++i)
+        all += "+x" + std::to_string(i);
+    for (int i = 1; i <= n; ++i) {
+        const std::string name = "x" + std::to_string(i);
+        rows += "f(" + name + ") = " + name + "^2+1+(" + all + ")^2\n";
+        guesses += name + "(0)=" + std::to_string(i) + "\n";
+    }
+    return "Endless\n" + rows + guesses;
+}
+
+TEST(Program, SolvesChecksAndEndsWithItsStatus)
+{
+    const test::scratch_folder folder;
+    folder.write("sum.kvr", test::explicit_only);
+    folder.write("fails.kvr", test::failing_run);
+
+    EXPECT_EQ(exit_status_of(start_program({"sum.kvr"})), 0);
+    EXPECT_TRUE(folder.read("out").starts_with("KELVARIN Results\n")) << folder.read("out");
+    EXPECT_EQ(folder.read("err"), "");
+    EXPECT_EQ(exit_status_of(start_program({"sum.kvr", "fails.kvr"})), 1);
+    EXPECT_EQ(exit_status_of(start_program({"missing.kvr"})), 2);
+    EXPECT_EQ(exit_status_of(start_program({})), 2);
+    EXPECT_EQ(exit_status_of(start_program({"--eval", "-2^2"})), 0);
+    EXPECT_EQ(json::parse(folder.read("out"))[0]["value"], -4.0);
+}
+
+TEST(Program, CtrlCEndsALongRunWithNothingWritten)
+{
+    const test::scratch_folder folder;
+    folder.write("endless.kvr", endless_problem());
+    const pid_t child = start_program({"-o", "report.txt", "--set", "mnewt_n=300", "endless.kvr"});
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    if (waitpid(child, nullptr, WNOHANG) == child) GTEST_SKIP() << "the run was over before it could be interrupted";
+    ASSERT_EQ(kill(child, SIGINT), 0);
+    EXPECT_EQ(exit_status_of(child), 130);
+    EXPECT_EQ(folder.read("out"), "");
+    EXPECT_EQ(folder.read("err"), "");
+    EXPECT_FALSE(folder.holds("report.txt"));
+}
+
+} // namespace
+} // namespace kelvarin

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "batch_call.h"
+#include "support/scratch_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::batch_result;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class SolveFiles : public testing::Test
+{
+protected:
+    SolveFiles()
+    {
+        folder.write("root.kvr", test::square_root_of_two);
+        folder.write("lines.kvr", test::plane_lines);
+        folder.write("sum.kvr", test::explicit_only);
+        folder.write("red.kvr", test::undefined_name);
+        folder.write("fails.kvr", test::failing_run);
+        folder.write("decay.kvr", test::differential);
+    }
+
+    test::scratch_folder folder;
+    test::batch_call call;
+};
+
+std::vector<std::string> keys_of(const json& object)
+{
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : object.items())
+        keys.push_back(key);
+    return keys;
+}
+
+TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
+{
+    struct row
+    {
+        std::vector<std::string> files;
+        int status;
+        int reports;
+        std::string err;
+    };
+    const std::vector<row> rows = {
+        {{"sum.kvr"}, 0, 1, ""},
+        {{"sum.kvr", "lines.kvr", "root.kvr"}, 0, 3, ""},
+        {{"fails.kvr", "sum.kvr"}, 1, 1, "Expression evaluation error. (fails.kvr)\nError: sqrt() of negative number not allowed.\nsqrt(b)\n"},
+        {{"red.kvr", "sum.kvr"}, 1, 1, "Kelvarin Guide (red.kvr)\nUndefined Variable: q\n"},
+        {{"missing.kvr", "fails.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (missing.kvr)\nThe file can not be read: "},
+        {{"decay.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (decay.kvr)\nDifferential equations are not yet solved"},
+        {{"."}, 2, 0, "Kelvarin Guide (.)\nThe file can not be read: "},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(testing::PrintToString(expected.files));
+        const batch_result result = call(expected.files);
+        EXPECT_EQ(result.status, expected.status);
+        EXPECT_THAT(result.err, StartsWith(expected.err));
+        EXPECT_EQ(result.err.empty(), expected.err.empty()) << result.err;
+        EXPECT_EQ(result.err.find('\r'), std::string::npos);
+        int reports = 0;
+        for (auto at = result.out.find("KELVARIN Results"); at != std::string::npos;
+             at = result.out.find("KELVARIN Results", at + 1))
+            ++reports;
+        EXPECT_EQ(reports, expected.reports);
+    }
+}
+
+TEST_F(SolveFiles, FilesOfOtherKindsAreToldByTheirKind)
+{
+    folder.write("line.kvr", "Equations\n1\n1\t2\t\r\n");
+    folder.write("table.kvr", "Table\n2 3\n1\t2\n");
+    folder.write("target.kvr", "Optimum\nx*y\nx(0)=1\n");
+    folder.write("one-line.kvr", "only a title\n");
+    folder.write("empty.kvr", "");
+    folder.write("odd.kvr", "title\n2x y = 3\nz = 1\n");
+    folder.write("report.rtf", "{\\rtf1 }");
+    folder.write("notes.txt", test::explicit_only);
+    folder.write("curve.kvg", "KVRGRF/V500//\n1\n2\n");
+    struct row
+    {
+        std::string file, kind, text;
+    };
+    const std::vector<row> rows = {
+        {"decay.kvr", "deq", "Differential equations are not yet solved by this version."},
+        {"line.kvr", "leq", "Linear equations are not yet solved by this version."},
+        {"table.kvr", "reg", "Data tables are not yet solved by this version."},
+        {"report.rtf", "report", "--kind nle"},
+        {"notes.txt", "text", "--kind nle"},
+        {"curve.kvg", "graph", "curve.kvg is a graph file"},
+        {"target.kvr", "unknown",
+         "The file format of target.kvr does not match any of the Kelvarin input files format."},
+        {"one-line.kvr", "unknown", "does not match any of the Kelvarin input files format."},
+        {"empty.kvr", "unknown", "does not match any of the Kelvarin input files format."},
+        {"odd.kvr", "nle", "Error while trying to open file."},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.file);
+        const batch_result solved = call({"--format", "json", expected.file});
+        EXPECT_EQ(solved.status, 2);
+        EXPECT_EQ(solved.as_json()["kind"], expected.kind);
+        EXPECT_EQ(solved.as_json()["ok"], false);
+        EXPECT_THAT(solved.as_json()["messages"][0]["text"].get<std::string>(), HasSubstr(expected.text));
+        EXPECT_THAT(solved.err, HasSubstr(expected.text));
+        const batch_result checked = call({"--check", expected.file});
+        EXPECT_EQ(checked.status, 2);
+        EXPECT_EQ(checked.as_json()["kind"], expected.kind);
+    }
+    EXPECT_EQ(call({"--kind", "nle", "notes.txt"}).status, 0);
+    EXPECT_EQ(call({"--kind", "nle", "one-line.kvr"}).status, 2);
+}
+
+TEST_F(SolveFiles, JsonHasTheKeysOfItsKindInOrder)
+{
+    const json one = call({"--format", "json", "root.kvr"}).as_json();
+    EXPECT_EQ(keys_of(one), (std::vector<std::string>{"file", "kind", "title", "method", "ok", "messages", "converged",
+                                                      "solutions", "scan", "report"}));
+    ASSERT_EQ(one["solutions"].size(), 1u);
+    EXPECT_NEAR(one["solutions"][0]["implicit"][0]["value"].get<double>(), std::sqrt(2.0), 1e-7);
+    EXPECT_EQ(one["scan"]["x"].size(), 167u);
+    EXPECT_EQ(one["scan"]["f"].size(), 167u);
+    EXPECT_EQ(one["scan"]["x"].back(), 2.0);
+    EXPECT_EQ(one["scan"]["f"].back(), 2.0);
+
+    const json all = call({"--format", "json", "lines.kvr", "sum.kvr", "fails.kvr"}).as_json();
+    ASSERT_TRUE(all.is_array());
+    ASSERT_EQ(all.size(), 3u);
+    EXPECT_EQ(keys_of(all[0]), (std::vector<std::string>{"file", "kind", "title", "method", "ok", "messages",
+                                                         "converged", "iterations", "implicit", "explicit", "report"}));
+    EXPECT_NEAR(all[0]["implicit"][0]["value"].get<double>(), 2.0, 1e-9);
+    EXPECT_NEAR(all[0]["implicit"][1]["value"].get<double>(), 1.0, 1e-9);
+    EXPECT_EQ(all[0]["implicit"][1]["guess"], 1.0);
+    EXPECT_EQ(all[0]["converged"], true);
+    EXPECT_FALSE(all[1].contains("iterations"));
+    EXPECT_EQ(all[1]["explicit"], json::parse(R"([{"name": "a", "value": 1.0}, {"name": "b", "value": 2.0}])"));
+    EXPECT_EQ(all[1]["report"], call({"sum.kvr"}).out);
+
+    EXPECT_EQ(keys_of(all[2]), (std::vector<std::string>{"file", "kind", "title", "method", "ok", "messages",
+                                                         "converged", "implicit", "explicit", "report"}));
+    EXPECT_EQ(all[2]["ok"], false);
+    EXPECT_EQ(all[2]["converged"], false);
+    EXPECT_EQ(all[2]["explicit"], json::array());
+    EXPECT_EQ(all[2]["report"], "");
+    EXPECT_EQ(all[2]["messages"].size(), 1u);
+}
+
+TEST_F(SolveFiles, ARefusedSingleEquationKeepsItsEmptyArrays)
+{
+    const batch_result result = call({"--format", "json", "red.kvr"});
+    EXPECT_EQ(result.status, 1);
+    const json object = result.as_json();
+    EXPECT_EQ(object["ok"], false);
+    EXPECT_EQ(object["solutions"], json::array());
+    EXPECT_EQ(object["scan"], json::parse(R"({"x": [], "f": []})"));
+    EXPECT_FALSE(object.contains("implicit"));
+}
+
+TEST_F(SolveFiles, MessagesKeepTheirCarriageReturnsInJsonOnly)
+{
+    folder.write("syntax.kvr", "Syntax\nf(x) = x+y*\nf(y) = y-1\nx(0)=1\ny(0)=1\n");
+    const batch_result result = call({"--format", "json", "syntax.kvr"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.as_json()["messages"][0]["text"].get<std::string>(),
+                StartsWith("Nonlinear equation # 1\rSyntax Error: "));
+    EXPECT_THAT(result.err, StartsWith("Kelvarin Guide (syntax.kvr)\nNonlinear equation # 1\nSyntax Error: "));
+}
+
+TEST_F(SolveFiles, OutputGoesWhereItIsSentAndNowhereElse)
+{
+    const batch_result each = call({"-o", "{}.report", "sum.kvr", "fails.kvr", "root.kvr"});
+    EXPECT_EQ(each.status, 1);
+    EXPECT_EQ(each.out, "");
+    EXPECT_EQ(folder.read("sum.report"), call({"sum.kvr"}).out);
+    EXPECT_EQ(folder.read("root.report"), call({"root.kvr"}).out);
+    EXPECT_FALSE(folder.holds("fails.report")) << "a run without a report makes no file";
+
+    EXPECT_EQ(call({"-o", "both.txt", "sum.kvr", "root.kvr"}).status, 0);
+    EXPECT_EQ(folder.read("both.txt"), folder.read("sum.report") + "\n" + folder.read("root.report"));
+    EXPECT_EQ(call({"sum.kvr", "fails.kvr", "root.kvr"}).out, folder.read("both.txt"));
+
+    EXPECT_EQ(call({"--format", "json", "-o", "{}.json", "sum.kvr", "fails.kvr"}).status, 1);
+    EXPECT_EQ(json::parse(folder.read("sum.json"))["ok"], true);
+    EXPECT_EQ(json::parse(folder.read("fails.json"))["ok"], false);
+    EXPECT_EQ(call({"--format", "json", "-o", "all.json", "sum.kvr", "fails.kvr"}).status, 1);
+    EXPECT_EQ(json::parse(folder.read("all.json")).size(), 2u);
+
+    EXPECT_EQ(call({"--format", "rtf", "-o", "sum.rtf", "sum.kvr"}).status, 0);
+    EXPECT_THAT(folder.read("sum.rtf"), AllOf(StartsWith("{\\rtf1\\ansi"), testing::EndsWith("\\par }")));
+}
+
+TEST_F(SolveFiles, AnOutputThatCannotBeWrittenIsTold)
+{
+    const batch_result result = call({"-o", "no/such/folder.txt", "sum.kvr"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, StartsWith("Kelvarin Guide (no/such/folder.txt)\nError while trying to save file.\n"));
+    std::filesystem::create_directory("folder");
+    EXPECT_EQ(call({"-o", "folder", "sum.kvr"}).status, 2);
+}
+
+TEST_F(SolveFiles, TheMethodOfTheCommandLineReplacesThatOfTheFile)
+{
+    for (const std::string method : {"fastnewt", "safenewt", "safebroydn", "constrained"}) {
+        SCOPED_TRACE(method);
+        const json object = call({"--format", "json", "--method", method, "lines.kvr"}).as_json();
+        EXPECT_EQ(object["method"], method);
+        EXPECT_EQ(object["ok"], true);
+        EXPECT_NEAR(object["implicit"][0]["value"].get<double>(), 2.0, 1e-6);
+        EXPECT_THAT(object["report"].get<std::string>(), HasSubstr("NLES Report (" + method + ")"));
+    }
+    const batch_result refused = call({"--method", "3", "root.kvr"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("Constrained NLE method may only be chosen for a system"));
+}
+
+TEST_F(SolveFiles, FileNamesThatAreNoUtf8DoNotBreakJson)
+{
+    const std::string name = "r\xE9sum\xE9.kvr";
+    folder.write(name, test::explicit_only);
+    const batch_result result = call({"--format", "json", name});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.as_json()["file"], "r\xEF\xBF\xBDsum\xEF\xBF\xBD.kvr");
+    EXPECT_EQ(call({"--check", "\xFF"}).status, 2);
+}
+
+TEST_F(SolveFiles, AWishToStopEndsWithoutHalfAnAnswer)
+{
+    call.listener.ask_to_stop();
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"lines.kvr", "root.kvr"},
+             {"--format", "json", "lines.kvr", "root.kvr"},
+             {"-o", "all.txt", "lines.kvr"},
+             {"-o", "{}.txt", "root.kvr"},
+         }) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const batch_result result = call(arguments);
+        EXPECT_EQ(result.status, 130);
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_FALSE(folder.holds("all.txt"));
+    EXPECT_FALSE(folder.holds("root.txt"));
+}
+
+TEST_F(SolveFiles, CheckTellsWhatIsMissingAndSucceedsOnARedProblem)
+{
+    folder.write("twice.kvr", "Twice\nf(x) = x-1\na = x\na = x+u+v\nx(min)=2, x(max)=2\n");
+    const batch_result result = call({"--check", "red.kvr", "twice.kvr", "lines.kvr"});
+    EXPECT_EQ(result.status, 0);
+    const json all = result.as_json();
+    ASSERT_EQ(all.size(), 3u);
+    EXPECT_EQ(keys_of(all[0]),
+              (std::vector<std::string>{"file", "kind", "title", "method", "green", "panels", "implicit", "explicit",
+                                        "undefined", "duplicates", "warnings"}));
+    EXPECT_EQ(all[0]["green"], false);
+    EXPECT_EQ(all[0]["panels"], json::parse(R"(["Nonlinear Equations: 1 ", "Auxiliary Equations: 0 ",
+                                                "Undefined Variable: q "])"));
+    EXPECT_EQ(all[0]["warnings"], json::parse(R"(["Warning: Undefined variable/s exist."])")) << all[0]["warnings"];
+    EXPECT_EQ(all[1]["undefined"], json::parse(R"(["u", "v"])"));
+    EXPECT_EQ(all[1]["duplicates"], json::parse(R"(["a"])"));
+    EXPECT_EQ(all[1]["explicit"], json::parse(R"(["a", "a"])"));
+    EXPECT_EQ(all[2]["green"], true);
+    EXPECT_EQ(all[2]["warnings"], json::array());
+}
+
+} // namespace
+} // namespace kelvarin
