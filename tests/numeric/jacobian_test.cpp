@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "failures.h"
+#include "numeric/NR_vbNLE.h"
+#include "recording_system.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace kelvarin::test
+{
+
+namespace
+{
+
+void same(std::span<const double> x, std::span<double> f)
+{
+    std::ranges::copy(x, f.begin());
+}
+
+void products(std::span<const double> x, std::span<double> f)
+{
+    f[0] = x[0] * x[1];
+    f[1] = x[0] + 3.0 * x[1];
+}
+
+} // namespace
+
+TEST(Fdjac, StepIsRelativeToTheMagnitude)
+{
+    struct row
+    {
+        double x;
+        double moved;
+    };
+    const std::vector<row> cases = {{0.0, 1e-07},
+                                    {-3.0, -3.0 + 1e-07 * 3.0},
+                                    {2.0, 2.0 + 1e-07 * 2.0},
+                                    {1e-320, 1e-320 + 1e-07},
+                                    {-1e12, -1e12 + 1e-07 * 1e12}};
+    for (const row& given : cases) {
+        SCOPED_TRACE(given.x);
+        recording_system system(1, same);
+        matrix df(1, 1);
+        fdjac(system, std::vector{given.x}, std::vector{given.x}, df);
+        ASSERT_EQ(system.points.size(), 1U);
+        EXPECT_EQ(system.points[0][0], given.moved);
+        // Divided by the step as represented: the slope of f(x) = x is 1 to the last bit.
+        EXPECT_EQ(df(0, 0), 1.0);
+    }
+}
+
+TEST(Fdjac, CostsOneEvaluationForEachColumnInOrder)
+{
+    recording_system system(2, products);
+    matrix df(2, 2);
+    fdjac(system, std::vector{2.0, 5.0}, std::vector{10.0, 17.0}, df);
+    const std::vector<std::vector<double>> expected = {{2.0 + 2e-07, 5.0}, {2.0, 5.0 + 5e-07}};
+    EXPECT_EQ(system.points, expected);
+    EXPECT_NEAR(df(0, 0), 5.0, 1e-6);
+    EXPECT_NEAR(df(0, 1), 2.0, 1e-6);
+    EXPECT_NEAR(df(1, 0), 1.0, 1e-6);
+    EXPECT_NEAR(df(1, 1), 3.0, 1e-6);
+}
+
+TEST(Usrfun, StepIsAbsoluteAndResidualsComeFirst)
+{
+    recording_system system(2, products);
+    matrix fjac(2, 2);
+    std::vector<double> f(2);
+    usrfun(system, std::vector{2.0, 5.0}, f, fjac);
+    const std::vector<std::vector<double>> expected = {{2.0, 5.0}, {2.0 + 1e-05, 5.0}, {2.0, 5.0 + 1e-05}};
+    EXPECT_EQ(system.points, expected);
+    EXPECT_EQ(f, (std::vector{10.0, 17.0}));
+    EXPECT_EQ(fjac(0, 1), (2.0 * (5.0 + 1e-05) - 10.0) / 1e-05);
+}
+
+TEST(Usrfun, StepIsLostBesideALargeUnknown)
+{
+    function_system system(1, same);
+    matrix fjac(1, 1);
+    std::vector<double> f(1);
+    usrfun(system, std::vector{1e20}, f, fjac);
+    EXPECT_EQ(fjac(0, 0), 0.0);
+}
+
+TEST(Jacobians, OverflowIsAFailure)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    struct row
+    {
+        std::vector<double> residuals;
+        double x;
+    };
+    // The residual itself, a column, a quotient.
+    const std::vector<row> cases = {{{infinity}, 1.0}, {{1.0, infinity}, 1.0}, {{0.0, 1e305}, 1.0}};
+    for (const row& given : cases) {
+        matrix df(1, 1);
+        std::vector<double> f(1);
+        function_system system(1, scripted(given.residuals));
+        EXPECT_EQ(failure_of([&] { usrfun(system, std::vector{given.x}, f, df); }), "6");
+    }
+    function_system system(1, same);
+    matrix df(1, 1);
+    const double huge = std::numeric_limits<double>::max();
+    EXPECT_EQ(failure_of([&] { fdjac(system, std::vector{huge}, std::vector{huge}, df); }), "6");
+}
+
+} // namespace kelvarin::test
