@@ -294,7 +294,7 @@ std::string nle_report(const nle_run_problem& problem, const nle_outcome& outcom
 {
     std::string report;
     report.reserve(4096 + 256 * problem.content.rows.size());
-    add_line(report, {report_head(problem.content.title, date)});
+    report += report_head(problem.content.title, date);
     if (outcome.kind == nle_run_kind::explicit_only) {
         add_explicit_report(report, problem, outcome);
     } else {

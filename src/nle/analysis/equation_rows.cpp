@@ -9,10 +9,10 @@ namespace kelvarin
 namespace
 {
 
-/// Where a part of a text stands in it.
-std::size_t offset_in(std::string_view text, std::string_view part)
+/// Where a part of a text stands in it; an empty part stands at `otherwise`.
+std::size_t offset_in(std::string_view text, std::string_view part, std::size_t otherwise)
 {
-    return static_cast<std::size_t>(part.data() - text.data());
+    return part.empty() ? otherwise : static_cast<std::size_t>(part.data() - text.data());
 }
 
 std::string_view implicit_name(std::string_view equation)
@@ -36,10 +36,10 @@ equation_parts parts_of(std::string_view equation)
     parts.implicit = is_implicit(equation);
     const std::size_t equals = equation.find('=');
     parts.name = parts.implicit ? implicit_name(equation) : trimmed(equation.substr(0, equals));
-    parts.name_offset = offset_in(equation, parts.name);
+    parts.name_offset = offset_in(equation, parts.name, 0);
     const std::size_t behind = equals == std::string_view::npos ? equation.size() : equals + 1;
     parts.right_side = trimmed(equation.substr(behind));
-    parts.right_side_offset = offset_in(equation, parts.right_side);
+    parts.right_side_offset = offset_in(equation, parts.right_side, behind);
     return parts;
 }
 

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "nle/nle_run.h"
+#include "support/digits.h"
+#include "support/equation_rows.h"
+#include "support/nle_runs.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::explicit_row;
+using test::implicit_row;
+using test::run_of;
+using test::single_of;
+
+void expect_box(const nle_outcome& outcome, const char* title, const char* text)
+{
+    EXPECT_FALSE(outcome.has_report);
+    ASSERT_EQ(outcome.boxes.size(), 1U);
+    EXPECT_EQ(outcome.boxes.front().title, title);
+    EXPECT_EQ(outcome.boxes.front().text, text);
+    EXPECT_EQ(outcome.boxes.front().icon, box_icon::critical);
+}
+
+TEST(NleSingle, FindsTheRootsOfTheRangeInTheOrderOfTheScan)
+{
+    struct search
+    {
+        const char* name;
+        nle_content content;
+        std::vector<double> roots;
+    };
+    const search searches[] = {
+        {"two roots", single_of({implicit_row("x", "x^2 - 2")}, "-3", "3"), {-std::sqrt(2.0), std::sqrt(2.0)}},
+        {"downward", single_of({implicit_row("x", "x^2 - 2")}, "3", "-3"), {std::sqrt(2.0), -std::sqrt(2.0)}},
+        {"three roots", single_of({implicit_row("x", "(x - 1)*(x - 2)*(x - 4)")}, "0.3", "5"), {1, 2, 4}},
+        {"with explicit rows",
+         single_of({explicit_row("y", "x - k"), implicit_row("x", "y*y - 4"), explicit_row("k", "3")}, "0.3", "9"),
+         {1, 5}},
+        {"values too small for a product",
+         single_of({implicit_row("x", "1e-200*(x - 1)")}, "0.3", "3"),
+         // The residual test holds at the first start, the middle of interval 43 from 1: 0.3 + 43.5 * 2.7 / 167.
+         {0.3 + 43.5 * 2.7 / 167}},
+        {"no change of sign: the guess decides",
+         single_of({implicit_row("x", "(x - 3)*(x - 4)", "2.9")}, "5", "9"),
+         {3}},
+        {"no change of sign at a kept root outside", single_of({implicit_row("x", "x - 10", "1")}, "0", "2"), {10}},
+        {"two roots within a hundredth are one",
+         single_of({implicit_row("x", "1000*(x - 1)*(x - 1.005)")}, "0.99", "1.02"),
+         {1}},
+        {"no root at all", single_of({implicit_row("x", "x^2 + 1", "0")}, "-2", "2", nle_method::safenewt), {}},
+        // The failure at the guess must not reach the scan. The root of ln x = 1 is Euler's number.
+        {"guess outside the domain", single_of({implicit_row("x", "ln(x) - 1", "-1")}, "1", "5"), {2.718281828459045}},
+        {"guess outside the domain, with explicit rows",
+         single_of({explicit_row("y", "ln(x)"), implicit_row("x", "y - 1", "-1")}, "1", "5"),
+         {2.718281828459045}},
+    };
+    for (const search& s : searches) {
+        SCOPED_TRACE(s.name);
+        const nle_outcome outcome = run_of(s.content);
+        ASSERT_TRUE(outcome.has_report);
+        EXPECT_EQ(outcome.converged(), !s.roots.empty());
+        ASSERT_EQ(outcome.roots.size(), s.roots.size());
+        for (std::size_t i = 0; i < s.roots.size(); ++i) {
+            EXPECT_GE(test::digits_shown(outcome.roots[i].implicit.front().value, s.roots[i]), 6.0);
+        }
+    }
+}
+
+TEST(NleSingle, EveryMethodOfOneEquationFindsBothRoots)
+{
+    for (const nle_method method : {nle_method::fastnewt, nle_method::safenewt, nle_method::safebroydn}) {
+        const nle_outcome outcome = run_of(single_of({implicit_row("x", "exp(x) - 3*x")}, "0.1", "3", method));
+        // The roots of exp(x) = 3 x are -W(-1/3) on both branches.
+        ASSERT_EQ(outcome.roots.size(), 2U);
+        EXPECT_NEAR(outcome.roots[0].implicit.front().value, 0.619061286735945, 1e-6);
+        EXPECT_NEAR(outcome.roots[1].implicit.front().value, 1.512134551657843, 1e-6);
+    }
+    const nle_outcome refused = run_of(single_of({implicit_row("x", "x")}, "1", "2", nle_method::constrained));
+    expect_box(refused, "Kelvarin Guide",
+               "Constrained NLE method may only be chosen for a system of nonlinear equations. Single NLE not allowed "
+               "for this.");
+}
+
+TEST(NleSingle, TheGridEndsAtTheUpperBoundAndStartsAreMiddles)
+{
+    // The grid of a range of 167 has a step of 1: the points are -0.5 + i, the middles whole numbers.
+    const nle_outcome outcome = run_of(single_of({implicit_row("x", "(x - 2)*(x - 5)", "3")}, "-0.5", "166.5"));
+    ASSERT_EQ(outcome.scan_x.size(), 167U);
+    EXPECT_EQ(outcome.scan_x.front(), 0.5);
+    EXPECT_EQ(outcome.scan_x.back(), 166.5);
+    EXPECT_EQ(outcome.scan_f.front(), 6.75);
+    ASSERT_EQ(outcome.roots.size(), 2U);
+    EXPECT_EQ(outcome.roots[0].implicit.front().guess, 2.0);
+    EXPECT_EQ(outcome.roots[1].implicit.front().guess, 5.0);
+    EXPECT_EQ(outcome.initial_values.implicit.front().value, 3.0);
+    EXPECT_EQ(outcome.initial_values.implicit.front().residual, -2.0);
+}
+
+TEST(NleSingle, BehindAFailedGridPointTheScanHoldsZeros)
+{
+    // Grid step 4 / 167; point 84 is the first above 2, and keeps the 5 that was computed before the failure.
+    const nle_outcome outcome = run_of(single_of({implicit_row("x", "5 + ln(2 - x)", "1.99")}, "0", "4"));
+    ASSERT_TRUE(outcome.has_report);
+    EXPECT_GT(outcome.scan_f[82], 0.0);
+    EXPECT_EQ(outcome.scan_f[83], 5.0);
+    for (std::size_t i = 84; i < 167; ++i)
+        EXPECT_EQ(outcome.scan_f[i], 0.0);
+    ASSERT_EQ(outcome.roots.size(), 1U);
+    EXPECT_NEAR(outcome.roots[0].implicit.front().value, 2.0 - std::exp(-5.0), 1e-7);
+}
+
+TEST(NleSingle, AKeptRootOfZeroEndsTheNextSearchInTheHandler)
+{
+    // The middle of interval 83 of the range is 0 exactly, and a root.
+    expect_box(run_of(single_of({implicit_row("x", "x*(x - 0.5)*(x + 0.5)")}, "-1", "1")), "Kelvarin Guide",
+               "Internal Error trapped.\r(11) Division by zero\r");
+    EXPECT_EQ(run_of(single_of({implicit_row("x", "x*(x + 0.5)")}, "-1", "1")).roots.size(), 2U);
+}
+
+TEST(NleSingle, APoleMayPassForARootFarAway)
+{
+    const nle_outcome outcome = run_of(single_of({implicit_row("x", "1/(x - 0.1)")}, "0", "1"));
+    ASSERT_EQ(outcome.roots.size(), 1U);
+    EXPECT_GT(std::fabs(outcome.roots[0].implicit.front().value), 1e6);
+}
+
+TEST(NleSingle, AFailureInALocalSearchEndsTheRun)
+{
+    // The Newton step from 0.5 lands near -0.5.
+    expect_box(run_of(single_of({implicit_row("x", "sqrt(x) - 0.001", "0.5")}, "1", "2")),
+               "Expression evaluation error", "Error: sqrt() of negative number not allowed.\rsqrt(x)");
+    settings few_steps;
+    ASSERT_FALSE(few_steps.set_value("newt_MAXITS", "10"));
+    expect_box(run_of(single_of({implicit_row("x", "x^20", "2")}, "1", "3", nle_method::safenewt), few_steps),
+               "Kelvarin Guide", "Internal Error trapped.\r(8888) Numeric failure\rNEWT: MAXITS exceeded in newt");
+    expect_box(run_of(single_of({implicit_row("x", "x")}, "-1e308", "1e308")), "Kelvarin Guide",
+               "Internal Error trapped.\r(6) Overflow\r");
+}
+
+TEST(NleSingle, BoundsAtFaultStopTheRunFirst)
+{
+    expect_box(run_of(single_of({implicit_row("x", "x")}, "", "1")), "Kelvarin Guide",
+               "Lower boundary guess for NLE is not a valid number.");
+    expect_box(run_of(single_of({implicit_row("x", "x")}, "1", "one")), "Kelvarin Guide",
+               "Upper boundary guess for NLE is not a valid number.");
+    expect_box(run_of(single_of({implicit_row("x", "x")}, "1", "1")), "Kelvarin Guide",
+               "Upper boundary guess is equall to Lower boundary guess.");
+}
+
+} // namespace
+} // namespace kelvarin
