@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "expr/program_code.h"
 
+#include <cassert>
+
 namespace kelvarin
 {
 
@@ -21,8 +23,10 @@ public:
     using line_kind = code_line::line_kind;
 
     explicit code_writer(const program_graph& graph)
-        : graph_(graph), cell_of_(graph.values().size(), no_cell), next_cell_(graph.input_count())
+        : graph_(graph), cell_of_(graph.values().size(), no_cell), checked_(graph.values().size(), 0),
+          next_cell_(graph.input_count())
     {
+        choose_checks();
         for (std::size_t id = 0; id < graph.values().size(); ++id) {
             const value& v = graph.values()[id];
             if (v.kind == program_graph::value_kind::input) {
@@ -41,7 +45,7 @@ public:
             if (!available(result)) compute(result);
         for (const value_id output : graph_.outputs())
             code_.output_cells.push_back(cell_of(output));
-        code_.lines.push_back({});
+        halt();
         code_.cell_count = next_cell_;
         if (next_cell_ > most_cells || !fits_) return std::nullopt;
         return std::move(code_);
@@ -55,12 +59,43 @@ private:
     bool available(value_id id) const { return cell_of_[static_cast<std::size_t>(id)] != no_cell; }
     std::uint16_t cell_of(value_id id) const
     {
+        assert(available(id));
         return cell(static_cast<std::size_t>(cell_of_[static_cast<std::size_t>(id)]));
     }
-    /// Inputs, constants and results are finite, or the check has seen that they are not.
-    bool known_finite(value_id id) const
+    /// Finds the results that need a check of their own: those that no value computed in any case would
+    /// show or check.
+    void choose_checks()
     {
-        return at(id).kind != program_graph::value_kind::operation || at(id).is_result;
+        std::vector<char> certain(graph_.values().size(), 0);
+        std::vector<char> covered(graph_.values().size(), 0);
+        for (const value_id result : graph_.results())
+            certain[static_cast<std::size_t>(result)] = 1;
+        for (std::size_t id = graph_.values().size(); id-- > 0;) {
+            const value& v = graph_.values()[id];
+            if (v.is_result && !covered[id]) checked_[id] = covered[id] = 1;
+            if (!certain[id] || v.kind != program_graph::value_kind::operation) continue;
+            const bool conditional = v.operation == operation_code::if_then_else;
+            cover(v.a, certain, covered, covered[id] || checks_first(v.operation));
+            if (!conditional && v.b != program_graph::none)
+                cover(v.b, certain, covered, covered[id] || checks_second(v.operation));
+        }
+    }
+
+    static void cover(value_id id, std::vector<char>& certain, std::vector<char>& covered, bool seen)
+    {
+        certain[static_cast<std::size_t>(id)] = 1;
+        if (seen) covered[static_cast<std::size_t>(id)] = 1;
+    }
+
+    /// Whether an operation adds its operand to the check.
+    static bool checks_first(operation_code operation)
+    {
+        if (operation == operation_code::if_then_else || operation == operation_code::power) return true;
+        return is_relation(operation) || (is_function(operation) && !shows_infinity(operation));
+    }
+    static bool checks_second(operation_code operation)
+    {
+        return operation == operation_code::divide || operation == operation_code::power || is_relation(operation);
     }
 
     /// Computes a value into the accumulator, and stores it where it is needed again.
@@ -73,6 +108,7 @@ private:
             write_function(v);
         else
             write_binary(v);
+        accumulator_ = id;
         if (v.is_result || v.uses > 1) store(id);
     }
 
@@ -82,15 +118,26 @@ private:
         if (available(id)) return;
         if (!takes_store_) pass_on();
         code_line& line = code_.lines.back();
-        line.kept = at(id).is_result ? keep::store_checked : keep::store;
+        line.kept = checked_[static_cast<std::size_t>(id)] ? keep::store_checked : keep::store;
         line.d = cell(next_cell_);
         cell_of_[static_cast<std::size_t>(id)] = static_cast<std::int32_t>(next_cell_++);
         stored_.push_back(id);
         takes_store_ = takes_operation_ = false;
     }
 
+    void halt()
+    {
+        const bool straight = !code_.lines.empty() && !takes_store_ && code_.lines.back().kept == keep::store_checked &&
+                              code_.lines.size() != jump_target_;
+        if (straight)
+            code_.lines.back().kept = keep::store_checked_and_halt;
+        else
+            code_.lines.push_back({});
+    }
+
     void append(const code_line& line)
     {
+        if (starts_afresh(line.first)) before_ = accumulator_;
         code_.lines.push_back(line);
         takes_store_ = true;
         takes_operation_ = line.kind == line_kind::arithmetic && line.second == operand_form::none;
@@ -101,10 +148,9 @@ private:
 
     void load(value_id id)
     {
-        if (available(id))
-            append({.kind = line_kind::arithmetic, .first = operand_form::load, .a = cell_of(id)});
-        else
-            compute(id);
+        if (!available(id)) return compute(id);
+        append({.kind = line_kind::arithmetic, .first = operand_form::load, .a = cell_of(id)});
+        accumulator_ = id;
     }
 
     struct operands
@@ -114,36 +160,62 @@ private:
         std::uint16_t b = 0;
     };
 
-    /// Makes both operands of a line ready; at most one of them stays in the accumulator.
+    /// Whether a value that is not available takes one line that starts afresh, and otherwise goes on from
+    /// the accumulator: then the accumulator before is left alone.
+    bool is_chain(value_id id) const
+    {
+        while (true) {
+            const value& v = at(id);
+            if (v.operation == operation_code::if_then_else) return false;
+            const bool has_a = available(v.a);
+            const bool has_b = v.b == program_graph::none || available(v.b);
+            if (has_a && has_b) return true;
+            if (!has_a && !has_b && v.a != v.b) return false;
+            id = has_a ? v.b : v.a;
+        }
+    }
+
+    /// Computes two values of which neither is available. Afterwards one is in the accumulator, and the
+    /// other one in the accumulator before or in a cell.
+    void compute_both(value_id left, value_id right)
+    {
+        const bool left_first = is_chain(right) || !is_chain(left);
+        const value_id first = left_first ? left : right;
+        const value_id second = left_first ? right : left;
+        compute(first);
+        if (available(second)) return;
+        if (!is_chain(second) || accumulator_ != first) store(first);
+        compute(second);
+    }
+
+    /// Makes both operands of a line ready. They stay in the accumulators where they are there already:
+    /// a value that has just been stored comes back faster from there than from its cell.
     operands ready(value_id left, value_id right)
     {
-        if (!available(left) && !available(right) && left != right) {
+        if (!available(left) && !available(right) && left != right)
+            compute_both(left, right);
+        else if (!available(left))
             compute(left);
-            if (available(right)) return {operand_form::accumulator_cell, cell_of(right)};
-            // The second one takes the accumulator.
-            store(left);
-        }
-        if (!available(left)) {
-            compute(left);
-            return {operand_form::accumulator_cell, cell_of(right)};
-        }
-        if (!available(right)) {
+        else if (!available(right))
             compute(right);
-            return {operand_form::cell_accumulator, cell_of(left)};
-        }
+        if (accumulator_ == left && accumulator_ == right) return {operand_form::accumulator_twice};
+        if (before_ == left && accumulator_ == right) return {operand_form::before_accumulator};
+        if (accumulator_ == left && before_ == right) return {operand_form::accumulator_before};
+        if (accumulator_ == left) return {operand_form::accumulator_cell, cell_of(right)};
+        if (accumulator_ == right) return {operand_form::cell_accumulator, cell_of(left)};
         return {operand_form::cell_cell, cell_of(left), cell_of(right)};
     }
 
     void write_function(const value& v)
     {
-        if (available(v.a)) {
+        if (available(v.a) && accumulator_ != v.a) {
             append({.kind = line_kind::operation,
                     .first = operand_form::load,
                     .operation = v.operation,
                     .a = cell_of(v.a)});
             return;
         }
-        compute(v.a);
+        if (accumulator_ != v.a) compute(v.a);
         append({.kind = line_kind::operation, .first = operand_form::accumulator, .operation = v.operation});
     }
 
@@ -166,25 +238,23 @@ private:
     void write_binary(const value& v)
     {
         const operands sides = ready(v.a, v.b);
-        const auto operation = arithmetic_of(v.operation);
-        if (operation)
-            write_arithmetic(*operation, sides, known_finite(v.b));
-        else
-            append({.kind = line_kind::operation,
-                    .first = sides.form,
-                    .operation = v.operation,
-                    .a = sides.a,
-                    .b = sides.b});
+        if (const auto operation = arithmetic_of(v.operation); operation) return write_arithmetic(*operation, sides, v);
+        append(
+            {.kind = line_kind::operation, .first = sides.form, .operation = v.operation, .a = sides.a, .b = sides.b});
     }
 
-    void write_arithmetic(arithmetic operation, operands sides, bool finite_denominator)
+    void write_arithmetic(arithmetic operation, operands sides, const value& v)
     {
-        const bool in_accumulator = sides.form == operand_form::cell_accumulator;
-        if (operation == arithmetic::divide && (in_accumulator || !finite_denominator))
-            operation = arithmetic::divide_checked;
         const bool commutes = operation == arithmetic::add || operation == arithmetic::multiply;
-        if (in_accumulator && commutes) sides.form = operand_form::accumulator_cell;
-        if (sides.form != operand_form::cell_cell && takes_operation_) {
+        if (commutes && sides.form == operand_form::cell_accumulator) sides.form = operand_form::accumulator_cell;
+        if (commutes && sides.form == operand_form::accumulator_before) sides.form = operand_form::before_accumulator;
+        if (sides.form == operand_form::accumulator_twice && operation != arithmetic::multiply) {
+            // Squares are frequent; any other operation of a value on itself takes it from its cell as well.
+            store(v.a);
+            sides = {operand_form::accumulator_cell, cell_of(v.a)};
+        }
+        const bool extends = sides.form != operand_form::cell_cell && sides.form != operand_form::accumulator_twice;
+        if (extends && takes_operation_) {
             code_line& line = code_.lines.back();
             line.second = sides.form;
             line.second_operation = operation;
@@ -204,10 +274,12 @@ private:
     {
         const std::size_t outside = stored_.size();
         takes_store_ = takes_operation_ = false;
+        accumulator_ = before_ = program_graph::none;
         load(id);
         for (std::size_t i = outside; i < stored_.size(); ++i)
             cell_of_[static_cast<std::size_t>(stored_[i])] = no_cell;
         stored_.resize(outside);
+        accumulator_ = before_ = program_graph::none;
         takes_store_ = takes_operation_ = false;
     }
 
@@ -223,11 +295,13 @@ private:
         const std::size_t length = code_.lines.size() - from;
         if (length > most_jumped) fits_ = false;
         code_.lines[from].jump = static_cast<std::uint16_t>(length);
+        jump_target_ = code_.lines.size();
     }
 
     void write_conditional(const value& v)
     {
         load(v.a);
+        accumulator_ = program_graph::none;
         const std::size_t to_else = open_jump(line_kind::jump_if_zero);
         write_branch(v.b);
         const std::size_t to_end = open_jump(line_kind::jump);
@@ -239,8 +313,15 @@ private:
     const program_graph& graph_;
     program_code code_;
     std::vector<std::int32_t> cell_of_;
+    /// Whether a value is checked when it is stored.
+    std::vector<char> checked_;
     std::vector<value_id> stored_;
     std::size_t next_cell_;
+    /// The values that the accumulators hold.
+    value_id accumulator_ = program_graph::none;
+    value_id before_ = program_graph::none;
+    /// The line that the last jump leads to.
+    std::size_t jump_target_ = static_cast<std::size_t>(-1);
     /// Whether the last line made the accumulator's value and can still keep it, or apply a further
     /// operation to it.
     bool takes_store_ = false;

@@ -9,9 +9,11 @@
 
 /// The straight code of a program, as it is before a machine has chosen its handlers.
 ///
-/// The code works on one file of cells (inputs, constants, intermediate values) and an accumulator. An
-/// instruction computes into the accumulator and may then apply a second operation to it and store it.
-/// Beside the accumulator runs a sum of v - v over the values v in which something not finite could
+/// The code works on one file of cells (inputs, constants, intermediate values), an accumulator, and the
+/// accumulator before. A line computes into the accumulator and may then apply a second operation to it
+/// and store it. A line that does not start from the accumulator moves it to the accumulator before: the
+/// left side of an operation waits there while the right side is computed.
+/// Beside them runs a sum of v - v over the values v in which something not finite could
 /// otherwise get lost: denominators, operands of powers and comparisons, conditions, arguments of
 /// functions that are finite at infinity, and all results. It is not a number exactly when something
 /// failed.
@@ -22,29 +24,38 @@ namespace kelvarin
 enum class operand_form : std::uint8_t
 {
     none,
-    load,             // cell a alone
-    cell_cell,        // a op b
-    accumulator_cell, // accumulator op cell
-    cell_accumulator, // cell op accumulator
-    accumulator       // the accumulator alone
+    load,               // cell a alone
+    cell_cell,          // a op b
+    accumulator_cell,   // accumulator op cell
+    cell_accumulator,   // cell op accumulator
+    before_accumulator, // accumulator before op accumulator
+    accumulator_before, // accumulator op accumulator before
+    accumulator,        // the accumulator alone
+    accumulator_twice   // accumulator op accumulator
 };
+
+/// Whether a line of this form leaves the accumulator to the accumulator before.
+constexpr bool starts_afresh(operand_form form)
+{
+    return form == operand_form::load || form == operand_form::cell_cell;
+}
 
 enum class arithmetic : std::uint8_t
 {
     add,
     subtract,
     multiply,
-    /// By a cell that is known to be finite.
-    divide,
-    divide_checked
+    divide
 };
 
 enum class keep : std::uint8_t
 {
     no,
     store,
-    /// The value is a result: it has to be finite.
-    store_checked
+    /// The value has to be finite.
+    store_checked,
+    /// The same in the last line of the program.
+    store_checked_and_halt
 };
 
 struct code_line

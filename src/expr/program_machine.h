@@ -73,9 +73,9 @@ template <class V, class Function> inline V each_lane(const V& x, const V& y, Fu
 template <class V> struct instruction;
 
 /// Direct form: runs to the end of the program and returns the check.
-template <class V> using direct_handler = V (*)(const instruction<V>*, V*, V, V);
+template <class V> using direct_handler = V (*)(const instruction<V>*, V*, V, V, V);
 /// Loop form: one step; nothing follows behind the end.
-template <class V> using loop_handler = const instruction<V>* (*)(const instruction<V>*, V*, V&, V&);
+template <class V> using loop_handler = const instruction<V>* (*)(const instruction<V>*, V*, V&, V&, V&);
 template <class V> using handler = std::conditional_t<direct_jumps, direct_handler<V>, loop_handler<V>>;
 
 template <class V> struct instruction
@@ -88,16 +88,34 @@ template <class V> struct instruction
     std::uint16_t d = 0;
 };
 
-/// Makes a handler of a step `next = Step(instruction, cells, accumulator, check)`.
-template <class V, auto Step> V run_directly(const instruction<V>* at, V* cells, V accumulator, V check)
+/// Makes a handler of a step `next = Step(instruction, cells, accumulator, before, check)`.
+template <class V, auto Step> V run_directly(const instruction<V>* at, V* cells, V accumulator, V before, V check)
 {
-    at = Step(at, cells, accumulator, check);
-    return at->run(at, cells, accumulator, check);
+    at = Step(at, cells, accumulator, before, check);
+    return at->run(at, cells, accumulator, before, check);
 }
 
-template <class V, auto Step> constexpr handler<V> handler_of()
+/// The last step: returns the check.
+template <class V, auto Step> V run_last_directly(const instruction<V>* at, V* cells, V accumulator, V before, V check)
 {
-    if constexpr (direct_jumps)
+    Step(at, cells, accumulator, before, check);
+    return check;
+}
+template <class V, auto Step>
+const instruction<V>* run_last(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
+{
+    Step(at, cells, accumulator, before, check);
+    return nullptr;
+}
+
+template <class V, auto Step, keep Keep = keep::no> constexpr handler<V> handler_of()
+{
+    if constexpr (Keep == keep::store_checked_and_halt) {
+        if constexpr (direct_jumps)
+            return run_last_directly<V, Step>;
+        else
+            return run_last<V, Step>;
+    } else if constexpr (direct_jumps)
         return run_directly<V, Step>;
     else
         return Step;
@@ -110,12 +128,13 @@ template <class V, arithmetic Operation> inline V compute(const V& left, const V
     if constexpr (Operation == arithmetic::add) return left + right;
     if constexpr (Operation == arithmetic::subtract) return left - right;
     if constexpr (Operation == arithmetic::multiply) return left * right;
-    if constexpr (Operation == arithmetic::divide_checked) check += right - right;
+    check += right - right; // behind a denominator an infinity would not show
     return left / right;
 }
 
 template <class V, operand_form Form, arithmetic Operation>
-inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, const V& accumulator, V& check)
+inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, const V& accumulator, const V& before,
+                          V& check)
 {
     if constexpr (Form == operand_form::load)
         return cells[a];
@@ -125,22 +144,29 @@ inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, cons
         return compute<V, Operation>(accumulator, cells[a], check);
     else if constexpr (Form == operand_form::cell_accumulator)
         return compute<V, Operation>(cells[a], accumulator, check);
+    else if constexpr (Form == operand_form::before_accumulator)
+        return compute<V, Operation>(before, accumulator, check);
+    else if constexpr (Form == operand_form::accumulator_before)
+        return compute<V, Operation>(accumulator, before, check);
+    else if constexpr (Form == operand_form::accumulator_twice)
+        return compute<V, Operation>(accumulator, accumulator, check);
     else
         return accumulator;
 }
 
 template <class V, keep Keep> inline void keep_value(V* cells, std::uint16_t d, const V& value, V& check)
 {
-    if constexpr (Keep == keep::store_checked) check += value - value;
+    if constexpr (Keep == keep::store_checked || Keep == keep::store_checked_and_halt) check += value - value;
     if constexpr (Keep != keep::no) cells[d] = value;
 }
 
 template <class V, operand_form First, arithmetic FirstOperation, operand_form Second, arithmetic SecondOperation,
           keep Keep>
-inline const instruction<V>* arithmetic_step(const instruction<V>* at, V* cells, V& accumulator, V& check)
+inline const instruction<V>* arithmetic_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
 {
-    accumulator = compute_operands<V, First, FirstOperation>(cells, at->a, at->b, accumulator, check);
-    accumulator = compute_operands<V, Second, SecondOperation>(cells, at->c, 0, accumulator, check);
+    const V first = compute_operands<V, First, FirstOperation>(cells, at->a, at->b, accumulator, before, check);
+    if constexpr (starts_afresh(First)) before = accumulator;
+    accumulator = compute_operands<V, Second, SecondOperation>(cells, at->c, 0, first, before, check);
     keep_value<V, Keep>(cells, at->d, accumulator, check);
     return at + 1;
 }
@@ -187,31 +213,47 @@ template <class V, operation_code Operation> inline V pair_value(const V& left, 
         return each_lane(left, right, relation<Operation>);
 }
 
-template <class V, operation_code Operation, operand_form Form, keep Keep>
-inline const instruction<V>* operation_step(const instruction<V>* at, V* cells, V& accumulator, V& check)
+template <class V, operation_code Operation, operand_form Form>
+inline V operation_value(const instruction<V>* at, const V* cells, [[maybe_unused]] const V& accumulator,
+                         [[maybe_unused]] const V& before, V& check)
 {
-    if constexpr (Form == operand_form::load)
-        accumulator = function_value<V, Operation>(cells[at->a], check);
-    else if constexpr (Form == operand_form::accumulator)
-        accumulator = function_value<V, Operation>(accumulator, check);
-    else if constexpr (Form == operand_form::cell_cell)
-        accumulator = pair_value<V, Operation>(cells[at->a], cells[at->b], check);
-    else if constexpr (Form == operand_form::accumulator_cell)
-        accumulator = pair_value<V, Operation>(accumulator, cells[at->a], check);
+    using form = operand_form;
+    if constexpr (Form == form::load)
+        return function_value<V, Operation>(cells[at->a], check);
+    else if constexpr (Form == form::accumulator)
+        return function_value<V, Operation>(accumulator, check);
+    else if constexpr (Form == form::cell_cell)
+        return pair_value<V, Operation>(cells[at->a], cells[at->b], check);
+    else if constexpr (Form == form::accumulator_cell)
+        return pair_value<V, Operation>(accumulator, cells[at->a], check);
+    else if constexpr (Form == form::cell_accumulator)
+        return pair_value<V, Operation>(cells[at->a], accumulator, check);
+    else if constexpr (Form == form::before_accumulator)
+        return pair_value<V, Operation>(before, accumulator, check);
+    else if constexpr (Form == form::accumulator_before)
+        return pair_value<V, Operation>(accumulator, before, check);
     else
-        accumulator = pair_value<V, Operation>(cells[at->a], accumulator, check);
+        return pair_value<V, Operation>(accumulator, accumulator, check);
+}
+
+template <class V, operation_code Operation, operand_form Form, keep Keep>
+inline const instruction<V>* operation_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
+{
+    const V value = operation_value<V, Operation, Form>(at, cells, accumulator, before, check);
+    if constexpr (starts_afresh(Form)) before = accumulator;
+    accumulator = value;
     keep_value<V, Keep>(cells, at->d, accumulator, check);
     return at + 1;
 }
 
-template <class V> const instruction<V>* jump_step(const instruction<V>* at, V*, V&, V&)
+template <class V> const instruction<V>* jump_step(const instruction<V>* at, V*, V&, V&, V&)
 {
     return at + at->c;
 }
 
 /// Lanes that want different branches give up: the check becomes not a number, and the points are
 /// evaluated one by one.
-template <class V> const instruction<V>* jump_if_zero_step(const instruction<V>* at, V*, V& accumulator, V& check)
+template <class V> const instruction<V>* jump_if_zero_step(const instruction<V>* at, V*, V& accumulator, V&, V& check)
 {
     check += accumulator - accumulator;
     const bool zero = lane(accumulator, 0) == 0.0;
@@ -220,11 +262,11 @@ template <class V> const instruction<V>* jump_if_zero_step(const instruction<V>*
     return at + (zero ? at->c : 1);
 }
 
-template <class V> V halt_directly(const instruction<V>*, V*, V, V check)
+template <class V> V halt_directly(const instruction<V>*, V*, V, V, V check)
 {
     return check;
 }
-template <class V> const instruction<V>* halt_step(const instruction<V>*, V*, V&, V&)
+template <class V> const instruction<V>* halt_step(const instruction<V>*, V*, V&, V&, V&)
 {
     return nullptr;
 }
@@ -239,38 +281,53 @@ struct form_and_operation
     friend bool operator==(const form_and_operation&, const form_and_operation&) = default;
 };
 
-inline constexpr std::array<form_and_operation, 14> first_forms = {{
+inline constexpr std::array<form_and_operation, 19> first_forms = {{
     {operand_form::load, arithmetic::add},
     {operand_form::accumulator, arithmetic::add},
+    {operand_form::accumulator_twice, arithmetic::multiply},
     {operand_form::cell_cell, arithmetic::add},
     {operand_form::cell_cell, arithmetic::subtract},
     {operand_form::cell_cell, arithmetic::multiply},
     {operand_form::cell_cell, arithmetic::divide},
-    {operand_form::cell_cell, arithmetic::divide_checked},
     {operand_form::accumulator_cell, arithmetic::add},
     {operand_form::accumulator_cell, arithmetic::subtract},
     {operand_form::accumulator_cell, arithmetic::multiply},
     {operand_form::accumulator_cell, arithmetic::divide},
-    {operand_form::accumulator_cell, arithmetic::divide_checked},
     {operand_form::cell_accumulator, arithmetic::subtract},
-    {operand_form::cell_accumulator, arithmetic::divide_checked},
+    {operand_form::cell_accumulator, arithmetic::divide},
+    {operand_form::before_accumulator, arithmetic::add},
+    {operand_form::before_accumulator, arithmetic::subtract},
+    {operand_form::before_accumulator, arithmetic::multiply},
+    {operand_form::before_accumulator, arithmetic::divide},
+    {operand_form::accumulator_before, arithmetic::subtract},
+    {operand_form::accumulator_before, arithmetic::divide},
 }};
 
-inline constexpr std::array<form_and_operation, 8> second_forms = {{
+inline constexpr std::array<form_and_operation, 13> second_forms = {{
     {operand_form::none, arithmetic::add},
     {operand_form::accumulator_cell, arithmetic::add},
     {operand_form::accumulator_cell, arithmetic::subtract},
     {operand_form::accumulator_cell, arithmetic::multiply},
     {operand_form::accumulator_cell, arithmetic::divide},
-    {operand_form::accumulator_cell, arithmetic::divide_checked},
     {operand_form::cell_accumulator, arithmetic::subtract},
-    {operand_form::cell_accumulator, arithmetic::divide_checked},
+    {operand_form::cell_accumulator, arithmetic::divide},
+    {operand_form::before_accumulator, arithmetic::add},
+    {operand_form::before_accumulator, arithmetic::subtract},
+    {operand_form::before_accumulator, arithmetic::multiply},
+    {operand_form::before_accumulator, arithmetic::divide},
+    {operand_form::accumulator_before, arithmetic::subtract},
+    {operand_form::accumulator_before, arithmetic::divide},
 }};
 
-inline constexpr std::array<keep, 3> keeps = {keep::no, keep::store, keep::store_checked};
-inline constexpr std::array<operand_form, 5> operation_forms = {operand_form::load, operand_form::accumulator,
-                                                                operand_form::cell_cell, operand_form::accumulator_cell,
-                                                                operand_form::cell_accumulator};
+inline constexpr std::array<keep, 4> keeps = {keep::no, keep::store, keep::store_checked, keep::store_checked_and_halt};
+inline constexpr std::array<operand_form, 8> operation_forms = {operand_form::load,
+                                                                operand_form::accumulator,
+                                                                operand_form::cell_cell,
+                                                                operand_form::accumulator_cell,
+                                                                operand_form::cell_accumulator,
+                                                                operand_form::before_accumulator,
+                                                                operand_form::accumulator_before,
+                                                                operand_form::accumulator_twice};
 
 template <std::size_t Count>
 std::size_t index_in(const std::array<form_and_operation, Count>& forms, form_and_operation wanted)
@@ -285,7 +342,8 @@ template <class V, std::size_t I> constexpr handler<V> arithmetic_handler()
     constexpr auto first = first_forms[I / (second_forms.size() * keeps.size())];
     constexpr auto second = second_forms[I / keeps.size() % second_forms.size()];
     return handler_of<
-        V, arithmetic_step<V, first.form, first.operation, second.form, second.operation, keeps[I % keeps.size()]>>();
+        V, arithmetic_step<V, first.form, first.operation, second.form, second.operation, keeps[I % keeps.size()]>,
+        keeps[I % keeps.size()]>();
 }
 
 template <class V, std::size_t I> constexpr handler<V> operation_handler()
@@ -296,7 +354,7 @@ template <class V, std::size_t I> constexpr handler<V> operation_handler()
     constexpr bool is_single = is_function(operation);
     constexpr bool is_pair = operation == operation_code::power || is_relation(operation);
     if constexpr ((unary && is_single) || (!unary && is_pair))
-        return handler_of<V, operation_step<V, operation, form, keeps[I % keeps.size()]>>();
+        return handler_of<V, operation_step<V, operation, form, keeps[I % keeps.size()]>, keeps[I % keeps.size()]>();
     else
         return nullptr;
 }
@@ -364,12 +422,13 @@ template <class V> struct loaded_program
     V run(V* cells) const
     {
         if constexpr (direct_jumps) {
-            return instructions.front().run(instructions.data(), cells, V{}, V{});
+            return instructions.front().run(instructions.data(), cells, V{}, V{}, V{});
         } else {
             V accumulator{};
+            V before{};
             V check{};
             for (const instruction<V>* at = instructions.data(); at != nullptr;)
-                at = at->run(at, cells, accumulator, check);
+                at = at->run(at, cells, accumulator, before, check);
             return check;
         }
     }
