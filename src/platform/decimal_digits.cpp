@@ -62,7 +62,7 @@ decimal_digits rounded_to(decimal_digits number, int kept)
         while (!number.digits.empty() && number.digits.back() == '9')
             number.digits.pop_back();
         if (number.digits.empty()) {
-            number.digits = "1";
+            number.digits.assign(1, '1');
             ++number.exponent;
         } else
             ++number.digits.back();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/registry_store.h"
 
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -51,7 +51,7 @@ RC_GTEST_PROP(Registry, GivesBackAnyStringsAfterTheFileIsReadAgain, ())
     using place = std::pair<std::string, std::string>;
     const auto written = *rc::gen::container<std::map<place, std::string>>(
         rc::gen::pair(troublesome_string(), troublesome_string()), troublesome_string());
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     file_registry registry(folder / "registry.txt");
     std::map<place, std::string> expected;
     for (const auto& [where, value] : written) {
@@ -66,7 +66,7 @@ RC_GTEST_PROP(Registry, GivesBackAnyStringsAfterTheFileIsReadAgain, ())
 
 TEST(Registry, WritesAReadableFileAndMakesItsFolders)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const std::filesystem::path file = folder / "a/b/registry.txt";
     file_registry registry(file);
     registry.write("Software\\WinKlvn\\settings\\newt_TOLF", "value", "1E-07");
@@ -74,19 +74,19 @@ TEST(Registry, WritesAReadableFileAndMakesItsFolders)
     registry.write("Software\\WinKlvn\\files_nle", "2", " ");
     EXPECT_FALSE(std::filesystem::exists(file)) << "nothing is kept before the flush";
     EXPECT_EQ(registry.flush(), std::nullopt);
-    EXPECT_EQ(test::bytes_of(file), "[Software\\WinKlvn\\files_nle]\n"
-                                    "1=C:\\\\new\\\\x=1.kvr\n"
-                                    "2= \n"
-                                    "[Software\\WinKlvn\\settings\\newt_TOLF]\n"
-                                    "value=1E-07\n");
+    EXPECT_EQ(folder.read("a/b/registry.txt"), "[Software\\WinKlvn\\files_nle]\n"
+                                               "1=C:\\\\new\\\\x=1.kvr\n"
+                                               "2= \n"
+                                               "[Software\\WinKlvn\\settings\\newt_TOLF]\n"
+                                               "value=1E-07\n");
 }
 
 TEST(Registry, ReadsWhatAHandWroteAndPassesOverTheRest)
 {
-    const test::temporary_folder folder;
-    const file_registry registry(folder.put("r",
-                                            "no section=yet\r\n[Software\\WinKlvn]\r\njunk\r\n[half\r\nWindow Top=5\r\n"
-                                            "path=C:\\temp\\\\x\r\na\\=b=c=d\r\n\\x4=e\r\n\\=\r\n"));
+    const test::scratch_folder folder;
+    const file_registry registry(
+        folder.write("r", "no section=yet\r\n[Software\\WinKlvn]\r\njunk\r\n[half\r\nWindow Top=5\r\n"
+                          "path=C:\\temp\\\\x\r\na\\=b=c=d\r\n\\x4=e\r\n\\=\r\n"));
     EXPECT_EQ(registry.read("software\\winklvn", "window top"), "5");
     EXPECT_EQ(registry.read("software\\winklvn", "path"), "C:\\temp\\x");
     EXPECT_EQ(registry.read("software\\winklvn", "a=b"), "c=d");
@@ -97,7 +97,7 @@ TEST(Registry, ReadsWhatAHandWroteAndPassesOverTheRest)
 
 TEST(Registry, DoesNotUndoAnotherProgramsValues)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     file_registry first(folder / "r");
     file_registry second(folder / "r");
     first.write("k", "mine", "1");
@@ -119,9 +119,9 @@ TEST(Registry, DoesNotUndoAnotherProgramsValues)
 
 TEST(Registry, FailsToFlushAndKeepsItsValuesWhereItCannotWrite)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     std::filesystem::create_directory(folder / "in-the-way");
-    folder.put("file", "");
+    folder.write("file", "");
     for (const char* name : {"in-the-way", "file/registry.txt"}) {
         SCOPED_TRACE(name);
         file_registry registry(folder / name);

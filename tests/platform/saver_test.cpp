@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/saver.h"
 
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -99,10 +99,10 @@ mode_t mode_of(const fs::path& path)
 
 TEST(Saver, WritesNewFilesAndReplacesOldOnes)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     for (const std::string& text : {new_text, old_text, std::string(), std::string("\0\r\n\xFF", 4)}) {
         EXPECT_EQ(save_file(folder / "f", text), std::nullopt);
-        EXPECT_EQ(test::bytes_of(folder / "f"), text);
+        EXPECT_EQ(folder.read("f"), text);
     }
     // The longest name that a file may have leaves the temporary file no room for a suffix.
     const std::string longest(255, 'x');
@@ -112,7 +112,7 @@ TEST(Saver, WritesNewFilesAndReplacesOldOnes)
 
 TEST(Saver, SyncsAndClosesBeforeItRenames)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     call_record record;
     EXPECT_EQ(save_file(folder / "f", new_text, record.calls()), std::nullopt);
     EXPECT_THAT(record.names,
@@ -127,8 +127,8 @@ TEST(Saver, KeepsTheOldFileWholeWhicheverCallFails)
     for (const bool exists : {true, false}) {
         for (int failing = 0; failing < calls_that_can_fail; ++failing) {
             SCOPED_TRACE(std::string(exists ? "old file, call " : "no old file, call ") + std::to_string(failing));
-            const test::temporary_folder folder;
-            if (exists) folder.put("f", old_text);
+            const test::scratch_folder folder;
+            if (exists) folder.write("f", old_text);
             call_record record{failing, EIO, {}};
             const std::optional<file_failure> failed = save_file(folder / "f", new_text, record.calls());
             ASSERT_TRUE(failed.has_value());
@@ -138,7 +138,7 @@ TEST(Saver, KeepsTheOldFileWholeWhicheverCallFails)
             EXPECT_EQ(failed->reason.starts_with("it is written"), written);
             const bool is_there = exists || written;
             EXPECT_EQ(folder.names(), is_there ? std::vector<std::string>{"f"} : std::vector<std::string>{});
-            EXPECT_EQ(test::bytes_of(folder / "f"), written ? new_text : exists ? old_text : "");
+            EXPECT_EQ(folder.read("f"), written ? new_text : exists ? old_text : "");
         }
     }
 }
@@ -147,17 +147,17 @@ TEST(Saver, GoesOnAfterAnInterruptionOfAnyCall)
 {
     for (int failing = 0; failing < 8; ++failing) {
         SCOPED_TRACE(failing);
-        const test::temporary_folder folder;
+        const test::scratch_folder folder;
         call_record record{failing, EINTR, {}};
         EXPECT_EQ(save_file(folder / "f", new_text, record.calls()), std::nullopt);
-        EXPECT_EQ(test::bytes_of(folder / "f"), new_text);
+        EXPECT_EQ(folder.read("f"), new_text);
         EXPECT_THAT(folder.names(), ElementsAre("f"));
     }
 }
 
 TEST(Saver, WritesOnAfterShortWritesAndGivesUpWithoutProgress)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     save_calls calls = system_save_calls();
     int turn = 0;
     calls.write = [&turn](int file, const void* bytes, std::size_t count) -> ssize_t {
@@ -165,11 +165,11 @@ TEST(Saver, WritesOnAfterShortWritesAndGivesUpWithoutProgress)
         return ++turn % 2 == 0 ? -1 : ::write(file, bytes, std::min<std::size_t>(count, 7));
     };
     EXPECT_EQ(save_file(folder / "f", new_text, calls), std::nullopt);
-    EXPECT_EQ(test::bytes_of(folder / "f"), new_text);
+    EXPECT_EQ(folder.read("f"), new_text);
 
     calls.write = [](int, const void*, std::size_t) -> ssize_t { return 0; };
     EXPECT_TRUE(save_file(folder / "f", old_text, calls).has_value());
-    EXPECT_EQ(test::bytes_of(folder / "f"), new_text);
+    EXPECT_EQ(folder.read("f"), new_text);
 }
 
 TEST(Saver, KeepsTheOldFileWholeOnAFullDisk)
@@ -177,8 +177,8 @@ TEST(Saver, KeepsTheOldFileWholeOnAFullDisk)
     for (const bool exists : {true, false}) {
         for (const std::size_t room : {std::size_t{0}, std::size_t{1}, std::size_t{4096}, new_text.size() - 1}) {
             SCOPED_TRACE(room);
-            const test::temporary_folder folder;
-            if (exists) folder.put("f", old_text);
+            const test::scratch_folder folder;
+            if (exists) folder.write("f", old_text);
             std::optional<file_failure> failed;
             {
                 const file_size_limit limit(room);
@@ -187,20 +187,20 @@ TEST(Saver, KeepsTheOldFileWholeOnAFullDisk)
             ASSERT_TRUE(failed.has_value());
             EXPECT_EQ(failed->reason, "File too large");
             EXPECT_EQ(folder.names(), exists ? std::vector<std::string>{"f"} : std::vector<std::string>{});
-            EXPECT_EQ(test::bytes_of(folder / "f"), exists ? old_text : "");
+            EXPECT_EQ(folder.read("f"), exists ? old_text : "");
         }
     }
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const file_size_limit just_enough(new_text.size());
     EXPECT_EQ(save_file(folder / "f", new_text), std::nullopt);
 }
 
 TEST(Saver, RefusesWhatIsNoRegularFileAndLeavesItThere)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     fs::create_directory(folder / "folder");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    folder.put("file", old_text);
+    folder.write("file", old_text);
     fs::create_symlink("loop", folder / "loop");
     fs::create_symlink("folder", folder / "to-folder");
     const std::vector<std::string> before = folder.names();
@@ -213,14 +213,14 @@ TEST(Saver, RefusesWhatIsNoRegularFileAndLeavesItThere)
     EXPECT_EQ(folder.names(), before);
     EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_EQ(test::bytes_of(folder / "file"), old_text);
+    EXPECT_EQ(folder.read("file"), old_text);
 }
 
 TEST(Saver, FollowsLinksAndLeavesThemLinks)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     fs::create_directory(folder / "there");
-    folder.put("there/f", old_text);
+    folder.write("there/f", old_text);
     fs::create_symlink("there/f", folder / "direct");
     fs::create_symlink("direct", folder / "over-another");
     fs::create_symlink(folder / "there/new", folder / "dangling");
@@ -228,20 +228,20 @@ TEST(Saver, FollowsLinksAndLeavesThemLinks)
         const std::string text = std::string("by ") + link;
         EXPECT_EQ(save_file(folder / link, text), std::nullopt);
         EXPECT_TRUE(fs::is_symlink(folder / link));
-        EXPECT_EQ(test::bytes_of(folder / "there/f"), text);
+        EXPECT_EQ(folder.read("there/f"), text);
     }
     EXPECT_EQ(save_file(folder / "dangling", new_text), std::nullopt);
     EXPECT_TRUE(fs::is_symlink(folder / "dangling"));
-    EXPECT_EQ(test::bytes_of(folder / "there/new"), new_text);
+    EXPECT_EQ(folder.read("there/new"), new_text);
     EXPECT_THAT(folder.names(), ElementsAre("dangling", "direct", "over-another", "there"));
 }
 
 TEST(Saver, KeepsTheModeAndGivesNewFilesTheUsersOwn)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     for (const mode_t mode : {0600u, 0640u, 0666u, 0755u}) {
         SCOPED_TRACE(mode);
-        ::chmod(folder.put("f", old_text).c_str(), mode);
+        ::chmod(folder.write("f", old_text).c_str(), mode);
         EXPECT_EQ(save_file(folder / "f", new_text), std::nullopt);
         EXPECT_EQ(mode_of(folder / "f"), mode);
     }
@@ -257,21 +257,18 @@ TEST(Saver, KeepsTheModeAndGivesNewFilesTheUsersOwn)
 TEST(Saver, DoesNotReplaceAFileThatItsUserProtected)
 {
     if (::geteuid() == 0) GTEST_SKIP() << "the system lets its administrator write every file";
-    const test::temporary_folder folder;
-    ::chmod(folder.put("f", old_text).c_str(), 0444);
+    const test::scratch_folder folder;
+    ::chmod(folder.write("f", old_text).c_str(), 0444);
     EXPECT_TRUE(save_file(folder / "f", new_text).has_value());
-    EXPECT_EQ(test::bytes_of(folder / "f"), old_text);
+    EXPECT_EQ(folder.read("f"), old_text);
 }
 
 TEST(Saver, SavesANameWithoutAFolderInTheCurrentOne)
 {
-    const test::temporary_folder folder;
-    const fs::path before = fs::current_path();
-    fs::current_path(folder.path());
-    const std::optional<file_failure> failed = save_file("f", new_text);
-    fs::current_path(before);
-    EXPECT_EQ(failed, std::nullopt);
-    EXPECT_EQ(test::bytes_of(folder / "f"), new_text);
+    const test::scratch_folder folder;
+    ASSERT_EQ(fs::current_path(), fs::canonical(folder.path()));
+    EXPECT_EQ(save_file("f", new_text), std::nullopt);
+    EXPECT_EQ(folder.read("f"), new_text);
 }
 
 } // namespace kelvarin

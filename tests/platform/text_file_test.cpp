@@ -2,7 +2,7 @@
 #include "platform/text_file.h"
 
 #include "platform/utf8.h"
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -100,7 +100,7 @@ RC_GTEST_PROP(Utf8, ReadsEveryLetterItWrote, ())
 
 TEST(ReadTextFile, ReadsTextInEitherCoding)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     struct row
     {
         std::string bytes;
@@ -114,7 +114,7 @@ TEST(ReadTextFile, ReadsTextInEitherCoding)
                             {"\xEF\xBB\xBF\xE9", "\xC3\xA9"},
                             {"a\0b"s, "a\0b"s},
                             {std::string(200000, 'z'), std::string(200000, 'z')}}) {
-        const text_file file = read_text_file(folder.put("f", each.bytes));
+        const text_file file = read_text_file(folder.write("f", each.bytes));
         EXPECT_TRUE(file.ok()) << file.failure.reason;
         EXPECT_EQ(file.text, each.expected);
     }
@@ -124,10 +124,10 @@ TEST(ReadTextFile, ReadsTextInEitherCoding)
 
 TEST(ReadTextFile, RefusesWhatIsNoReadableFileWithoutWaiting)
 {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     std::filesystem::create_symlink("loop", folder / "loop");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    std::filesystem::resize_file(folder.put("large", ""), (std::uintmax_t{64} << 20) + 1);
+    std::filesystem::resize_file(folder.write("large", ""), (std::uintmax_t{64} << 20) + 1);
     for (const std::filesystem::path& path :
          {folder / "missing", folder.path(), folder / "loop", folder / "pipe", folder / "large",
           std::filesystem::path("/dev/zero"), std::filesystem::path()}) {

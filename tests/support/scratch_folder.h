@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -8,6 +9,8 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 namespace kelvarin::test
 {
@@ -34,10 +37,13 @@ public:
     }
 
     const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
 
-    void write(const std::string& name, std::string_view content) const
+    /// Writes a file by plain means, without the program's own saver.
+    std::filesystem::path write(const std::string& name, std::string_view content) const
     {
         std::ofstream(path_ / name, std::ios::binary) << content;
+        return path_ / name;
     }
     std::string read(const std::string& name) const
     {
@@ -45,6 +51,15 @@ public:
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
     bool holds(const std::string& name) const { return std::filesystem::exists(path_ / name); }
+    /// The names of what is in it, sorted.
+    std::vector<std::string> names() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_))
+            names.push_back(entry.path().filename().string());
+        std::ranges::sort(names);
+        return names;
+    }
 
 private:
     std::filesystem::path before_;
