@@ -94,46 +94,59 @@ void drop_signs_of_zeros(std::span<double> values)
         value += 0.0;
 }
 
-/// row[k] -= multiplier * pivot_row[k] for the first `count` elements; returns the largest absolute value
-/// among them. Four lanes side by side, so that the loop becomes vector instructions, twice as wide where
-/// the processor has them; each element sees the same two operations either way.
+/// Elements that are worked on side by side, so that the loops over them become vector instructions.
+constexpr int lanes = 4;
+
+int whole_lanes(int count)
+{
+    return (count + lanes - 1) / lanes * lanes;
+}
+
+/// One step of the lean elimination over the first `count` elements, whole lanes, of all rows: the pivot's
+/// row is divided by the pivot, and its multiple subtracted from each row that has a multiplier. Where
+/// `largest` is not negative it becomes the largest absolute value of the changed row. Wider instructions,
+/// where the processor has them, change no bit: each element sees the same two operations.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
 [[gnu::target_clones("avx2", "default")]]
 #endif
-double
-subtract_multiple(double* __restrict__ row, const double* __restrict__ pivot_row, double multiplier, int count)
+void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<double* const> rows,
+                 std::span<const double> multipliers, std::span<double> largest, int count)
 {
-    constexpr int lanes = 4;
-    double largest[lanes] = {};
-    int k = 0;
-    for (; k + lanes <= count; k += lanes)
-        for (int lane = 0; lane < lanes; ++lane) {
-            const double value = row[k + lane] - pivot_row[k + lane] * multiplier;
-            row[k + lane] = value;
-            const double magnitude = std::fabs(value);
-            largest[lane] = magnitude > largest[lane] ? magnitude : largest[lane];
-        }
-    for (; k < count; ++k) {
-        row[k] -= pivot_row[k] * multiplier;
-        largest[0] = std::max(largest[0], std::fabs(row[k]));
+    for (int k = 0; k < count; k += lanes)
+        for (int lane = 0; lane < lanes; ++lane)
+            pivot_row[k + lane] /= pivot;
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+        const double multiplier = multipliers[r];
+        if (multiplier == 0.0) continue;
+        double* __restrict__ const row = rows[r];
+        double maxima[lanes] = {};
+        for (int k = 0; k < count; k += lanes)
+            for (int lane = 0; lane < lanes; ++lane) {
+                const double value = row[k + lane] - pivot_row[k + lane] * multiplier;
+                row[k + lane] = value;
+                const double magnitude = std::fabs(value);
+                maxima[lane] = magnitude > maxima[lane] ? magnitude : maxima[lane];
+            }
+        if (largest[r] >= 0.0) largest[r] = std::ranges::max(maxima);
     }
-    return std::ranges::max(largest);
 }
 
-/// The elimination of gauss_jordan_solve. Rows are held by reference in the order that the interchanges
+/// The elimination of gauss_jordan_solve. Rows are held by reference, in the order that the interchanges
 /// give them. The columns not yet used lie side by side at the front of every row, in an order of their
-/// own: a used one gives its place to the last.
+/// own: a used one gives its place to the last. Behind them is nothing but zeros, up to whole lanes.
 class lean_elimination
 {
 public:
-    lean_elimination(matrix& a, std::span<double> b)
-        : b_(b), used_(b.size(), false), largest_(b.size()), original_(b.size()), active_(a.rows())
+    lean_elimination(const matrix& a, std::span<double> b)
+        : b_(b), elements_(b.size() * index(whole_lanes(a.columns()))), largest_(b.size()), original_(b.size()),
+          multipliers_(b.size()), active_(a.columns())
     {
         for (int row = 0; row < a.rows(); ++row) {
-            rows_.push_back(a.row(row).data());
-            original_[index(row)] = row;
+            rows_.push_back(elements_.data() + index(row) * index(whole_lanes(a.columns())));
+            std::ranges::copy(a.row(row), rows_.back());
             for (const double element : a.row(row))
                 largest_[index(row)] = std::max(largest_[index(row)], std::fabs(element));
+            original_[index(row)] = row;
         }
     }
 
@@ -150,18 +163,14 @@ public:
 private:
     static std::size_t index(int i) { return static_cast<std::size_t>(i); }
 
-    /// The last unused row that holds the largest element.
+    /// The last row that holds the largest element; used ones hold a negative one.
     int pivot_row() const
     {
-        int found = -1;
-        double largest = 0.0;
-        for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
-            if (used_[index(row)] || !(largest_[index(row)] >= largest)) continue;
-            largest = largest_[index(row)];
-            found = row;
-        }
+        double largest = -1.0;
+        for (const double candidate : largest_)
+            largest = candidate > largest ? candidate : largest;
         finite(largest);
-        return found;
+        return static_cast<int>(std::find(largest_.rbegin(), largest_.rend(), largest).base() - largest_.begin()) - 1;
     }
 
     /// Where in the row its largest element stands; among equals the one of the last original column.
@@ -183,16 +192,15 @@ private:
         interchange(row, diagonal);
         --active_;
         original_[index(position)] = original_[index(active_)];
+        for (std::size_t r = 0; r < rows_.size(); ++r)
+            multipliers_[r] = take(rows_[r], position);
 
-        double* const pivot_row = rows_[index(diagonal)];
-        const double pivot = take(pivot_row, position);
-        for (int k = 0; k < active_; ++k)
-            pivot_row[k] /= pivot;
-        b_[index(diagonal)] /= pivot;
-        used_[index(diagonal)] = true;
-
-        for (int other = 0; other < static_cast<int>(rows_.size()); ++other)
-            if (other != diagonal) reduce(other, diagonal, take(rows_[index(other)], position));
+        const double pivot = std::exchange(multipliers_[index(diagonal)], 0.0);
+        largest_[index(diagonal)] = -1.0;
+        reduce_rows(rows_[index(diagonal)], pivot, rows_, multipliers_, largest_, whole_lanes(active_));
+        const double quotient = b_[index(diagonal)] /= pivot;
+        for (std::size_t r = 0; r < rows_.size(); ++r)
+            if (multipliers_[r] != 0.0) b_[r] -= quotient * multipliers_[r];
     }
 
     void interchange(int one, int other)
@@ -202,24 +210,21 @@ private:
         std::swap(b_[index(one)], b_[index(other)]);
     }
 
-    /// Takes the element at `position` out of the row; the last one that is still active moves there.
-    double take(double* row, int position) const { return std::exchange(row[position], row[active_]); }
-
-    /// A row whose multiplier is 0 keeps its elements, and so its largest.
-    void reduce(int row, int diagonal, double multiplier)
+    /// Takes the element at `position` out of the row; the last active one moves there and leaves a zero.
+    double take(double* row, int position) const
     {
-        if (multiplier == 0.0) return;
-        largest_[index(row)] = subtract_multiple(rows_[index(row)], rows_[index(diagonal)], multiplier, active_);
-        b_[index(row)] -= b_[index(diagonal)] * multiplier;
+        const double last = std::exchange(row[active_], 0.0);
+        return position == active_ ? last : std::exchange(row[position], last);
     }
 
     std::span<double> b_;
+    std::vector<double> elements_;
     std::vector<double*> rows_;
-    used_flags used_;
-    /// By row: the largest absolute element among the unused columns.
+    /// By row: the largest absolute element among the unused columns, -1 where the row is used.
     std::vector<double> largest_;
     /// By position: the number that the column had at the start.
     std::vector<int> original_;
+    std::vector<double> multipliers_;
     /// How many columns are not yet used.
     int active_;
 };
@@ -251,7 +256,7 @@ elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
     return status;
 }
 
-elimination_status gauss_jordan_solve(matrix& a, std::span<double> b)
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b)
 {
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
     const elimination_status status = lean_elimination(a, b).run();

@@ -22,9 +22,9 @@ enum class elimination_status
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b);
 
 /// The solution alone, with the pivots and the bits of gauss_jordan_inverse at a fraction of its cost: no
-/// inverse is formed, only columns not yet used are touched, zero multipliers are skipped. `a` is used up.
+/// inverse is formed, only columns not yet used are touched, zero multipliers are skipped.
 /// When `singular`, `b` is left as gauss_jordan_inverse leaves it. Throws runtime_failure 6 when a pivot or
 /// an element of the solution is not finite. [Press1992] sec. 2.1
-elimination_status gauss_jordan_solve(matrix& a, std::span<double> b);
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b);
 
 } // namespace kelvarin

@@ -18,8 +18,8 @@ namespace
 
 /// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
 /// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
-/// has left, for one unknown with a flat slope -fvec itself. `fjac` is used up.
-void newton_step(matrix& fjac, std::span<const double> fvec, std::span<double> p)
+/// has left, for one unknown with a flat slope -fvec itself.
+void newton_step(const matrix& fjac, std::span<const double> fvec, std::span<double> p)
 {
     std::ranges::transform(fvec, p.begin(), std::negate<>());
     gauss_jordan_solve(fjac, p);
