@@ -17,7 +17,7 @@ namespace kelvarin
 namespace
 {
 
-/// [DennisSchnabel1983] alpha of the sufficient decrease, eq. 6.3.3.
+/// [DennisSchnabel1983] alpha of the sufficient decrease.
 constexpr double ALF = 0.0001;
 /// The shortest step worth a trial, relative to x.
 constexpr double TOLX = 1e-07;
@@ -62,7 +62,7 @@ double parabola_minimum(double fold, double slope, double f)
     return quotient(-slope, 2.0 * (f - fold - slope));
 }
 
-/// Minimum of the cubic through fold, its slope and the last two trials. [DennisSchnabel1983] eq. 6.3.18
+/// Minimum of the cubic through fold, its slope and the last two trials. [DennisSchnabel1983] sec. 6.3.2
 double cubic_minimum(double fold, double slope, trial last, trial before)
 {
     const double rhs1 = last.f - fold - last.alam * slope;

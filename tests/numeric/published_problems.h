@@ -22,7 +22,7 @@ struct published_problem
     std::string misled = {};
 };
 
-/// MGH n stands for problem n of [More1981], from its starting point.
+/// MGH n stands for problem n of [MoreGarbowHillstrom1981], from its starting point.
 std::vector<published_problem> published_problems();
 
 } // namespace kelvarin::test
