@@ -40,10 +40,18 @@ bool is_behind_equations(std::string_view line)
     return is_marked(line, guess_marker) || is_marked(line, lower_marker);
 }
 
+/// An equation's name as it stands in front of a marker. What is no name is left out: guesses are read by
+/// their place, and a line must not look like an equation.
+std::string marked_name(std::string_view equation)
+{
+    const std::string_view name = parts_of(equation).name;
+    return is_valid_name(name) ? std::string(name) : std::string();
+}
+
 bool defines_f(const std::vector<equation_row>& rows)
 {
     for (const equation_row& row : rows) {
-        if (parts_of(row.equation).name == "f") return true;
+        if (marked_name(row.equation) == "f") return true;
     }
     return false;
 }
@@ -178,13 +186,13 @@ void write_guesses(const nle_content& content, std::string& text)
         if (is_implicit(row.equation)) implicit.push_back(&row);
     }
     if (implicit.size() == 1) {
-        const std::string name(parts_of(implicit.front()->equation).name);
+        const std::string name = marked_name(implicit.front()->equation);
         write_line(text, name + std::string(lower_marker) + plain_text(val(content.lower_bound)) + ", " + name +
                              std::string(upper_marker) + plain_text(val(content.upper_bound)));
         return;
     }
     for (const equation_row* row : implicit) {
-        const std::string name(parts_of(row->equation).name);
+        const std::string name = marked_name(row->equation);
         write_line(text, name + std::string(guess_marker) + one_line(row->guess));
     }
 }

@@ -40,13 +40,12 @@ nle_run_kind kind_of(const equation_set& set)
 void run_nle_explicit(nle_system& system, const wall_clock& clock, nle_outcome& outcome)
 {
     const std::int64_t start = clock.whole_seconds();
-    system.evaluate({}, {});
+    const std::vector<double> values = system.evaluate_explicit();
     outcome.elapsed_seconds = clock.whole_seconds() - start;
     if (system.context().eval_error_flag()) {
         outcome.boxes.push_back(evaluation_box(system.context(), "Expression evaluation error."));
         return;
     }
-    const std::vector<double> values = system.evaluated_explicit_values();
     const std::vector<std::string>& names = system.explicit_equations().names;
     for (std::size_t i = 0; i < names.size(); ++i)
         outcome.solution.explicit_values.push_back({names[i], values[i]});

@@ -3,6 +3,10 @@
 
 #include "platform/run_time_text.h"
 
+#include <algorithm>
+#include <bit>
+#include <cassert>
+#include <cstdint>
 #include <utility>
 
 namespace kelvarin
@@ -10,6 +14,13 @@ namespace kelvarin
 
 namespace
 {
+
+/// Whether every evaluation of the fast form is compared with the walk.
+#ifdef KELVARIN_CHECKED
+constexpr bool checked_build = true;
+#else
+constexpr bool checked_build = false;
+#endif
 
 /// Enters names in the store and gives their slots.
 std::vector<clsParse::slot> enter_names(const std::vector<std::string>& names, clsParse& store)
@@ -53,7 +64,9 @@ void nle_system::sort()
 std::optional<message_box> nle_system::compile_equations()
 {
     if (std::optional<message_box> refused = compile(explicit_, "Explicit expression # ")) return refused;
-    return compile(implicit_, "Nonlinear equation # ");
+    if (std::optional<message_box> refused = compile(implicit_, "Nonlinear equation # ")) return refused;
+    make_program();
+    return std::nullopt;
 }
 
 std::optional<message_box> nle_system::compile(equation_list& equations, std::string_view label)
@@ -77,10 +90,39 @@ std::optional<message_box> nle_system::compile(equation_list& equations, std::st
     return box;
 }
 
+void nle_system::make_program()
+{
+    tree_system system;
+    system.inputs = implicit_slots_;
+    for (std::size_t i = 0; i < explicit_slots_.size(); ++i) {
+        system.definitions.push_back({explicit_slots_[i], &explicit_.trees[i]});
+    }
+    for (const expression_tree& tree : implicit_.trees)
+        system.outputs.push_back(&tree);
+    program_ = nle_program::compile(std::move(system));
+}
+
 void nle_system::evaluate(std::span<const double> x, std::span<double> f)
 {
     if (listener_.stop_asked()) throw run_stopped();
+    if (program_ && !context_.eval_error_flag() && program_->evaluate(x, f)) {
+        assert(!checked_build || agrees_with_walk(x, f));
+        return;
+    }
+    walk(x, f);
+}
 
+void nle_system::difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
+                                    std::span<const double> divisors, matrix& df)
+{
+    if (listener_.stop_asked()) throw run_stopped();
+    const bool fast =
+        program_ && !context_.eval_error_flag() && program_->difference_columns(x, f, moved, divisors, df);
+    if (!fast) nonlinear_system::difference_columns(x, f, moved, divisors, df);
+}
+
+void nle_system::walk(std::span<const double> x, std::span<double> f)
+{
     nle_parser_.remove_all_vars();
     for (std::size_t i = 0; i < implicit_slots_.size(); ++i)
         nle_parser_.set(implicit_slots_[i], x[i]);
@@ -93,8 +135,20 @@ void nle_system::evaluate(std::span<const double> x, std::span<double> f)
     }
 }
 
-std::vector<double> nle_system::evaluated_explicit_values() const
+bool nle_system::agrees_with_walk(std::span<const double> x, std::span<const double> f)
 {
+    std::vector<double> walked(f.size());
+    walk(x, walked);
+    const auto same_bits = [](double a, double b) {
+        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+    };
+    return !context_.eval_error_flag() && std::ranges::equal(f, walked, same_bits);
+}
+
+std::vector<double> nle_system::evaluate_explicit()
+{
+    if (listener_.stop_asked()) throw run_stopped();
+    walk({}, {});
     std::vector<double> values;
     values.reserve(explicit_slots_.size());
     for (const clsParse::slot place : explicit_slots_)

@@ -3,9 +3,11 @@
 
 #include "nle/analysis/explicit_equations.h"
 #include "nle/nle_problem.h"
+#include "nle/nle_program.h"
 #include "numeric/nonlinear_system.h"
 #include "platform/run_listener.h"
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -33,9 +35,12 @@ public:
     /// One evaluation of F (`eval_system`). A failed evaluation shows in the context alone. Throws
     /// run_stopped where the listener asks for it.
     void evaluate(std::span<const double> x, std::span<double> f) override;
+    void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
+                            std::span<const double> divisors, matrix& df) override;
 
-    /// The explicit variables as the last evaluation left them, in sorted order.
-    std::vector<double> evaluated_explicit_values() const;
+    /// Evaluates the explicit equations of a problem without unknowns, in sorted order. A failure shows in
+    /// the context.
+    std::vector<double> evaluate_explicit();
     /// The explicit variables at `x` for display, in sorted order. A variable that can not be evaluated is
     /// shown as 0 and hinders no other; the failure state is clear afterwards.
     std::vector<double> explicit_values(std::span<const double> x);
@@ -49,6 +54,10 @@ public:
 
 private:
     std::optional<message_box> compile(equation_list& equations, std::string_view label);
+    void make_program();
+    /// One evaluation tree by tree, which is what an evaluation means.
+    void walk(std::span<const double> x, std::span<double> f);
+    bool agrees_with_walk(std::span<const double> x, std::span<const double> f);
 
     run_listener& listener_;
     equation_list implicit_;
@@ -62,6 +71,8 @@ private:
     evaluation_context context_;
     std::vector<clsParse::slot> implicit_slots_;
     std::vector<clsParse::slot> explicit_slots_;
+    /// The fast form, where there is one.
+    std::unique_ptr<nle_program> program_;
 };
 
 } // namespace kelvarin

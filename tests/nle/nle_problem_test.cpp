@@ -199,7 +199,7 @@ void change_at_random(nle_problem& problem)
 
 TEST(NleProblem, UndoingAllGivesTheFirstContentBack)
 {
-    rc::check("undo and redo walk the same way back and forth", [] {
+    EXPECT_TRUE(rc::check("undo and redo walk the same way back and forth", [] {
         nle_problem problem;
         const nle_content first = problem.content();
         for (int steps = *rc::gen::inRange(0, 20); steps > 0; --steps)
@@ -213,7 +213,7 @@ TEST(NleProblem, UndoingAllGivesTheFirstContentBack)
         for (; taken_back > 0; --taken_back)
             RC_ASSERT(problem.redo());
         RC_ASSERT(problem.content() == last);
-    });
+    }));
 }
 
 TEST(NleProblem, SavingMovesTheCleanMarkAndKeepsUndo)

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "nle/nle_program.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kelvarin
+{
+
+std::unique_ptr<nle_program> nle_program::compile(tree_system system)
+{
+    const std::size_t size = system.outputs.size();
+    if (size == 0) return nullptr;
+    // The definitions are results as well: two columns that meet in a definition alone must not be moved
+    // together, since its failure is one of the system.
+    for (const tree_system::definition& definition : system.definitions)
+        system.outputs.push_back(definition.tree);
+    std::unique_ptr<program> compiled = program::compile(system);
+    if (!compiled) return nullptr;
+    return std::unique_ptr<nle_program>(new nle_program(std::move(compiled), size));
+}
+
+nle_program::nle_program(std::unique_ptr<program> compiled, std::size_t size)
+    : program_(std::move(compiled)), size_(size)
+{
+}
+
+bool nle_program::evaluate(std::span<const double> x, std::span<double> f)
+{
+    return program_->run(x, f);
+}
+
+void nle_program::make_groups()
+{
+    const std::size_t results = program_->output_count();
+    // For each group the results that its columns reach.
+    std::vector<std::vector<bool>> reached;
+    rows_.resize(size_);
+    for (std::size_t column = 0; column < size_; ++column) {
+        std::vector<std::size_t> reaches;
+        for (std::size_t result = 0; result < results; ++result) {
+            if (!program_->depends(result, column)) continue;
+            reaches.push_back(result);
+            if (result < size_) rows_[column].push_back(result);
+        }
+        const auto free = std::ranges::find_if(reached, [&](const std::vector<bool>& taken) {
+            return std::ranges::none_of(reaches, [&](std::size_t result) { return taken[result]; });
+        });
+        const auto group = static_cast<std::size_t>(free - reached.begin());
+        if (free == reached.end()) {
+            reached.emplace_back(results, false);
+            groups_.emplace_back();
+        }
+        groups_[group].push_back(column);
+        for (const std::size_t result : reaches)
+            reached[group][result] = true;
+    }
+}
+
+bool nle_program::difference_columns(std::span<const double> x, std::span<const double> f,
+                                     std::span<const double> moved, std::span<const double> divisors, matrix& df)
+{
+    if (groups_.empty()) make_groups();
+    for (std::size_t row = 0; row < size_; ++row) {
+        const std::span<double> elements = df.row(static_cast<int>(row));
+        for (std::size_t column = 0; column < size_; ++column)
+            elements[column] = 0.0 / divisors[column];
+    }
+    std::size_t first = 0;
+    for (; first + 1 < groups_.size(); first += program::lanes) {
+        if (!difference_side_by_side(first, x, f, moved, divisors, df)) return false;
+    }
+    return first >= groups_.size() || difference_group(groups_[first], x, f, moved, divisors, df);
+}
+
+bool nle_program::difference_side_by_side(std::size_t first, std::span<const double> x, std::span<const double> f,
+                                          std::span<const double> moved, std::span<const double> divisors, matrix& df)
+{
+    constexpr auto lanes = static_cast<std::size_t>(program::lanes);
+    const std::size_t count = std::min(lanes, groups_.size() - first);
+    const std::span<double> inputs = program_->lane_inputs();
+    for (std::size_t i = 0; i < size_; ++i)
+        std::fill_n(inputs.begin() + static_cast<std::ptrdiff_t>(i * lanes), lanes, x[i]);
+    for (std::size_t p = 0; p < count; ++p) {
+        for (const std::size_t column : groups_[first + p])
+            inputs[column * lanes + p] = moved[column];
+    }
+    if (!program_->run_lanes_in_place()) {
+        // Points that take different branches are no failure: one by one they tell.
+        return std::all_of(
+            groups_.begin() + static_cast<std::ptrdiff_t>(first),
+            groups_.begin() + static_cast<std::ptrdiff_t>(first + count),
+            [&](const column_group& group) { return difference_group(group, x, f, moved, divisors, df); });
+    }
+    for (std::size_t p = 0; p < count; ++p) {
+        for (const std::size_t column : groups_[first + p]) {
+            for (const std::size_t row : rows_[column]) {
+                df(static_cast<int>(row), static_cast<int>(column)) =
+                    (program_->lane_output(row, static_cast<int>(p)) - f[row]) / divisors[column];
+            }
+        }
+    }
+    return true;
+}
+
+bool nle_program::difference_group(const column_group& group, std::span<const double> x, std::span<const double> f,
+                                   std::span<const double> moved, std::span<const double> divisors, matrix& df)
+{
+    const std::span<double> inputs = program_->inputs();
+    std::ranges::copy(x, inputs.begin());
+    for (const std::size_t column : group)
+        inputs[column] = moved[column];
+    if (!program_->run_in_place()) return false;
+    for (const std::size_t column : group) {
+        for (const std::size_t row : rows_[column]) {
+            df(static_cast<int>(row), static_cast<int>(column)) = (program_->output(row) - f[row]) / divisors[column];
+        }
+    }
+    return true;
+}
+
+} // namespace kelvarin
