@@ -151,7 +151,7 @@ private:
     /// A norm of exactly 0 is left to the test of the step, which is 0 then.
     static bool is_no_progress(double norm_now, double prev_norm)
     {
-        return norm_now != 0.0 && std::fabs(norm_now - prev_norm) <= progress_needed * norm_now;
+        return std::fabs(norm_now - prev_norm) <= progress_needed * norm_now;
     }
 
     static bool is_rejected(double norm_now, double prev_norm) { return 1000.0 * prev_norm <= norm_now; }

@@ -124,6 +124,56 @@ TEST(Constrained, CountsAndStepsAsCalculatedByHand)
     EXPECT_NEAR(system.points[4][1], 0.01, 1e-6);
 }
 
+// One unknown, slope 1 everywhere, so that each undamped step is minus the (homotopy) residual; the residual at the
+// points that are met is told. By hand.
+TEST(Constrained, DampsRefusesAndBeginsAnewAsCalculatedByHand)
+{
+    struct row
+    {
+        std::string name;
+        std::vector<double> points;
+        std::vector<double> residuals;
+        int maxiter;
+        /// Where it looks, Jacobians left out.
+        std::vector<double> path;
+        std::vector<sign_constraint> constraint = {any};
+    };
+    const std::vector<row> cases = {
+        // 1, then 1/4 as the norm grows, then 1/2.
+        {"norm grows, then falls", {8.0, 7.0, 6.5, 6.0}, {1.0, 2.0, 1.0, 0.5}, 3, {8.0, 7.0, 6.5, 6.0}},
+        // Refused at 7, back to 8: 1/4 for the growth, 1/4 again for the thousandfold one, 1/8 when it falls.
+        {"norm grows a thousandfold", {8.0, 7.0, 7.9375}, {1.0, 40.0, 0.5}, 3, {8.0, 7.0, 8.0, 7.9375, 7.875}},
+        // From 1 the step of 1 is above 10 / 16, so that 1/16 stands for the next; that one, of 1/2, is not.
+        {"damping stands after a large step",
+         {1.0, 0.0, 0.9375, 0.90625},
+         {1.0, 40.0, 0.5, 0.25},
+         4,
+         {1.0, 0.0, 1.0, 0.9375, 0.90625, 0.875}},
+        {"a change by 6 percent is progress", {8.0, 7.0, 6.03}, {1.0, 0.97, 0.5}, 2, {8.0, 7.0, 6.03}},
+        // Without progress at 7: from 8 again, where 9/10 of its residual is now allowed, then 8/10.
+        {"second pass", {8.0, 7.0, 7.9, 7.8}, {1.0, 1.0, 0.9, 0.8}, 5, {8.0, 7.0, 8.0, 7.9, 7.8}},
+        {"zero may be touched", {1.0, 0.0}, {1.0, 0.0}, 1, {1.0, 0.0}, {physically}},
+    };
+    for (const row& given : cases) {
+        SCOPED_TRACE(given.name);
+        recording_system system(1, [&](std::span<const double> x, std::span<double> f) {
+            std::size_t nearest = 0;
+            for (std::size_t i = 1; i < given.points.size(); ++i)
+                if (std::fabs(x[0] - given.points[i]) < std::fabs(x[0] - given.points[nearest])) nearest = i;
+            f[0] = given.residuals[nearest] + (x[0] - given.points[nearest]);
+        });
+        std::vector<double> x = {given.points[0]};
+        std::vector<double> fvec(1);
+        solve_cnle(system, x, given.constraint, fvec, {.maxiter = given.maxiter});
+        std::vector<double> path;
+        for (const std::vector<double>& point : system.points)
+            if (path.empty() || std::fabs(point[0] - path.back()) > 1e-3) path.push_back(point[0]);
+        ASSERT_EQ(path.size(), given.path.size()) << testing::PrintToString(path);
+        for (std::size_t i = 0; i < path.size(); ++i)
+            EXPECT_NEAR(path[i], given.path[i], 1e-6);
+    }
+}
+
 RC_GTEST_PROP(Constrained, NeverLooksBelowZero, ())
 {
     const auto guess = rc::gen::map(rc::gen::inRange(1, 500), [](int value) { return value / 100.0; });

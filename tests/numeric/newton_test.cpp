@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "failures.h"
 #include "numeric/NR_vbNLE.h"
+#include "numeric/stopping_tests.h"
 #include "recording_system.h"
 
 #include <gtest/gtest.h>
@@ -101,6 +102,7 @@ TEST(Newt, EndsByTheToldTestsInTheToldOrder)
     struct row
     {
         std::string name;
+        function_system::function f;
         double start;
         newt_options options;
         double end;
@@ -111,6 +113,7 @@ TEST(Newt, EndsByTheToldTestsInTheToldOrder)
     };
     const std::vector<row> cases = {
         {"start within a hundredth of TOLF",
+         line,
          1.0 + 0x1p-31,
          {},
          1.0 + 0x1p-31,
@@ -119,6 +122,7 @@ TEST(Newt, EndsByTheToldTestsInTheToldOrder)
          1,
          0x1p-31},
         {"start equal to a hundredth of TOLF is not enough",
+         line,
          1.5,
          {.TOLF = 50.0},
          1.0,
@@ -126,13 +130,24 @@ TEST(Newt, EndsByTheToldTestsInTheToldOrder)
          1,
          3,
          0.0},
-        {"one full step", 5.0, {}, 1.0, solver_ending::residual_small, 1, 3, 0.0},
+        {"one full step", line, 5.0, {}, 1.0, solver_ending::residual_small, 1, 3, 0.0},
         // alamin is 1e-7 / 2^-24 and above 1: x goes back, the residual of the trial stays and passes the test.
-        {"step too short to make", 1.0 + 0x1p-24, {}, 1.0 + 0x1p-24, solver_ending::residual_small, 1, 3, 0.0},
+        {"step too short to make", line, 1.0 + 0x1p-24, {}, 1.0 + 0x1p-24, solver_ending::residual_small, 1, 3, 0.0},
+        // Flat: each step is -1/2; relative to the unknown 1/4 at -2 and 1/5 at -2.5.
+        {"step below TOLX", constant(0.5), 1.0, {.TOLX = 0.51}, 0.5, solver_ending::step_small, 1, 3, 0.5},
+        {"step equal to TOLX is not enough",
+         constant(0.5),
+         -1.5,
+         {.TOLX = 0.25},
+         -2.5,
+         solver_ending::step_small,
+         2,
+         5,
+         0.5},
     };
     for (const row& given : cases) {
         SCOPED_TRACE(given.name);
-        function_system system(1, line);
+        function_system system(1, given.f);
         std::vector<double> x = {given.start};
         std::vector<double> fvec(1);
         const solver_summary summary = newt(system, x, fvec, given.options);
@@ -155,6 +170,18 @@ TEST(Newt, SuspectsAMinimumThatIsNoRoot)
     EXPECT_EQ(summary.ending, solver_ending::no_descent);
     EXPECT_TRUE(summary.check);
     EXPECT_NEAR(x[0], 0.0, 1e-2);
+}
+
+// den is the larger of f and n / 2, so that each row is 3 / den against the tolerance.
+TEST(StoppingTests, GradientIsScaledByTheFunction)
+{
+    const std::vector<double> g = {-3.0, 0.0};
+    const std::vector<double> x = {0.5, 9.0};
+    EXPECT_TRUE(gradient_vanishes(g, x, 10.0, 0.31));
+    EXPECT_FALSE(gradient_vanishes(g, x, 10.0, 0.29));
+    EXPECT_FALSE(gradient_vanishes(g, x, 0.0, 3.0));
+    EXPECT_TRUE(gradient_vanishes(g, x, 0.0, 3.1));
+    EXPECT_FALSE(gradient_vanishes(g, std::vector{2.0, 9.0}, 0.0, 5.9));
 }
 
 TEST(Solvers, GiveUpInTheirOwnWordsAtTheLastAcceptedPoint)

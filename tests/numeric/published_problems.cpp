@@ -140,7 +140,8 @@ std::vector<double> brown_root(double repeated_value, double last)
 } // namespace
 
 // Roots that are not whole numbers were computed apart, in 40 digits. The first digits of "Broyden tridiagonal",
-// n = 9, stand in the MINPACK guide [MoreGarbowHillstrom1980]; those of both equations of [ChapraCanale2002] in its text.
+// n = 9, stand in the MINPACK guide [MoreGarbowHillstrom1980]; those of both equations of [ChapraCanale2002] in its
+// text.
 std::vector<published_problem> published_problems()
 {
     return {
