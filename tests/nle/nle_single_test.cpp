@@ -53,6 +53,10 @@ TEST(NleSingle, FindsTheRootsOfTheRangeInTheOrderOfTheScan)
         {"two roots within a hundredth are one",
          single_of({implicit_row("x", "1000*(x - 1)*(x - 1.005)")}, "0.99", "1.02"),
          {1}},
+        {"also downward", single_of({implicit_row("x", "1000*(x - 1)*(x - 1.005)")}, "1.02", "0.99"), {1.005}},
+        {"roots further apart are two",
+         single_of({implicit_row("x", "1000*(x - 1)*(x - 1.02)")}, "0.99", "1.03"),
+         {1, 1.02}},
         {"no root at all", single_of({implicit_row("x", "x^2 + 1", "0")}, "-2", "2", nle_method::safenewt), {}},
         // The failure at the guess must not reach the scan. The root of ln x = 1 is Euler's number.
         {"guess outside the domain", single_of({implicit_row("x", "ln(x) - 1", "-1")}, "1", "5"), {2.718281828459045}},
@@ -121,6 +125,33 @@ TEST(NleSingle, AKeptRootOfZeroEndsTheNextSearchInTheHandler)
     expect_box(run_of(single_of({implicit_row("x", "x*(x - 0.5)*(x + 0.5)")}, "-1", "1")), "Kelvarin Guide",
                "Internal Error trapped.\r(11) Division by zero\r");
     EXPECT_EQ(run_of(single_of({implicit_row("x", "x*(x + 0.5)")}, "-1", "1")).roots.size(), 2U);
+}
+
+TEST(NleSingle, AKeptRootOfZeroIsMetBeforeTheResidualIsLookedAt)
+{
+    // Ten doublings of the distance from the pole at 0.5 leave a residual near 1: no root, but the quotient
+    // with the kept 0 comes first.
+    settings few_trials;
+    ASSERT_FALSE(few_trials.set_value("mnewt_n", "10"));
+    const std::string pole = "x/(x - 0.5)";
+    expect_box(run_of(single_of({implicit_row("x", pole)}, "-1", "1"), few_trials), "Kelvarin Guide",
+               "Internal Error trapped.\r(11) Division by zero\r");
+    const nle_outcome without_zero = run_of(single_of({implicit_row("x", pole, "0.6")}, "0.3", "1"), few_trials);
+    EXPECT_TRUE(without_zero.has_report);
+    EXPECT_TRUE(without_zero.roots.empty());
+}
+
+TEST(NleSingle, AtTheGuessAVariableThatFailsHindersNoOther)
+{
+    const nle_outcome outcome =
+        run_of(single_of({explicit_row("a", "ln(x)"), explicit_row("b", "x + 3"), explicit_row("c", "a + b"),
+                          implicit_row("x", "a - 1 + 0*(b + c)", "-1")},
+                         "1", "5"));
+    std::vector<double> values;
+    for (const explicit_result& row : outcome.initial_values.explicit_values)
+        values.push_back(row.value);
+    EXPECT_EQ(values, (std::vector<double>{0.0, 2.0, 2.0}));
+    EXPECT_EQ(outcome.roots.size(), 1U);
 }
 
 TEST(NleSingle, APoleMayPassForARootFarAway)

@@ -94,6 +94,8 @@ TEST(NleSystem, ColumnsDifferencedTogetherHaveTheBitsAndFailuresOfTheLoop)
         std::vector<double> f(size);
         fast.evaluate(x, f);
         plain.evaluate(x, f);
+        // A solver may difference against the residuals of another point.
+        if (*rc::gen::inRange(0, 3) == 0) f[*rc::gen::inRange(std::size_t{0}, size)] += 0.25;
         std::vector<double> moved(x);
         for (double& v : moved)
             v += 1e-5;
