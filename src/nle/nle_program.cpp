@@ -35,6 +35,8 @@ void nle_program::make_groups()
     const std::size_t results = program_->output_count();
     // For each group the results that its columns reach.
     std::vector<std::vector<bool>> reached;
+    // The first group moves nothing: f need not be F(x), and then unmoved rows differ from it as well.
+    groups_.emplace_back();
     rows_.resize(size_);
     for (std::size_t column = 0; column < size_; ++column) {
         std::vector<std::size_t> reaches;
@@ -51,7 +53,7 @@ void nle_program::make_groups()
             reached.emplace_back(results, false);
             groups_.emplace_back();
         }
-        groups_[group].push_back(column);
+        groups_[group + 1].push_back(column);
         for (const std::size_t result : reaches)
             reached[group][result] = true;
     }
@@ -61,16 +63,35 @@ bool nle_program::difference_columns(std::span<const double> x, std::span<const 
                                      std::span<const double> moved, std::span<const double> divisors, matrix& df)
 {
     if (groups_.empty()) make_groups();
-    for (std::size_t row = 0; row < size_; ++row) {
-        const std::span<double> elements = df.row(static_cast<int>(row));
-        for (std::size_t column = 0; column < size_; ++column)
-            elements[column] = 0.0 / divisors[column];
-    }
     std::size_t first = 0;
     for (; first + 1 < groups_.size(); first += program::lanes) {
         if (!difference_side_by_side(first, x, f, moved, divisors, df)) return false;
     }
     return first >= groups_.size() || difference_group(groups_[first], x, f, moved, divisors, df);
+}
+
+template <class Output>
+void nle_program::take_differences(const column_group& group, std::span<const double> f,
+                                   std::span<const double> divisors, matrix& df, Output output)
+{
+    if (group.empty()) {
+        const bool ascending = std::ranges::all_of(divisors, [](double divisor) { return divisor > 0.0; });
+        for (std::size_t row = 0; row < size_; ++row) {
+            const double difference = output(row) - f[row];
+            const std::span<double> elements = df.row(static_cast<int>(row));
+            if (difference == 0.0 && ascending) {
+                std::ranges::fill(elements, 0.0); // what the divisions would give
+                continue;
+            }
+            for (std::size_t column = 0; column < size_; ++column)
+                elements[column] = difference / divisors[column];
+        }
+        return;
+    }
+    for (const std::size_t column : group) {
+        for (const std::size_t row : rows_[column])
+            df(static_cast<int>(row), static_cast<int>(column)) = (output(row) - f[row]) / divisors[column];
+    }
 }
 
 bool nle_program::difference_side_by_side(std::size_t first, std::span<const double> x, std::span<const double> f,
@@ -93,12 +114,8 @@ bool nle_program::difference_side_by_side(std::size_t first, std::span<const dou
             [&](const column_group& group) { return difference_group(group, x, f, moved, divisors, df); });
     }
     for (std::size_t p = 0; p < count; ++p) {
-        for (const std::size_t column : groups_[first + p]) {
-            for (const std::size_t row : rows_[column]) {
-                df(static_cast<int>(row), static_cast<int>(column)) =
-                    (program_->lane_output(row, static_cast<int>(p)) - f[row]) / divisors[column];
-            }
-        }
+        take_differences(groups_[first + p], f, divisors, df,
+                         [&](std::size_t row) { return program_->lane_output(row, static_cast<int>(p)); });
     }
     return true;
 }
@@ -111,11 +128,7 @@ bool nle_program::difference_group(const column_group& group, std::span<const do
     for (const std::size_t column : group)
         inputs[column] = moved[column];
     if (!program_->run_in_place()) return false;
-    for (const std::size_t column : group) {
-        for (const std::size_t row : rows_[column]) {
-            df(static_cast<int>(row), static_cast<int>(column)) = (program_->output(row) - f[row]) / divisors[column];
-        }
-    }
+    take_differences(group, f, divisors, df, [&](std::size_t row) { return program_->output(row); });
     return true;
 }
 

@@ -37,6 +37,11 @@ private:
     explicit nle_program(std::unique_ptr<program> compiled, std::size_t size);
 
     void make_groups();
+    /// Writes what one point of a Jacobian tells: the columns of its group, or, where it moves nothing, all
+    /// elements as those of rows that do not depend on their column.
+    template <class Output>
+    void take_differences(const column_group& group, std::span<const double> f, std::span<const double> divisors,
+                          matrix& df, Output output);
     bool difference_side_by_side(std::size_t first, std::span<const double> x, std::span<const double> f,
                                  std::span<const double> moved, std::span<const double> divisors, matrix& df);
     bool difference_group(const column_group& group, std::span<const double> x, std::span<const double> f,
