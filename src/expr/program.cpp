@@ -6,12 +6,21 @@
 #include "expr/program_machine.h"
 
 #include <algorithm>
+#include <bit>
+#include <cassert>
 
 namespace kelvarin
 {
 
 namespace
 {
+
+/// Whether four points side by side are compared with single ones.
+#ifdef KELVARIN_CHECKED
+constexpr bool compares_evaluations = true;
+#else
+[[maybe_unused]] constexpr bool compares_evaluations = false;
+#endif
 
 /// For each output the inputs it depends on, as rows of bits.
 class dependence_table
@@ -142,11 +151,29 @@ std::span<double> program::lane_inputs()
     return {own.four ? own.four->cells() : own.spread_inputs.data(), own.input_count * lanes};
 }
 
+bool program::lanes_agree_with_single_points()
+{
+    const std::vector<double> values(lane_inputs().begin(), lane_inputs().end());
+    for (int p = 0; p < lanes; ++p) {
+        for (std::size_t i = 0; i < input_count(); ++i)
+            inputs()[i] = values[i * lanes + static_cast<std::size_t>(p)];
+        if (!run_in_place()) return false;
+        for (std::size_t i = 0; i < output_count(); ++i)
+            if (std::bit_cast<std::uint64_t>(output(i)) != std::bit_cast<std::uint64_t>(lane_output(i, p)))
+                return false;
+    }
+    return true;
+}
+
 bool program::run_lanes_in_place()
 {
     const std::span<double> values = lane_inputs();
     parts& own = *parts_;
-    if (own.four) return own.four->run();
+    if (own.four) {
+        if (!own.four->run()) return false;
+        assert(!compares_evaluations || lanes_agree_with_single_points());
+        return true;
+    }
     for (int p = 0; p < lanes; ++p) {
         for (std::size_t i = 0; i < own.input_count; ++i)
             own.cells[i] = values[i * lanes + static_cast<std::size_t>(p)];

@@ -61,6 +61,8 @@ public:
 private:
     program();
 
+    bool lanes_agree_with_single_points();
+
     struct parts;
     std::unique_ptr<parts> parts_;
 };
