@@ -53,7 +53,10 @@ TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
     const std::vector<row> rows = {
         {{"sum.kvr"}, 0, 1, ""},
         {{"sum.kvr", "lines.kvr", "root.kvr"}, 0, 3, ""},
-        {{"fails.kvr", "sum.kvr"}, 1, 1, "Expression evaluation error. (fails.kvr)\nError: sqrt() of negative number not allowed.\nsqrt(b)\n"},
+        {{"fails.kvr", "sum.kvr"},
+         1,
+         1,
+         "Expression evaluation error. (fails.kvr)\nError: sqrt() of negative number not allowed.\nsqrt(b)\n"},
         {{"red.kvr", "sum.kvr"}, 1, 1, "Kelvarin Guide (red.kvr)\nUndefined Variable: q\n"},
         {{"missing.kvr", "fails.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (missing.kvr)\nThe file can not be read: "},
         {{"decay.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (decay.kvr)\nDifferential equations are not yet solved"},
