@@ -2,6 +2,7 @@
 #include "batch/answer_printer.h"
 
 #include "batch/exit_status.h"
+#include "batch/json_output.h"
 #include "platform/saver.h"
 
 #include <algorithm>
@@ -36,10 +37,10 @@ void answer_printer::take(const std::string& file, file_answer answer)
 {
     status_ = std::max(status_, answer.status);
     err_ << answer.messages << std::flush;
-    const bool as_json = request_.format == output_format::json;
+    const bool as_json = request_.format == output_format::object;
     if (a_file_each_) {
         if (as_json)
-            write(output_name(request_.output, file), json_text(answer.object));
+            write(output_name(request_.output, file), answer.object + "\n");
         else if (!answer.report.empty())
             write(output_name(request_.output, file), answer.report);
         return;
@@ -59,7 +60,8 @@ void answer_printer::take(const std::string& file, file_answer answer)
 
 int answer_printer::finish()
 {
-    if (!objects_.empty()) write(request_.output, json_text(request_.files.size() == 1 ? objects_.front() : objects_));
+    if (!objects_.empty())
+        write(request_.output, (request_.files.size() == 1 ? objects_.front() : json_array_text(objects_)) + "\n");
     if (!reports_.empty()) write(request_.output, reports_);
     return status_;
 }

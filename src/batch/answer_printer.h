@@ -29,7 +29,7 @@ private:
     std::ostream& err_;
     bool a_file_each_;
     bool first_report_ = true;
-    json objects_ = json::array();
+    std::vector<std::string> objects_;
     std::string reports_;
     int status_ = 0;
 };

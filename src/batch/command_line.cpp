@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <map>
 #include <set>
+#include <thread>
 
 namespace kelvarin
 {
@@ -18,12 +19,14 @@ namespace
 {
 
 constexpr const char* program_name = "kelvarin-solve";
+constexpr int most_jobs = 1024;
 
 /// The options as they were typed.
 struct typed_options
 {
     std::string method, format, output, kind;
     std::vector<std::string> assignments, files;
+    int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     bool check = false, eval = false, show_settings = false;
     std::vector<std::string> lines;
 };
@@ -47,7 +50,7 @@ void take_lines(std::vector<std::string>& arguments, typed_options& typed)
 
 void describe_options(CLI::App& app, typed_options& typed)
 {
-    app.add_option("FILE", typed.files, "Problem files, solved one after the other")->type_name("");
+    app.add_option("FILE", typed.files, "Problem files; their answers come in this order")->type_name("");
     app.add_option("--method", typed.method, "fastnewt, safenewt, safebroydn, constrained, or the number 0 to 3")
         ->type_name("NAME");
     app.add_option("--set", typed.assignments, "Set a value of --settings for this call; may be repeated")
@@ -58,6 +61,9 @@ void describe_options(CLI::App& app, typed_options& typed)
         ->type_name("NAME");
     app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name")
         ->type_name("NAME");
+    app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")
+        ->type_name("")
+        ->check(CLI::Range(1, most_jobs, "N"));
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
@@ -80,10 +86,10 @@ output_format format_of(const typed_options& typed, batch_action action)
     const bool only_json = action == batch_action::check || action == batch_action::eval;
     const std::string name = typed.format.empty() ? (only_json ? "json" : "text") : typed.format;
     const std::map<std::string, output_format> names = {
-        {"text", output_format::text}, {"rtf", output_format::rtf}, {"json", output_format::json}};
+        {"text", output_format::plain}, {"rtf", output_format::rtf}, {"json", output_format::object}};
     const auto found = names.find(name);
     if (found == names.end()) throw wrong_usage{"--format: text, rtf or json is expected, not '" + name + "'."};
-    if (only_json && found->second != output_format::json) throw wrong_usage{"--check and --eval give JSON only."};
+    if (only_json && found->second != output_format::object) throw wrong_usage{"--check and --eval give JSON only."};
     if (action == batch_action::show_settings && found->second == output_format::rtf)
         throw wrong_usage{"--settings gives text or JSON only."};
     return found->second;
@@ -151,6 +157,7 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     request.kind_is_nle = !typed.kind.empty();
     request.output = std::move(typed.output);
     request.files = std::move(typed.files);
+    request.jobs = typed.jobs;
     request.lines = std::move(typed.lines);
     check_files(request);
     check_outputs(request);

@@ -23,9 +23,10 @@ enum class batch_action
 
 enum class output_format
 {
-    text,
+    plain,
     rtf,
-    json
+    /// A JSON object per file.
+    object
 };
 
 /// What a command line asks for, complete and free of contradictions.
@@ -36,12 +37,14 @@ struct batch_request
     std::optional<nle_method> method;
     /// The user's settings with those of the command line over them.
     settings store;
-    output_format format = output_format::text;
+    output_format format = output_format::plain;
     /// Where the output goes in place of standard output; may hold `{}` for the stem of each file.
     std::string output;
     /// Every file is taken for a nonlinear problem, whatever its name and first lines.
     bool kind_is_nle = false;
     std::vector<std::string> files;
+    /// How many files are answered at a time.
+    int jobs = 1;
     /// The lines behind --eval.
     std::vector<std::string> lines;
 };

@@ -84,8 +84,7 @@ json bound_json(const setting_row& row, double bound)
 json solved_nle_json(const std::string& file, const nle_content& content, const nle_outcome& outcome,
                      std::string_view report)
 {
-    // A refused run need not have come as far as telling its kind; the rows tell it always.
-    const bool single = analyse_nle(content).set.implicit_count == 1;
+    const bool single = outcome.kind == nle_run_kind::single;
     const bool ok = outcome.has_report;
     json object = {{"file", file},
                    {"kind", kind_name(document_kind::nle)},
@@ -154,7 +153,27 @@ json settings_json(const settings& store)
 std::string json_text(const json& value)
 {
     constexpr int indent = 2;
-    return value.dump(indent, ' ', false, json::error_handler_t::replace) + "\n";
+    return value.dump(indent, ' ', false, json::error_handler_t::replace);
+}
+
+std::string json_array_text(std::span<const std::string> values)
+{
+    std::size_t size = 8;
+    for (const std::string& value : values)
+        size += value.size() + value.size() / 8;
+    std::string text;
+    text.reserve(size);
+    text = "[";
+    for (const std::string& value : values) {
+        text += text.size() == 1 ? "\n  " : ",\n  ";
+        // Line ends stand between the parts of a value, never inside its strings.
+        for (const char c : value) {
+            text += c;
+            if (c == '\n') text += "  ";
+        }
+    }
+    text += "\n]";
+    return text;
 }
 
 } // namespace kelvarin

@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,10 @@ json calculator_json(const std::string& line, const calculator_answer& answer);
 /// All settings in table order; bounds are null where a type has none.
 json settings_json(const settings& store);
 
-/// The text of a value, indented, with a line end. Bytes that are no UTF-8 (in file names) are replaced.
+/// The text of a value, indented. Bytes that are no UTF-8 (in file names) are replaced.
 std::string json_text(const json& value);
+
+/// The text of an array of values whose texts are given.
+std::string json_array_text(std::span<const std::string> values);
 
 } // namespace kelvarin

@@ -3,6 +3,7 @@
 #include "batch/command_line.h"
 #include "batch/exit_status.h"
 #include "batch/json_output.h"
+#include "batch/ordered_answers.h"
 #include "batch/progress_line.h"
 #include "batch/settings_listing.h"
 #include "batch/solve_files.h"
@@ -20,16 +21,19 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
                  const batch_surroundings& surroundings)
 {
     answer_printer printer(request, out, err);
-    for (const std::string& file : request.files) {
-        file_answer answer;
-        if (request.action == batch_action::check) {
-            answer = check_file(file, request);
-        } else {
-            progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr, file);
-            answer = solve_file(file, request, surroundings.clock, progress);
-        }
+    const auto answer_of = [&](std::size_t i, run_listener& listener) {
+        if (request.action == batch_action::check) return check_file(request.files[i], request);
+        return solve_file(request.files[i], request, surroundings.clock, listener);
+    };
+    ordered_answers answers(request.files.size(), request.jobs, answer_of, surroundings.listener);
+    for (std::size_t i = 0; i < request.files.size(); ++i) {
+        file_answer answer = [&] {
+            progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr,
+                                   request.files[i]);
+            return answers.next(progress);
+        }();
         if (answer.stopped || surroundings.listener.stop_asked()) return exit_status::interrupted;
-        printer.take(file, std::move(answer));
+        printer.take(request.files[i], std::move(answer));
     }
     return printer.finish();
 }
@@ -44,7 +48,7 @@ int evaluate_lines(const batch_request& request, std::ostream& out, std::ostream
         if (!answer.value) status = exit_status::a_run_failed;
         answers.push_back(calculator_json(line, answer));
     }
-    return std::max(status, write_output(request.output, json_text(answers), out, err));
+    return std::max(status, write_output(request.output, json_text(answers) + "\n", out, err));
 }
 
 } // namespace
@@ -64,7 +68,7 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
         return evaluate_lines(request, out, err);
     case batch_action::show_settings:
         return write_output(request.output,
-                            request.format == output_format::json ? json_text(settings_json(request.store))
+                            request.format == output_format::object ? json_text(settings_json(request.store)) + "\n"
                                                                   : settings_listing(request.store),
                             out, err);
     case batch_action::solve:

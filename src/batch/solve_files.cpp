@@ -2,6 +2,7 @@
 #include "batch/solve_files.h"
 
 #include "batch/exit_status.h"
+#include "batch/json_output.h"
 #include "batch/problem_file.h"
 #include "nle/nle_run.h"
 #include "shell/rich_text.h"
@@ -17,7 +18,7 @@ namespace
 file_answer refused_answer(const std::string& file, const problem_file& refused)
 {
     file_answer answer;
-    answer.object = refused_file_json(file, refused.kind, *refused.refusal);
+    answer.object = json_text(refused_file_json(file, refused.kind, *refused.refusal));
     answer.messages = message_lines(file, *refused.refusal);
     answer.status = exit_status::unusable;
     return answer;
@@ -41,7 +42,7 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
         if (read.kind == document_kind::nle) {
             nle_outcome not_run;
             not_run.boxes = {*read.refusal};
-            refused.object = solved_nle_json(file, read.content, not_run, "");
+            refused.object = json_text(solved_nle_json(file, read.content, not_run, ""));
         }
         return refused;
     }
@@ -52,15 +53,11 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
     answer.stopped = outcome.stopped;
     for (const message_box& box : outcome.boxes)
         answer.messages += message_lines(file, box);
-    std::string plain;
-    if (outcome.has_report) {
-        std::string report = nle_report(problem, outcome, request.store, clock.today());
-        plain = plain_text_of(read_rich_text(report));
-        answer.report = request.format == output_format::rtf ? std::move(report) : plain;
-    } else {
-        answer.status = exit_status::a_run_failed;
-    }
-    answer.object = solved_nle_json(file, read.content, outcome, plain);
+    if (!outcome.has_report) answer.status = exit_status::a_run_failed;
+    if (outcome.has_report) answer.report = nle_report(problem, outcome, request.store, clock.today());
+    if (request.format != output_format::rtf) answer.report = plain_text_of(read_rich_text(answer.report));
+    if (request.format == output_format::object)
+        answer.object = json_text(solved_nle_json(file, read.content, outcome, answer.report));
     return answer;
 }
 
@@ -69,7 +66,7 @@ file_answer check_file(const std::string& file, const batch_request& request)
     const problem_file read = read_problem_file(file, request);
     if (read.refusal) return refused_answer(file, read);
     file_answer answer;
-    answer.object = checked_nle_json(file, read.content);
+    answer.object = json_text(checked_nle_json(file, read.content));
     return answer;
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "batch/command_line.h"
-#include "batch/json_output.h"
 #include "platform/clock.h"
 #include "platform/registry_store.h"
 #include "platform/run_listener.h"
@@ -28,11 +27,12 @@ struct batch_surroundings
 /// What one file gave. It is made without printing anything, so that files can be answered in any order.
 struct file_answer
 {
-    json object;
+    /// The text of its JSON object, where JSON is asked for.
+    std::string object = {};
     /// The report in the format asked for, text or rtf; empty where there is none.
-    std::string report;
+    std::string report = {};
     /// For standard error.
-    std::string messages;
+    std::string messages = {};
     int status = 0;
     bool stopped = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 namespace kelvarin
@@ -41,14 +42,14 @@ public:
     }
 
     calendar_date today() const override { return date_; }
-    std::int64_t whole_seconds() const override { return seconds_ += step_; }
+    std::int64_t whole_seconds() const override { return seconds_ += step_.load(); }
     /// From now on every question about the time moves it by `step` seconds.
     void advance_by(std::int64_t step) { step_ = step; }
 
 private:
     calendar_date date_;
-    mutable std::int64_t seconds_;
-    std::int64_t step_ = 0;
+    mutable std::atomic<std::int64_t> seconds_;
+    std::atomic<std::int64_t> step_ = 0;
 };
 
 } // namespace kelvarin

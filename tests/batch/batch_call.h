@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "batch/json_output.h"
 #include "batch/solve_files.h"
 #include "platform/registry_store.h"
 

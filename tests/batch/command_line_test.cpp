@@ -89,7 +89,7 @@ TEST(CommandLine, OptionsMayStandBeforeAndBehindTheFiles)
     ASSERT_NE(request, nullptr) << std::get<command_line_end>(read).text;
     EXPECT_EQ(request->files, (std::vector<std::string>{"a.kvr", "b.kvr"}));
     EXPECT_EQ(request->method, nle_method::safebroydn);
-    EXPECT_EQ(request->format, output_format::json);
+    EXPECT_EQ(request->format, output_format::object);
     EXPECT_EQ(request->output, "out.json");
     EXPECT_EQ(request->store.number("newt_TOLF"), 0.01);
     EXPECT_EQ(request->store.whole_number("mnewt_n"), 20);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "batch/ordered_answers.h"
 #include "batch_call.h"
 #include "support/scratch_folder.h"
 
@@ -249,6 +250,60 @@ TEST_F(SolveFiles, AWishToStopEndsWithoutHalfAnAnswer)
     }
     EXPECT_FALSE(folder.holds("all.txt"));
     EXPECT_FALSE(folder.holds("root.txt"));
+}
+
+TEST_F(SolveFiles, TheNumberOfJobsChangesNoByte)
+{
+    std::vector<std::string> files;
+    for (int i = 0; i < 6; ++i)
+        for (const char* file : {"lines.kvr", "fails.kvr", "root.kvr", "red.kvr", "sum.kvr", "missing.kvr"})
+            files.emplace_back(file);
+    for (const char* action : {"--format=text", "--format=json", "--check"}) {
+        SCOPED_TRACE(action);
+        std::vector<std::string> arguments = {"--jobs", "1", action};
+        arguments.insert(arguments.end(), files.begin(), files.end());
+        const batch_result alone = call(arguments);
+        for (const char* jobs : {"2", "7", "100"}) {
+            arguments[1] = jobs;
+            const batch_result together = call(arguments);
+            EXPECT_EQ(together.status, alone.status);
+            EXPECT_EQ(together.out, alone.out);
+            EXPECT_EQ(together.err, alone.err);
+        }
+        EXPECT_EQ(json::parse(alone.out, nullptr, false).is_discarded(), std::string(action) == "--format=text");
+    }
+    EXPECT_EQ(call({"--jobs", "0", "sum.kvr"}).status, 2);
+}
+
+TEST(OrderedAnswers, GivesAnswersInOrderAndPassesExceptionsOn)
+{
+    recording_listener program;
+    const auto slow_first = [](std::size_t file, run_listener&) {
+        if (file == 0) std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        if (file == 2) throw std::runtime_error("no answer");
+        return file_answer{.report = std::to_string(file)};
+    };
+    ordered_answers answers(4, 3, slow_first, program);
+    EXPECT_EQ(answers.next(program).report, "0");
+    EXPECT_EQ(answers.next(program).report, "1");
+    EXPECT_THROW(answers.next(program), std::runtime_error);
+    EXPECT_EQ(answers.next(program).report, "3");
+}
+
+TEST(OrderedAnswers, AWishToStopStartsNoFurtherFile)
+{
+    recording_listener program;
+    ordered_answers answers(
+        50, 2,
+        [&](std::size_t file, run_listener& listener) {
+            if (file == 3) program.ask_to_stop();
+            return file_answer{.status = static_cast<int>(file), .stopped = listener.stop_asked()};
+        },
+        program);
+    int given = 0;
+    while (!answers.next(program).stopped)
+        ++given;
+    EXPECT_LE(given, 5);
 }
 
 TEST_F(SolveFiles, CheckTellsWhatIsMissingAndSucceedsOnARedProblem)
