@@ -62,8 +62,7 @@ void describe_options(CLI::App& app, typed_options& typed)
     app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name")
         ->type_name("NAME");
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")
-        ->type_name("")
-        ->check(CLI::Range(1, most_jobs, "N"));
+        ->type_name("N");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
@@ -157,6 +156,8 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     request.kind_is_nle = !typed.kind.empty();
     request.output = std::move(typed.output);
     request.files = std::move(typed.files);
+    if (typed.jobs < 1 || typed.jobs > most_jobs)
+        throw wrong_usage{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};
     request.jobs = typed.jobs;
     request.lines = std::move(typed.lines);
     check_files(request);
