@@ -4,6 +4,7 @@
 #include "expr/operation_table.h"
 #include "expr/program_code.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <type_traits>
@@ -281,14 +282,8 @@ struct form_and_operation
     friend bool operator==(const form_and_operation&, const form_and_operation&) = default;
 };
 
-inline constexpr std::array<form_and_operation, 19> first_forms = {{
-    {operand_form::load, arithmetic::add},
-    {operand_form::accumulator, arithmetic::add},
-    {operand_form::accumulator_twice, arithmetic::multiply},
-    {operand_form::cell_cell, arithmetic::add},
-    {operand_form::cell_cell, arithmetic::subtract},
-    {operand_form::cell_cell, arithmetic::multiply},
-    {operand_form::cell_cell, arithmetic::divide},
+/// Operations that go on from the accumulator. Sums and products commute and so need one form only.
+inline constexpr std::array<form_and_operation, 12> continuing_forms = {{
     {operand_form::accumulator_cell, arithmetic::add},
     {operand_form::accumulator_cell, arithmetic::subtract},
     {operand_form::accumulator_cell, arithmetic::multiply},
@@ -303,21 +298,25 @@ inline constexpr std::array<form_and_operation, 19> first_forms = {{
     {operand_form::accumulator_before, arithmetic::divide},
 }};
 
-inline constexpr std::array<form_and_operation, 13> second_forms = {{
-    {operand_form::none, arithmetic::add},
-    {operand_form::accumulator_cell, arithmetic::add},
-    {operand_form::accumulator_cell, arithmetic::subtract},
-    {operand_form::accumulator_cell, arithmetic::multiply},
-    {operand_form::accumulator_cell, arithmetic::divide},
-    {operand_form::cell_accumulator, arithmetic::subtract},
-    {operand_form::cell_accumulator, arithmetic::divide},
-    {operand_form::before_accumulator, arithmetic::add},
-    {operand_form::before_accumulator, arithmetic::subtract},
-    {operand_form::before_accumulator, arithmetic::multiply},
-    {operand_form::before_accumulator, arithmetic::divide},
-    {operand_form::accumulator_before, arithmetic::subtract},
-    {operand_form::accumulator_before, arithmetic::divide},
-}};
+template <std::size_t Count> constexpr auto with_continuing_forms(const std::array<form_and_operation, Count>& others)
+{
+    std::array<form_and_operation, Count + continuing_forms.size()> all;
+    std::copy(others.begin(), others.end(), all.begin());
+    std::copy(continuing_forms.begin(), continuing_forms.end(), all.begin() + Count);
+    return all;
+}
+
+inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_operation, 7>{{
+    {operand_form::load, arithmetic::add},
+    {operand_form::accumulator, arithmetic::add},
+    {operand_form::accumulator_twice, arithmetic::multiply},
+    {operand_form::cell_cell, arithmetic::add},
+    {operand_form::cell_cell, arithmetic::subtract},
+    {operand_form::cell_cell, arithmetic::multiply},
+    {operand_form::cell_cell, arithmetic::divide},
+}});
+inline constexpr auto second_forms =
+    with_continuing_forms(std::array<form_and_operation, 1>{{{operand_form::none, arithmetic::add}}});
 
 inline constexpr std::array<keep, 4> keeps = {keep::no, keep::store, keep::store_checked, keep::store_checked_and_halt};
 inline constexpr std::array<operand_form, 8> operation_forms = {operand_form::load,

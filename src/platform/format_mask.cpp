@@ -28,8 +28,7 @@ struct mask_shape
 mask_shape shape_of_mask(std::string_view mask)
 {
     mask_shape shape;
-    for (std::size_t at = 0; at < mask.size(); ++at) {
-        const char letter = mask[at];
+    for (const char letter : mask) {
         if (shape.exponent) {
             if (letter == '+') shape.exponent_plus = true;
             if (letter == '0') ++shape.exponent_digits;
@@ -75,7 +74,8 @@ std::string format_masked(double value, std::string_view mask)
         text = fixed_by_mask(number, shape);
         append_exponent(text, scale, shape.exponent_digits, shape.exponent_plus);
     } else {
-        number = rounded_to(std::move(number), number.exponent + 1 + shape.fraction_places);
+        const int digits = number.exponent + 1 + shape.fraction_places;
+        number = rounded_to(std::move(number), digits);
         text = fixed_by_mask(number, shape);
     }
     if (number.negative && !number.is_zero()) text.insert(0, 1, '-');

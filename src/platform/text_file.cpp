@@ -23,7 +23,7 @@ constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 /// Reads to the end of the file into `bytes`; the reason of a failure, or an empty text.
 std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes)
 {
-    constexpr std::size_t step = 64 * 1024;
+    constexpr std::size_t step = std::size_t{64} * 1024;
     std::size_t filled = 0;
     bytes.resize(expected + 1);
     while (true) {

@@ -20,7 +20,7 @@ std::string escape_rich_text(std::string_view text);
 /// the body begins with a group or a control word of its own.
 std::string rich_text_document(std::string_view body);
 
-/// The head of every report, up to and without the line ends behind it: "KELVARIN Results", the title
+/// The head of every report, up to and with the one line end behind the date: "KELVARIN Results", the title
 /// (escaped here), the date and the program's version.
 std::string report_head(std::string_view title, calendar_date date);
 

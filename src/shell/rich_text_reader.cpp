@@ -278,7 +278,7 @@ void rich_text_reader::read_hex_letter()
     if (!high || !low) return;
     at_ += 2;
     if (is_replacement()) return;
-    const auto byte = static_cast<std::size_t>(*high * 16 + *low);
+    const auto byte = static_cast<std::size_t>(*high) * 16 + static_cast<std::size_t>(*low);
     const bool has_own_letter = byte >= 0x80 && byte < 0x80 + ansi_letters.size();
     append_letter(has_own_letter ? ansi_letters[byte - 0x80] : static_cast<char32_t>(byte));
 }
