@@ -9,7 +9,7 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 test_packages=(libgtest-dev libgmock-dev librapidcheck-dev)
-development_packages=(git ccache libbenchmark-dev clang clang-format clang-tidy libclang-rt-14-dev)
+development_packages=(git ccache libbenchmark-dev libmuparser-dev libgsl-dev clang clang-format clang-tidy libclang-rt-14-dev)
 
 case "${1:-all}" in
 run) ;;
