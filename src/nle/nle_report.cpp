@@ -43,7 +43,7 @@ std::string name_block(std::string_view name)
 void add_explicit_rows(std::string& report, std::span<const explicit_result> rows)
 {
     for (const explicit_result& row : rows) {
-        add_line(report, {R"({\f6 )", name_block(row.name), "   ", format_number(row.value), "}"});
+        add_line(report, {R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "}"});
     }
 }
 
@@ -51,7 +51,7 @@ void add_explicit_rows(std::string& report, std::span<const explicit_result> row
 void add_rows(std::string& report, const nle_solution& solution)
 {
     for (const implicit_result& row : solution.implicit) {
-        add_line(report, {R"({\f6 )", name_block(row.name), "   ", format_number(row.value), "   ",
+        add_line(report, {R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "   ",
                           format_number(row.residual), "   ", format_number(row.guess), "}"});
     }
     add_explicit_rows(report, solution.explicit_values);

@@ -120,6 +120,19 @@ TEST(NleReport, WarnsAndNamesTheErrorOfTheConstrainedMethod)
               std::string::npos);
 }
 
+/// The first blank behind \f6 ends the word; the second one indents the row like the heads above it.
+TEST(NleReport, TableRowsStandUnderTheirHeads)
+{
+    const std::string system =
+        nle_report({}, ended(nle_method::safenewt, cnle_code::converged, 0.25), settings(), {2026, 1, 2});
+    EXPECT_NE(system.find(R"({\f6  x           1            0.25         0.5      }\par )"
+                          R"({\f6  y          -2            0            1.0E-07  }\par \par )"),
+              std::string::npos)
+        << system;
+    const std::string alone = report_of({test::system_of({explicit_row("length_of_pipe", "12.5")}), {}});
+    EXPECT_NE(alone.find(R"({\f6  _of_pipe    12.5     }\par \par \par )"), std::string::npos) << alone;
+}
+
 TEST(NleReport, PrintsTheConditionsAndTheSettingsOfTheMethod)
 {
     settings store;
