@@ -20,19 +20,31 @@ constexpr std::string_view guess_marker = "(0)=";
 constexpr std::string_view lower_marker = "(min)=";
 constexpr std::string_view upper_marker = "(max)=";
 
+std::string one_line(std::string_view text)
+{
+    std::string line(text);
+    for (char& c : line) {
+        if (c == '\r' || c == '\n') c = ' ';
+    }
+    return line;
+}
+
 /// A line without its comment, in which words are no marks.
 std::string_view before_comment(std::string_view line)
 {
     return line.substr(0, line.find('#'));
 }
 
-/// Whether the line is one of guesses or bounds. The "=" of the marker is the line's first: an expression
+/// Whether the line is one of guesses or bounds. The line's first "=" is that of a marker: an expression
 /// such as (0)==b belongs to an equation.
 bool is_marked(std::string_view line, std::string_view marker)
 {
     const std::string_view text = before_comment(line);
-    const std::size_t at = text.find(marker);
-    return at != std::string_view::npos && text.find('=') == at + marker.size() - 1;
+    const std::string_view to_first_equals = text.substr(0, text.find('=') + 1);
+    if (to_first_equals.ends_with(marker)) return true;
+    // The bounds of one line may stand in either order.
+    return marker == lower_marker && to_first_equals.ends_with(upper_marker) &&
+           text.find(marker) != std::string_view::npos;
 }
 
 bool is_behind_equations(std::string_view line)
@@ -40,12 +52,12 @@ bool is_behind_equations(std::string_view line)
     return is_marked(line, guess_marker) || is_marked(line, lower_marker);
 }
 
-/// An equation's name as it stands in front of a marker. What is no name is left out: guesses are read by
-/// their place, and a line must not look like an equation.
+/// An equation's name as it stands in front of a marker. Guesses are read by their place, so a name that
+/// would make the line look like an equation or a comment is left out.
 std::string marked_name(std::string_view equation)
 {
     const std::string_view name = parts_of(equation).name;
-    return is_valid_name(name) ? std::string(name) : std::string();
+    return name.find_first_of("(=#") == std::string_view::npos ? one_line(name) : std::string();
 }
 
 bool defines_f(const std::vector<equation_row>& rows)
@@ -151,15 +163,6 @@ void read_bounds(line_reader& lines, std::span<equation_row* const> implicit, nl
     const double upper = val(*upper_text);
     content.upper_bound = plain_text(upper);
     implicit.front()->guess = plain_text(middle(lower, upper));
-}
-
-std::string one_line(std::string_view text)
-{
-    std::string line(text);
-    for (char& c : line) {
-        if (c == '\r' || c == '\n') c = ' ';
-    }
-    return line;
 }
 
 void write_line(std::string& text, std::string_view line)

@@ -62,6 +62,17 @@ TEST(NleFile, WritesTheBoundsOfASingleEquationAsNumbers)
     EXPECT_EQ(write_nle(content), " |KVRVER05_0\r\nf(x) = x^2 - 2 #\r\nx(min)=-3.5, x(max)=1E-07\r\n");
 }
 
+TEST(NleFile, GuessLinesNameWhateverStandsInTheParentheses)
+{
+    nle_content content;
+    content.rows = {{"f( 2x ) = 1", "1", ""}, {"f(a=b) = 1", "2", ""}, {"f(f() = 1", "3", ""}};
+    const std::string written = write_nle(content, true);
+    EXPECT_EQ(written.substr(written.find("1\r\n2x") + 3), "2x(0)=1\r\n(0)=2\r\n(0)=3\r\n");
+    const std::optional<nle_content> read = read_nle(written);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->rows, content.rows);
+}
+
 TEST(NleFile, ReadsEveryFormOfAProblem)
 {
     struct file
@@ -95,6 +106,9 @@ TEST(NleFile, ReadsEveryFormOfAProblem)
         {"bounds around a blank line",
          "T\nf(x) = x\nx(min)=2\n\nx(max)=4\n",
          {"T", kept, {{"f(x) = x", "3", ""}}, "2", "4"}},
+        {"the upper bound first",
+         "T\nf(x) = x\nx(max)=4, x(min)=1\n",
+         {"T", kept, {{"f(x) = x", "2.5", ""}}, "1", "4"}},
         {"bounds cut short", "T\nf(x) = x\nx(min)=2", {"T", kept, {{"f(x) = x", "", ""}}, "2", ""}},
         {"a single equation with a guess", "T\nf(x) = x\nx(0)=3\n", {"T", kept, {{"f(x) = x", "3", ""}}, "", ""}},
         {"bounds of a system are none",
