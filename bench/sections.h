@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The sections of the table. Each prints its lines, and throws where values are wrong.
+namespace kelvarin::bench
+{
+
+/// One evaluation of a formula, with the check that everything is finite.
+void measure_evaluation();
+/// From 30 texts to the form that is evaluated.
+void measure_compiling();
+/// The Jacobian of 100 equations by forward differences.
+void measure_jacobian();
+/// Dense systems of linear equations.
+void measure_linear_solve();
+/// From the start to the solution of a nonlinear system, compiled before.
+void measure_newton();
+/// Whole files by the real program, one after the other.
+void measure_batch();
+/// The same, two at a time; needs two processors.
+void measure_jobs();
+/// The memory of one run of 200 equations.
+void measure_memory();
+
+} // namespace kelvarin::bench

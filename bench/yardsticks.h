@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formulas.h"
+#include "numeric/matrix.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+/// What others make of the same work: the parser muParser and the GNU Scientific Library. Where the build
+/// found none of them, every yardstick is empty and its lines are left out.
+namespace kelvarin::bench
+{
+
+struct yardstick
+{
+    /// The work; empty where there is no yardstick.
+    std::function<void()> run;
+    /// What the last run found.
+    std::shared_ptr<std::vector<double>> values;
+
+    explicit operator bool() const { return static_cast<bool>(run); }
+};
+
+/// One evaluation of a formula: a parser per equation, compiled before.
+yardstick parsed_evaluation(const formula& source);
+/// Compiling all equations of a formula by one parser that knows all variables; the first evaluation of
+/// each is part of it, since that is when muParser compiles.
+yardstick parsed_compiling(const formula& source);
+/// Forward differences of the tridiagonal system: for each column only the rows that depend on it. The
+/// values are the elements of the band, column by column.
+yardstick parsed_band_columns(int n, std::span<const double> x, std::span<const double> moved,
+                              std::span<const double> divisors);
+/// LU decomposition of a copy of `a`, and the solution.
+yardstick lu_solve(const matrix& a, std::span<const double> b);
+/// The hybrid method with scaling on the tridiagonal system from -1 until each residual is below
+/// `tolerance`; the equations compiled before.
+yardstick hybrids_on_broyden(int n, double tolerance);
+
+} // namespace kelvarin::bench
