@@ -64,8 +64,7 @@ private:
 struct program::parts
 {
     parts(const program_graph& graph, program_code made)
-        : code(std::move(made)), single(code), cells(code.cell_count), dependences(graph),
-          input_count(graph.input_count())
+        : code(std::move(made)), single(code), cells(code.cell_count), dependences(graph)
     {
         for (const auto& [cell, constant] : code.constants)
             cells[cell] = constant;
@@ -75,7 +74,6 @@ struct program::parts
     machine::loaded_program<double> single;
     std::vector<double> cells;
     dependence_table dependences;
-    std::size_t input_count;
     /// Made when lanes are first asked for.
     bool lanes_tried = false;
     std::unique_ptr<lane_program> four;
@@ -95,12 +93,10 @@ std::unique_ptr<program> program::compile(const tree_system& system)
     if (!code) return nullptr;
     std::unique_ptr<program> made(new program);
     made->parts_ = std::make_unique<parts>(*graph, std::move(*code));
+    made->cells_ = made->parts_->cells.data();
+    made->output_cells_ = made->parts_->code.output_cells.data();
+    made->input_count_ = graph->input_count();
     return made;
-}
-
-std::size_t program::input_count() const
-{
-    return parts_->input_count;
 }
 
 std::size_t program::output_count() const
@@ -108,24 +104,14 @@ std::size_t program::output_count() const
     return parts_->code.output_cells.size();
 }
 
-std::span<double> program::inputs()
-{
-    return {parts_->cells.data(), parts_->input_count};
-}
-
 bool program::run_in_place()
 {
-    return parts_->single.run(parts_->cells.data()) == 0.0;
-}
-
-double program::output(std::size_t i) const
-{
-    return parts_->cells[parts_->code.output_cells[i]];
+    return parts_->single.run(cells_) == 0.0;
 }
 
 bool program::run(std::span<const double> values, std::span<double> outputs)
 {
-    std::ranges::copy(values, parts_->cells.begin());
+    std::ranges::copy(values, cells_);
     if (!run_in_place()) return false;
     for (std::size_t i = 0; i < outputs.size(); ++i)
         outputs[i] = output(i);
@@ -144,11 +130,11 @@ std::span<double> program::lane_inputs()
         own.lanes_tried = true;
         own.four = lane_program::load(own.code);
         if (!own.four) {
-            own.spread_inputs.resize(own.input_count * lanes);
+            own.spread_inputs.resize(input_count_ * lanes);
             own.spread_outputs.resize(output_count() * lanes);
         }
     }
-    return {own.four ? own.four->cells() : own.spread_inputs.data(), own.input_count * lanes};
+    return {own.four ? own.four->cells() : own.spread_inputs.data(), input_count_ * lanes};
 }
 
 bool program::lanes_agree_with_single_points()
@@ -175,7 +161,7 @@ bool program::run_lanes_in_place()
         return true;
     }
     for (int p = 0; p < lanes; ++p) {
-        for (std::size_t i = 0; i < own.input_count; ++i)
+        for (std::size_t i = 0; i < input_count_; ++i)
             own.cells[i] = values[i * lanes + static_cast<std::size_t>(p)];
         if (!run_in_place()) return false;
         for (std::size_t i = 0; i < output_count(); ++i)

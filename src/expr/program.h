@@ -3,6 +3,7 @@
 
 #include "expr/program_graph.h"
 
+#include <cstdint>
 #include <memory>
 #include <span>
 
@@ -36,16 +37,16 @@ public:
     program(const program&) = delete;
     program& operator=(const program&) = delete;
 
-    std::size_t input_count() const;
+    std::size_t input_count() const { return input_count_; }
     std::size_t output_count() const;
 
     /// Evaluates the outputs at one point; false, and outputs without meaning, where something failed.
     bool run(std::span<const double> inputs, std::span<double> outputs);
 
     /// The inputs' values, to be set in place before run_in_place, and then each output's value.
-    std::span<double> inputs();
+    std::span<double> inputs() { return {cells_, input_count_}; }
     bool run_in_place();
-    double output(std::size_t i) const;
+    double output(std::size_t i) const { return cells_[output_cells_[i]]; }
 
     /// Evaluates four points side by side: input i of point p is inputs[i * lanes + p], likewise the
     /// outputs. False where any of them failed, or where they take different branches; run then tells.
@@ -65,6 +66,10 @@ private:
 
     struct parts;
     std::unique_ptr<parts> parts_;
+    // What every evaluation needs, at hand: the parts' cells and where the outputs are among them.
+    double* cells_ = nullptr;
+    const std::uint16_t* output_cells_ = nullptr;
+    std::size_t input_count_ = 0;
 };
 
 } // namespace kelvarin

@@ -122,7 +122,7 @@ private:
         line.d = cell(next_cell_);
         cell_of_[static_cast<std::size_t>(id)] = static_cast<std::int32_t>(next_cell_++);
         stored_.push_back(id);
-        takes_store_ = takes_operation_ = false;
+        takes_store_ = takes_operation_ = takes_third_ = false;
     }
 
     void halt()
@@ -141,6 +141,7 @@ private:
         code_.lines.push_back(line);
         takes_store_ = true;
         takes_operation_ = line.kind == line_kind::arithmetic && line.second == operand_form::none;
+        takes_third_ = false;
     }
 
     /// A line that leaves the accumulator as it is, for what is to be done behind a jump's target.
@@ -243,6 +244,12 @@ private:
             {.kind = line_kind::operation, .first = sides.form, .operation = v.operation, .a = sides.a, .b = sides.b});
     }
 
+    static third_operation third_of(arithmetic operation)
+    {
+        if (operation == arithmetic::add) return third_operation::add;
+        return operation == arithmetic::subtract ? third_operation::subtract : third_operation::multiply;
+    }
+
     void write_arithmetic(arithmetic operation, operands sides, const value& v)
     {
         const bool commutes = operation == arithmetic::add || operation == arithmetic::multiply;
@@ -260,6 +267,14 @@ private:
             line.second_operation = operation;
             line.c = sides.a;
             takes_operation_ = false;
+            takes_third_ = takes_third(line.first, line.second);
+            return;
+        }
+        if (takes_third_ && sides.form == operand_form::accumulator_cell && operation != arithmetic::divide) {
+            code_line& line = code_.lines.back();
+            line.third = third_of(operation);
+            (line.second == operand_form::accumulator_cell ? line.b : line.c) = sides.a;
+            takes_third_ = false;
             return;
         }
         append({.kind = line_kind::arithmetic,
@@ -273,14 +288,14 @@ private:
     void write_branch(value_id id)
     {
         const std::size_t outside = stored_.size();
-        takes_store_ = takes_operation_ = false;
+        takes_store_ = takes_operation_ = takes_third_ = false;
         accumulator_ = before_ = program_graph::none;
         load(id);
         for (std::size_t i = outside; i < stored_.size(); ++i)
             cell_of_[static_cast<std::size_t>(stored_[i])] = no_cell;
         stored_.resize(outside);
         accumulator_ = before_ = program_graph::none;
-        takes_store_ = takes_operation_ = false;
+        takes_store_ = takes_operation_ = takes_third_ = false;
     }
 
     /// Adds a jump whose length is set when its target is known.
@@ -326,6 +341,7 @@ private:
     /// operation to it.
     bool takes_store_ = false;
     bool takes_operation_ = false;
+    bool takes_third_ = false;
     bool fits_ = true;
 };
 

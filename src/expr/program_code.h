@@ -48,6 +48,14 @@ enum class arithmetic : std::uint8_t
     divide
 };
 
+enum class third_operation : std::uint8_t
+{
+    none,
+    add,
+    subtract,
+    multiply
+};
+
 enum class keep : std::uint8_t
 {
     no,
@@ -58,11 +66,19 @@ enum class keep : std::uint8_t
     store_checked_and_halt
 };
 
+/// Which lines take a third operation: those with a cell number to spare, as far as they are frequent.
+constexpr bool takes_third(operand_form first, operand_form second)
+{
+    using enum operand_form;
+    if (second == before_accumulator) return first == cell_cell || first == accumulator_cell;
+    return first == accumulator_cell && second == accumulator_cell;
+}
+
 struct code_line
 {
     enum class line_kind : std::uint8_t
     {
-        /// One or two arithmetic operations.
+        /// One to three arithmetic operations.
         arithmetic,
         /// A function, power or relation of `operation`.
         operation,
@@ -77,11 +93,13 @@ struct code_line
     arithmetic first_operation = arithmetic::add;
     operand_form second = operand_form::none;
     arithmetic second_operation = arithmetic::add;
+    /// A third operation, always of the accumulator and a cell.
+    third_operation third = third_operation::none;
     keep kept = keep::no;
     operation_code operation = operation_code::none;
     std::uint16_t a = 0;
     std::uint16_t b = 0;
-    /// Operand of the second operation.
+    /// Operand of the second operation. That of a third one stands in whichever of b and c is free.
     std::uint16_t c = 0;
     /// Where the value is kept.
     std::uint16_t d = 0;

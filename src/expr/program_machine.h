@@ -162,12 +162,16 @@ template <class V, keep Keep> inline void keep_value(V* cells, std::uint16_t d, 
 }
 
 template <class V, operand_form First, arithmetic FirstOperation, operand_form Second, arithmetic SecondOperation,
-          keep Keep>
+          third_operation Third, keep Keep>
 inline const instruction<V>* arithmetic_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
 {
     const V first = compute_operands<V, First, FirstOperation>(cells, at->a, at->b, accumulator, before, check);
     if constexpr (starts_afresh(First)) before = accumulator;
     accumulator = compute_operands<V, Second, SecondOperation>(cells, at->c, 0, first, before, check);
+    constexpr bool spare_b = Second == operand_form::accumulator_cell;
+    if constexpr (Third == third_operation::add) accumulator += cells[spare_b ? at->b : at->c];
+    if constexpr (Third == third_operation::subtract) accumulator -= cells[spare_b ? at->b : at->c];
+    if constexpr (Third == third_operation::multiply) accumulator *= cells[spare_b ? at->b : at->c];
     keep_value<V, Keep>(cells, at->d, accumulator, check);
     return at + 1;
 }
@@ -318,6 +322,8 @@ inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_op
 inline constexpr auto second_forms =
     with_continuing_forms(std::array<form_and_operation, 1>{{{operand_form::none, arithmetic::add}}});
 
+inline constexpr std::array<third_operation, 4> thirds = {third_operation::none, third_operation::add,
+                                                          third_operation::subtract, third_operation::multiply};
 inline constexpr std::array<keep, 4> keeps = {keep::no, keep::store, keep::store_checked, keep::store_checked_and_halt};
 inline constexpr std::array<operand_form, 8> operation_forms = {operand_form::load,
                                                                 operand_form::accumulator,
@@ -336,13 +342,24 @@ std::size_t index_in(const std::array<form_and_operation, Count>& forms, form_an
     return Count;
 }
 
+/// The place of an arithmetic line's handler in their table.
+constexpr std::size_t arithmetic_index(std::size_t first, std::size_t second, third_operation third, keep kept)
+{
+    return ((first * second_forms.size() + second) * thirds.size() + static_cast<std::size_t>(third)) * keeps.size() +
+           static_cast<std::size_t>(kept);
+}
+
 template <class V, std::size_t I> constexpr handler<V> arithmetic_handler()
 {
-    constexpr auto first = first_forms[I / (second_forms.size() * keeps.size())];
-    constexpr auto second = second_forms[I / keeps.size() % second_forms.size()];
-    return handler_of<
-        V, arithmetic_step<V, first.form, first.operation, second.form, second.operation, keeps[I % keeps.size()]>,
-        keeps[I % keeps.size()]>();
+    constexpr keep kept = keeps[I % keeps.size()];
+    constexpr third_operation third = thirds[I / keeps.size() % thirds.size()];
+    constexpr auto second = second_forms[I / (keeps.size() * thirds.size()) % second_forms.size()];
+    constexpr auto first = first_forms[I / (keeps.size() * thirds.size() * second_forms.size())];
+    if constexpr (third == third_operation::none || takes_third(first.form, second.form))
+        return handler_of<
+            V, arithmetic_step<V, first.form, first.operation, second.form, second.operation, third, kept>, kept>();
+    else
+        return nullptr;
 }
 
 template <class V, std::size_t I> constexpr handler<V> operation_handler()
@@ -370,7 +387,7 @@ template <class V, std::size_t... I> constexpr auto operation_table_of(std::inde
 template <class V> handler<V> handler_for(const code_line& line)
 {
     static constexpr auto arithmetic_handlers =
-        arithmetic_table<V>(std::make_index_sequence<first_forms.size() * second_forms.size() * keeps.size()>());
+        arithmetic_table<V>(std::make_index_sequence<arithmetic_index(first_forms.size(), 0, {}, {})>());
     static constexpr auto operation_handlers =
         operation_table_of<V>(std::make_index_sequence<operation_count * operation_forms.size() * keeps.size()>());
     const auto kept = static_cast<std::size_t>(line.kept);
@@ -378,7 +395,7 @@ template <class V> handler<V> handler_for(const code_line& line)
     case code_line::line_kind::arithmetic: {
         const std::size_t first = index_in(first_forms, {line.first, line.first_operation});
         const std::size_t second = index_in(second_forms, {line.second, line.second_operation});
-        return arithmetic_handlers[(first * second_forms.size() + second) * keeps.size() + kept];
+        return arithmetic_handlers[arithmetic_index(first, second, line.third, line.kept)];
     }
     case code_line::line_kind::operation: {
         std::size_t form = 0;
