@@ -167,10 +167,12 @@ std::string json_array_text(std::span<const std::string> values)
     for (const std::string& value : values) {
         text += text.size() == 1 ? "\n  " : ",\n  ";
         // Line ends stand between the parts of a value, never inside its strings.
-        for (const char c : value) {
-            text += c;
-            if (c == '\n') text += "  ";
+        std::size_t start = 0;
+        for (auto end = value.find('\n'); end != std::string::npos; end = value.find('\n', start)) {
+            text.append(value, start, end + 1 - start).append("  ");
+            start = end + 1;
         }
+        text.append(value, start);
     }
     text += "\n]";
     return text;

@@ -131,9 +131,14 @@ std::size_t character_length(std::string_view text)
 
 bool may_stand_in_expressions(char c)
 {
-    static constexpr std::string_view marks = " _.+-/*^()><=";
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           marks.find(c) != std::string_view::npos;
+    static constexpr auto table = [] {
+        std::array<bool, 256> allowed{};
+        for (const char each :
+             std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789 _.+-/*^()><="))
+            allowed[static_cast<unsigned char>(each)] = true;
+        return allowed;
+    }();
+    return table[static_cast<unsigned char>(c)];
 }
 
 /// Checks 4 to 6 look at the raw text.

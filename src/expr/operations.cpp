@@ -3,8 +3,7 @@
 
 #include "expr/operation_table.h"
 
-#include <string>
-#include <unordered_map>
+#include <array>
 
 namespace kelvarin
 {
@@ -23,23 +22,46 @@ constexpr bool rows_stand_in_code_order()
 }
 static_assert(rows_stand_in_code_order());
 
-const std::unordered_map<std::string_view, code>& codes_by_spelling()
+/// A table of spellings with open addressing, made by the compiler: most names that are looked up are
+/// variables, and one look tells so.
+class spelling_table
 {
-    static const std::unordered_map<std::string_view, code> map = [] {
-        std::unordered_map<std::string_view, code> made;
-        for (const operation_row& row : rows)
-            if (!row.spelling.empty() && row.code != code::if_then_else) made.emplace(row.spelling, row.code);
-        return made;
-    }();
-    return map;
-}
+public:
+    constexpr spelling_table()
+    {
+        for (const operation_row& row : rows) {
+            if (row.spelling.empty() || row.code == code::if_then_else) continue;
+            std::size_t i = place_of(row.spelling);
+            while (codes_[i] != code::none)
+                i = (i + 1) % codes_.size();
+            codes_[i] = row.code;
+        }
+    }
 
-code code_of(std::string_view spelling)
-{
-    const auto& map = codes_by_spelling();
-    const auto found = map.find(spelling);
-    return found == map.end() ? code::none : found->second;
-}
+    constexpr code find(std::string_view spelling) const
+    {
+        if (spelling.empty()) return code::none;
+        for (std::size_t i = place_of(spelling); codes_[i] != code::none; i = (i + 1) % codes_.size())
+            if (rows[static_cast<std::size_t>(codes_[i])].spelling == spelling) return codes_[i];
+        return code::none;
+    }
+
+private:
+    static constexpr std::size_t place_of(std::string_view spelling)
+    {
+        const auto letter = [&](std::size_t i) {
+            return static_cast<std::size_t>(static_cast<unsigned char>(spelling[i]));
+        };
+        return (letter(0) * 37 + letter(spelling.size() / 2) * 11 + letter(spelling.size() - 1) * 5 +
+                spelling.size() * 3) %
+               size;
+    }
+
+    static constexpr std::size_t size = 256;
+    std::array<code, size> codes_{};
+};
+
+constexpr spelling_table codes_by_spelling;
 
 } // namespace
 
@@ -55,13 +77,13 @@ const operation_row& row_of(operation_code operation)
 
 operation_code operator_of(std::string_view spelling)
 {
-    const code found = code_of(spelling);
+    const code found = codes_by_spelling.find(spelling);
     return row_of(found).priority > 0 ? found : code::none;
 }
 
 operation_code function_of(std::string_view spelling)
 {
-    const code found = code_of(spelling);
+    const code found = codes_by_spelling.find(spelling);
     return row_of(found).priority == 0 ? found : code::none;
 }
 

@@ -15,7 +15,13 @@ constexpr std::array<std::string_view, 7> merged_comparisons = {">=", "<=", "><"
 
 bool is_operator_character(char c)
 {
-    return operator_characters.find(c) != std::string_view::npos;
+    static constexpr auto table = [] {
+        std::array<bool, 256> marked{};
+        for (const char each : operator_characters)
+            marked[static_cast<unsigned char>(each)] = true;
+        return marked;
+    }();
+    return table[static_cast<unsigned char>(c)];
 }
 
 bool is_digit(char c)
@@ -42,12 +48,43 @@ bool is_word(std::string_view text, std::string_view word)
     return true;
 }
 
+/// The value of a text of few digits, which needs no general reading of numbers.
+std::optional<double> short_whole_number(std::string_view text)
+{
+    constexpr std::size_t exact_digits = 15;
+    if (text.size() > exact_digits) return std::nullopt;
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (!is_digit(c)) return std::nullopt;
+        value = value * 10 + (c - '0');
+    }
+    return static_cast<double>(value);
+}
+
+/// The kind of a word of the language that is no function, or of a name.
+token_kind kind_of_word(std::string_view text)
+{
+    switch (text.size()) {
+    case 2:
+        if (is_word(text, "or")) return token_kind::tokBoolean;
+        return is_word(text, "if") ? token_kind::tokVerb : token_kind::tokName;
+    case 3:
+        return is_word(text, "and") ? token_kind::tokBoolean : token_kind::tokName;
+    case 4:
+        return is_word(text, "then") || is_word(text, "else") ? token_kind::tokVerb : token_kind::tokName;
+    default:
+        return token_kind::tokName;
+    }
+}
+
 /// Sets the kind of a token and what comes with it: a number's value, a function's operation.
 void classify(token& t)
 {
     const char first = t.text.front();
     if (is_digit(first) || first == '.') {
-        if (const auto number = numeric_value(t.text)) {
+        auto number = short_whole_number(t.text);
+        if (!number) number = numeric_value(t.text);
+        if (number) {
             t.kind = token_kind::tokNumber;
             t.value = *number;
             return;
@@ -56,15 +93,12 @@ void classify(token& t)
     if (t.text.size() == 1 && is_operator_character(first)) {
         t.kind = token_kind::tokOperator;
         t.operation = operator_of(t.text);
-    } else if (is_word(t.text, "or") || is_word(t.text, "and")) {
-        t.kind = token_kind::tokBoolean;
-        t.operation = operator_of(t.text); // in lower case only: OR and AND bind nothing
-    } else if (is_word(t.text, "if") || is_word(t.text, "then") || is_word(t.text, "else")) {
-        t.kind = token_kind::tokVerb;
-    } else {
-        t.kind = token_kind::tokName;
-        t.operation = function_of(t.text);
+        return;
     }
+    t.kind = kind_of_word(t.text);
+    // OR and AND in other letters bind nothing.
+    if (t.kind == token_kind::tokBoolean) t.operation = operator_of(t.text);
+    if (t.kind == token_kind::tokName) t.operation = function_of(t.text);
 }
 
 void add_token(token_list& tokens, std::string_view text, std::size_t from, std::size_t to)
