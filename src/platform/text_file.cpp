@@ -79,9 +79,10 @@ std::vector<std::string_view> split_lines(std::string_view text)
 {
     std::vector<std::string_view> lines;
     while (!text.empty()) {
-        const std::size_t end = text.find_first_of("\r\n");
+        std::size_t end = 0;
+        while (end < text.size() && text[end] != '\r' && text[end] != '\n')
+            ++end;
         lines.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) break;
         text.remove_prefix(end);
         for (const std::string_view line_end : {"\r\r\n", "\r\n", "\r", "\n"}) {
             if (!text.starts_with(line_end)) continue;

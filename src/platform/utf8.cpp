@@ -43,6 +43,10 @@ std::optional<utf8_letter> first_utf8_letter(std::string_view text)
 bool is_utf8(std::string_view bytes)
 {
     while (!bytes.empty()) {
+        if (static_cast<unsigned char>(bytes.front()) < 0x80) {
+            bytes.remove_prefix(1);
+            continue;
+        }
         const std::optional<utf8_letter> letter = first_utf8_letter(bytes);
         if (!letter) return false;
         bytes.remove_prefix(letter->length);

@@ -4,6 +4,7 @@
 #include "platform/text_file.h"
 #include "platform/utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -23,6 +24,11 @@ constexpr std::string_view document_head =
     R"({\colortbl\red0\green0\blue0;\red0\green0\blue160;\red150\green0\blue0;\red0\green128\blue0;)"
     R"(\red128\green128\blue0;\red0\green128\blue128;\red128\green0\blue128;\red254\green0\blue0;}\plain\f3\fs18)";
 constexpr std::string_view document_tail = R"(\par })";
+
+constexpr bool stands_for_itself(char letter)
+{
+    return letter >= 0x20 && letter < 0x7F && letter != '{' && letter != '}' && letter != '\\';
+}
 
 /// One \u escape; its number is a signed 16-bit one, and a reader without Unicode shows the "?".
 void append_unit(std::string& text, char16_t unit)
@@ -69,6 +75,10 @@ std::string escape_rich_text(std::string_view text)
     std::string escaped;
     escaped.reserve(text.size() + text.size() / 8);
     while (!text.empty()) {
+        const auto special = std::ranges::find_if_not(text, stands_for_itself);
+        escaped.append(text.begin(), special);
+        text.remove_prefix(static_cast<std::size_t>(special - text.begin()));
+        if (text.empty()) break;
         const auto byte = static_cast<unsigned char>(text.front());
         if (byte < 0x80) {
             if (byte == '{' || byte == '}' || byte == '\\') escaped += '\\';
