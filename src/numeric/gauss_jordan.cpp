@@ -4,8 +4,10 @@
 #include "numeric/arithmetic_check.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -102,23 +104,30 @@ int whole_lanes(int count)
     return (count + lanes - 1) / lanes * lanes;
 }
 
-/// One step of the lean elimination over the first `count` elements, whole lanes, of all rows: the pivot's
-/// row is divided by the pivot, and its multiple subtracted from each row that has a multiplier. Where
-/// `largest` is not negative it becomes the largest absolute value of the changed row. Wider instructions,
-/// where the processor has them, change no bit: each element sees the same two operations.
+/// A row from which a multiple of the pivot's row is subtracted.
+struct reduced_row
+{
+    double* elements = nullptr;
+    double multiplier = 0.0;
+    /// The largest absolute element, kept up to date; negative, and left so, where the row is used.
+    double* largest = nullptr;
+    int number = 0;
+};
+
+/// One step of the lean elimination over the first `count` elements, whole lanes: the pivot's row is
+/// divided by the pivot, and its multiples subtracted from the other rows. Wider instructions, where the
+/// processor has them, change no bit: each element sees the same two operations.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
 [[gnu::target_clones("avx2", "default")]]
 #endif
-void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<double* const> rows,
-                 std::span<const double> multipliers, std::span<double> largest, int count)
+void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<const reduced_row> rows, int count)
 {
     for (int k = 0; k < count; k += lanes)
         for (int lane = 0; lane < lanes; ++lane)
             pivot_row[k + lane] /= pivot;
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-        const double multiplier = multipliers[r];
-        if (multiplier == 0.0) continue;
-        double* __restrict__ const row = rows[r];
+    for (const reduced_row& reduced : rows) {
+        const double multiplier = reduced.multiplier;
+        double* __restrict__ const row = reduced.elements;
         double maxima[lanes] = {};
         for (int k = 0; k < count; k += lanes)
             for (int lane = 0; lane < lanes; ++lane) {
@@ -127,27 +136,76 @@ void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<double*
                 const double magnitude = std::fabs(value);
                 maxima[lane] = magnitude > maxima[lane] ? magnitude : maxima[lane];
             }
-        if (largest[r] >= 0.0) largest[r] = std::ranges::max(maxima);
+        if (*reduced.largest >= 0.0) *reduced.largest = std::ranges::max(maxima);
     }
 }
 
-/// The elimination of gauss_jordan_solve. Rows are held by reference, in the order that the interchanges
-/// give them. The columns not yet used lie side by side at the front of every row, in an order of their
-/// own: a used one gives its place to the last. Behind them is nothing but zeros, up to whole lanes.
+/// Sets of small numbers, one behind the other, as words of bits.
+class number_sets
+{
+public:
+    number_sets(std::size_t sets, std::size_t numbers) : words_((numbers + 63) / 64), bits_(sets * words_) {}
+
+    std::size_t words() const { return words_; }
+    std::uint64_t* of(int set) { return bits_.data() + static_cast<std::size_t>(set) * words_; }
+    const std::uint64_t* of(int set) const { return bits_.data() + static_cast<std::size_t>(set) * words_; }
+    void fill(int set, std::size_t numbers)
+    {
+        for (std::size_t n = 0; n < numbers; n += 64)
+            of(set)[n / 64] = numbers - n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << (numbers - n)) - 1;
+    }
+    void insert(int set, int number) { of(set)[number / 64] |= std::uint64_t{1} << (number % 64); }
+
+private:
+    std::size_t words_;
+    std::vector<std::uint64_t> bits_;
+};
+
+/// Calls `visit` with the number of each bit of a word.
+template <class Visit> void for_each_bit(std::uint64_t word, std::size_t word_number, Visit visit)
+{
+    for (; word != 0; word &= word - 1)
+        visit(static_cast<int>(word_number * 64) + std::countr_zero(word));
+}
+
+/// The largest of whole lanes of values, none below -1.
+double largest_of(std::span<const double> values)
+{
+    double maxima[lanes] = {-1.0, -1.0, -1.0, -1.0};
+    for (std::size_t k = 0; k < values.size(); k += lanes)
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            maxima[lane] = values[k + lane] > maxima[lane] ? values[k + lane] : maxima[lane];
+    return std::ranges::max(maxima);
+}
+
+/// The elimination of gauss_jordan_solve. Rows are stored where they stood at the start, and `stored_` tells
+/// where a row is after the interchanges. The columns not yet used lie side by side at the front of every
+/// row, in an order of their own: a used one gives its place to the last. Behind them is nothing but zeros,
+/// up to whole lanes. For each stored row is known in which columns it may differ from zero, and the other
+/// way round, so that a sparse matrix costs what is in it.
 class lean_elimination
 {
 public:
     lean_elimination(const matrix& a, std::span<double> b)
-        : b_(b), elements_(b.size() * index(whole_lanes(a.columns()))), largest_(b.size()), original_(b.size()),
-          multipliers_(b.size()), active_(a.columns())
+        : b_(b), width_(whole_lanes(a.columns())), elements_(b.size() * index(width_)),
+          largest_(index(whole_lanes(a.rows())), -1.0), stored_(b.size()), row_of_(b.size()), original_(b.size()),
+          position_(b.size()), columns_of_row_(b.size(), b.size()), rows_of_column_(b.size(), b.size()),
+          active_(a.columns())
     {
+        reduced_.reserve(b.size());
+        int filled = 0;
         for (int row = 0; row < a.rows(); ++row) {
-            rows_.push_back(elements_.data() + index(row) * index(whole_lanes(a.columns())));
-            std::ranges::copy(a.row(row), rows_.back());
-            for (const double element : a.row(row))
-                largest_[index(row)] = std::max(largest_[index(row)], std::fabs(element));
-            original_[index(row)] = row;
+            std::ranges::copy(a.row(row), elements(row));
+            stored_[index(row)] = row_of_[index(row)] = original_[index(row)] = position_[index(row)] = row;
+            filled += measure(row);
         }
+        constexpr int sparse_part = 2;
+        if (filled * sparse_part > a.rows() * a.columns()) {
+            mark_everything();
+            return;
+        }
+        for (int row = 0; row < a.rows(); ++row)
+            mark(row);
     }
 
     elimination_status run()
@@ -155,57 +213,143 @@ public:
         while (active_ > 0) {
             const int row = pivot_row();
             if (largest_[index(row)] == 0.0) return elimination_status::singular;
-            use(row, pivot_position(row));
+            use(row, pivot_column(row));
         }
         return elimination_status::done;
     }
 
 private:
     static std::size_t index(int i) { return static_cast<std::size_t>(i); }
+    double* elements(int stored) { return elements_.data() + index(stored) * index(width_); }
+
+    static bool is_zero(const double* four)
+    {
+        return four[0] == 0.0 && four[1] == 0.0 && four[2] == 0.0 && four[3] == 0.0;
+    }
+
+    /// Finds the largest element of a row; gives about the number of those that are not zero.
+    int measure(int row)
+    {
+        const double* values = elements(row);
+        double maxima[lanes] = {};
+        int filled = 0;
+        for (int k = 0; k < width_; k += lanes) {
+            if (is_zero(values + k)) continue;
+            filled += lanes;
+            for (int lane = 0; lane < lanes; ++lane) {
+                const double magnitude = std::fabs(values[k + lane]);
+                maxima[lane] = magnitude > maxima[lane] ? magnitude : maxima[lane];
+            }
+        }
+        largest_[index(row)] = std::ranges::max(maxima);
+        return filled;
+    }
+
+    /// Marks where a row differs from zero.
+    void mark(int row)
+    {
+        const double* values = elements(row);
+        for (int k = 0; k < width_; k += lanes) {
+            if (is_zero(values + k)) continue;
+            for (int column = k; column < k + lanes; ++column) {
+                if (values[column] == 0.0) continue;
+                columns_of_row_.insert(row, column);
+                rows_of_column_.insert(column, row);
+            }
+        }
+    }
+
+    /// A full matrix is not worth the marks: everything may differ from zero.
+    void mark_everything()
+    {
+        full_ = true;
+        for (int i = 0; i < static_cast<int>(b_.size()); ++i) {
+            columns_of_row_.fill(i, b_.size());
+            rows_of_column_.fill(i, b_.size());
+        }
+    }
 
     /// The last row that holds the largest element; used ones hold a negative one.
     int pivot_row() const
     {
-        double largest = -1.0;
-        for (const double candidate : largest_)
-            largest = candidate > largest ? candidate : largest;
+        const double largest = largest_of(largest_);
         finite(largest);
         return static_cast<int>(std::find(largest_.rbegin(), largest_.rend(), largest).base() - largest_.begin()) - 1;
     }
 
-    /// Where in the row its largest element stands; among equals the one of the last original column.
-    int pivot_position(int row) const
+    /// The column of the row's largest element; among equals the last one.
+    int pivot_column(int row)
     {
-        int found = -1;
-        for (int position = 0; position < active_; ++position) {
-            if (std::fabs(rows_[index(row)][position]) != largest_[index(row)]) continue;
-            if (found < 0 || original_[index(position)] > original_[index(found)]) found = position;
-        }
-        assert(found >= 0);
-        return found;
+        const double* values = elements(stored_[index(row)]);
+        const std::uint64_t* columns = columns_of_row_.of(stored_[index(row)]);
+        for (std::size_t w = columns_of_row_.words(); w-- > 0;)
+            for (std::uint64_t word = columns[w]; word != 0;) {
+                const int bit = 63 - std::countl_zero(word);
+                const int column = static_cast<int>(w * 64) + bit;
+                const int position = position_[index(column)];
+                if (position >= 0 && std::fabs(values[position]) == largest_[index(row)]) return column;
+                word &= ~(std::uint64_t{1} << bit);
+            }
+        assert(false);
+        return -1;
     }
 
-    /// Eliminates the column at `position` with the pivot in `row`.
-    void use(int row, int position)
+    /// Eliminates the column with the pivot in `row`.
+    void use(int row, int column)
     {
-        const int diagonal = original_[index(position)];
-        interchange(row, diagonal);
+        interchange(row, column);
         --active_;
-        original_[index(position)] = original_[index(active_)];
-        for (std::size_t r = 0; r < rows_.size(); ++r)
-            multipliers_[r] = take(rows_[r], position);
+        const int last = original_[index(active_)];
+        const int position = std::exchange(position_[index(column)], -1);
+        if (last != column) {
+            original_[index(position)] = last;
+            position_[index(last)] = position;
+        }
+        const int pivot_store = stored_[index(column)];
+        const double pivot = take(elements(pivot_store), position);
+        collect_reduced_rows(pivot_store, column, last, position);
+        largest_[index(column)] = -1.0;
+        reduce_rows(elements(pivot_store), pivot, reduced_, whole_lanes(active_));
+        const double quotient = b_[index(column)] /= pivot;
+        for (const reduced_row& reduced : reduced_)
+            b_[index(reduced.number)] -= quotient * reduced.multiplier;
+    }
 
-        const double pivot = std::exchange(multipliers_[index(diagonal)], 0.0);
-        largest_[index(diagonal)] = -1.0;
-        reduce_rows(rows_[index(diagonal)], pivot, rows_, multipliers_, largest_, whole_lanes(active_));
-        const double quotient = b_[index(diagonal)] /= pivot;
-        for (std::size_t r = 0; r < rows_.size(); ++r)
-            if (multipliers_[r] != 0.0) b_[r] -= quotient * multipliers_[r];
+    /// Takes the column at `position` out of all rows but the pivot's and keeps those in which it is not
+    /// zero. Rows that hold neither it nor the last column, which moves to its place, stay as they are.
+    void collect_reduced_rows(int pivot_store, int column, int last, int position)
+    {
+        reduced_.clear();
+        for (std::size_t w = 0; w < rows_of_column_.words(); ++w) {
+            const std::uint64_t either = rows_of_column_.of(column)[w] | rows_of_column_.of(last)[w];
+            for_each_bit(either, w, [&](int stored) {
+                if (stored == pivot_store) return;
+                const double multiplier = take(elements(stored), position);
+                if (multiplier == 0.0) return;
+                const int row = row_of_[index(stored)];
+                reduced_.push_back({elements(stored), multiplier, &largest_[index(row)], row});
+                if (!full_) add_columns(stored, pivot_store);
+            });
+        }
+    }
+
+    /// A row that changes may differ from zero wherever the pivot's row does.
+    void add_columns(int stored, int pivot_store)
+    {
+        std::uint64_t* columns = columns_of_row_.of(stored);
+        const std::uint64_t* added = columns_of_row_.of(pivot_store);
+        for (std::size_t w = 0; w < columns_of_row_.words(); ++w) {
+            for_each_bit(added[w] & ~columns[w], w, [&](int column) { rows_of_column_.insert(column, stored); });
+            columns[w] |= added[w];
+        }
     }
 
     void interchange(int one, int other)
     {
-        std::swap(rows_[index(one)], rows_[index(other)]);
+        if (one == other) return;
+        std::swap(stored_[index(one)], stored_[index(other)]);
+        row_of_[index(stored_[index(one)])] = one;
+        row_of_[index(stored_[index(other)])] = other;
         std::swap(largest_[index(one)], largest_[index(other)]);
         std::swap(b_[index(one)], b_[index(other)]);
     }
@@ -218,13 +362,22 @@ private:
     }
 
     std::span<double> b_;
+    int width_;
     std::vector<double> elements_;
-    std::vector<double*> rows_;
-    /// By row: the largest absolute element among the unused columns, -1 where the row is used.
+    /// By row: the largest absolute element among the unused columns, -1 where the row is used and behind
+    /// the last row.
     std::vector<double> largest_;
-    /// By position: the number that the column had at the start.
+    /// Where each row is stored, and which row is stored there.
+    std::vector<int> stored_;
+    std::vector<int> row_of_;
+    /// By position: the number that the column had at the start; and the other way round, -1 for used ones.
     std::vector<int> original_;
-    std::vector<double> multipliers_;
+    std::vector<int> position_;
+    number_sets columns_of_row_;
+    number_sets rows_of_column_;
+    bool full_ = false;
+    /// Those of the present step.
+    std::vector<reduced_row> reduced_;
     /// How many columns are not yet used.
     int active_;
 };
