@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <bit>
 #include <cassert>
+#include <numeric>
 
 namespace kelvarin
 {
@@ -75,11 +76,11 @@ struct program::parts
     std::vector<double> cells;
     dependence_table dependences;
     /// Made when lanes are first asked for.
-    bool lanes_tried = false;
     std::unique_ptr<lane_program> four;
     /// The cells of four points where the processor has no lanes.
     std::vector<double> spread_inputs;
     std::vector<double> spread_outputs;
+    std::vector<std::uint16_t> spread_places;
 };
 
 program::program() = default;
@@ -126,12 +127,18 @@ bool program::depends(std::size_t output, std::size_t input) const
 std::span<double> program::lane_inputs()
 {
     parts& own = *parts_;
-    if (!own.lanes_tried) {
-        own.lanes_tried = true;
+    if (lane_cells_ == nullptr) {
         own.four = lane_program::load(own.code);
-        if (!own.four) {
+        if (own.four) {
+            lane_cells_ = own.four->cells();
+            lane_output_cells_ = output_cells_;
+        } else {
             own.spread_inputs.resize(input_count_ * lanes);
             own.spread_outputs.resize(output_count() * lanes);
+            own.spread_places.resize(output_count());
+            std::iota(own.spread_places.begin(), own.spread_places.end(), std::uint16_t{0});
+            lane_cells_ = own.spread_outputs.data();
+            lane_output_cells_ = own.spread_places.data();
         }
     }
     return {own.four ? own.four->cells() : own.spread_inputs.data(), input_count_ * lanes};
@@ -168,13 +175,6 @@ bool program::run_lanes_in_place()
             own.spread_outputs[i * lanes + static_cast<std::size_t>(p)] = output(i);
     }
     return true;
-}
-
-double program::lane_output(std::size_t i, int point) const
-{
-    const auto p = static_cast<std::size_t>(point);
-    if (!parts_->four) return parts_->spread_outputs[i * lanes + p];
-    return parts_->four->cells()[static_cast<std::size_t>(parts_->code.output_cells[i]) * lanes + p];
 }
 
 bool program::run_lanes(std::span<const double> values, std::span<double> outputs)

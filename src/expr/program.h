@@ -54,7 +54,10 @@ public:
     /// The same in place: input i of point p.
     std::span<double> lane_inputs();
     bool run_lanes_in_place();
-    double lane_output(std::size_t i, int point) const;
+    double lane_output(std::size_t i, int point) const
+    {
+        return lane_cells_[std::size_t{lane_output_cells_[i]} * lanes + static_cast<std::size_t>(point)];
+    }
 
     /// Whether output `i` can change with input `j`.
     bool depends(std::size_t output, std::size_t input) const;
@@ -70,6 +73,9 @@ private:
     double* cells_ = nullptr;
     const std::uint16_t* output_cells_ = nullptr;
     std::size_t input_count_ = 0;
+    /// The same for four points side by side, set when they are first asked for.
+    const double* lane_cells_ = nullptr;
+    const std::uint16_t* lane_output_cells_ = nullptr;
 };
 
 } // namespace kelvarin

@@ -154,6 +154,7 @@ public:
         for (std::size_t n = 0; n < numbers; n += 64)
             of(set)[n / 64] = numbers - n >= 64 ? ~std::uint64_t{0} : (std::uint64_t{1} << (numbers - n)) - 1;
     }
+    void remove(int set, int number) { of(set)[number / 64] &= ~(std::uint64_t{1} << (number % 64)); }
     void insert(int set, int number) { of(set)[number / 64] |= std::uint64_t{1} << (number % 64); }
 
 private:
@@ -186,16 +187,19 @@ double largest_of(std::span<const double> values)
 class lean_elimination
 {
 public:
-    lean_elimination(const matrix& a, std::span<double> b)
-        : b_(b), width_(whole_lanes(a.columns())), elements_(b.size() * index(width_)),
-          largest_(index(whole_lanes(a.rows())), -1.0), stored_(b.size()), row_of_(b.size()), original_(b.size()),
-          position_(b.size()), columns_of_row_(b.size(), b.size()), rows_of_column_(b.size(), b.size()),
-          active_(a.columns())
+    lean_elimination(const matrix& a, std::span<double> b, std::vector<double>& memory)
+        : b_(b), width_(whole_lanes(a.columns())), largest_(index(whole_lanes(a.rows())), -1.0), stored_(b.size()),
+          row_of_(b.size()), original_(b.size()), position_(b.size()), unused_(1, b.size()),
+          columns_of_row_(b.size(), b.size()), rows_of_column_(b.size(), b.size()), active_(a.columns())
     {
+        memory.resize(b.size() * index(width_));
+        elements_ = memory.data();
         reduced_.reserve(b.size());
+        unused_.fill(0, b.size());
         int filled = 0;
         for (int row = 0; row < a.rows(); ++row) {
-            std::ranges::copy(a.row(row), elements(row));
+            std::copy_n(a.row(row).data(), a.columns(), elements(row));
+            std::fill(elements(row) + a.columns(), elements(row) + width_, 0.0);
             stored_[index(row)] = row_of_[index(row)] = original_[index(row)] = position_[index(row)] = row;
             filled += measure(row);
         }
@@ -220,7 +224,7 @@ public:
 
 private:
     static std::size_t index(int i) { return static_cast<std::size_t>(i); }
-    double* elements(int stored) { return elements_.data() + index(stored) * index(width_); }
+    double* elements(int stored) { return elements_ + index(stored) * index(width_); }
 
     static bool is_zero(const double* four)
     {
@@ -301,6 +305,7 @@ private:
         --active_;
         const int last = original_[index(active_)];
         const int position = std::exchange(position_[index(column)], -1);
+        unused_.remove(0, column);
         if (last != column) {
             original_[index(position)] = last;
             position_[index(last)] = position;
@@ -333,14 +338,15 @@ private:
         }
     }
 
-    /// A row that changes may differ from zero wherever the pivot's row does.
+    /// A row that changes may differ from zero in the unused columns wherever the pivot's row does.
     void add_columns(int stored, int pivot_store)
     {
         std::uint64_t* columns = columns_of_row_.of(stored);
         const std::uint64_t* added = columns_of_row_.of(pivot_store);
         for (std::size_t w = 0; w < columns_of_row_.words(); ++w) {
-            for_each_bit(added[w] & ~columns[w], w, [&](int column) { rows_of_column_.insert(column, stored); });
-            columns[w] |= added[w];
+            const std::uint64_t made = added[w] & unused_.of(0)[w] & ~columns[w];
+            for_each_bit(made, w, [&](int column) { rows_of_column_.insert(column, stored); });
+            columns[w] |= made;
         }
     }
 
@@ -363,7 +369,7 @@ private:
 
     std::span<double> b_;
     int width_;
-    std::vector<double> elements_;
+    double* elements_ = nullptr;
     /// By row: the largest absolute element among the unused columns, -1 where the row is used and behind
     /// the last row.
     std::vector<double> largest_;
@@ -373,6 +379,7 @@ private:
     /// By position: the number that the column had at the start; and the other way round, -1 for used ones.
     std::vector<int> original_;
     std::vector<int> position_;
+    number_sets unused_;
     number_sets columns_of_row_;
     number_sets rows_of_column_;
     bool full_ = false;
@@ -411,8 +418,14 @@ elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
 
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b)
 {
+    std::vector<double> memory;
+    return gauss_jordan_solve(a, b, memory);
+}
+
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, std::vector<double>& memory)
+{
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
-    const elimination_status status = lean_elimination(a, b).run();
+    const elimination_status status = lean_elimination(a, b, memory).run();
     drop_signs_of_zeros(b);
     require_finite(b);
     return status;

@@ -4,6 +4,7 @@
 #include "numeric/matrix.h"
 
 #include <span>
+#include <vector>
 
 namespace kelvarin
 {
@@ -26,5 +27,7 @@ elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b);
 /// When `singular`, `b` is left as gauss_jordan_inverse leaves it. Throws runtime_failure 6 when a pivot or
 /// an element of the solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b);
+/// The same with memory that the caller keeps from one solution to the next.
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, std::vector<double>& memory);
 
 } // namespace kelvarin

@@ -19,10 +19,10 @@ namespace
 /// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
 /// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
 /// has left, for one unknown with a flat slope -fvec itself.
-void newton_step(const matrix& fjac, std::span<const double> fvec, std::span<double> p)
+void newton_step(const matrix& fjac, std::span<const double> fvec, std::span<double> p, std::vector<double>& memory)
 {
     std::ranges::transform(fvec, p.begin(), std::negate<>());
-    gauss_jordan_solve(fjac, p);
+    gauss_jordan_solve(fjac, p, memory);
 }
 
 /// x += p, as a whole or, where a sum is not finite, not at all.
@@ -38,10 +38,16 @@ void move(std::span<double> x, std::span<const double> p)
 void gradient(const matrix& fjac, std::span<const double> fvec, std::span<double> g)
 {
     std::ranges::fill(g, 0.0);
+    constexpr std::size_t lanes = 4;
     for (int j = 0; j < fjac.rows(); ++j) {
         const std::span<const double> row = fjac.row(j);
-        for (std::size_t i = 0; i < g.size(); ++i)
-            g[i] += row[i] * fvec[static_cast<std::size_t>(j)];
+        const double residual = fvec[static_cast<std::size_t>(j)];
+        std::size_t i = 0;
+        for (; i + lanes <= g.size(); i += lanes)
+            for (std::size_t lane = 0; lane < lanes; ++lane)
+                g[i + lane] += row[i + lane] * residual;
+        for (; i < g.size(); ++i)
+            g[i] += row[i] * residual;
     }
     require_finite(g);
 }
@@ -54,13 +60,14 @@ solver_summary mnewt(nonlinear_system& system, std::span<double> x, std::span<do
     const int n = system.size();
     matrix fjac = work_matrix(n);
     std::vector<double> p = work_array(n);
+    std::vector<double> memory;
     for (int k = 1; k <= options.ntrial; ++k) {
         if (options.on_iteration) options.on_iteration(k, options.ntrial);
 
         usrfun(system, x, fvec, fjac);
         if (sum_of_magnitudes(fvec) <= options.tolf) return {solver_ending::residual_small, k};
 
-        newton_step(fjac, fvec, p);
+        newton_step(fjac, fvec, p, memory);
         const double errx = sum_of_magnitudes(p);
         move(x, p);
         if (errx <= options.tolx) return {solver_ending::step_small, k};
@@ -74,6 +81,7 @@ solver_summary newt(nonlinear_system& system, std::span<double> x, std::span<dou
     matrix fjac = work_matrix(n);
     std::vector<double> g = work_array(n);
     std::vector<double> p = work_array(n);
+    std::vector<double> memory;
     std::vector<double> xold = work_array(n);
 
     double f = fmin_nle(system, x, fvec);
@@ -84,7 +92,7 @@ solver_summary newt(nonlinear_system& system, std::span<double> x, std::span<dou
 
         fdjac(system, x, fvec, fjac);
         gradient(fjac, fvec, g);
-        newton_step(fjac, fvec, p);
+        newton_step(fjac, fvec, p, memory);
         std::ranges::copy(x, xold.begin());
         const line_search_result search = lnsrch(system, xold, f, g, p, x, fvec, stpmax);
         f = search.f;
