@@ -37,14 +37,15 @@ void nle_program::make_groups()
     std::vector<std::vector<bool>> reached;
     // The first group moves nothing: f need not be F(x), and then unmoved rows differ from it as well.
     groups_.emplace_back();
-    rows_.resize(size_);
+    std::vector<std::size_t> reaches;
     for (std::size_t column = 0; column < size_; ++column) {
-        std::vector<std::size_t> reaches;
+        reaches.clear();
         for (std::size_t result = 0; result < results; ++result) {
             if (!program_->depends(result, column)) continue;
             reaches.push_back(result);
-            if (result < size_) rows_[column].push_back(result);
+            if (result < size_) rows_.push_back(result);
         }
+        row_ends_.push_back(rows_.size());
         const auto free = std::ranges::find_if(reached, [&](const std::vector<bool>& taken) {
             return std::ranges::none_of(reaches, [&](std::size_t result) { return taken[result]; });
         });
@@ -57,6 +58,12 @@ void nle_program::make_groups()
         for (const std::size_t result : reaches)
             reached[group][result] = true;
     }
+}
+
+std::span<const std::size_t> nle_program::rows_of(std::size_t column) const
+{
+    const std::size_t first = column == 0 ? 0 : row_ends_[column - 1];
+    return std::span(rows_).subspan(first, row_ends_[column] - first);
 }
 
 bool nle_program::difference_columns(std::span<const double> x, std::span<const double> f,
@@ -89,7 +96,7 @@ void nle_program::take_differences(const column_group& group, std::span<const do
         return;
     }
     for (const std::size_t column : group) {
-        for (const std::size_t row : rows_[column])
+        for (const std::size_t row : rows_of(column))
             df(static_cast<int>(row), static_cast<int>(column)) = (output(row) - f[row]) / divisors[column];
     }
 }

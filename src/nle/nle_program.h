@@ -37,6 +37,7 @@ private:
     explicit nle_program(std::unique_ptr<program> compiled, std::size_t size);
 
     void make_groups();
+    std::span<const std::size_t> rows_of(std::size_t column) const;
     /// Writes what one point of a Jacobian tells: the columns of its group, or, where it moves nothing, all
     /// elements as those of rows that do not depend on their column.
     template <class Output>
@@ -49,8 +50,9 @@ private:
 
     std::unique_ptr<program> program_;
     std::size_t size_;
-    /// For each column the residuals that depend on it.
-    std::vector<std::vector<std::size_t>> rows_;
+    /// Column by column the residuals that depend on it, and where those of each column end.
+    std::vector<std::size_t> rows_;
+    std::vector<std::size_t> row_ends_;
     std::vector<column_group> groups_;
 };
 
