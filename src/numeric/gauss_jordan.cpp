@@ -144,7 +144,12 @@ void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<const r
 class number_sets
 {
 public:
-    number_sets(std::size_t sets, std::size_t numbers) : words_((numbers + 63) / 64), bits_(sets * words_) {}
+    /// Makes `sets` empty sets of numbers below `numbers`.
+    void start(std::size_t sets, std::size_t numbers)
+    {
+        words_ = (numbers + 63) / 64;
+        bits_.assign(sets * words_, 0);
+    }
 
     std::size_t words() const { return words_; }
     std::uint64_t* of(int set) { return bits_.data() + static_cast<std::size_t>(set) * words_; }
@@ -158,7 +163,7 @@ public:
     void insert(int set, int number) { of(set)[number / 64] |= std::uint64_t{1} << (number % 64); }
 
 private:
-    std::size_t words_;
+    std::size_t words_ = 0;
     std::vector<std::uint64_t> bits_;
 };
 
@@ -179,23 +184,38 @@ double largest_of(std::span<const double> values)
     return std::ranges::max(maxima);
 }
 
+} // namespace
+
 /// The elimination of gauss_jordan_solve. Rows are stored where they stood at the start, and `stored_` tells
 /// where a row is after the interchanges. The columns not yet used lie side by side at the front of every
 /// row, in an order of their own: a used one gives its place to the last. Behind them is nothing but zeros,
 /// up to whole lanes. For each stored row is known in which columns it may differ from zero, and the other
 /// way round, so that a sparse matrix costs what is in it.
-class lean_elimination
+class elimination_workspace::lean_elimination
 {
 public:
-    lean_elimination(const matrix& a, std::span<double> b, std::vector<double>& memory)
-        : b_(b), width_(whole_lanes(a.columns())), largest_(index(whole_lanes(a.rows())), -1.0), stored_(b.size()),
-          row_of_(b.size()), original_(b.size()), position_(b.size()), unused_(1, b.size()),
-          columns_of_row_(b.size(), b.size()), rows_of_column_(b.size(), b.size()), active_(a.columns())
+    elimination_status solve(const matrix& a, std::span<double> b)
     {
-        memory.resize(b.size() * index(width_));
-        elements_ = memory.data();
-        reduced_.reserve(b.size());
-        unused_.fill(0, b.size());
+        start(a, b);
+        return run();
+    }
+
+private:
+    void start(const matrix& a, std::span<double> b)
+    {
+        const std::size_t n = b.size();
+        b_ = b;
+        active_ = a.columns();
+        width_ = whole_lanes(a.columns());
+        elements_.resize(n * index(width_));
+        largest_.assign(index(whole_lanes(a.rows())), -1.0);
+        for (std::vector<int>* each : {&stored_, &row_of_, &original_, &position_})
+            each->resize(n);
+        unused_.start(1, n);
+        unused_.fill(0, n);
+        columns_of_row_.start(n, n);
+        rows_of_column_.start(n, n);
+        full_ = false;
         int filled = 0;
         for (int row = 0; row < a.rows(); ++row) {
             std::copy_n(a.row(row).data(), a.columns(), elements(row));
@@ -222,9 +242,8 @@ public:
         return elimination_status::done;
     }
 
-private:
     static std::size_t index(int i) { return static_cast<std::size_t>(i); }
-    double* elements(int stored) { return elements_ + index(stored) * index(width_); }
+    double* elements(int stored) { return elements_.data() + index(stored) * index(width_); }
 
     static bool is_zero(const double* four)
     {
@@ -368,8 +387,8 @@ private:
     }
 
     std::span<double> b_;
-    int width_;
-    double* elements_ = nullptr;
+    int width_ = 0;
+    std::vector<double> elements_;
     /// By row: the largest absolute element among the unused columns, -1 where the row is used and behind
     /// the last row.
     std::vector<double> largest_;
@@ -386,10 +405,11 @@ private:
     /// Those of the present step.
     std::vector<reduced_row> reduced_;
     /// How many columns are not yet used.
-    int active_;
+    int active_ = 0;
 };
 
-} // namespace
+elimination_workspace::elimination_workspace() : kept_(std::make_unique<lean_elimination>()) {}
+elimination_workspace::~elimination_workspace() = default;
 
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
 {
@@ -418,14 +438,14 @@ elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
 
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b)
 {
-    std::vector<double> memory;
+    elimination_workspace memory;
     return gauss_jordan_solve(a, b, memory);
 }
 
-elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, std::vector<double>& memory)
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory)
 {
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
-    const elimination_status status = lean_elimination(a, b, memory).run();
+    const elimination_status status = memory.kept_->solve(a, b);
     drop_signs_of_zeros(b);
     require_finite(b);
     return status;

@@ -3,8 +3,8 @@
 
 #include "numeric/matrix.h"
 
+#include <memory>
 #include <span>
-#include <vector>
 
 namespace kelvarin
 {
@@ -22,12 +22,26 @@ enum class elimination_status
 /// solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b);
 
+/// The memory of gauss_jordan_solve, for callers that keep it from one solution to the next.
+class elimination_workspace
+{
+public:
+    elimination_workspace();
+    ~elimination_workspace();
+
+private:
+    friend elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory);
+
+    class lean_elimination;
+    std::unique_ptr<lean_elimination> kept_;
+};
+
 /// The solution alone, with the pivots and the bits of gauss_jordan_inverse at a fraction of its cost: no
 /// inverse is formed, only columns not yet used are touched, zero multipliers are skipped.
 /// When `singular`, `b` is left as gauss_jordan_inverse leaves it. Throws runtime_failure 6 when a pivot or
 /// an element of the solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b);
-/// The same with memory that the caller keeps from one solution to the next.
-elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, std::vector<double>& memory);
+/// The same with memory that was used before.
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory);
 
 } // namespace kelvarin

@@ -19,7 +19,7 @@ namespace
 /// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
 /// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
 /// has left, for one unknown with a flat slope -fvec itself.
-void newton_step(const matrix& fjac, std::span<const double> fvec, std::span<double> p, std::vector<double>& memory)
+void newton_step(const matrix& fjac, std::span<const double> fvec, std::span<double> p, elimination_workspace& memory)
 {
     std::ranges::transform(fvec, p.begin(), std::negate<>());
     gauss_jordan_solve(fjac, p, memory);
@@ -60,7 +60,7 @@ solver_summary mnewt(nonlinear_system& system, std::span<double> x, std::span<do
     const int n = system.size();
     matrix fjac = work_matrix(n);
     std::vector<double> p = work_array(n);
-    std::vector<double> memory;
+    elimination_workspace memory;
     for (int k = 1; k <= options.ntrial; ++k) {
         if (options.on_iteration) options.on_iteration(k, options.ntrial);
 
@@ -81,7 +81,7 @@ solver_summary newt(nonlinear_system& system, std::span<double> x, std::span<dou
     matrix fjac = work_matrix(n);
     std::vector<double> g = work_array(n);
     std::vector<double> p = work_array(n);
-    std::vector<double> memory;
+    elimination_workspace memory;
     std::vector<double> xold = work_array(n);
 
     double f = fmin_nle(system, x, fvec);
