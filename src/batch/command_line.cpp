@@ -61,8 +61,7 @@ void describe_options(CLI::App& app, typed_options& typed)
         ->type_name("NAME");
     app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name")
         ->type_name("NAME");
-    app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")
-        ->type_name("N");
+    app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");

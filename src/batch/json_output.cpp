@@ -15,20 +15,45 @@ json messages_json(const std::vector<message_box>& boxes)
     return messages;
 }
 
+/// An object whose members are put in one by one: an initializer list would copy each of them twice, and
+/// a solution has hundreds.
+json object_with_room(std::size_t members)
+{
+    json object = json::object();
+    object.get_ref<json::object_t&>().reserve(members);
+    return object;
+}
+
+json array_with_room(std::size_t elements)
+{
+    json array = json::array();
+    array.get_ref<json::array_t&>().reserve(elements);
+    return array;
+}
+
 json implicit_json(const nle_solution& solution)
 {
-    json values = json::array();
-    for (const implicit_result& result : solution.implicit)
-        values.push_back(
-            {{"name", result.name}, {"value", result.value}, {"residual", result.residual}, {"guess", result.guess}});
+    json values = array_with_room(solution.implicit.size());
+    for (const implicit_result& result : solution.implicit) {
+        json row = object_with_room(4);
+        row.emplace("name", result.name);
+        row.emplace("value", result.value);
+        row.emplace("residual", result.residual);
+        row.emplace("guess", result.guess);
+        values.push_back(std::move(row));
+    }
     return values;
 }
 
 json explicit_json(const nle_solution& solution)
 {
-    json values = json::array();
-    for (const explicit_result& result : solution.explicit_values)
-        values.push_back({{"name", result.name}, {"value", result.value}});
+    json values = array_with_room(solution.explicit_values.size());
+    for (const explicit_result& result : solution.explicit_values) {
+        json row = object_with_room(2);
+        row.emplace("name", result.name);
+        row.emplace("value", result.value);
+        values.push_back(std::move(row));
+    }
     return values;
 }
 

@@ -69,7 +69,7 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
     case batch_action::show_settings:
         return write_output(request.output,
                             request.format == output_format::object ? json_text(settings_json(request.store)) + "\n"
-                                                                  : settings_listing(request.store),
+                                                                    : settings_listing(request.store),
                             out, err);
     case batch_action::solve:
     case batch_action::check:
