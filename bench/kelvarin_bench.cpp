@@ -20,6 +20,8 @@ struct section
 };
 
 constexpr std::array sections = {
+    // First, since what this process holds by then counts.
+    section{"memory", kelvarin::bench::measure_memory},
     section{"evaluation", kelvarin::bench::measure_evaluation},
     section{"compiling", kelvarin::bench::measure_compiling},
     section{"jacobian", kelvarin::bench::measure_jacobian},
@@ -27,7 +29,6 @@ constexpr std::array sections = {
     section{"newton", kelvarin::bench::measure_newton},
     section{"batch", kelvarin::bench::measure_batch},
     section{"jobs", kelvarin::bench::measure_jobs},
-    section{"memory", kelvarin::bench::measure_memory},
 };
 
 bool is_section(std::string_view name)
