@@ -23,7 +23,7 @@ struct slots_and_parsers
 /// A formula's variables as slots that every parser of `count` ones knows.
 std::shared_ptr<slots_and_parsers> parsers_for(const formula& source, std::size_t count)
 {
-    const auto made = std::make_shared<slots_and_parsers>();
+    auto made = std::make_shared<slots_and_parsers>();
     for (const named_value& input : source.inputs)
         made->slots.push_back(input.value);
     made->slots.resize(source.slot_count(), 0.0);
