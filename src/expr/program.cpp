@@ -50,9 +50,9 @@ public:
         }
     }
 
-    bool depends(std::size_t output, std::size_t input) const
+    std::span<const std::uint64_t> inputs_of(std::size_t output) const
     {
-        return (rows_[output * words_ + input / 64] >> (input % 64) & 1) != 0;
+        return {rows_.data() + output * words_, words_};
     }
 
 private:
@@ -119,9 +119,9 @@ bool program::run(std::span<const double> values, std::span<double> outputs)
     return true;
 }
 
-bool program::depends(std::size_t output, std::size_t input) const
+std::span<const std::uint64_t> program::inputs_of(std::size_t output) const
 {
-    return parts_->dependences.depends(output, input);
+    return parts_->dependences.inputs_of(output);
 }
 
 std::span<double> program::lane_inputs()

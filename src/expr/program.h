@@ -59,8 +59,8 @@ public:
         return lane_cells_[std::size_t{lane_output_cells_[i]} * lanes + static_cast<std::size_t>(point)];
     }
 
-    /// Whether output `i` can change with input `j`.
-    bool depends(std::size_t output, std::size_t input) const;
+    /// The inputs with which an output can change, as words of bits: input j is bit j % 64 of word j / 64.
+    std::span<const std::uint64_t> inputs_of(std::size_t output) const;
 
 private:
     program();

@@ -103,12 +103,11 @@ void classify(token& t)
 
 void add_token(token_list& tokens, std::string_view text, std::size_t from, std::size_t to)
 {
-    token made;
+    token& made = tokens.emplace_back();
     made.text = text.substr(from, to - from);
     made.offset = from;
     made.length = to - from;
     classify(made);
-    tokens.push_back(made);
 }
 
 /// Splits the text into tokens, comparisons still in single characters.

@@ -2,6 +2,8 @@
 #include "nle/nle_program.h"
 
 #include <algorithm>
+#include <bit>
+#include <iterator>
 #include <utility>
 
 namespace kelvarin
@@ -30,6 +32,18 @@ bool nle_program::evaluate(std::span<const double> x, std::span<double> f)
     return program_->run(x, f);
 }
 
+std::vector<std::vector<std::size_t>> nle_program::results_reached_by_columns() const
+{
+    std::vector<std::vector<std::size_t>> reached(size_);
+    for (std::size_t result = 0; result < program_->output_count(); ++result) {
+        const std::span<const std::uint64_t> inputs = program_->inputs_of(result);
+        for (std::size_t w = 0; w < inputs.size(); ++w)
+            for (std::uint64_t word = inputs[w]; word != 0; word &= word - 1)
+                reached[w * 64 + static_cast<std::size_t>(std::countr_zero(word))].push_back(result);
+    }
+    return reached;
+}
+
 void nle_program::make_groups()
 {
     const std::size_t results = program_->output_count();
@@ -37,14 +51,10 @@ void nle_program::make_groups()
     std::vector<std::vector<bool>> reached;
     // The first group moves nothing: f need not be F(x), and then unmoved rows differ from it as well.
     groups_.emplace_back();
-    std::vector<std::size_t> reaches;
+    const std::vector<std::vector<std::size_t>> reached_by = results_reached_by_columns();
     for (std::size_t column = 0; column < size_; ++column) {
-        reaches.clear();
-        for (std::size_t result = 0; result < results; ++result) {
-            if (!program_->depends(result, column)) continue;
-            reaches.push_back(result);
-            if (result < size_) rows_.push_back(result);
-        }
+        const std::vector<std::size_t>& reaches = reached_by[column];
+        std::ranges::copy_if(reaches, std::back_inserter(rows_), [&](std::size_t result) { return result < size_; });
         row_ends_.push_back(rows_.size());
         const auto free = std::ranges::find_if(reached, [&](const std::vector<bool>& taken) {
             return std::ranges::none_of(reaches, [&](std::size_t result) { return taken[result]; });

@@ -36,6 +36,7 @@ private:
 
     explicit nle_program(std::unique_ptr<program> compiled, std::size_t size);
 
+    std::vector<std::vector<std::size_t>> results_reached_by_columns() const;
     void make_groups();
     std::span<const std::size_t> rows_of(std::size_t column) const;
     /// Writes what one point of a Jacobian tells: the columns of its group, or, where it moves nothing, all
