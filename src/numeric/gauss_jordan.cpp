@@ -224,7 +224,8 @@ private:
             filled += measure(row);
         }
         constexpr int sparse_part = 2;
-        if (filled * sparse_part > a.rows() * a.columns()) {
+        constexpr int worth_marking = 24;
+        if (a.rows() < worth_marking || filled * sparse_part > a.rows() * a.columns()) {
             mark_everything();
             return;
         }
@@ -282,7 +283,7 @@ private:
         }
     }
 
-    /// A full matrix is not worth the marks: everything may differ from zero.
+    /// A full or small matrix is not worth the marks: everything may differ from zero.
     void mark_everything()
     {
         full_ = true;
