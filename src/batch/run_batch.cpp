@@ -26,14 +26,13 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
         return solve_file(request.files[i], request, surroundings.clock, listener);
     };
     ordered_answers answers(request.files.size(), request.jobs, answer_of, surroundings.listener);
-    for (std::size_t i = 0; i < request.files.size(); ++i) {
+    for (const std::string& file : request.files) {
         file_answer answer = [&] {
-            progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr,
-                                   request.files[i]);
+            progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr, file);
             return answers.next(progress);
         }();
         if (answer.stopped || surroundings.listener.stop_asked()) return exit_status::interrupted;
-        printer.take(request.files[i], std::move(answer));
+        printer.take(file, std::move(answer));
     }
     return printer.finish();
 }

@@ -8,6 +8,7 @@
 #include <cassert>
 #include <cmath>
 #include <cstdint>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -82,10 +83,10 @@ void reduce_other_rows(matrix& a, std::span<double> b, int pivot)
 /// the same way: undone in reverse order.
 void undo_interchanges(matrix& a, const std::vector<place>& pivots)
 {
-    for (auto pivot = pivots.rbegin(); pivot != pivots.rend(); ++pivot) {
-        if (pivot->row == pivot->column) continue;
+    for (const place& pivot : std::views::reverse(pivots)) {
+        if (pivot.row == pivot.column) continue;
         for (int row = 0; row < a.rows(); ++row)
-            std::swap(a(row, pivot->row), a(row, pivot->column));
+            std::swap(a(row, pivot.row), a(row, pivot.column));
     }
 }
 
