@@ -8,7 +8,6 @@
 #include <cassert>
 #include <cmath>
 #include <cstdint>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -83,7 +82,8 @@ void reduce_other_rows(matrix& a, std::span<double> b, int pivot)
 /// the same way: undone in reverse order.
 void undo_interchanges(matrix& a, const std::vector<place>& pivots)
 {
-    for (const place& pivot : std::views::reverse(pivots)) {
+    for (std::size_t step = pivots.size(); step-- > 0;) {
+        const place pivot = pivots[step];
         if (pivot.row == pivot.column) continue;
         for (int row = 0; row < a.rows(); ++row)
             std::swap(a(row, pivot.row), a(row, pivot.column));
