@@ -10,12 +10,13 @@
 /// The straight code of a program, as it is before a machine has chosen its handlers.
 ///
 /// The code works on one file of cells (inputs, constants, intermediate values), an accumulator, and the
-/// accumulator before. A line computes into the accumulator and may then apply a second operation to it
-/// and store it. A line that does not start from the accumulator moves it to the accumulator before: the
-/// left side of an operation waits there while the right side is computed.
-/// Beside them runs a sum of v - v over the values v in which something not finite could
-/// otherwise get lost: denominators, operands of powers and comparisons, conditions, arguments of
-/// functions that are finite at infinity, and all results. It is not a number exactly when something
+/// accumulator before. A line computes into the accumulator and may then apply a second and a third
+/// operation to it and store it. A line that does not start from the accumulator moves it to the
+/// accumulator before: the left side of an operation waits there while the right side is computed.
+///
+/// Beside them runs a sum of v - v over the values v in which something not finite could otherwise get
+/// lost: denominators, operands of powers and comparisons, conditions, arguments of functions that are
+/// finite at infinity, and the results that no such value shows. It is not a number exactly when something
 /// failed.
 namespace kelvarin
 {
