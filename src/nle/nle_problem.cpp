@@ -3,9 +3,12 @@
 
 #include "expr/basParse.h"
 #include "nle/nle_file.h"
+#include "nle/nle_listing.h"
+#include "nle/nle_recovery.h"
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
+#include "shell/general_lib.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,6 +70,45 @@ nle_problem::refusal check_name(std::string_view name, const std::vector<equatio
     return std::nullopt;
 }
 
+/// Refuses an explicit equation that uses its own variable.
+nle_problem::refusal check_circle(std::string_view name, std::string_view expression)
+{
+    for (const token& word : scan_tokens(expression)) {
+        if (word.kind != token_kind::tokName || word.text != name) continue;
+        message_box box = refusal_box("Circular definition of '" + std::string(name) +
+                                      "'\rThe explicit varible being defined can not appear on the left hand side of "
+                                      "the equation.");
+        box.place = text_place{0, word.offset, word.length};
+        return box;
+    }
+    return std::nullopt;
+}
+
+/// The expression with one variable renamed. What replace_name takes for the ends of a word leaves out commas
+/// and comparisons, so the words that stand beside those are taken from the scanner.
+std::string renamed_in(std::string_view expression, std::string_view old_name, std::string_view new_name)
+{
+    // A row may carry the name of a function or "then", but right sides mean the function or the word.
+    if (is_function_name(old_name) || is_equation_word(old_name)) return std::string(expression);
+    const std::string replaced = replace_name(expression, old_name, new_name);
+    std::string renamed;
+    std::size_t copied = 0;
+    for (const token& word : scan_tokens(replaced)) {
+        if (word.kind != token_kind::tokName || word.text != old_name) continue;
+        renamed.append(replaced, copied, word.offset - copied).append(new_name);
+        copied = word.offset + word.length;
+    }
+    return renamed.append(replaced, copied);
+}
+
+void rename_in(equation_row& row, std::string_view old_name, std::string_view new_name)
+{
+    const equation_parts parts = parts_of(row.equation);
+    std::string left_side(row.equation, 0, parts.right_side_offset);
+    if (parts.name == old_name) left_side.replace(parts.name_offset, parts.name.size(), new_name);
+    row.equation = left_side + renamed_in(parts.right_side, old_name, new_name);
+}
+
 } // namespace
 
 std::string_view method_text(nle_method method)
@@ -96,6 +138,11 @@ std::string guess_without_suffix(std::string_view guess)
     return end == std::string_view::npos ? std::string(guess) : std::string(trimmed(guess.substr(0, end)));
 }
 
+bool nle_problem::is_blank() const
+{
+    return content_.rows.empty() && content_.title.empty() && path_.empty();
+}
+
 nle_problem::refusal nle_problem::may_add() const
 {
     if (equation_count() < equation_limit) return std::nullopt;
@@ -116,16 +163,7 @@ nle_problem::refusal nle_problem::check_explicit(std::string_view name, std::str
 {
     if (refusal refused = check_text(expression)) return refused;
     if (refusal refused = check_name(name, content_.rows, row)) return refused;
-    const std::string_view wanted = trimmed(name);
-    for (const token& word : scan_tokens(expression)) {
-        if (word.kind != token_kind::tokName || word.text != wanted) continue;
-        message_box box = refusal_box("Circular definition of '" + std::string(wanted) +
-                                      "'\rThe explicit varible being defined can not appear on the left hand side of "
-                                      "the equation.");
-        box.place = text_place{0, word.offset, word.length};
-        return box;
-    }
-    return std::nullopt;
+    return check_circle(trimmed(name), expression);
 }
 
 nle_problem::refusal nle_problem::put_implicit(std::string_view name, std::string_view expression,
@@ -157,7 +195,7 @@ nle_problem::refusal nle_problem::put_row(equation_row next_row, int row)
     nle_content next = content_;
     if (row > 0) {
         next.rows.at(static_cast<std::size_t>(row - 1)) = std::move(next_row);
-        change("Change equation", std::move(next));
+        change("Edit equation", std::move(next));
         return std::nullopt;
     }
     if (refusal refused = may_add()) return refused;
@@ -190,7 +228,7 @@ void nle_problem::set_comment(int row, std::string comment)
 {
     nle_content next = content_;
     next.rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(std::move(comment));
-    change("Change comment", std::move(next));
+    change("Edit comment", std::move(next));
 }
 
 void nle_problem::set_title(std::string title)
@@ -225,6 +263,29 @@ void nle_problem::choose_method(nle_method method)
         }
     }
     change("Choose method", std::move(next));
+}
+
+nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std::string_view new_name)
+{
+    const std::string_view from = trimmed(old_name);
+    const std::string_view to = trimmed(new_name);
+    if (from == to || !is_valid_name(from)) return std::nullopt;
+    if (refusal refused = check_name(to, content_.rows, 0)) return refused;
+    nle_content next = content_;
+    for (equation_row& row : next.rows) {
+        rename_in(row, from, to);
+        const equation_parts parts = parts_of(row.equation);
+        if (parts.implicit || parts.name != to) continue;
+        if (refusal refused = check_circle(to, parts.right_side)) return refused;
+    }
+    change("Rename variable", std::move(next));
+    return std::nullopt;
+}
+
+void nle_problem::load_example(nle_content example)
+{
+    change("Load example", std::move(example));
+    path_.clear();
 }
 
 void nle_problem::replace_content(nle_content content, std::string step)
@@ -264,6 +325,34 @@ nle_problem::refusal nle_problem::save(const std::filesystem::path& path, bool o
     path_ = path;
     history_.mark_clean();
     return std::nullopt;
+}
+
+void nle_problem::clear()
+{
+    content_ = {};
+    path_.clear();
+    history_.clear();
+}
+
+std::string nle_problem::recovery_text() const
+{
+    return nle_recovery_text(content_);
+}
+
+bool nle_problem::restore(std::string_view recovery_text, const std::filesystem::path& path)
+{
+    std::optional<nle_content> content = read_nle_recovery(recovery_text);
+    if (!content) return false;
+    content_ = std::move(*content);
+    path_ = path;
+    history_.clear();
+    history_.mark_unsaved();
+    return true;
+}
+
+std::string nle_problem::printed_listing() const
+{
+    return nle_listing(content_, path_);
 }
 
 void nle_problem::change(std::string step, nle_content next)

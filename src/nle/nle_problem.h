@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/saver.h"
 #include "shell/history.h"
+#include "shell/problem_document.h"
 
 #include <array>
 #include <filesystem>
@@ -74,15 +75,19 @@ std::vector<std::string> listing_warnings(const nle_content& content);
 message_box red_light_box(const nle_content& content);
 
 /// A nonlinear problem as a document: content, path, saved flag, undo. Every operation that is refused
-/// answers with the box to show and changes nothing.
-class nle_problem
+/// answers with the box to show and changes nothing. Undo names its steps "Add equation", "Edit equation",
+/// "Remove equation", "Move equation", "Edit comment", "Change title", "Change bounds", "Choose method",
+/// "Rename variable", "Load example".
+class nle_problem final : public problem_document
 {
 public:
-    using refusal = std::optional<message_box>;
-
+    std::string_view kind() const override { return "nle"; }
     const nle_content& content() const { return content_; }
-    const std::filesystem::path& path() const { return path_; }
-    bool problem_saved() const { return history_.is_clean(); }
+    const std::string& title() const override { return content_.title; }
+    const std::filesystem::path& path() const override { return path_; }
+    bool problem_saved() const override { return history_.is_clean(); }
+    /// No row, no title, no file; the method alone is nothing to lose.
+    bool is_blank() const override;
     int equation_count() const { return static_cast<int>(content_.rows.size()); }
 
     /// Whether another equation may be added.
@@ -102,27 +107,43 @@ public:
     /// Exchange with the neighbour above (up) or below; false at the ends.
     bool move(int row, bool up);
     void set_comment(int row, std::string comment);
-    void set_title(std::string title);
+    void set_title(std::string title) override;
     /// One step of undo for any number of changes in a row, as they come with every key typed.
     void set_bounds(std::string lower, std::string upper);
     /// A choice by the user: any method but `constrained` strips the suffixes of the guesses.
     void choose_method(nle_method method);
     /// The method alone, as a file or a command line gives it: no cell changes.
     void set_method(nle_method method) { content_.method = method; }
+    /// Renames a variable where it is defined and wherever right sides use it, in one step. Refused as in the
+    /// entry dialogs where the new name is no valid one, is defined already, or would define itself.
+    refusal rename_variable(std::string_view old_name, std::string_view new_name);
+    /// Puts an example in place of the problem, in one step. The path goes, so that no save writes the example
+    /// over the file that was open.
+    void load_example(nle_content example);
     /// Replaces the whole content in one step.
     void replace_content(nle_content content, std::string step);
 
-    bool undo();
-    bool redo();
-    const history<nle_content>& steps() const { return history_; }
+    bool undo() override;
+    bool redo() override;
+    std::string undo_step() const override { return history_.undo_step(); }
+    std::string redo_step() const override { return history_.redo_step(); }
 
     nle_analysis analyse() const { return analyse_nle(content_); }
 
+    refusal open(const std::filesystem::path& path) override { return nles_open(path); }
     /// Reads a file into this document; on failure the document stays as it was.
     refusal nles_open(const std::filesystem::path& path);
     /// Writes the document (in the older format on demand); on success path and clean mark move.
     refusal save(const std::filesystem::path& path, bool older_format = false,
-                 const save_calls& calls = system_save_calls());
+                 const save_calls& calls = system_save_calls()) override;
+    void clear() override;
+
+    std::string recovery_text() const override;
+    bool restore(std::string_view recovery_text, const std::filesystem::path& path) override;
+
+    /// Heading, file name, then each row with its number, guess and comment, and the bounds of a single
+    /// equation; lines end in LF.
+    std::string printed_listing() const override;
 
 private:
     refusal put_row(equation_row next_row, int row);

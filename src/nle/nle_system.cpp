@@ -84,6 +84,7 @@ std::optional<message_box> nle_system::compile(equation_list& equations, std::st
     }
     if (refused->fatal) {
         box.title = fatal_title;
+        box.fatal = true;
     } else {
         box.text = std::string(label) + std::to_string(refused->number) + '\r' + refused->message;
     }

@@ -36,6 +36,8 @@ struct message_box
     box_icon icon = box_icon::none;
     std::string title = guide_title;
     std::optional<text_place> place = std::nullopt;
+    /// The core met a state that it holds impossible: a program with windows ends behind this box.
+    bool fatal = false;
 };
 
 } // namespace kelvarin

@@ -36,6 +36,8 @@ public:
     /// The content as it is now is the saved one.
     void mark_clean() { clean_ = undo_.size(); }
     bool is_clean() const { return clean_ == undo_.size(); }
+    /// No content that undo or redo reaches is the saved one.
+    void mark_unsaved() { clean_.reset(); }
     void clear()
     {
         undo_.clear();

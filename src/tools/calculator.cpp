@@ -40,8 +40,12 @@ try {
     if (!checked.ok) return refused(checked.message);
 
     const solved_expression solved = variables_.Solve_expression(line.expression, context_);
-    if (!solved.ok)
-        return refused(solved.message, std::string(solved.fatal ? fatal_title : "Expression Parsing Error"));
+    if (!solved.ok) {
+        calculator_answer answer =
+            refused(solved.message, std::string(solved.fatal ? fatal_title : "Expression Parsing Error"));
+        answer.refusal->fatal = solved.fatal;
+        return answer;
+    }
 
     if (!line.target.empty()) {
         // Anew, so that the variable set last is the last one listed.
