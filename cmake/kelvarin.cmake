@@ -64,10 +64,20 @@ function(kelvarin_library folder)
   endforeach()
 endfunction()
 
+# kelvarin_window_library(nle/window DEPENDS nle desktop): the same for a folder of windows, which may use the
+# toolkit.
+function(kelvarin_window_library folder)
+  kelvarin_library(${folder} ${ARGN})
+  string(REPLACE "/" "_" name "${folder}")
+  set_target_properties(kelvarin_${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(kelvarin_${name} PUBLIC QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH)
+  target_link_libraries(kelvarin_${name} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Svg)
+endfunction()
+
 # kelvarin_test(nle DEPENDS nle shell): a program kelvarin_nle_tests of all sources in the current
-# folder, each of its cases a test of CTest.
+# folder, each of its cases a test of CTest. With WINDOWS the tests act on windows, without a screen.
 function(kelvarin_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "DEPENDS")
   string(REPLACE "/" "_" name "${folder}")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   set(target "kelvarin_${name}_tests")
@@ -78,11 +88,17 @@ function(kelvarin_test folder)
     KELVARIN_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
     KELVARIN_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
     KELVARIN_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  target_link_libraries(${target} PRIVATE GTest::gmock_main rapidcheck rapidcheck_gtest)
+  if(arg_WINDOWS)
+    target_link_libraries(${target} PRIVATE kelvarin_window_testing)
+  else()
+    target_link_libraries(${target} PRIVATE GTest::gmock_main)
+  endif()
+  target_link_libraries(${target} PRIVATE rapidcheck rapidcheck_gtest)
   foreach(dependency IN LISTS arg_DEPENDS)
     string(REPLACE "/" "_" dependency "${dependency}")
     target_link_libraries(${target} PRIVATE kelvarin_${dependency})
   endforeach()
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120
-    PROPERTIES TIMEOUT 300 ENVIRONMENT "LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/test-config")
+    PROPERTIES TIMEOUT 300
+    ENVIRONMENT "LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/test-config;QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96")
 endfunction()

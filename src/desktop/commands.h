@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// What the main window and the windows in it can be told to do by menu, button or key. Each command is one
+/// action, owned by the main window: two actions with one shortcut would both stay silent.
+enum class command
+{
+    new_leq,
+    new_nle,
+    new_deq,
+    new_reg,
+    new_opt,
+    open,
+    save,
+    save_as,
+    print,
+    print_preview,
+    close,
+    close_all,
+    exit,
+    undo,
+    redo,
+    cut,
+    copy,
+    paste,
+    select_all,
+    solve,
+    stop,
+    calculator,
+    units,
+    antoine,
+    constants,
+    setup,
+    cascade,
+    tile_horizontally,
+    tile_vertically,
+    arrange_icons,
+    contents,
+    about
+};
+
+/// All commands, in the order of the enumeration.
+const std::vector<command>& all_commands();
+
+/// The actions of all commands with their captions, tool tips, icons and shortcuts (the platform's, and a
+/// fallback of our own where it has none). Object names are the commands' names: "save_as".
+class command_actions : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit command_actions(QObject* parent);
+
+    QAction* action(command which) const { return actions_.at(which); }
+    /// The caption without what a window put in its place.
+    void restore_caption(command which);
+
+signals:
+    void triggered(kelvarin::command which);
+
+private:
+    std::map<command, QAction*> actions_;
+};
+
+} // namespace kelvarin

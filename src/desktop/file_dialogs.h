@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/user_interface.h"
+
+#include <QStringList>
+
+namespace kelvarin
+{
+
+/// The filters of a file question ("Kelvarin (*.kvr)|*.kvr|...") in the toolkit's form ("Kelvarin (*.kvr)"), one
+/// for each pair, told apart where two have one pattern.
+QStringList dialog_filters(const std::string& filter);
+
+/// The toolkit's file dialog for a question; nothing where it was cancelled.
+std::optional<chosen_file> run_file_dialog(QWidget* parent, const file_question& asked, bool saving);
+
+} // namespace kelvarin

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/look.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QWidget>
+
+#include <cmath>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// A hue with the lightness that reads on the palette's base.
+QColor on_base(const QPalette& palette, int hue, int saturation, int on_light, int on_dark)
+{
+    return QColor::fromHsl(hue, saturation, is_dark(palette) ? on_dark : on_light);
+}
+
+} // namespace
+
+int line_unit(const QWidget& widget)
+{
+    return QFontMetrics(widget.font()).height();
+}
+
+QFont fixed_font(const QWidget& widget)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(widget.font().pointSizeF());
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
+bool is_dark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+QColor mixed(const QColor& from, const QColor& to, double part)
+{
+    const auto blend = [part](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * part)); };
+    return QColor(blend(from.red(), to.red()), blend(from.green(), to.green()), blend(from.blue(), to.blue()));
+}
+
+QColor accent(const QPalette& palette)
+{
+    return on_base(palette, 182, 170, 62, 150);
+}
+
+QColor fault_colour(const QPalette& palette)
+{
+    return on_base(palette, 2, 190, 105, 160);
+}
+
+QColor warning_colour(const QPalette& palette)
+{
+    return on_base(palette, 32, 220, 100, 140);
+}
+
+QColor function_colour(const QPalette& palette)
+{
+    return on_base(palette, 215, 150, 95, 175);
+}
+
+QColor keyword_colour(const QPalette& palette)
+{
+    return on_base(palette, 285, 110, 95, 180);
+}
+
+} // namespace kelvarin

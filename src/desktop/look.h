@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+class QWidget;
+
+/// What the windows have in common in looks. Every colour comes from the palette or is mixed from it.
+namespace kelvarin
+{
+
+/// The height of a line of text: the unit of all distances.
+int line_unit(const QWidget& widget);
+
+/// The fixed-width font of equations, numbers and cells, in the size of `widget`'s font.
+QFont fixed_font(const QWidget& widget);
+
+bool is_dark(const QPalette& palette);
+/// The one accent: the solving button, selections, links. Readable on the palette's base.
+QColor accent(const QPalette& palette);
+/// `from` with a part (0 to 1) of `to` mixed in.
+QColor mixed(const QColor& from, const QColor& to, double part);
+
+/// Colours with a meaning, readable on the palette's base: an unknown name, one defined twice, and the tints of
+/// words in an expression.
+QColor fault_colour(const QPalette& palette);
+QColor warning_colour(const QPalette& palette);
+QColor function_colour(const QPalette& palette);
+QColor keyword_colour(const QPalette& palette);
+
+} // namespace kelvarin

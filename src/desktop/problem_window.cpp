@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/problem_window.h"
+
+#include "desktop/qt_text.h"
+#include "desktop/text_printing.h"
+#include "shell/general_lib.h"
+#include "shell/recent_files.h"
+
+#include <QCloseEvent>
+#include <QMenu>
+
+#include <ctime>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Long enough not to write at every key, short enough to lose nothing that a person would miss.
+constexpr int recovery_delay_ms = 500;
+
+} // namespace
+
+problem_window::problem_window(desktop_context& context, problem_kind kind)
+    : child_window(context, kind.window_name), kind_(std::move(kind)), run_(this)
+{
+    recovery_timer_.setSingleShot(true);
+    recovery_timer_.setInterval(recovery_delay_ms);
+    connect(&recovery_timer_, &QTimer::timeout, this, &problem_window::keep_recovery_copy);
+    connect(&run_, &run_controller::started, this, &problem_window::run_started);
+    connect(&run_, &run_controller::progressed, this, &problem_window::state_changed);
+    connect(&run_, &run_controller::finished, this, &problem_window::run_finished);
+    build_menus();
+}
+
+problem_window::~problem_window() = default;
+
+void problem_window::build_menus()
+{
+    main_frame& frame = context().frame;
+    file_menu_ = new QMenu(tr("&File"), this);
+    file_menu_->addMenu(frame.new_menu());
+    // Opens into this window, whatever the file's extension; the main window's command looks for the right one.
+    QAction* open_here = file_menu_->addAction(tr("&Open..."), this, &problem_window::open_by_dialog);
+    open_here->setObjectName(QStringLiteral("mnuOpen"));
+    for (const command which : {command::save, command::save_as})
+        file_menu_->addAction(frame.action(which));
+    file_menu_->addSeparator();
+    for (const command which : {command::print, command::print_preview})
+        file_menu_->addAction(frame.action(which));
+    file_menu_->addSeparator();
+    behind_recent_ = file_menu_->addSeparator();
+    for (const command which : {command::close, command::close_all, command::exit})
+        file_menu_->addAction(frame.action(which));
+    connect(file_menu_, &QMenu::aboutToShow, this, &problem_window::show_recent_files);
+
+    edit_menu_ = new QMenu(tr("&Edit"), this);
+    for (const command which : {command::undo, command::redo})
+        edit_menu_->addAction(frame.action(which));
+    edit_menu_->addSeparator();
+    show_recent_files();
+}
+
+void problem_window::show_recent_files()
+{
+    qDeleteAll(recent_actions_);
+    recent_actions_.clear();
+    recent_files_ = load_recent_files(context().registry, kind_.recent_suffix);
+    for (std::size_t i = 0; i < recent_files_.size(); ++i) {
+        auto* entry = new QAction(to_qstring(recent_file_caption(i + 1, recent_files_[i])), this);
+        entry->setObjectName(QStringLiteral("mnuFileItem_%1").arg(i + 1));
+        entry->setToolTip(path_text(recent_files_[i]));
+        connect(entry, &QAction::triggered, this, [this, i] { open_recent_file(i); });
+        file_menu_->insertAction(behind_recent_, entry);
+        recent_actions_.append(entry);
+    }
+}
+
+void problem_window::open_recent_file(std::size_t index)
+{
+    if (index < recent_files_.size()) context().frame.open_document(recent_files_[index]);
+}
+
+void problem_window::remember_file()
+{
+    remember_recent_file(context().registry, kind_.recent_suffix, document().path());
+    // What can not be remembered is no reason to bother anybody who just saved a problem.
+    static_cast<void>(context().registry.flush());
+    show_recent_files();
+}
+
+bool problem_window::can(command which) const
+{
+    const problem_document& shown = document();
+    switch (which) {
+    case command::save:
+    case command::save_as:
+    case command::print:
+    case command::print_preview:
+    case command::close:
+        return true;
+    case command::undo:
+        return !is_running() && !shown.undo_step().empty();
+    case command::redo:
+        return !is_running() && !shown.redo_step().empty();
+    case command::solve:
+        return !is_running() && can_solve();
+    case command::stop:
+        return is_running();
+    default:
+        return false;
+    }
+}
+
+void problem_window::perform(command which)
+{
+    switch (which) {
+    case command::save:
+        save();
+        break;
+    case command::save_as:
+        save_as();
+        break;
+    case command::print:
+        print(false);
+        break;
+    case command::print_preview:
+        print(true);
+        break;
+    case command::close:
+        close_with_frame();
+        break;
+    case command::undo:
+        step_back_or_forth(true);
+        break;
+    case command::redo:
+        step_back_or_forth(false);
+        break;
+    case command::solve:
+        solve();
+        break;
+    case command::stop:
+        run_.stop();
+        break;
+    default:
+        break;
+    }
+}
+
+QString problem_window::caption_of(command which) const
+{
+    const std::string step = which == command::undo   ? document().undo_step()
+                             : which == command::redo ? document().redo_step()
+                                                      : std::string();
+    if (step.empty()) return {};
+    return (which == command::undo ? tr("&Undo %1") : tr("&Redo %1")).arg(to_qstring(step));
+}
+
+QString problem_window::file_panel() const
+{
+    const std::filesystem::path& path = document().path();
+    return path.empty() ? child_window::file_panel() : to_qstring(shorten_path(path.string()));
+}
+
+QString problem_window::title_panel() const
+{
+    const std::string& title = document().title();
+    return title.empty() ? child_window::title_panel() : to_qstring(title);
+}
+
+void problem_window::step_back_or_forth(bool back)
+{
+    if (is_running()) return;
+    if (back ? document().undo() : document().redo()) document_changed();
+}
+
+void problem_window::document_changed()
+{
+    show_title();
+    show_document();
+    recovery_timer_.start();
+    emit state_changed();
+}
+
+void problem_window::show_title()
+{
+    const QString caption = to_qstring(kind_.caption);
+    const QString title = to_qstring(document().title());
+    setWindowTitle((title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title)) + QStringLiteral("[*]"));
+    setWindowModified(!document().problem_saved());
+}
+
+bool problem_window::may_replace(const std::string& text)
+{
+    if (document().problem_saved()) return true;
+    switch (context().user.ask(this, {.text = text, .with_cancel = true})) {
+    case answer::yes:
+        return save();
+    case answer::no:
+        return true;
+    case answer::cancel:
+        break;
+    }
+    return false;
+}
+
+bool problem_window::open(const std::filesystem::path& path)
+{
+    if (is_running() || !may_replace(kind_.unsaved_on_open)) return false;
+    if (const auto refused = document().open(path)) {
+        context().user.show(this, *refused);
+        return false;
+    }
+    drop_recovery_copy();
+    remember_file();
+    document_changed();
+    return true;
+}
+
+bool problem_window::open_by_dialog()
+{
+    if (is_running()) return false;
+    const auto chosen = context().user.choose_file_to_open(
+        this, {.caption = tr("Open"), .filter = kind_.open_filter, .proposed = document().path()});
+    return chosen && open(chosen->path);
+}
+
+bool problem_window::save()
+{
+    const std::filesystem::path& path = document().path();
+    return path.empty() ? save_as() : write(path, false);
+}
+
+bool problem_window::save_as()
+{
+    const auto chosen = context().user.choose_file_to_save(this, {.caption = tr("Save As"),
+                                                                  .filter = kind_.save_filter,
+                                                                  .proposed = document().path(),
+                                                                  .default_extension = QStringLiteral("kvr")});
+    if (!chosen) return false;
+    const bool older = chosen->filter_index == kind_.older_format_filter;
+    if (older && context().user.ask(this, {.text = kind_.older_format_question}) != answer::yes) return false;
+    return write(chosen->path, older);
+}
+
+bool problem_window::write(const std::filesystem::path& path, bool older_format)
+{
+    if (const auto refused = document().save(path, older_format)) {
+        context().user.show(this, *refused);
+        return false;
+    }
+    drop_recovery_copy();
+    remember_file();
+    document_changed();
+    return true;
+}
+
+bool problem_window::recover(int slot, const recovery_entry& entry)
+{
+    if (!document().restore(entry.content, entry.path)) return false;
+    recovery_slot_ = slot;
+    document_changed();
+    return true;
+}
+
+void problem_window::keep_recovery_copy()
+{
+    recovery_timer_.stop();
+    if (document().problem_saved()) return drop_recovery_copy();
+    if (recovery_slot_ == 0) recovery_slot_ = context().recovery.new_slot();
+    // A copy that can not be kept must not disturb the work that it would protect.
+    static_cast<void>(context().recovery.keep(recovery_slot_, {.kind = std::string(document().kind()),
+                                                               .title = document().title(),
+                                                               .path = document().path(),
+                                                               .kept_at = std::time(nullptr),
+                                                               .content = document().recovery_text()}));
+}
+
+void problem_window::drop_recovery_copy()
+{
+    recovery_timer_.stop();
+    if (recovery_slot_ == 0) return;
+    context().recovery.drop(recovery_slot_);
+    recovery_slot_ = 0;
+}
+
+void problem_window::print(bool preview)
+{
+    const QString name = to_qstring(document().title().empty() ? kind_.caption : document().title());
+    const auto paint = [this](QPrinter& printer) { print_text(printer, document().printed_listing()); };
+    if (preview)
+        context().user.print_preview(this, name, paint);
+    else
+        context().user.print(this, name, paint);
+}
+
+void problem_window::run_started()
+{
+    enable_controls_for_run(true);
+    setCursor(Qt::BusyCursor);
+    emit state_changed();
+}
+
+void problem_window::run_finished()
+{
+    unsetCursor();
+    enable_controls_for_run(false);
+    emit state_changed();
+    if (!close_after_run_) return;
+    close_after_run_ = false;
+    QMetaObject::invokeMethod(this, &child_window::close_with_frame, Qt::QueuedConnection);
+}
+
+void problem_window::closeEvent(QCloseEvent* event)
+{
+    if (is_running()) {
+        close_after_run_ = true;
+        run_.stop();
+        event->ignore();
+        return;
+    }
+    if (!may_replace(kind_.unsaved_on_close)) {
+        event->ignore();
+        return;
+    }
+    drop_recovery_copy();
+    event->accept();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/child_window.h"
+#include "desktop/run_controller.h"
+#include "shell/problem_document.h"
+
+#include <QTimer>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QCloseEvent;
+
+namespace kelvarin
+{
+
+/// The texts in which the kinds of problem windows differ.
+struct problem_kind
+{
+    /// "frmNLE".
+    const char* window_name = "";
+    /// "Nonlinear Equations Solver".
+    std::string caption;
+    /// "\\files_nle".
+    std::string recent_suffix;
+    std::string open_filter;
+    std::string save_filter;
+    /// The place, from 1, of the older format in the save filter; 0 where there is none.
+    int older_format_filter = 0;
+    /// The question before the older format is written.
+    std::string older_format_question;
+    /// The questions about an unsaved problem: on closing, and before another file is opened over it.
+    std::string unsaved_on_close;
+    std::string unsaved_on_open;
+};
+
+/// The common base of the problem windows: the File and Edit menus with their questions, recent files, title,
+/// recovery copy, undo, and the run. It talks to its document through problem_document alone.
+class problem_window : public child_window
+{
+    Q_OBJECT
+
+public:
+    problem_window(desktop_context& context, problem_kind kind);
+    ~problem_window() override;
+
+    bool can(command which) const override;
+    void perform(command which) override;
+    QString caption_of(command which) const override;
+    QString file_panel() const override;
+    QString title_panel() const override;
+    bool is_running() const override { return run_.running(); }
+    double fraction_done() const override { return run_.fraction(); }
+    bool is_problem_window() const override { return true; }
+
+    virtual problem_document& document() = 0;
+    const problem_document& document() const { return const_cast<problem_window*>(this)->document(); }
+
+    /// Reads a file into this window, asking first where something would be lost. A refusal is shown.
+    bool open(const std::filesystem::path& path);
+    /// The dialog of this kind's File, Open, then the same.
+    bool open_by_dialog();
+    /// Each is true when the problem is saved afterwards.
+    bool save();
+    bool save_as();
+    /// Takes over a problem that a crash left behind.
+    bool recover(int slot, const recovery_entry& entry);
+    /// Asks what is to become of an unsaved problem (`text` as the question): true where one may go on.
+    bool may_replace(const std::string& text);
+
+    /// Writes what is unsaved to its recovery file now, or removes the file.
+    void keep_recovery_copy();
+
+protected:
+    /// Shows the whole document anew, after any change of it.
+    virtual void show_document() = 0;
+    /// Switches off, for the time of a run, all that could start or change it.
+    virtual void enable_controls_for_run(bool running) = 0;
+    /// Whether the problem may be solved now, and what does it.
+    virtual bool can_solve() const = 0;
+    virtual void solve() = 0;
+
+    /// To be called after every change of the document: title, marks, recovery copy, commands, and
+    /// show_document.
+    void document_changed();
+
+    /// Starts a job of this window: progress, Stop, closing and controls are taken care of. `done` gets the
+    /// outcome while the window still exists.
+    template <class Job, class Done> void start_run(Job job, Done done) { run_.start(std::move(job), std::move(done)); }
+
+    /// File: new, open, save, save as, print, recent files, close, exit. Edit begins with undo and redo; a
+    /// window adds its own items behind. Both are owned by this window.
+    QMenu* file_menu() const { return file_menu_; }
+    QMenu* edit_menu() const { return edit_menu_; }
+    const problem_kind& kind() const { return kind_; }
+
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void build_menus();
+    void show_recent_files();
+    void open_recent_file(std::size_t index);
+    void remember_file();
+    bool write(const std::filesystem::path& path, bool older_format);
+    void show_title();
+    void drop_recovery_copy();
+    void print(bool preview);
+    void step_back_or_forth(bool back);
+    void run_started();
+    void run_finished();
+
+    problem_kind kind_;
+    run_controller run_;
+    QMenu* file_menu_ = nullptr;
+    QMenu* edit_menu_ = nullptr;
+    QList<QAction*> recent_actions_;
+    QAction* behind_recent_ = nullptr;
+    std::vector<std::filesystem::path> recent_files_;
+    QTimer recovery_timer_;
+    int recovery_slot_ = 0;
+    bool close_after_run_ = false;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// Texts between the core, where they are UTF-8, and the toolkit.
+namespace kelvarin
+{
+
+inline QString to_qstring(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string to_text(const QString& text)
+{
+    return text.toStdString();
+}
+
+inline QString path_text(const std::filesystem::path& path)
+{
+    return to_qstring(std::string_view(path.native()));
+}
+
+inline std::filesystem::path to_path(const QString& text)
+{
+    return std::filesystem::path(text.toStdString());
+}
+
+} // namespace kelvarin

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/run_controller.h"
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int progress_interval_ms = 50;
+
+} // namespace
+
+run_controller::run_controller(QObject* parent) : QObject(parent), listener_(std::make_unique<recording_listener>())
+{
+    progress_timer_.setInterval(progress_interval_ms);
+    connect(&progress_timer_, &QTimer::timeout, this, [this] { emit progressed(fraction()); });
+}
+
+run_controller::~run_controller()
+{
+    listener_->ask_to_stop();
+    if (worker_.joinable()) worker_.join();
+}
+
+void run_controller::stop()
+{
+    listener_->ask_to_stop();
+}
+
+void run_controller::start_job(std::function<void(run_listener&)> job, std::function<void()> done)
+{
+    if (running_) return;
+    // Each job has a listener of its own, so that a wish to stop never reaches the next one.
+    listener_ = std::make_unique<recording_listener>();
+    running_ = true;
+    progress_timer_.start();
+    emit started();
+    worker_ = std::thread([this, job = std::move(job), done = std::move(done), listener = listener_.get()] {
+        job(*listener);
+        // Dropped without harm where this object is gone by then: the destructor waits for this thread.
+        QMetaObject::invokeMethod(
+            this, [this, done] { end_job(done); }, Qt::QueuedConnection);
+    });
+}
+
+void run_controller::end_job(const std::function<void()>& done)
+{
+    worker_.join();
+    progress_timer_.stop();
+    running_ = false;
+    // `done` may close the window, and with it this object.
+    const QPointer<run_controller> self(this);
+    done();
+    if (self) emit finished();
+}
+
+} // namespace kelvarin

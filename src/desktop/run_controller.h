@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/run_listener.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+#include <type_traits>
+#include <utility>
+
+namespace kelvarin
+{
+
+/// Runs one job at a time in a thread of its own, while the window stays alive. The job sees nothing but what
+/// it was given and its listener; what it returns is handed over in the window's thread.
+class run_controller : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit run_controller(QObject* parent);
+    /// Asks a running job to stop and waits for it; its outcome is not handed over any more.
+    ~run_controller() override;
+
+    bool running() const { return running_; }
+    double fraction() const { return listener_->fraction(); }
+    /// Asks the job to stop; it ends soon after, in its own way.
+    void stop();
+
+    /// Starts `job(listener)`; `done(outcome)` is called when it has ended, after running() has become false.
+    /// Nothing happens where a job is under way.
+    template <class Job, class Done> void start(Job job, Done done)
+    {
+        using outcome = std::invoke_result_t<Job, run_listener&>;
+        auto result = std::make_shared<std::optional<outcome>>();
+        start_job([job = std::move(job), result](run_listener& listener) { *result = job(listener); },
+                  [done = std::move(done), result] { done(std::move(**result)); });
+    }
+
+signals:
+    void started();
+    /// Up to 20 times a second while a job is under way.
+    void progressed(double fraction);
+    void finished();
+
+private:
+    void start_job(std::function<void(run_listener&)> job, std::function<void()> done);
+    void end_job(const std::function<void()>& done);
+
+    std::unique_ptr<recording_listener> listener_;
+    std::thread worker_;
+    QTimer progress_timer_;
+    bool running_ = false;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/user_interface.h"
+
+#include "desktop/file_dialogs.h"
+#include "desktop/qt_text.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+QMessageBox::Icon box_icon_of(box_icon icon)
+{
+    switch (icon) {
+    case box_icon::critical:
+        return QMessageBox::Critical;
+    case box_icon::question:
+        return QMessageBox::Question;
+    case box_icon::exclamation:
+        return QMessageBox::Warning;
+    case box_icon::information:
+        return QMessageBox::Information;
+    case box_icon::none:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButton button_of(answer given)
+{
+    if (given == answer::yes) return QMessageBox::Yes;
+    return given == answer::no ? QMessageBox::No : QMessageBox::Cancel;
+}
+
+/// The window that a box stands over: the parent's, as long as it is shown.
+QWidget* owner_of(QWidget* parent)
+{
+    return parent ? parent->window() : QApplication::activeWindow();
+}
+
+class desktop_interface final : public user_interface
+{
+public:
+    void show(QWidget* parent, const message_box& box) override
+    {
+        QMessageBox shown(box_icon_of(box.icon), to_qstring(box.title), box_text(box.text), QMessageBox::Ok,
+                          owner_of(parent));
+        // Messages quote what a person typed: never as markup.
+        shown.setTextFormat(Qt::PlainText);
+        shown.exec();
+    }
+
+    answer ask(QWidget* parent, const question& asked) override
+    {
+        QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
+        if (asked.with_cancel) buttons |= QMessageBox::Cancel;
+        QMessageBox shown(box_icon_of(asked.icon), to_qstring(asked.title), box_text(asked.text), buttons,
+                          owner_of(parent));
+        shown.setTextFormat(Qt::PlainText);
+        shown.setDefaultButton(button_of(asked.default_answer));
+        shown.setEscapeButton(asked.with_cancel ? QMessageBox::Cancel : QMessageBox::No);
+        switch (shown.exec()) {
+        case QMessageBox::Yes:
+            return answer::yes;
+        case QMessageBox::No:
+            return answer::no;
+        default:
+            return answer::cancel;
+        }
+    }
+
+    std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
+                                 const QString& proposed) override
+    {
+        bool accepted = false;
+        QString text = QInputDialog::getText(owner_of(parent), title, prompt, QLineEdit::Normal, proposed, &accepted);
+        if (!accepted) return std::nullopt;
+        return text;
+    }
+
+    std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) override
+    {
+        return run_file_dialog(owner_of(parent), asked, false);
+    }
+
+    std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) override
+    {
+        return run_file_dialog(owner_of(parent), asked, true);
+    }
+
+    std::optional<QFont> choose_font(QWidget* parent, const QFont& present) override
+    {
+        bool accepted = false;
+        QFont font = QFontDialog::getFont(&accepted, present, owner_of(parent));
+        if (!accepted) return std::nullopt;
+        return font;
+    }
+
+    void copy(std::unique_ptr<QMimeData> content) override
+    {
+        QGuiApplication::clipboard()->setMimeData(content.release());
+    }
+
+    const QMimeData* clipboard() const override { return QGuiApplication::clipboard()->mimeData(); }
+
+    bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) override
+    {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setDocName(document_name);
+        QPrintDialog dialog(&printer, owner_of(parent));
+        if (dialog.exec() != QDialog::Accepted) return false;
+        paint(printer);
+        return true;
+    }
+
+    void print_preview(QWidget* parent, const QString& document_name,
+                       const std::function<void(QPrinter&)>& paint) override
+    {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setDocName(document_name);
+        QPrintPreviewDialog dialog(&printer, owner_of(parent));
+        QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                         [&paint](QPrinter* pages) { paint(*pages); });
+        dialog.exec();
+    }
+
+    void beep() override { QApplication::beep(); }
+};
+
+} // namespace
+
+std::unique_ptr<user_interface> make_desktop_interface()
+{
+    return std::make_unique<desktop_interface>();
+}
+
+QString box_text(const std::string& text)
+{
+    QString shown = to_qstring(text);
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return shown;
+}
+
+} // namespace kelvarin

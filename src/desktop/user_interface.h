@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/message_box.h"
+
+#include <QFont>
+#include <QMimeData>
+#include <QString>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+class QPrinter;
+class QWidget;
+
+namespace kelvarin
+{
+
+enum class answer
+{
+    yes,
+    no,
+    cancel
+};
+
+/// A question with Yes and No, and Cancel where one may draw back. Enter takes `default_answer`; Esc is Cancel,
+/// or No where there is none.
+struct question
+{
+    std::string text;
+    std::string title = guide_title;
+    bool with_cancel = false;
+    box_icon icon = box_icon::question;
+    answer default_answer = answer::yes;
+};
+
+/// What a file dialog shows.
+struct file_question
+{
+    QString caption = {};
+    /// Pairs of description and pattern: "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt".
+    std::string filter = {};
+    /// The proposed file, or the folder to start in.
+    std::filesystem::path proposed = {};
+    /// Put behind a typed name without extension, when saving.
+    QString default_extension = {};
+};
+
+struct chosen_file
+{
+    std::filesystem::path path;
+    /// Which pair of the filter was chosen, from 1.
+    int filter_index = 1;
+};
+
+/// Everything that a window asks a person or the desktop around it. Boxes and choices come back when they are
+/// answered; the windows' own dialogs don't go through here.
+class user_interface
+{
+public:
+    virtual ~user_interface() = default;
+
+    virtual void show(QWidget* parent, const message_box& box) = 0;
+    virtual answer ask(QWidget* parent, const question& asked) = 0;
+    /// One line of text; nothing where it was cancelled (an empty text is an answer).
+    virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
+                                         const QString& proposed) = 0;
+    virtual std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) = 0;
+    /// Asks by itself before an existing file is written over.
+    virtual std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) = 0;
+    virtual std::optional<QFont> choose_font(QWidget* parent, const QFont& present) = 0;
+
+    virtual void copy(std::unique_ptr<QMimeData> content) = 0;
+    /// What the clipboard holds; never null.
+    virtual const QMimeData* clipboard() const = 0;
+
+    /// Lets a person choose a printer (or a PDF file) and calls `paint`; false where that was cancelled.
+    virtual bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) = 0;
+    /// Shows the pages that `paint` makes, from where they can be printed.
+    virtual void print_preview(QWidget* parent, const QString& document_name,
+                               const std::function<void(QPrinter&)>& paint) = 0;
+
+    virtual void beep() = 0;
+};
+
+/// The real one: the toolkit's dialogs, the desktop's clipboard and printers.
+std::unique_ptr<user_interface> make_desktop_interface();
+
+/// A told text with its lines (separated by CR) as the toolkit's labels want them.
+QString box_text(const std::string& text);
+
+} // namespace kelvarin

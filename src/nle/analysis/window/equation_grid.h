@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/analysis/equation_rows.h"
+#include "nle/analysis/set_analysis.h"
+
+#include <QTableView>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace kelvarin
+{
+
+class equation_grid_model;
+
+/// The table of equations of a problem window: number, equation, guess, comment. It shows rows and reports
+/// gestures; what they do is the window's matter. Rows count from 1.
+///
+/// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context
+/// menu offers the same. Comments are edited in place. Empty rows may stand at the end.
+class equation_grid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    /// `heads` are those of columns 1 to 3.
+    explicit equation_grid(const QStringList& heads, QWidget* parent = nullptr);
+
+    /// Shows the rows, then `empty_rows` empty ones; the current row stays where it is as far as there is one.
+    /// Places of `marks` are underlined in waves. The text `hint` stands in the middle while there is no row.
+    void show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows = 0);
+    void set_hint(const QString& hint);
+    void show_comments(bool shown);
+
+    /// The current row, 0 where there is none; it may be an empty one.
+    int current_row() const;
+    void set_current_row(int row);
+    void select_rows(const std::vector<int>& rows);
+    /// Selects a row and marks a part of its text until the rows change or another row becomes current.
+    void mark_place(const text_place& place);
+    /// The row that defines the name, for tool tips and links; 0 where none does.
+    int row_defining(std::string_view name) const;
+
+    /// With false nothing can be changed: for the time of a run.
+    void set_editable(bool editable);
+
+signals:
+    void current_row_changed();
+    void edit_asked(int row);
+    void remove_asked(int row);
+    void move_asked(int row, bool up);
+    void new_implicit_asked();
+    void new_explicit_asked();
+    void comment_edited(int row, const QString& comment);
+
+private:
+    equation_grid_model* model_;
+};
+
+} // namespace kelvarin

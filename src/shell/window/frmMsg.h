@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+#include <string_view>
+
+class QTextBrowser;
+
+namespace kelvarin
+{
+
+/// Shows a rich text over the window that asked for it, until OK.
+class frmMsg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmMsg(QWidget* parent);
+
+    /// Shows a text in the reports' vocabulary, without prolog and tail, and returns at once; the window
+    /// deletes itself when it is closed. Names in `linked_names` become links where they stand as whole words
+    /// behind the heading "Undefined variables".
+    void display_msg(const QString& caption, std::string_view text, const QStringList& linked_names = {});
+    void put_always_on_top();
+
+signals:
+    void name_clicked(const QString& name);
+
+private:
+    QTextBrowser* txtMsg_ = nullptr;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/user_interface.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace kelvarin::test
+{
+
+/// A person who was told beforehand what will be asked. What nobody expected fails the test, and so does what
+/// was expected and did not come.
+class scripted_user final : public user_interface
+{
+public:
+    ~scripted_user() override;
+
+    /// The next box has this text (lines separated by CR).
+    void expect_box(std::string text, std::string title = guide_title);
+    /// The next question has this text, and gets this answer.
+    void expect_question(std::string text, answer given);
+    /// The next input box contains this text in its prompt, and gets this answer (nothing: Cancel).
+    void expect_input(std::string prompt, std::optional<std::string> given);
+    /// The next file dialog gets this answer (nothing: Cancel).
+    void expect_file(std::optional<chosen_file> given);
+    void expect_font(std::optional<QFont> given);
+    /// The next print command goes to this PDF file.
+    void expect_print(std::filesystem::path pdf);
+    /// Everything expected until now has come.
+    bool is_done() const;
+
+    /// What came, in order.
+    const std::vector<message_box>& boxes() const { return boxes_; }
+    const std::vector<question>& questions() const { return questions_; }
+    const std::vector<file_question>& file_questions() const { return file_questions_; }
+    /// What the last input box proposed.
+    const QString& proposed_input() const { return proposed_input_; }
+    int beeps() const { return beeps_; }
+    QString copied_text() const { return clipboard_->text(); }
+
+    void show(QWidget* parent, const message_box& box) override;
+    answer ask(QWidget* parent, const question& asked) override;
+    std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
+                                 const QString& proposed) override;
+    std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) override;
+    std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) override;
+    std::optional<QFont> choose_font(QWidget* parent, const QFont& present) override;
+    void copy(std::unique_ptr<QMimeData> content) override { clipboard_ = std::move(content); }
+    const QMimeData* clipboard() const override { return clipboard_.get(); }
+    bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) override;
+    void print_preview(QWidget* parent, const QString& document_name,
+                       const std::function<void(QPrinter&)>& paint) override;
+    void beep() override { ++beeps_; }
+
+private:
+    std::optional<chosen_file> choose_file(const file_question& asked);
+
+    struct expected_question
+    {
+        std::string text;
+        answer given;
+    };
+    struct expected_input
+    {
+        std::string prompt;
+        std::optional<std::string> given;
+    };
+
+    std::deque<message_box> expected_boxes_;
+    std::deque<expected_question> expected_questions_;
+    std::deque<expected_input> expected_inputs_;
+    std::deque<std::optional<chosen_file>> expected_files_;
+    std::deque<std::optional<QFont>> expected_fonts_;
+    std::deque<std::filesystem::path> expected_prints_;
+
+    std::vector<message_box> boxes_;
+    std::vector<question> questions_;
+    std::vector<file_question> file_questions_;
+    QString proposed_input_;
+    std::unique_ptr<QMimeData> clipboard_ = std::make_unique<QMimeData>();
+    int beeps_ = 0;
+};
+
+} // namespace kelvarin::test
