@@ -5,13 +5,17 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
-/// Any document is read without harm, and any text that is escaped comes back from a document.
+/// Any document is read without harm, what was read comes back when it is written anew, and any text that is
+/// escaped comes back from a document.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size)
 {
     using namespace kelvarin;
     const std::string_view document(reinterpret_cast<const char*>(bytes), size);
-    plain_text_of(read_rich_text(document));
+    const std::vector<styled_line> lines = read_rich_text(document);
+    fuzz::promise(read_rich_text(rich_text_of(lines)) == lines, "what was read comes back when it is written");
+    fuzz::promise(to_utf8(html_of(lines)) == html_of(lines), "the HTML of a document is UTF-8");
 
     std::string text = to_utf8(document);
     const std::string shown =

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "shell/styled_text.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,32 +29,15 @@ std::string report_head(std::string_view title, calendar_date date);
 /// The version of the program as reports print it: "5.0.0".
 std::string_view program_version();
 
-/// A run of text in one style, inside one line.
-struct styled_run
-{
-    std::string text;
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    /// Index into the colour table.
-    int colour = 0;
-    /// Index into the font table.
-    int font = 3;
-    /// In half points.
-    int size = 18;
-
-    friend bool operator==(const styled_run&, const styled_run&) = default;
-};
-
-using styled_line = std::vector<styled_run>;
-
-/// Reads the subset: groups, \b \i \ul \cfN \fN \fsN \plain \par \line \tab, escapes \\ \{ \} \'hh \uN (with
-/// \ucN), dashes and quotes by name. Destinations such as the font table are passed over, unknown words have no
-/// effect, table cells end in a tab and their rows in a line end. A document cut short or with groups that do
-/// not match is read as far as it goes. Never fails, whatever the bytes; the texts are valid UTF-8.
+/// Reads the subset: groups, \b \i \ul \cfN \fN \fsN \plain \v \par \line \tab, escapes \\ \{ \} \'hh \uN (with
+/// \ucN), dashes, quotes and spaces by name, font table and colour table. Hidden text and destinations such as
+/// pictures are passed over, unknown words have no effect, table cells end in a tab and their rows in a line end.
+/// A document without tables of fonts and colours has those of reports, as a fragment has. A document cut short or with
+/// groups that do not match is read as far as it goes. Never fails, whatever the bytes; the texts are valid UTF-8.
 std::vector<styled_line> read_rich_text(std::string_view document);
 
-/// The text of the lines, each ended by LF, \tab as a tab.
-std::string plain_text_of(const std::vector<styled_line>& lines);
+/// Any lines, such as a part of a report, as a document with tables of its own; read_rich_text gives what it
+/// has read back the same.
+std::string rich_text_of(std::span<const styled_line> lines);
 
 } // namespace kelvarin

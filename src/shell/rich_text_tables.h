@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/styled_text.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvarin
+{
+
+struct rich_text_font
+{
+    std::string name;
+    font_class family = font_class::sans;
+};
+
+/// The fonts of a document by their numbers, which need not be in order.
+using font_table = std::map<int, rich_text_font>;
+using colour_table = std::vector<rgb_colour>;
+
+/// The tables of reports.
+const font_table& report_fonts();
+const colour_table& report_colours();
+
+/// Reads what stands behind \fonttbl in its group. A font's class comes from its name, and where that tells
+/// nothing from its family word or its pitch.
+font_table read_font_table(std::string_view group);
+/// Reads what stands behind \colortbl in its group. An entry without numbers, the "automatic" one, is black.
+colour_table read_colour_table(std::string_view group);
+
+} // namespace kelvarin
