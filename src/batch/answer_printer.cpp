@@ -24,7 +24,7 @@ int write_output(const std::string& place, std::string_view content, std::ostrea
 }
 
 answer_printer::answer_printer(const batch_request& request, std::ostream& out, std::ostream& err)
-    : request_(request), out_(out), err_(err), a_file_each_(request.output.find("{}") != std::string::npos)
+    : request_(request), out_(out), err_(err), a_file_each_(request.answers_in_a_file_each())
 {
 }
 
@@ -61,7 +61,7 @@ void answer_printer::take(const std::string& file, file_answer answer)
 int answer_printer::finish()
 {
     if (!objects_.empty())
-        write(request_.output, (request_.files.size() == 1 ? objects_.front() : json_array_text(objects_)) + "\n");
+        write(request_.output, (request_.answers_in_one_array() ? json_array_text(objects_) : objects_.front()) + "\n");
     if (!reports_.empty()) write(request_.output, reports_);
     return status_;
 }

@@ -47,6 +47,11 @@ struct batch_request
     int jobs = 1;
     /// The lines behind --eval.
     std::vector<std::string> lines;
+
+    /// The output is a file for each problem file.
+    bool answers_in_a_file_each() const { return output.find("{}") != std::string::npos; }
+    /// JSON objects go into one array.
+    bool answers_in_one_array() const { return files.size() != 1 && !answers_in_a_file_each(); }
 };
 
 /// Why a command line asks for no work: a text for standard output (help, version), or a complaint.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "batch/json_output.h"
 
+#include "batch/json_writer.h"
+
 namespace kelvarin
 {
 
@@ -15,54 +17,87 @@ json messages_json(const std::vector<message_box>& boxes)
     return messages;
 }
 
-/// An object whose members are put in one by one: an initializer list would copy each of them twice, and
-/// a solution has hundreds.
-json object_with_room(std::size_t members)
+void write_messages(json_writer& writer, const std::vector<message_box>& boxes)
 {
-    json object = json::object();
-    object.get_ref<json::object_t&>().reserve(members);
-    return object;
+    writer.begin_array();
+    for (const message_box& box : boxes) {
+        writer.begin_object();
+        writer.member("title", box.title);
+        writer.member("text", box.text);
+        writer.end_object();
+    }
+    writer.end_array();
 }
 
-json array_with_room(std::size_t elements)
+void write_implicit(json_writer& writer, const nle_solution& solution)
 {
-    json array = json::array();
-    array.get_ref<json::array_t&>().reserve(elements);
-    return array;
-}
-
-json implicit_json(const nle_solution& solution)
-{
-    json values = array_with_room(solution.implicit.size());
+    writer.begin_array();
     for (const implicit_result& result : solution.implicit) {
-        json row = object_with_room(4);
-        row.emplace("name", result.name);
-        row.emplace("value", result.value);
-        row.emplace("residual", result.residual);
-        row.emplace("guess", result.guess);
-        values.push_back(std::move(row));
+        writer.begin_object();
+        writer.member("name", result.name);
+        writer.member("value", result.value);
+        writer.member("residual", result.residual);
+        writer.member("guess", result.guess);
+        writer.end_object();
     }
-    return values;
+    writer.end_array();
 }
 
-json explicit_json(const nle_solution& solution)
+void write_explicit(json_writer& writer, const nle_solution& solution)
 {
-    json values = array_with_room(solution.explicit_values.size());
+    writer.begin_array();
     for (const explicit_result& result : solution.explicit_values) {
-        json row = object_with_room(2);
-        row.emplace("name", result.name);
-        row.emplace("value", result.value);
-        values.push_back(std::move(row));
+        writer.begin_object();
+        writer.member("name", result.name);
+        writer.member("value", result.value);
+        writer.end_object();
     }
-    return values;
+    writer.end_array();
 }
 
-json solutions_json(const std::vector<nle_solution>& roots)
+/// The keys "implicit" and "explicit".
+void write_solution(json_writer& writer, const nle_solution& solution)
 {
-    json solutions = json::array();
-    for (const nle_solution& root : roots)
-        solutions.push_back({{"implicit", implicit_json(root)}, {"explicit", explicit_json(root)}});
-    return solutions;
+    writer.key("implicit");
+    write_implicit(writer, solution);
+    writer.key("explicit");
+    write_explicit(writer, solution);
+}
+
+void write_roots(json_writer& writer, const std::vector<nle_solution>& roots)
+{
+    writer.begin_array();
+    for (const nle_solution& root : roots) {
+        writer.begin_object();
+        write_solution(writer, root);
+        writer.end_object();
+    }
+    writer.end_array();
+}
+
+void write_numbers(json_writer& writer, std::string_view name, const std::vector<double>& numbers)
+{
+    writer.key(name);
+    writer.begin_array();
+    for (const double number : numbers)
+        writer.value(number);
+    writer.end_array();
+}
+
+/// What of an outcome without a report is told: nothing.
+const nle_outcome& told_part(const nle_outcome& outcome)
+{
+    static const nle_outcome nothing;
+    return outcome.has_report ? outcome : nothing;
+}
+
+/// Roughly the bytes of an answer, on the large side.
+std::size_t size_of_answer(const nle_outcome& outcome, std::string_view report)
+{
+    constexpr std::size_t frame = 1024;
+    constexpr std::size_t of_row = 200;
+    const nle_solution& solution = outcome.solution;
+    return frame + of_row * (solution.implicit.size() + solution.explicit_values.size()) + report.size() * 9 / 8;
 }
 
 std::string_view type_name(setting_type type)
@@ -106,29 +141,36 @@ json bound_json(const setting_row& row, double bound)
 
 } // namespace
 
-json solved_nle_json(const std::string& file, const nle_content& content, const nle_outcome& outcome,
-                     std::string_view report)
+std::string solved_nle_text(const std::string& file, const nle_content& content, const nle_outcome& outcome,
+                            std::string_view report, int depth)
 {
-    const bool single = outcome.kind == nle_run_kind::single;
-    const bool ok = outcome.has_report;
-    json object = {{"file", file},
-                   {"kind", kind_name(document_kind::nle)},
-                   {"title", content.title},
-                   {"method", method_text(content.method)},
-                   {"ok", ok},
-                   {"messages", messages_json(outcome.boxes)},
-                   {"converged", ok && outcome.converged()}};
-    if (ok && outcome.iterations) object["iterations"] = *outcome.iterations;
-    if (single) {
-        object["solutions"] = ok ? solutions_json(outcome.roots) : json::array();
-        object["scan"] = {{"x", ok ? json(outcome.scan_x) : json::array()},
-                          {"f", ok ? json(outcome.scan_f) : json::array()}};
+    const nle_outcome& told = told_part(outcome);
+    json_writer writer(depth);
+    writer.reserve(size_of_answer(told, report));
+    writer.begin_object();
+    writer.member("file", file);
+    writer.member("kind", kind_name(document_kind::nle));
+    writer.member("title", content.title);
+    writer.member("method", method_text(content.method));
+    writer.member("ok", outcome.has_report);
+    writer.key("messages");
+    write_messages(writer, outcome.boxes);
+    writer.member("converged", outcome.has_report && outcome.converged());
+    if (told.iterations) writer.member("iterations", *told.iterations);
+    if (outcome.kind == nle_run_kind::single) {
+        writer.key("solutions");
+        write_roots(writer, told.roots);
+        writer.key("scan");
+        writer.begin_object();
+        write_numbers(writer, "x", told.scan_x);
+        write_numbers(writer, "f", told.scan_f);
+        writer.end_object();
     } else {
-        object["implicit"] = ok ? implicit_json(outcome.solution) : json::array();
-        object["explicit"] = ok ? explicit_json(outcome.solution) : json::array();
+        write_solution(writer, told.solution);
     }
-    object["report"] = report;
-    return object;
+    writer.member("report", report);
+    writer.end_object();
+    return writer.take();
 }
 
 json checked_nle_json(const std::string& file, const nle_content& content)
@@ -175,29 +217,32 @@ json settings_json(const settings& store)
     return list;
 }
 
-std::string json_text(const json& value)
+std::string json_text(const json& value, int depth)
 {
     constexpr int indent = 2;
-    return value.dump(indent, ' ', false, json::error_handler_t::replace);
+    const std::string text = value.dump(indent, ' ', false, json::error_handler_t::replace);
+    if (depth == 0) return text;
+    const std::string margin(static_cast<std::size_t>(indent * depth), ' ');
+    std::string moved;
+    // Line ends stand between the parts of a value, never inside its strings.
+    for (const char c : text) {
+        moved += c;
+        if (c == '\n') moved += margin;
+    }
+    return moved;
 }
 
 std::string json_array_text(std::span<const std::string> values)
 {
     std::size_t size = 8;
     for (const std::string& value : values)
-        size += value.size() + value.size() / 8;
+        size += value.size() + 4;
     std::string text;
     text.reserve(size);
     text = "[";
     for (const std::string& value : values) {
         text += text.size() == 1 ? "\n  " : ",\n  ";
-        // Line ends stand between the parts of a value, never inside its strings.
-        std::size_t start = 0;
-        for (auto end = value.find('\n'); end != std::string::npos; end = value.find('\n', start)) {
-            text.append(value, start, end + 1 - start).append("  ");
-            start = end + 1;
-        }
-        text.append(value, start);
+        text += value;
     }
     text += "\n]";
     return text;

@@ -21,8 +21,9 @@ namespace kelvarin
 using json = nlohmann::ordered_json;
 
 /// A nonlinear problem that was run, or refused with the outcome's boxes. `report` is the plain text.
-json solved_nle_json(const std::string& file, const nle_content& content, const nle_outcome& outcome,
-                     std::string_view report);
+/// A text from the start, since it can be long; `depth` is as in json_text.
+std::string solved_nle_text(const std::string& file, const nle_content& content, const nle_outcome& outcome,
+                            std::string_view report, int depth);
 
 /// The analysis of a nonlinear problem.
 json checked_nle_json(const std::string& file, const nle_content& content);
@@ -35,10 +36,11 @@ json calculator_json(const std::string& line, const calculator_answer& answer);
 /// All settings in table order; bounds are null where a type has none.
 json settings_json(const settings& store);
 
-/// The text of a value, indented. Bytes that are no UTF-8 (in file names) are replaced.
-std::string json_text(const json& value);
+/// The text of a value, indented; at a depth of 1 as an element of an array, the first line without its
+/// margin. Bytes that are no UTF-8 (in file names) are replaced.
+std::string json_text(const json& value, int depth = 0);
 
-/// The text of an array of values whose texts are given.
+/// The text of an array of values whose texts are given, each at a depth of 1.
 std::string json_array_text(std::span<const std::string> values);
 
 } // namespace kelvarin

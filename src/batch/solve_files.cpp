@@ -15,10 +15,16 @@ namespace kelvarin
 namespace
 {
 
-file_answer refused_answer(const std::string& file, const problem_file& refused)
+/// Objects of one array are made with the margin that they have there.
+int depth_of_object(const batch_request& request)
+{
+    return request.answers_in_one_array() ? 1 : 0;
+}
+
+file_answer refused_answer(const std::string& file, const problem_file& refused, int depth)
 {
     file_answer answer;
-    answer.object = json_text(refused_file_json(file, refused.kind, *refused.refusal));
+    answer.object = json_text(refused_file_json(file, refused.kind, *refused.refusal), depth);
     answer.messages = message_lines(file, *refused.refusal);
     answer.status = exit_status::unusable;
     return answer;
@@ -36,13 +42,14 @@ std::string message_lines(const std::string& file, const message_box& box)
 file_answer solve_file(const std::string& file, const batch_request& request, const wall_clock& clock,
                        run_listener& listener)
 {
+    const int depth = depth_of_object(request);
     const problem_file read = read_problem_file(file, request);
     if (read.refusal) {
-        file_answer refused = refused_answer(file, read);
+        file_answer refused = refused_answer(file, read, depth);
         if (read.kind == document_kind::nle) {
             nle_outcome not_run;
             not_run.boxes = {*read.refusal};
-            refused.object = json_text(solved_nle_json(file, read.content, not_run, ""));
+            refused.object = solved_nle_text(file, read.content, not_run, "", depth);
         }
         return refused;
     }
@@ -57,16 +64,17 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
     if (outcome.has_report) answer.report = nle_report(problem, outcome, request.store, clock.today());
     if (request.format != output_format::rtf) answer.report = plain_text_of(read_rich_text(answer.report));
     if (request.format == output_format::object)
-        answer.object = json_text(solved_nle_json(file, read.content, outcome, answer.report));
+        answer.object = solved_nle_text(file, read.content, outcome, answer.report, depth);
     return answer;
 }
 
 file_answer check_file(const std::string& file, const batch_request& request)
 {
+    const int depth = depth_of_object(request);
     const problem_file read = read_problem_file(file, request);
-    if (read.refusal) return refused_answer(file, read);
+    if (read.refusal) return refused_answer(file, read, depth);
     file_answer answer;
-    answer.object = json_text(checked_nle_json(file, read.content));
+    answer.object = json_text(checked_nle_json(file, read.content), depth);
     return answer;
 }
 

@@ -27,7 +27,7 @@ struct batch_surroundings
 /// What one file gave. It is made without printing anything, so that files can be answered in any order.
 struct file_answer
 {
-    /// The text of its JSON object, where JSON is asked for.
+    /// The text of its JSON object, where JSON is asked for; of one among several at a depth of 1.
     std::string object = {};
     /// The report in the format asked for, text or rtf; empty where there is none.
     std::string report = {};

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "batch/json_writer.h"
+
+#include "batch_call.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+
+namespace kelvarin
+{
+namespace
+{
+
+/// The library's own text of a value.
+std::string printed(const json& value)
+{
+    return value.dump(2, ' ', false, json::error_handler_t::replace);
+}
+
+TEST(JsonWriter, NumbersHaveTheLibrarysForm)
+{
+    std::vector<double> numbers = {0.0,   -0.0,   6.0,    -6.5,     1e15,   1e16,    123456789012345.0,
+                                   1e-4,  1e-5,   1e100,  1.0 / 3,  9e-324, 1.7e308, std::numeric_limits<double>::min(),
+                                   1e-07, 0.3e-9, -2e-12, INFINITY, NAN};
+    std::mt19937_64 generator(1);
+    for (int i = 0; i < 20000; ++i)
+        numbers.push_back(std::bit_cast<double>(static_cast<std::uint64_t>(generator())));
+    for (const double number : numbers) {
+        json_writer writer;
+        writer.value(number);
+        EXPECT_EQ(writer.take(), printed(number));
+    }
+}
+
+TEST(JsonWriter, StringsAreEscapedAsTheLibraryDoes)
+{
+    std::vector<std::string> texts = {"",
+                                      "a b/c",
+                                      "\"quoted\" \\ \r\n\t\b\f",
+                                      std::string("nul\0inside", 10),
+                                      "\x01\x1f\x7f",
+                                      "Grad \xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80",
+                                      "no\xE9 UTF-8\xFF\n",
+                                      "\xC3",
+                                      "cut \xE2\x82",
+                                      "overlong \xC0\xAF, surrogate \xED\xA0\x80"};
+    for (int c = 0; c < 128; ++c)
+        texts.push_back(std::string(1, static_cast<char>(c)) + "x");
+    for (const std::string& text : texts) {
+        json_writer writer;
+        writer.value(text);
+        EXPECT_EQ(writer.take(), printed(text));
+    }
+}
+
+TEST(JsonWriter, NestingAndMarginsAreThoseOfTheLibrary)
+{
+    const auto write = [](int depth) {
+        json_writer writer(depth);
+        writer.begin_object();
+        writer.member("none", "");
+        writer.key("empty");
+        writer.begin_array();
+        writer.end_array();
+        writer.key("list");
+        writer.begin_array();
+        writer.value(1);
+        writer.begin_object();
+        writer.end_object();
+        writer.begin_object();
+        writer.member("yes", true);
+        writer.member("no", false);
+        writer.end_object();
+        writer.end_array();
+        writer.member("last", -7);
+        writer.end_object();
+        return writer.take();
+    };
+    const json same =
+        json::parse(R"({"none": "", "empty": [], "list": [1, {}, {"yes": true, "no": false}], "last": -7})");
+    EXPECT_EQ(write(0), printed(same));
+    const std::vector<std::string> twice = {write(1), json_text(same, 1)};
+    EXPECT_EQ(json_array_text(twice), printed(json::array({same, same})));
+}
+
+TEST(JsonWriter, AnswersAreTheBytesOfTheirOwnObjectsPrinted)
+{
+    const test::scratch_folder folder;
+    folder.write("root.kvr", test::square_root_of_two);
+    folder.write("lines.kvr", test::plane_lines);
+    folder.write("sum.kvr", test::explicit_only);
+    folder.write("red.kvr", test::undefined_name);
+    folder.write("fails.kvr", test::failing_run);
+    folder.write("decay.kvr", test::differential);
+    folder.write("odd.kvr", "title\n2x y = 3\nz = 1\n");
+    folder.write("title.kvr", "Tit\tle \"\\ \xC3\xA9\na = 1/3\n");
+    test::batch_call call;
+    std::vector<std::string> all = {"--format", "json"};
+    for (const char* file : {"root.kvr", "lines.kvr", "sum.kvr", "red.kvr", "fails.kvr", "decay.kvr", "odd.kvr",
+                             "title.kvr", "none.kvr"}) {
+        SCOPED_TRACE(file);
+        const test::batch_result alone = call({"--format", "json", file});
+        EXPECT_EQ(alone.out, printed(alone.as_json()) + "\n");
+        all.emplace_back(file);
+    }
+    const test::batch_result together = call(all);
+    EXPECT_EQ(together.as_json().size(), 9u);
+    EXPECT_EQ(together.out, printed(together.as_json()) + "\n");
+    all[0] = "--check";
+    all.erase(all.begin() + 1);
+    const test::batch_result checked = call(all);
+    EXPECT_EQ(checked.out, printed(checked.as_json()) + "\n");
+}
+
+} // namespace
+} // namespace kelvarin
