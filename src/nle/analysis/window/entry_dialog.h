@@ -9,8 +9,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 
 #include <optional>
+#include <string>
 
 namespace kelvarin
 {
@@ -20,7 +22,8 @@ namespace kelvarin
 /// says while one types, and the buttons `cmdDone`, `cmdClear`, `cmdCancel` and `cmdShowallvars`.
 ///
 /// Done asks the derived dialog to take the row over; a refusal is shown as its box, marked in the field it
-/// is about, and the dialog stays open. The dialog is shown by open() and deletes itself.
+/// is about, and the dialog stays open. The dialog is shown by open(), deletes itself, and keeps its size between
+/// uses. Its labels and buttons use Alt with B, X, M, D, L and V.
 class entry_dialog : public QDialog
 {
     Q_OBJECT
@@ -35,6 +38,8 @@ public:
     /// "done" or "cancel", as the dialog was left.
     QString dialog_result() const { return dialog_result_; }
 
+    void done(int result) override;
+
 signals:
     /// "Show list of variables" was clicked.
     void listing_asked();
@@ -42,14 +47,18 @@ signals:
 protected:
     /// Checks and takes the row over; a refusal is the box to show.
     virtual std::optional<message_box> take_over() = 0;
-    /// What stands wrong in the fields as they are now, for the line below them; nothing where all is well
-    /// or the fields are still empty.
+    /// What stands wrong in the fields as they are now, for the line below the expression; nothing where all is
+    /// well or the fields are still empty.
     virtual std::optional<message_box> check_now() const = 0;
     /// Empties the fields that the derived dialog added.
     virtual void clear_fields() {}
+    /// The field that a refusal is about: the expression where it has a place or is a fault of syntax, else
+    /// the variable.
+    virtual QWidget* field_about(const message_box& refused) const;
 
     /// The form, to which rows can be added between the expression and the comment.
     QFormLayout* form() const { return form_; }
+    /// Adds a row above the comment. A line edit in it is watched for the line that the checker fills.
     void insert_row(const QString& label, QWidget* field);
 
     void done_clicked();
@@ -58,14 +67,29 @@ protected:
 
     desktop_context& context() const { return context_; }
 
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    void build_ui();
+    void build_buttons(QLayout* layout);
+    void watch(QLineEdit* field);
+    void chain_tab_order();
+    void show_check();
+    void tint_check();
+    std::string size_key() const;
+    void restore_size();
+
     desktop_context& context_;
     QFormLayout* form_ = nullptr;
     QLineEdit* txtVar_ = nullptr;
     expression_edit* txtEquation_ = nullptr;
     QLineEdit* txtComment_ = nullptr;
     QLabel* lblCheck_ = nullptr;
+    QPushButton* cmdDone_ = nullptr;
+    QTimer pause_;
     QString dialog_result_ = QStringLiteral("cancel");
+    bool was_shown_ = false;
 };
 
 } // namespace kelvarin

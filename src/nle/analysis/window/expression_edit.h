@@ -5,14 +5,23 @@
 
 #include <QPlainTextEdit>
 #include <QStringList>
+#include <QTimer>
 
+#include <optional>
 #include <string>
+#include <string_view>
+
+class QCompleter;
+class QStringListModel;
 
 namespace kelvarin
 {
 
-/// A field for an expression: three lines tall, fixed-width, functions and keywords tinted, names completed
-/// (functions, and what set_names told). Tab leaves it; Ctrl+Enter reports done_asked.
+class expression_highlighter;
+
+/// A field for an expression: three lines tall at least, fixed-width, functions and keywords tinted, names
+/// completed (functions, and what set_names told): by itself from the second letter on, with Ctrl+Space from the
+/// first. Tab leaves it; Ctrl+Enter reports done_asked.
 class expression_edit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -25,13 +34,38 @@ public:
     void set_expression(std::string_view text);
     /// The variables that completion offers, beside the functions.
     void set_names(const QStringList& names);
-    /// Underlines a range of bytes of expression() and puts the caret there; nothing removes the mark.
+    /// Underlines a range of bytes of expression() and puts the caret there; nothing removes the mark, and so does
+    /// the next change of the text.
     void mark_place(const std::optional<text_place>& place);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 signals:
     void done_asked();
     /// A third of a second after the last change of the text.
     void paused();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void build_completer();
+    bool is_completing() const;
+    void stop_completing();
+    QString name_before_caret() const;
+    void offer_completions(int letters_at_least);
+    void complete(const QString& name);
+    void text_changed();
+
+    expression_highlighter* highlighter_;
+    QCompleter* completer_ = nullptr;
+    QStringListModel* offered_ = nullptr;
+    QTimer pause_;
+    QString text_before_;
 };
 
 } // namespace kelvarin

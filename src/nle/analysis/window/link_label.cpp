@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "nle/analysis/window/link_label.h"
+
+#include "desktop/look.h"
+#include "nle/analysis/window/text_spans.h"
+
+#include <QEvent>
+
+namespace kelvarin
+{
+
+link_label::link_label(QWidget* parent) : QLabel(parent)
+{
+    setTextFormat(Qt::RichText);
+    // Any width is enough: the window is never made wider for a long text.
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    connect(this, &QLabel::linkActivated, this,
+            [this](const QString& link) { emit name_clicked(names_.value(link.toInt())); });
+}
+
+std::vector<link_label::piece> link_label::pieces_of(const QString& text, const QStringList& names)
+{
+    std::vector<piece> pieces;
+    qsizetype done = 0;
+    qsizetype search_from = text.indexOf(QStringLiteral(": ")) + 1;
+    for (qsizetype number = 0; number < names.size(); ++number) {
+        const qsizetype found = names[number].isEmpty() ? -1 : text.indexOf(names[number], search_from);
+        if (found < 0) continue;
+        pieces.push_back({text.mid(done, found - done)});
+        pieces.push_back({names[number], number});
+        done = search_from = found + names[number].size();
+    }
+    pieces.push_back({text.mid(done)});
+    return pieces;
+}
+
+void link_label::show_text(const QString& text, const QStringList& names)
+{
+    if (text == text_ && names == names_) return;
+    text_ = text;
+    names_ = names;
+    pieces_ = pieces_of(text, names);
+    setAccessibleName(text.trimmed());
+    // Only a label with links is a stop of the Tab key.
+    setTextInteractionFlags(pieces_.size() > 1 ? Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard
+                                               : Qt::NoTextInteraction);
+    setFocusPolicy(pieces_.size() > 1 ? Qt::StrongFocus : Qt::NoFocus);
+    show_what_fits();
+}
+
+QString link_label::markup_of(const piece& shown) const
+{
+    const QString text = shown.text.toHtmlEscaped().replace(QLatin1Char(' '), QStringLiteral("&nbsp;"));
+    if (shown.link < 0) return text;
+    return QStringLiteral("<a href=\"%1\" style=\"color:%2\">%3</a>")
+        .arg(QString::number(shown.link), accent(palette()).name(), text);
+}
+
+void link_label::show_what_fits()
+{
+    const QFontMetrics metrics = fontMetrics();
+    const bool whole = metrics.horizontalAdvance(text_) <= contentsRect().width();
+    int room = contentsRect().width() - metrics.horizontalAdvance(QChar(0x2026));
+    QString markup;
+    for (const piece& next : pieces_) {
+        room -= metrics.horizontalAdvance(next.text);
+        if (whole || room >= 0) {
+            markup += markup_of(next);
+            continue;
+        }
+        const int left = room + metrics.horizontalAdvance(next.text + QChar(0x2026));
+        markup += markup_of({metrics.elidedText(next.text, Qt::ElideRight, left), next.link});
+        break;
+    }
+    if (markup != QLabel::text()) setText(markup);
+    setToolTip(whole ? QString() : plain_tip(text_.trimmed()));
+}
+
+void link_label::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    show_what_fits();
+}
+
+void link_label::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) show_what_fits();
+}
+
+} // namespace kelvarin

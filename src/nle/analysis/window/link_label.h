@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace kelvarin
+{
+
+/// A line of text in which names are links, by mouse and by keyboard. What does not fit is left out, and the tool
+/// tip then holds the whole.
+class link_label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit link_label(QWidget* parent = nullptr);
+
+    /// The names become links where they stand, in their order, behind the first ": " of the text.
+    void show_text(const QString& text, const QStringList& names);
+    const QString& whole_text() const { return text_; }
+
+signals:
+    void name_clicked(const QString& name);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct piece
+    {
+        QString text;
+        /// The name's place in the list, -1 of a text that is no link.
+        qsizetype link = -1;
+    };
+
+    static std::vector<piece> pieces_of(const QString& text, const QStringList& names);
+    QString markup_of(const piece& shown) const;
+    void show_what_fits();
+
+    QString text_;
+    QStringList names_;
+    std::vector<piece> pieces_;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPalette>
+#include <QString>
+#include <QTextCharFormat>
+
+#include <string_view>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// What a part of an equation's text is, and so how it looks.
+enum class text_meaning
+{
+    function,
+    keyword,
+    /// A name that no row defines.
+    undefined,
+    /// A name that several rows define.
+    duplicate,
+    /// What a message is about.
+    marked
+};
+
+/// A part of a text, counted in the toolkit's letters (UTF-16).
+struct text_span
+{
+    int start = 0;
+    int length = 0;
+    text_meaning meaning = text_meaning::function;
+
+    friend bool operator==(const text_span&, const text_span&) = default;
+};
+
+/// A range of bytes of a text as a span; it is cut where the text ends.
+text_span span_of(std::string_view text, std::size_t offset, std::size_t length, text_meaning meaning);
+
+/// The functions and keywords, as the engine's scanner finds them, of the expression that begins at byte
+/// `offset` of a text.
+std::vector<text_span> expression_spans(std::string_view text, std::size_t offset = 0);
+
+/// Tints for words, waves below faults.
+QTextCharFormat span_format(text_meaning meaning, const QPalette& palette);
+
+/// A text for a tool tip, which shows it as it is even where it looks like markup.
+QString plain_tip(const QString& text);
+
+} // namespace kelvarin
