@@ -18,9 +18,10 @@ constexpr int recovery_format = 1;
 
 std::optional<nle_method> method_of(const json& number)
 {
-    const int index = number.get<int>();
-    if (index < 0 || index >= static_cast<int>(nle_method_items.size())) return std::nullopt;
-    return static_cast<nle_method>(index);
+    for (int index = 0; index < static_cast<int>(nle_method_items.size()); ++index) {
+        if (number == index) return static_cast<nle_method>(index);
+    }
+    return std::nullopt;
 }
 
 equation_row row_of(const json& row)
@@ -49,7 +50,7 @@ std::string nle_recovery_text(const nle_content& content)
 std::optional<nle_content> read_nle_recovery(std::string_view text)
 try {
     const json kept = json::parse(text);
-    if (kept.at("format").get<int>() != recovery_format) return std::nullopt;
+    if (kept.at("format") != recovery_format) return std::nullopt;
     const std::optional<nle_method> method = method_of(kept.at("method"));
     if (!method) return std::nullopt;
     nle_content content;

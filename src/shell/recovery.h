@@ -41,6 +41,7 @@ class recovery_store
 public:
     /// Keeps nothing, and says so in `failure`, where the folder can not be made or locked.
     explicit recovery_store(std::filesystem::path folder);
+    /// What is still kept stays, without owner, for the next program.
     ~recovery_store();
     recovery_store(const recovery_store&) = delete;
     recovery_store& operator=(const recovery_store&) = delete;
@@ -66,10 +67,12 @@ public:
 
 private:
     std::filesystem::path file_of(int slot) const;
+    void claim_from(const std::filesystem::path& file, std::vector<found_problem>& found);
 
     std::filesystem::path folder_;
     std::string session_;
-    posix_file lock_;
+    /// Held while this lives.
+    std::optional<posix_file> lock_;
     int last_slot_ = 0;
     std::optional<file_failure> failure_;
 };
