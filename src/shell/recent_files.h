@@ -3,6 +3,7 @@
 
 #include "platform/registry_store.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
