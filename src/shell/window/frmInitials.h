@@ -5,6 +5,13 @@
 
 #include <QWidget>
 
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+
 namespace kelvarin
 {
 
@@ -21,8 +28,42 @@ signals:
     /// A value has been changed: the main window looks again at those that concern it.
     void settings_changed();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void build_ui();
+    QLayout* build_tree_side();
+    QLayout* build_value_side();
+    void build_tree();
+    QTreeWidgetItem* folder_of(const setting_row& row);
+    void rebuild_leaf(QTreeWidgetItem& leaf);
+    void rebuild_leaves();
+    void filter_tree(const QString& words);
+    bool filter_item(QTreeWidgetItem& item, const QString& words, bool inside_match);
+
+    /// The setting whose leaf is the current item; nothing where that is a folder.
+    const setting_row* current_row() const;
+    void show_current();
+    void show_value(const setting_row& row);
+    void clear_value();
+    void cmdSet_Click();
+    void cmdRestore_Click();
+    void cmdRestoreAll_Click();
+
     desktop_context& context_;
+    QLabel* lblTree_ = nullptr;
+    QLineEdit* txtFind_ = nullptr;
+    QTreeWidget* tvw_ = nullptr;
+    QPushButton* cmdRestoreAll_ = nullptr;
+    QLabel* lblFolder_ = nullptr;
+    QLabel* lblEq_ = nullptr;
+    QLineEdit* txtTreeData_ = nullptr;
+    QLabel* lblHint_ = nullptr;
+    QLabel* lblDefault_ = nullptr;
+    QPushButton* cmdSet_ = nullptr;
+    QPushButton* cmdRestore_ = nullptr;
 };
 
 } // namespace kelvarin

@@ -25,9 +25,14 @@ public:
     void put_always_on_top();
 
 signals:
+    /// A link was followed; the window has been closed before.
     void name_clicked(const QString& name);
 
 private:
+    void build_ui();
+    void link_names(const QStringList& names);
+    void fit_to_text();
+
     QTextBrowser* txtMsg_ = nullptr;
 };
 

@@ -3,6 +3,8 @@
 
 #include "desktop/child_window.h"
 #include "shell/rich_text.h"
+#include "shell/window/report_format.h"
+#include "shell/window/report_view.h"
 
 #include <QTextBrowser>
 
@@ -35,6 +37,8 @@ public:
     const std::string& rich_text() const { return rich_text_; }
     std::string plain_text() const;
 
+    /// Each is true when the report is saved afterwards. `save` asks for a file only where there is none.
+    bool save();
     bool save_as();
 
     QList<QMenu*> menus() override;
@@ -44,10 +48,29 @@ public:
     QString title_panel() const override;
 
 private:
+    void build_ui();
+    void build_menus();
+    QAction* add_zoom_action(const QString& caption, const char* name, const QList<QKeySequence>& keys);
+    void show_menu(const QPoint& global_position);
+    void show_title();
+    void mnuRefresh_Click();
+    void copy();
+    void print(bool preview);
+    std::string content_as(report_format format) const;
+    bool write(const std::filesystem::path& path, report_format format);
+
     std::string rich_text_;
+    /// The text of a file that was opened as plain text.
+    std::optional<std::string> given_text_;
+    QString caption_;
     std::filesystem::path file_;
+    report_format file_format_ = report_format::rich_text;
     std::string title_;
     bool changed_ = false;
+
+    report_view* txtSolution_ = nullptr;
+    QMenu* report_menu_ = nullptr;
+    QMenu* edit_menu_ = nullptr;
 };
 
 /// Opens a report or text file in a new window, which the frame takes over. A file that can not be read is

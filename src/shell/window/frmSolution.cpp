@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/frmSolution.h"
+
+#include "desktop/qt_text.h"
+#include "platform/letter_case.h"
+#include "platform/saver.h"
+#include "platform/text_file.h"
+#include "shell/general_lib.h"
+#include "shell/window/report_cells.h"
+#include "shell/window/report_document.h"
+
+#include <QMenu>
+#include <QPrinter>
+#include <QVBoxLayout>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr const char* report_title = "KELVARIN Report ";
+constexpr const char* rich_text_mark = R"({\rtf)";
+
+} // namespace
+
+frmSolution::frmSolution(desktop_context& context) : child_window(context, "frmSolution")
+{
+    build_ui();
+    build_menus();
+}
+
+void frmSolution::build_ui()
+{
+    txtSolution_ = new report_view(this);
+    txtSolution_->setObjectName(QStringLiteral("txtSolution"));
+    txtSolution_->setAccessibleName(tr("Report"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(txtSolution_);
+    setFocusProxy(txtSolution_);
+    setWindowTitle(tr("Solution"));
+    connect(txtSolution_, &QTextBrowser::copyAvailable, this, &frmSolution::state_changed);
+    connect(txtSolution_, &report_view::copy_asked, this, &frmSolution::copy);
+    connect(txtSolution_, &report_view::menu_asked, this, &frmSolution::show_menu);
+}
+
+void frmSolution::build_menus()
+{
+    main_frame& frame = context().frame;
+    report_menu_ = new QMenu(tr("&Report"), this);
+    report_menu_->addAction(tr("&Refresh"), this, &frmSolution::mnuRefresh_Click)
+        ->setObjectName(QStringLiteral("mnuRefresh"));
+    report_menu_->addAction(frame.action(command::save_as));
+    for (const command which :
+         {command::print, command::print_preview, command::close, command::close_all, command::exit}) {
+        report_menu_->addAction(frame.action(which));
+    }
+
+    edit_menu_ = new QMenu(tr("&Edit"), this);
+    for (const command which : {command::copy, command::select_all})
+        edit_menu_->addAction(frame.action(which));
+    edit_menu_->addSeparator();
+    QList<QKeySequence> larger = QKeySequence::keyBindings(QKeySequence::ZoomIn);
+    // The plus sign without the shift key.
+    larger.append(QKeySequence(Qt::CTRL | Qt::Key_Equal));
+    connect(add_zoom_action(tr("Zoom &In"), "mnuZoomIn", larger), &QAction::triggered, txtSolution_,
+            [this] { txtSolution_->step_zoom(true); });
+    connect(add_zoom_action(tr("Zoom &Out"), "mnuZoomOut", QKeySequence::keyBindings(QKeySequence::ZoomOut)),
+            &QAction::triggered, txtSolution_, [this] { txtSolution_->step_zoom(false); });
+    connect(add_zoom_action(tr("Actual &Size"), "mnuActualSize", {QKeySequence(Qt::CTRL | Qt::Key_0)}),
+            &QAction::triggered, txtSolution_, [this] { txtSolution_->set_zoom(1.0); });
+}
+
+QAction* frmSolution::add_zoom_action(const QString& caption, const char* name, const QList<QKeySequence>& keys)
+{
+    auto* action = new QAction(caption, this);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setShortcuts(keys);
+    // Every report has these keys; they go to the one with the focus.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+    edit_menu_->addAction(action);
+    return action;
+}
+
+void frmSolution::show_menu(const QPoint& global_position)
+{
+    edit_menu_->popup(global_position);
+}
+
+QList<QMenu*> frmSolution::menus()
+{
+    main_frame& frame = context().frame;
+    return {report_menu_, edit_menu_, frame.window_menu(), frame.help_menu()};
+}
+
+void frmSolution::update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title)
+{
+    changed_ = changed;
+    file_ = file;
+    file_format_ = format_of_report(file, 0);
+    title_ = title;
+    show_title();
+}
+
+void frmSolution::show_report(std::string rich_text, const QString& caption)
+{
+    rich_text_ = std::move(rich_text);
+    given_text_.reset();
+    caption_ = caption;
+    mnuRefresh_Click();
+    show_title();
+}
+
+void frmSolution::show_text(std::string text, const QString& caption)
+{
+    rich_text_ = rich_text_of(styled_plain_text(text));
+    given_text_ = std::move(text);
+    caption_ = caption;
+    mnuRefresh_Click();
+    show_title();
+}
+
+void frmSolution::show_title()
+{
+    setWindowTitle(caption_ + QStringLiteral("[*]"));
+    setWindowModified(changed_);
+    emit state_changed();
+}
+
+std::string frmSolution::plain_text() const
+{
+    return given_text_ ? *given_text_ : plain_text_of(txtSolution_->lines());
+}
+
+void frmSolution::mnuRefresh_Click()
+{
+    txtSolution_->set_lines(given_text_ ? styled_plain_text(*given_text_) : read_rich_text(rich_text_));
+}
+
+bool frmSolution::can(command which) const
+{
+    switch (which) {
+    case command::save:
+    case command::save_as:
+    case command::print:
+    case command::print_preview:
+    case command::select_all:
+    case command::close:
+        return true;
+    case command::copy:
+        return txtSolution_->textCursor().hasSelection();
+    default:
+        return false;
+    }
+}
+
+void frmSolution::perform(command which)
+{
+    switch (which) {
+    case command::save:
+        save();
+        break;
+    case command::save_as:
+        save_as();
+        break;
+    case command::print:
+        print(false);
+        break;
+    case command::print_preview:
+        print(true);
+        break;
+    case command::copy:
+        copy();
+        break;
+    case command::select_all:
+        txtSolution_->selectAll();
+        break;
+    case command::close:
+        close_with_frame();
+        break;
+    default:
+        break;
+    }
+}
+
+QString frmSolution::file_panel() const
+{
+    return file_.empty() ? child_window::file_panel() : to_qstring(shorten_path(file_.string()));
+}
+
+QString frmSolution::title_panel() const
+{
+    return title_.empty() ? QString::fromLatin1(report_title) : to_qstring(title_);
+}
+
+void frmSolution::copy()
+{
+    const std::vector<styled_line> marked = txtSolution_->marked_lines();
+    if (!marked.empty()) context().user.copy(clipboard_content(marked));
+}
+
+void frmSolution::print(bool preview)
+{
+    bool failed = false;
+    const auto paint = [this, &failed](QPrinter& printer) {
+        print_lines(printer, txtSolution_->lines());
+        failed = printer.printerState() == QPrinter::Error;
+    };
+    if (preview)
+        context().user.print_preview(this, caption_, paint);
+    else
+        context().user.print(this, caption_, paint);
+    if (failed) context().user.show(this, {"Error while trying to print or setting printer.", box_icon::critical});
+}
+
+std::string frmSolution::content_as(report_format format) const
+{
+    switch (format) {
+    case report_format::plain_text:
+        return plain_text();
+    case report_format::pdf:
+        return pdf_of(txtSolution_->lines(), caption_);
+    case report_format::html:
+        return html_of(txtSolution_->lines(), to_text(caption_));
+    case report_format::rich_text:
+        break;
+    }
+    return rich_text_;
+}
+
+bool frmSolution::write(const std::filesystem::path& path, report_format format)
+{
+    if (const auto failure = save_file(path, content_as(format))) {
+        context().user.show(this, {"Error\r" + failure->reason, box_icon::critical});
+        return false;
+    }
+    file_ = path;
+    file_format_ = format;
+    changed_ = false;
+    show_title();
+    return true;
+}
+
+bool frmSolution::save()
+{
+    return file_.empty() ? save_as() : write(file_, file_format_);
+}
+
+bool frmSolution::save_as()
+{
+    const auto chosen = context().user.choose_file_to_save(this, {.caption = tr("Save As"),
+                                                                  .filter = std::string(report_save_filter),
+                                                                  .proposed = file_,
+                                                                  .default_extension = QStringLiteral("rtf")});
+    return chosen && write(chosen->path, format_of_report(chosen->path, chosen->filter_index));
+}
+
+std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path)
+{
+    text_file read = read_text_file(path);
+    const bool rich = lower_case(path.extension().string()) == ".rtf";
+    if (!read.ok() || (rich && !read.text.starts_with(rich_text_mark)))
+        return message_box{"Error while trying to open file.", box_icon::critical};
+
+    auto* window = new frmSolution(context);
+    const QString caption = QString::fromLatin1(report_title) + QStringLiteral("- ") + path_text(path.filename());
+    window->update_prog_sol(false, path, report_title);
+    if (rich)
+        window->show_report(std::move(read.text), caption);
+    else
+        window->show_text(std::move(read.text), caption);
+    context.frame.show_child(window);
+    return std::nullopt;
+}
+
+} // namespace kelvarin

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/report_document.h"
+
+#include "desktop/qt_text.h"
+#include "shell/window/report_cells.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPdfWriter>
+#include <QScreen>
+#include <QTextBlock>
+#include <QTextOption>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr double points_per_inch = 72.0;
+/// In lines of fixed width tabs stand for columns.
+constexpr int columns_of_tab = 8;
+/// Smaller print than that is of no use to anybody.
+constexpr double smallest_print = 0.4;
+
+/// What the toolkit takes for the resolution of every document that is not told otherwise.
+double pixels_per_inch()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->logicalDotsPerInchY() : 96.0;
+}
+
+QFont::StyleHint hint_of(font_class family)
+{
+    if (family == font_class::serif) return QFont::Serif;
+    return family == font_class::sans ? QFont::SansSerif : QFont::Monospace;
+}
+
+QTextCharFormat format_of(const styled_run& run, double zoom)
+{
+    QTextCharFormat format;
+    format.setFontFamilies({to_qstring(run.font)});
+    // What stands in where a desktop has no such font; names of generic families do not do that.
+    format.setFontStyleHint(hint_of(run.family));
+    format.setFontFixedPitch(run.family == font_class::monospace);
+    format.setFontPointSize(run.size / 2.0 * zoom);
+    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(run.italic);
+    format.setFontUnderline(run.underline);
+    format.setForeground(QColor(run.colour.red, run.colour.green, run.colour.blue));
+    return format;
+}
+
+/// Tabs at every eighth column, for lines that are in fixed width as a whole.
+QList<QTextOption::Tab> column_tabs(const styled_line& line, double zoom)
+{
+    qsizetype letters = 0;
+    qsizetype tabs = 0;
+    for (const styled_run& run : line) {
+        const QString text = to_qstring(run.text);
+        letters += text.size();
+        tabs += text.count(QLatin1Char('\t'));
+    }
+    QList<QTextOption::Tab> stops;
+    if (tabs == 0) return stops;
+    const double width = QFontMetricsF(format_of(line.front(), zoom).font()).horizontalAdvance(QLatin1Char('0'));
+    const qsizetype count = letters / columns_of_tab + tabs;
+    for (qsizetype i = 1; i <= count; ++i)
+        stops.append(QTextOption::Tab(static_cast<double>(i) * columns_of_tab * width, QTextOption::LeftTab));
+    return stops;
+}
+
+QTextBlockFormat block_format_of(const styled_line& line, double zoom)
+{
+    QTextBlockFormat format;
+    const bool fixed_width = !line.empty() && std::ranges::all_of(line, [](const styled_run& run) {
+        return run.family == font_class::monospace;
+    });
+    if (!fixed_width) return format;
+    format.setNonBreakableLines(is_table_row(line));
+    if (const QList<QTextOption::Tab> stops = column_tabs(line, zoom); !stops.isEmpty()) format.setTabPositions(stops);
+    return format;
+}
+
+/// The letters of a run, one for one, without those that the toolkit takes for the end of a block.
+QString shown_text(const styled_run& run)
+{
+    QString text = to_qstring(run.text);
+    const auto ends_block = [](QChar letter) {
+        return letter == QChar::ParagraphSeparator || letter == QChar::LineSeparator ||
+               letter == QChar::ObjectReplacementCharacter || letter == QChar(0xFDD0) || letter == QChar(0xFDD1);
+    };
+    std::ranges::replace_if(text, ends_block, QChar(QLatin1Char(' ')));
+    return text;
+}
+
+/// The letters `from` to `to` of a line, counted as the toolkit does.
+styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to)
+{
+    styled_line part;
+    qsizetype start = 0;
+    for (const styled_run& run : line) {
+        const QString text = to_qstring(run.text);
+        const qsizetype first = std::max(from - start, qsizetype{0});
+        const qsizetype last = std::min(to - start, text.size());
+        if (first < last) {
+            part.push_back(run);
+            part.back().text = to_text(text.mid(first, last - first));
+        }
+        start += text.size();
+    }
+    return part;
+}
+
+} // namespace
+
+void fill_document(QTextDocument& document, std::span<const styled_line> lines, double zoom)
+{
+    document.setUndoRedoEnabled(false);
+    document.clear();
+    QTextOption option = document.defaultTextOption();
+    option.setTabStopDistance(tab_distance / 20.0 / points_per_inch * pixels_per_inch() * zoom);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    document.setDefaultTextOption(option);
+
+    const QTextCharFormat plain = format_of(styled_run{}, zoom);
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    bool first = true;
+    for (const styled_line& line : lines) {
+        const QTextCharFormat leading = line.empty() ? plain : format_of(line.front(), zoom);
+        if (first) {
+            cursor.setBlockFormat(block_format_of(line, zoom));
+            cursor.setBlockCharFormat(leading);
+        } else {
+            cursor.insertBlock(block_format_of(line, zoom), leading);
+        }
+        first = false;
+        for (const styled_run& run : line)
+            cursor.insertText(shown_text(run), format_of(run, zoom));
+    }
+    cursor.endEditBlock();
+}
+
+double widest_row(const QTextDocument& document)
+{
+    // Asking for the last block has all of them laid out.
+    static_cast<void>(document.documentLayout()->blockBoundingRect(document.lastBlock()));
+    double widest = 0.0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (!block.blockFormat().nonBreakableLines()) continue;
+        for (int i = 0; i < block.layout()->lineCount(); ++i)
+            widest = std::max(widest, block.layout()->lineAt(i).naturalTextWidth());
+    }
+    return widest;
+}
+
+std::vector<styled_line> selected_lines(std::span<const styled_line> lines, const QTextCursor& selection)
+{
+    std::vector<styled_line> part;
+    if (!selection.hasSelection()) return part;
+    const QTextDocument& document = *selection.document();
+    const QTextBlock first = document.findBlock(selection.selectionStart());
+    const QTextBlock last = document.findBlock(selection.selectionEnd());
+    for (QTextBlock block = first; block.isValid() && block.position() <= last.position(); block = block.next()) {
+        const auto number = static_cast<std::size_t>(block.blockNumber());
+        if (number >= lines.size()) break;
+        const int from = std::max(selection.selectionStart() - block.position(), 0);
+        const int to = std::min(selection.selectionEnd() - block.position(), block.length() - 1);
+        part.push_back(part_of_line(lines[number], from, to));
+    }
+    return part;
+}
+
+void print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines)
+{
+    constexpr double margins_in_inches = 2 * 2.0 / 2.54; // those that the toolkit leaves around pages
+    QTextDocument document;
+    document.setUseDesignMetrics(true);
+    fill_document(document, lines);
+    const double page =
+        (device.pageLayout().fullRect(QPageLayout::Inch).width() - margins_in_inches) * pixels_per_inch();
+    if (const double widest = widest_row(document); widest > page)
+        fill_document(document, lines, std::max(page / widest, smallest_print));
+    document.print(&device);
+}
+
+std::string pdf_of(std::span<const styled_line> lines, const QString& title)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(title);
+    writer.setCreator(QStringLiteral("Kelvarin"));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    print_lines(writer, lines);
+    return bytes.toStdString();
+}
+
+} // namespace kelvarin
