@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_problem.h"
+#include "nle/nle_samples.h"
 #include "support/equation_rows.h"
 #include "support/scratch_folder.h"
 
@@ -166,7 +167,7 @@ void change_at_random(nle_problem& problem)
 {
     const int row = *rc::gen::inRange(1, 5);
     const auto name = *rc::gen::element<std::string>("x", "y", "a", "2x");
-    switch (*rc::gen::inRange(0, 9)) {
+    switch (*rc::gen::inRange(0, 11)) {
     case 0:
         problem.put_implicit(name, "x + 1", "2", *rc::gen::inRange(0, 3), "");
         break;
@@ -191,6 +192,12 @@ void change_at_random(nle_problem& problem)
     case 7:
         problem.choose_method(static_cast<nle_method>(*rc::gen::inRange(0, 4)));
         break;
+    case 8:
+        problem.rename_variable(name, *rc::gen::element<std::string>("x", "z", "a", "2x"));
+        break;
+    case 9:
+        problem.load_example(nle_samples()[*rc::gen::inRange<std::size_t>(0, nle_sample_count)]);
+        break;
     default:
         if (*rc::gen::arbitrary<bool>()) problem.undo();
         break;
@@ -213,6 +220,16 @@ TEST(NleProblem, UndoingAllGivesTheFirstContentBack)
         for (; taken_back > 0; --taken_back)
             RC_ASSERT(problem.redo());
         RC_ASSERT(problem.content() == last);
+
+        nle_problem recovered;
+        RC_ASSERT(recovered.restore(problem.recovery_text(), "p.kvr"));
+        RC_ASSERT(recovered.content() == last);
+        for (int steps = *rc::gen::inRange(0, 5); steps > 0; --steps)
+            change_at_random(recovered);
+        while (recovered.undo()) {
+        }
+        RC_ASSERT(recovered.content() == last);
+        RC_ASSERT(!recovered.problem_saved());
     }));
 }
 

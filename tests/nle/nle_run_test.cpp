@@ -174,9 +174,11 @@ TEST(NleRun, RefusesBeforeAndWhileItCompiles)
         EXPECT_EQ(box.title, "Kelvarin Guide");
         EXPECT_EQ(box.icon, r.icon);
         EXPECT_EQ(box.place, r.place);
+        EXPECT_FALSE(box.fatal);
     }
     const message_box fatal = only_box(run_of(system_of({explicit_row("a", "(1) (2)")})));
     EXPECT_EQ(fatal.title, "Fatal Error");
+    EXPECT_TRUE(fatal.fatal);
     EXPECT_EQ(fatal.text, "Internal error found ! Please contact KELVARIN support personal.");
     many.pop_back();
     EXPECT_TRUE(run_of(system_of(many)).has_report);

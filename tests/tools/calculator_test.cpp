@@ -84,6 +84,7 @@ TEST(Calculator, ALineThatFailsAssignsNothing)
         EXPECT_EQ(answer.variable, "");
         ASSERT_TRUE(answer.refusal);
         EXPECT_EQ(answer.refusal->title, expected.title);
+        EXPECT_EQ(answer.refusal->fatal, expected.title == "Fatal Error");
         EXPECT_NE(answer.refusal->text, "");
         if (!expected.message.empty()) {
             EXPECT_EQ(answer.refusal->text, expected.message);
