@@ -20,12 +20,20 @@ namespace kelvarin::test
 namespace
 {
 
+/// What gets the keys; a window that was just shown becomes active a moment later.
 QWidget* key_target()
 {
-    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-    if (QWidget* focused = QApplication::focusWidget()) return focused;
-    if (QWidget* active = QApplication::activeWindow()) return active;
-    throw std::runtime_error("no window takes keys");
+    QWidget* target = nullptr;
+    wait_until(
+        [&] {
+            target = QApplication::activePopupWidget();
+            if (!target) target = QApplication::focusWidget();
+            if (!target) target = QApplication::activeWindow();
+            return target != nullptr;
+        },
+        2000);
+    if (!target) throw std::runtime_error("no window takes keys");
+    return target;
 }
 
 void type_letters(QWidget& target, const std::string& text)

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/problem_window.h"
+
+#include "desktop/qt_text.h"
+#include "shell/recent_files.h"
+#include "support/robot.h"
+#include "support/test_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <QCloseEvent>
+#include <QMenu>
+#include <QPointer>
+#include <QThread>
+
+#include <fstream>
+
+namespace
+{
+
+using namespace kelvarin;
+using namespace kelvarin::test;
+
+/// A problem that is its title, kept as the only line of its file.
+class note_document final : public problem_document
+{
+public:
+    std::string_view kind() const override { return "note"; }
+    const std::string& title() const override { return title_; }
+    void set_title(std::string title) override
+    {
+        before_ = title_;
+        title_ = std::move(title);
+        saved_ = false;
+    }
+    const std::filesystem::path& path() const override { return path_; }
+    bool problem_saved() const override { return saved_; }
+    bool is_blank() const override { return title_.empty(); }
+    bool undo() override
+    {
+        title_ = std::exchange(before_, "");
+        return true;
+    }
+    bool redo() override { return false; }
+    std::string undo_step() const override { return before_.empty() ? "" : "Change title"; }
+    std::string redo_step() const override { return {}; }
+    refusal open(const std::filesystem::path& path) override
+    {
+        const text_file read = read_text_file(path);
+        if (!read.ok()) return message_box{.text = "Error while trying to open file."};
+        title_ = read.text;
+        path_ = path;
+        saved_ = true;
+        return std::nullopt;
+    }
+    refusal save(const std::filesystem::path& path, bool older_format, const save_calls& calls) override
+    {
+        if (save_file(path, older_format ? "old " + title_ : title_, calls))
+            return message_box{.text = "Error while trying to save file."};
+        path_ = path;
+        saved_ = true;
+        return std::nullopt;
+    }
+    void clear() override { *this = {}; }
+    std::string recovery_text() const override { return title_; }
+    bool restore(std::string_view recovery_text, const std::filesystem::path& path) override
+    {
+        title_ = recovery_text;
+        path_ = path;
+        saved_ = false;
+        return true;
+    }
+    std::string printed_listing() const override { return title_; }
+
+private:
+    std::string title_;
+    std::string before_;
+    std::filesystem::path path_;
+    bool saved_ = true;
+};
+
+class frmNote final : public problem_window
+{
+public:
+    explicit frmNote(desktop_context& context)
+        : problem_window(context, {.window_name = "frmNote",
+                                   .caption = "Note",
+                                   .recent_suffix = "\\files_note",
+                                   .open_filter = "Notes (*.kvr)|*.kvr",
+                                   .save_filter = "Notes (*.kvr)|*.kvr|Old notes (*.kvr)|*.kvr",
+                                   .older_format_filter = 2,
+                                   .older_format_question = "Older ?",
+                                   .unsaved_on_close = "Save before closing ?",
+                                   .unsaved_on_open = "Save now ?"})
+    {
+        document_changed();
+    }
+
+    using problem_window::document;
+    note_document& document() override { return document_; }
+    QList<QMenu*> menus() override { return {file_menu(), edit_menu()}; }
+    void write(const std::string& title)
+    {
+        document_.set_title(title);
+        document_changed();
+    }
+    bool controls_off = false;
+
+protected:
+    void show_document() override {}
+    void enable_controls_for_run(bool running) override { controls_off = running; }
+    bool can_solve() const override { return true; }
+    void solve() override
+    {
+        start_run(
+            [](run_listener& listener) {
+                while (!listener.stop_asked())
+                    QThread::msleep(1);
+                return 0;
+            },
+            [](int) {});
+    }
+
+private:
+    note_document document_;
+};
+
+struct note_test : testing::Test
+{
+    note_test()
+    {
+        window = new frmNote(desk.context);
+        desk.frame.show_child(window);
+    }
+    std::string content(const std::string& file) const { return read_text_file(desk.folder / file).text; }
+
+    test_desk desk;
+    QPointer<frmNote> window;
+};
+
+TEST_F(note_test, AsksOnClosingAndLosesNothingUnlessTold)
+{
+    window->write("first");
+    desk.user.expect_question("Save before closing ?", answer::cancel);
+    EXPECT_FALSE(window->close_with_frame());
+    // Yes, but then no file is chosen: the window stays.
+    desk.user.expect_question("Save before closing ?", answer::yes);
+    desk.user.expect_file(std::nullopt);
+    EXPECT_FALSE(window->close_with_frame());
+    EXPECT_FALSE(window->document().problem_saved());
+    desk.user.expect_question("Save before closing ?", answer::yes);
+    desk.user.expect_file(chosen_file{desk.folder / "note.kvr"});
+    EXPECT_TRUE(window->close_with_frame());
+    settle();
+    EXPECT_TRUE(window.isNull());
+    EXPECT_EQ(content("note.kvr"), "first");
+}
+
+TEST_F(note_test, StaysUnsavedWhereSavingFails)
+{
+    window->write("first");
+    std::ofstream(desk.folder / "file") << "no folder";
+    desk.user.expect_file(chosen_file{desk.folder / "file" / "note.kvr"});
+    desk.user.expect_box("Error while trying to save file.");
+    EXPECT_FALSE(window->save());
+    EXPECT_TRUE(window->isWindowModified());
+    // Over it another file is opened only after the question.
+    std::ofstream(desk.folder / "other.kvr") << "other";
+    desk.user.expect_question("Save now ?", answer::cancel);
+    EXPECT_FALSE(window->open(desk.folder / "other.kvr"));
+    EXPECT_EQ(window->document().title(), "first");
+    desk.user.expect_question("Save now ?", answer::no);
+    EXPECT_TRUE(window->open(desk.folder / "other.kvr"));
+    EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(note_test, WritesTheOlderFormatOnlyAfterItsQuestion)
+{
+    window->write("first");
+    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
+    desk.user.expect_question("Older ?", answer::no);
+    EXPECT_FALSE(window->save_as());
+    EXPECT_FALSE(std::filesystem::exists(desk.folder / "old.kvr"));
+    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
+    desk.user.expect_question("Older ?", answer::yes);
+    EXPECT_TRUE(window->save_as());
+    EXPECT_EQ(content("old.kvr"), "old first");
+}
+
+TEST_F(note_test, KeepsARecoveryCopyExactlyWhileUnsaved)
+{
+    const auto kept = [this] {
+        int files = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(desk.folder / "recovery"))
+            files += entry.path().extension() == ".json" ? 1 : 0;
+        return files;
+    };
+    ASSERT_EQ(kept(), 0);
+    window->write("first");
+    EXPECT_TRUE(wait_until([&] { return kept() == 1; })) << "nothing was kept by itself";
+    desk.user.expect_file(chosen_file{desk.folder / "note.kvr"});
+    EXPECT_TRUE(window->save());
+    EXPECT_EQ(kept(), 0);
+    window->write("second");
+    window->keep_recovery_copy();
+    EXPECT_EQ(kept(), 1);
+    desk.user.expect_question("Save before closing ?", answer::no);
+    EXPECT_TRUE(window->close_with_frame());
+    EXPECT_EQ(kept(), 0);
+}
+
+TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)
+{
+    for (const char* name : {"one.kvr", "two.kvr"}) {
+        std::ofstream(desk.folder / name) << name;
+        EXPECT_TRUE(window->open(desk.folder / name));
+    }
+    emit window->menus().front()->aboutToShow();
+    robot(*window).trigger(*window->menus().front(), "mnuFileItem_2");
+    ASSERT_EQ(desk.frame.opened().size(), 1U);
+    EXPECT_EQ(desk.frame.opened().front().filename(), "one.kvr");
+}
+
+TEST_F(note_test, NamesTheStepThatUndoTakesBack)
+{
+    window->write("first");
+    window->write("second");
+    EXPECT_EQ(to_text(window->caption_of(command::undo)), "&Undo Change title");
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->document().title(), "first");
+    EXPECT_FALSE(window->can(command::undo));
+}
+
+TEST_F(note_test, ARunCanBeStoppedByEscAndByClosing)
+{
+    robot::press(Qt::Key_F5);
+    ASSERT_TRUE(window->is_running());
+    EXPECT_TRUE(window->controls_off);
+    EXPECT_FALSE(window->can(command::solve));
+    robot::press(Qt::Key_Escape);
+    ASSERT_TRUE(wait_until([&] { return !window->is_running(); }));
+    EXPECT_FALSE(window->controls_off);
+
+    robot::press(Qt::Key_F5);
+    EXPECT_FALSE(window->close_with_frame()) << "closed under a running job";
+    EXPECT_TRUE(wait_until([&] { return window.isNull(); })) << "closing was not carried out after the run";
+}
+
+} // namespace
