@@ -103,5 +103,44 @@ TEST(Calculator, AWordOfTheLanguageCanBeATarget)
     EXPECT_EQ(tool.solve_line("= 5").variable, "") << "without a name nothing is assigned";
 }
 
+TEST(Calculator, TellsWhereInTheLineAFaultIs)
+{
+    struct row
+    {
+        std::string line, marked;
+    };
+    const std::vector<row> rows = {
+        {"zz", "zz"},
+        {"  a = 1 + zz", "zz"},
+        {"\n\ta\n=\n2*\nzz", "zz"},
+        {"2y = 3", "2y"},
+    };
+    const calculator tool;
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.line);
+        const auto fault = tool.fault_of(expected.line);
+        ASSERT_TRUE(fault && fault->place);
+        EXPECT_EQ(expected.line.substr(fault->place->offset, fault->place->length), expected.marked);
+    }
+    for (const char* fine : {"", "  ", "a = 1 + 2", "rand(1)"})
+        EXPECT_FALSE(tool.fault_of(fine)) << fine;
+    EXPECT_EQ(tool.fault_of("a =")->message.rfind("Syntax Error: ", 0), 0U);
+}
+
+TEST(Calculator, SetsAVariableToNumbersOnly)
+{
+    calculator tool;
+    tool.solve_line("a = 4");
+    tool.solve_line("b = 5");
+    for (const char* no_number : {"", "abc", "1,5", "2*3", "0x10", "1e999"}) {
+        SCOPED_TRACE(no_number);
+        EXPECT_TRUE(tool.set_variable("a", no_number));
+        EXPECT_EQ(tool.variables().get_var("a"), 4.0);
+    }
+    EXPECT_FALSE(tool.set_variable("a", " -1.5e2 "));
+    EXPECT_EQ(tool.variables().get_var("a"), -150.0);
+    EXPECT_EQ(tool.variables().get_all_vars(), (std::vector<std::string>{"a", "b"})) << "it keeps its place";
+}
+
 } // namespace
 } // namespace kelvarin

@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+// Where the controls of the calculator stand.
+#include "tools/window/frmCal.h"
+
+#include "desktop/icons.h"
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+#include "tools/window/expression_entry.h"
+#include "tools/window/history_view.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// A control with its name, by which settings, tests and assistive tools find it.
+template <class Control> Control* named(Control* control, const char* name)
+{
+    control->setObjectName(QString::fromLatin1(name));
+    return control;
+}
+
+/// A layout without margins of its own, inside another one.
+template <class Layout> Layout* inner(Layout* layout)
+{
+    layout->setContentsMargins(0, 0, 0, 0);
+    return layout;
+}
+
+/// Names separated by blanks as the lines of a list.
+QStringList words_of(std::string_view text)
+{
+    return to_qstring(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+void frmCal::build_ui()
+{
+    setObjectName(QStringLiteral("frmCal"));
+    setWindowTitle(tr("Calculator"));
+    setWindowIcon(icon("calculator"));
+
+    tabMore_ = named(new QTabWidget(this), "tabMore");
+    lstFuncs_ = named(new QListWidget(tabMore_), "lstFuncs");
+    lstFuncs_->setAccessibleName(tr("Functions"));
+    lstFuncs_->setToolTip(tr("A double click or Enter puts the function into the expression"));
+    lstFuncs_->addItems(words_of(function_list()));
+    lstFuncs_->setFlow(QListView::LeftToRight);
+    lstFuncs_->setWrapping(true);
+    lstFuncs_->setResizeMode(QListView::Adjust);
+    lstFuncs_->setUniformItemSizes(true);
+    tabMore_->addTab(lstFuncs_, tr("F&unctions"));
+    tabMore_->addTab(build_history_page(), tr("&History"));
+    tabMore_->addTab(build_options_page(), tr("&Options"));
+    tabMore_->addTab(build_help_page(), tr("Hel&p"));
+    tabMore_->setUsesScrollButtons(false);
+    tabMore_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    tabMore_->hide();
+
+    auto* transcript = new QSplitter(Qt::Horizontal, this);
+    transcript->addWidget(build_transcript());
+    transcript->addWidget(build_variables());
+    transcript->setStretchFactor(0, 1);
+    transcript->setCollapsible(0, false);
+
+    const int unit = line_unit(*this);
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(unit / 2, unit / 2, unit / 2, unit / 2);
+    page->setSpacing(unit / 2);
+    page->addWidget(transcript, 1);
+    page->addLayout(build_entry());
+    page->addLayout(build_answer());
+    page->addLayout(build_buttons());
+    page->addWidget(tabMore_);
+
+    // The list of functions is as low as the other pages let it be; it has a scroll bar.
+    lstFuncs_->setMinimumHeight(unit * 5);
+    resize(unit * 24, unit * 30);
+}
+
+QWidget* frmCal::build_transcript()
+{
+    txtHistory_ = named(new history_view(this), "txtHistory");
+    txtHistory_->setAccessibleName(tr("History"));
+    txtHistory_->setPlaceholderText(tr("Type an expression below and press Return.\n\n"
+                                       "x = 2*3 keeps its value as x for the lines behind it."));
+    txtHistory_->setToolTip(tr("A click on a line brings it back into the expression"));
+    txtHistory_->setMinimumWidth(line_unit(*this) * 8);
+    return txtHistory_;
+}
+
+QWidget* frmCal::build_variables()
+{
+    auto* panel = new QWidget(this);
+    lstVars_ = named(new QListWidget(panel), "lstVars");
+    lstVars_->setMinimumWidth(line_unit(*this) * 6);
+    auto* caption = new QLabel(tr("&Variables"), panel);
+    caption->setBuddy(lstVars_);
+    lblNum_vars_ = named(new QLabel(QStringLiteral("0"), panel), "lblNum_vars");
+    lblNum_vars_->setToolTip(tr("The number of variables"));
+    cmdModifyVar_ = named(new QPushButton(tr("Modify"), panel), "cmdModifyVar");
+    cmdModifyVar_->setToolTip(tr("Give the selected variable another value"));
+    cmdDeleteVar_ = named(new QPushButton(tr("Delete"), panel), "cmdDeleteVar");
+    cmdDeleteVar_->setToolTip(tr("Remove the selected variable"));
+
+    auto* head = inner(new QHBoxLayout);
+    head->addWidget(caption);
+    head->addStretch();
+    head->addWidget(lblNum_vars_);
+    auto* buttons = inner(new QHBoxLayout);
+    buttons->setSpacing(line_unit(*this) / 4);
+    buttons->addWidget(cmdModifyVar_);
+    buttons->addWidget(cmdDeleteVar_);
+    auto* column = inner(new QVBoxLayout(panel));
+    column->setSpacing(line_unit(*this) / 4);
+    column->addLayout(head);
+    column->addWidget(lstVars_);
+    column->addLayout(buttons);
+    return panel;
+}
+
+QLayout* frmCal::build_entry()
+{
+    txtExpression_ = named(new expression_entry(this), "txtExpression");
+    txtExpression_->setAccessibleName(tr("Expression"));
+    txtExpression_->setPlaceholderText(tr("Expression, or name = expression"));
+    lblCheck_ = named(new QLabel(this), "lblCheck");
+    // The checker quotes what was typed: never as markup, and never wider than the window.
+    lblCheck_->setTextFormat(Qt::PlainText);
+    lblCheck_->setWordWrap(true);
+    lblCheck_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    lblCheck_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+
+    auto* column = inner(new QVBoxLayout);
+    column->setSpacing(line_unit(*this) / 4);
+    column->addWidget(txtExpression_);
+    column->addWidget(lblCheck_);
+    return column;
+}
+
+QLayout* frmCal::build_answer()
+{
+    txtAnswer_ = named(new QLineEdit(this), "txtAnswer");
+    txtAnswer_->setReadOnly(true);
+    txtAnswer_->setAlignment(Qt::AlignRight);
+    cmdCopyAnswer_ = named(new QPushButton(icon("copy"), QString(), this), "cmdCopyAnswer");
+    cmdCopyAnswer_->setAccessibleName(tr("Copy the answer"));
+    cmdCopyAnswer_->setToolTip(tr("Copy the answer (F9)"));
+    cmbformat_ = named(new QComboBox(this), "cmbformat");
+    cmbformat_->setEditable(true);
+    cmbformat_->setInsertPolicy(QComboBox::NoInsert);
+    cmbformat_->setCompleter(nullptr);
+    for (const std::string_view mask : answer_masks())
+        cmbformat_->addItem(to_qstring(mask));
+    cmbformat_->setCurrentIndex(-1);
+    cmbformat_->lineEdit()->setPlaceholderText(tr("all digits"));
+    cmbformat_->lineEdit()->setClearButtonEnabled(true);
+    cmbformat_->lineEdit()->setMaxLength(40);
+    cmbformat_->setToolTip(
+        tr("How answers are shown: 0 is a digit, # one that may be missing. Empty shows all digits."));
+
+    auto* answer_row = inner(new QHBoxLayout);
+    answer_row->setSpacing(line_unit(*this) / 4);
+    answer_row->addWidget(txtAnswer_);
+    answer_row->addWidget(cmdCopyAnswer_);
+    auto* form = inner(new QFormLayout);
+    form->setSpacing(line_unit(*this) / 2);
+    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    auto* caption = new QLabel(tr("&Answer"), this);
+    caption->setBuddy(txtAnswer_);
+    form->addRow(caption, answer_row);
+    form->addRow(tr("&Format"), cmbformat_);
+    return form;
+}
+
+QLayout* frmCal::build_buttons()
+{
+    cmdCalculate_ = named(new QPushButton(tr("Solve expression (F5)"), this), "cmdCalculate");
+    cmdCleanExpr_ = named(new QPushButton(tr("Clear expression"), this), "cmdCleanExpr");
+    chkMore_ = named(new QCheckBox(tr("&More"), this), "chkMore");
+    chkMore_->setToolTip(tr("Functions, the history, options and help"));
+    chkOnTop_ = named(new QCheckBox(tr("On Top"), this), "chkOnTop");
+    chkOnTop_->setToolTip(tr("Keep this window in front of all others"));
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        chkOnTop_->setEnabled(false);
+        chkOnTop_->setToolTip(tr("On this desktop only the window's own menu can keep it in front"));
+    }
+    cmdExit_ = named(new QPushButton(tr("E&xit"), this), "cmdExit");
+
+    const int unit = line_unit(*this);
+    auto* solving = inner(new QHBoxLayout);
+    solving->setSpacing(unit / 2);
+    solving->addWidget(cmdCalculate_, 1);
+    solving->addWidget(cmdCleanExpr_);
+    auto* rest = inner(new QHBoxLayout);
+    rest->setSpacing(unit);
+    rest->addWidget(chkMore_);
+    rest->addWidget(chkOnTop_);
+    rest->addStretch();
+    rest->addWidget(cmdExit_);
+    auto* rows = inner(new QVBoxLayout);
+    rows->setSpacing(unit / 2);
+    rows->addLayout(solving);
+    rows->addLayout(rest);
+    return rows;
+}
+
+QWidget* frmCal::build_history_page()
+{
+    auto* page = new QWidget(tabMore_);
+    cmdCopy_ = named(new QPushButton(tr("Copy"), page), "cmdCopy");
+    cmdCopy_->setToolTip(tr("Copy what is selected in the history"));
+    cmdCopyAll_ = named(new QPushButton(tr("Copy All"), page), "cmdCopyAll");
+    cmdCopyAll_->setToolTip(tr("Copy the whole history"));
+    cmdClearHistory_ = named(new QPushButton(tr("Clear"), page), "cmdClearHistory");
+    cmdClearHistory_->setToolTip(tr("Forget all lines of the history; variables stay"));
+    chkWordWrap_ = named(new QCheckBox(tr("Word Wrap"), page), "chkWordWrap");
+    chkWordWrap_->setChecked(true);
+    cmdFont_ = named(new QPushButton(tr("Change Font..."), page), "cmdFont");
+
+    auto* copying = inner(new QHBoxLayout);
+    copying->addWidget(cmdCopy_);
+    copying->addWidget(cmdCopyAll_);
+    copying->addWidget(cmdClearHistory_);
+    copying->addStretch();
+    auto* looking = inner(new QHBoxLayout);
+    looking->addWidget(cmdFont_);
+    looking->addSpacing(line_unit(*this) / 2);
+    looking->addWidget(chkWordWrap_);
+    looking->addStretch();
+    auto* rows = new QVBoxLayout(page);
+    rows->addLayout(copying);
+    rows->addLayout(looking);
+    rows->addStretch();
+    return page;
+}
+
+QWidget* frmCal::build_options_page()
+{
+    auto* page = new QWidget(tabMore_);
+    auto* group = new QGroupBox(tr("Return used for"), page);
+    optReturnSolve_ = named(new QRadioButton(tr("Solve"), group), "optReturnSolve");
+    optReturnSolve_->setToolTip(tr("Shift+Return begins a new line"));
+    optReturnSolve_->setChecked(true);
+    optReturnLineFeed_ = named(new QRadioButton(tr("Line Feed"), group), "optReturnLineFeed");
+    optReturnLineFeed_->setToolTip(tr("F5 or Ctrl+Return solves"));
+    auto* choices = new QHBoxLayout(group);
+    choices->addWidget(optReturnSolve_);
+    choices->addWidget(optReturnLineFeed_);
+    choices->addStretch();
+    auto* rows = new QVBoxLayout(page);
+    rows->addWidget(group);
+    rows->addStretch();
+    return page;
+}
+
+QWidget* frmCal::build_help_page()
+{
+    auto* page = new QWidget(tabMore_);
+    auto* rows = new QVBoxLayout(page);
+    const auto add = [&](const char* name, const QString& text) {
+        auto* label = named(new QLabel(text, page), name);
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setWordWrap(true);
+        rows->addWidget(label);
+    };
+    add("lblIf", QStringLiteral(" if (condition) then (expression 1) else (expression 2)"));
+    add("lblComparisons", QStringLiteral(" >  <  >=  =>  <=  =<  ==  <>  ><"));
+    add("lblOperators", QStringLiteral(" +  -  *  /  ^  and  or"));
+    add("lblKeys", tr(" Up and Down bring earlier lines back, F5 solves, F9 copies the answer."));
+    rows->addStretch();
+    return page;
+}
+
+void frmCal::set_tab_order()
+{
+    const QList<QWidget*> order = {
+        txtExpression_, cmdCalculate_,    cmdCleanExpr_, txtAnswer_,   cmdCopyAnswer_,  cmbformat_,
+        chkMore_,       chkOnTop_,        cmdExit_,      tabMore_,     lstFuncs_,       cmdCopy_,
+        cmdCopyAll_,    cmdClearHistory_, cmdFont_,      chkWordWrap_, optReturnSolve_, optReturnLineFeed_,
+        txtHistory_,    lstVars_,         cmdModifyVar_, cmdDeleteVar_};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+} // namespace kelvarin
