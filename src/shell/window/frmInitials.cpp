@@ -97,6 +97,7 @@ QLayout* frmInitials::build_tree_side()
     lblTree_ = add_label(this, "lblTree", tr("Settings &tree"));
     tvw_ = new QTreeWidget(this);
     tvw_->setObjectName(QStringLiteral("tvw"));
+    tvw_->setAccessibleName(tr("Settings tree"));
     tvw_->setHeaderHidden(true);
     tvw_->setUniformRowHeights(true);
     lblTree_->setBuddy(tvw_);

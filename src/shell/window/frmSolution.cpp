@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/frmSolution.h"
 
+#include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "platform/letter_case.h"
 #include "platform/saver.h"
@@ -26,6 +27,7 @@ constexpr const char* rich_text_mark = R"({\rtf)";
 
 frmSolution::frmSolution(desktop_context& context) : child_window(context, "frmSolution")
 {
+    setWindowIcon(icon("report"));
     build_ui();
     build_menus();
 }

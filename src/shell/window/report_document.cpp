@@ -55,8 +55,30 @@ QTextCharFormat format_of(const styled_run& run, double zoom)
     return format;
 }
 
+/// The formats of runs at a zoom; neighbours in one style share theirs.
+class format_maker
+{
+public:
+    explicit format_maker(double zoom) : zoom_(zoom), format_(format_of(last_, zoom)) {}
+
+    const QTextCharFormat& of(const styled_run& run)
+    {
+        styled_run style = run;
+        style.text.clear();
+        if (style == last_) return format_;
+        last_ = std::move(style);
+        format_ = format_of(last_, zoom_);
+        return format_;
+    }
+
+private:
+    double zoom_;
+    styled_run last_;
+    QTextCharFormat format_;
+};
+
 /// Tabs at every eighth column, for lines that are in fixed width as a whole.
-QList<QTextOption::Tab> column_tabs(const styled_line& line, double zoom)
+QList<QTextOption::Tab> column_tabs(const styled_line& line, const QTextCharFormat& format)
 {
     qsizetype letters = 0;
     qsizetype tabs = 0;
@@ -67,14 +89,15 @@ QList<QTextOption::Tab> column_tabs(const styled_line& line, double zoom)
     }
     QList<QTextOption::Tab> stops;
     if (tabs == 0) return stops;
-    const double width = QFontMetricsF(format_of(line.front(), zoom).font()).horizontalAdvance(QLatin1Char('0'));
+    const double width = QFontMetricsF(format.font()).horizontalAdvance(QLatin1Char('0'));
     const qsizetype count = letters / columns_of_tab + tabs;
     for (qsizetype i = 1; i <= count; ++i)
         stops.append(QTextOption::Tab(static_cast<double>(i) * columns_of_tab * width, QTextOption::LeftTab));
     return stops;
 }
 
-QTextBlockFormat block_format_of(const styled_line& line, double zoom)
+/// `leading` is the format of the line's first run.
+QTextBlockFormat block_format_of(const styled_line& line, const QTextCharFormat& leading)
 {
     QTextBlockFormat format;
     const bool fixed_width = !line.empty() && std::ranges::all_of(line, [](const styled_run& run) {
@@ -82,7 +105,8 @@ QTextBlockFormat block_format_of(const styled_line& line, double zoom)
     });
     if (!fixed_width) return format;
     format.setNonBreakableLines(is_table_row(line));
-    if (const QList<QTextOption::Tab> stops = column_tabs(line, zoom); !stops.isEmpty()) format.setTabPositions(stops);
+    if (const QList<QTextOption::Tab> stops = column_tabs(line, leading); !stops.isEmpty())
+        format.setTabPositions(stops);
     return format;
 }
 
@@ -127,21 +151,22 @@ void fill_document(QTextDocument& document, std::span<const styled_line> lines, 
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     document.setDefaultTextOption(option);
 
-    const QTextCharFormat plain = format_of(styled_run{}, zoom);
+    format_maker formats(zoom);
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     bool first = true;
     for (const styled_line& line : lines) {
-        const QTextCharFormat leading = line.empty() ? plain : format_of(line.front(), zoom);
+        const QTextCharFormat leading = formats.of(line.empty() ? styled_run{} : line.front());
+        const QTextBlockFormat block = block_format_of(line, leading);
         if (first) {
-            cursor.setBlockFormat(block_format_of(line, zoom));
+            cursor.setBlockFormat(block);
             cursor.setBlockCharFormat(leading);
         } else {
-            cursor.insertBlock(block_format_of(line, zoom), leading);
+            cursor.insertBlock(block, leading);
         }
         first = false;
         for (const styled_run& run : line)
-            cursor.insertText(shown_text(run), format_of(run, zoom));
+            cursor.insertText(shown_text(run), formats.of(run));
     }
     cursor.endEditBlock();
 }

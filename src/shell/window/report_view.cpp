@@ -101,6 +101,9 @@ int report_view::ground() const
 void report_view::fill()
 {
     fill_document(*document(), lines_, zoom_);
+    // The margins come first, so that all of it is laid out once where no row of a table is too wide for them.
+    widest_row_ = 0.0;
+    lay_out_sheet();
     // A document in a box that was not shown yet has no width, and is not laid out.
     if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
     widest_row_ = widest_row(*document());
@@ -117,12 +120,14 @@ void report_view::lay_out_sheet()
     sheet_width_ = std::max(std::min(room, text + 2 * padding), widest_row_ + 2 * padding);
     sheet_left_ = std::max<double>(ground(), (viewport()->width() - sheet_width_) / 2);
 
-    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+    const QTextFrameFormat present = document()->rootFrame()->frameFormat();
+    QTextFrameFormat format = present;
     format.setLeftMargin(sheet_left_ + padding);
     format.setRightMargin(std::max<double>(ground(), viewport()->width() - sheet_left_ - sheet_width_) + padding);
     format.setTopMargin(ground() + padding);
     format.setBottomMargin(ground() + padding);
-    document()->rootFrame()->setFrameFormat(format);
+    if (format != present) document()->rootFrame()->setFrameFormat(format);
+    viewport()->update();
 }
 
 void report_view::apply_palette()

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/frmInitials.h"
+
+#include "support/robot.h"
+#include "support/test_desk.h"
+#include "support/window_walk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+namespace kelvarin
+{
+
+using test::robot;
+using testing::IsEmpty;
+
+namespace
+{
+
+class SettingsWindow : public testing::Test
+{
+protected:
+    SettingsWindow()
+    {
+        window.show();
+        window.activateWindow();
+        test::settle();
+    }
+    QTreeWidget& tree() const { return *window.findChild<QTreeWidget*>("tvw"); }
+    /// The item at a path of texts, of which the last may be the beginning of one.
+    QTreeWidgetItem& item(const QStringList& path) const
+    {
+        QTreeWidgetItem* found = tree().invisibleRootItem();
+        for (const QString& text : path) {
+            QTreeWidgetItem* next = nullptr;
+            for (int i = 0; i < found->childCount() && next == nullptr; ++i) {
+                if (found->child(i)->text(0).startsWith(text)) next = found->child(i);
+            }
+            if (next == nullptr) throw std::runtime_error("no item " + text.toStdString());
+            found = next;
+        }
+        return *found;
+    }
+    void choose(const QStringList& path) { tree().setCurrentItem(&item(path)); }
+    /// The tree as lines, indented by depth.
+    std::string whole_tree() const
+    {
+        std::string lines;
+        for (QTreeWidgetItemIterator each(&tree()); *each != nullptr; ++each) {
+            if ((*each)->isHidden()) continue;
+            for (const QTreeWidgetItem* up = (*each)->parent(); up != nullptr; up = up->parent())
+                lines += "  ";
+            lines += (*each)->text(0).toStdString() + "|\n";
+        }
+        return lines;
+    }
+
+    test::test_desk desk;
+    frmInitials window{desk.context};
+    robot at{window};
+};
+
+} // namespace
+
+TEST_F(SettingsWindow, ShowsEverySettingInItsFolder)
+{
+    EXPECT_EQ(whole_tree(), R"(General|
+  Show status bar = True|
+  Show background pictures = False|
+Data table|
+  Initial # Columns = 30|
+  Initial # Rows = 300|
+Graph|
+  Use vertical gridlines = False|
+  Use horizontal gridlines = False|
+  Default marker size  = 40|
+  Default title  = Graph Title|
+  Default sub title  =  |
+  Query for save on close  = False|
+Nonlinear equations|
+  Fast Newton|
+    N Trial = 150|
+    Tolerance total x = 1E-07|
+    Tolerance total f = 1E-07|
+  Safe Newton|
+    Max # of iterations = 150|
+    Tolerance f = 1E-07|
+    Tolerance min = 1E-07|
+    Tolerance x = 1E-07|
+  Safe Broydn|
+    Max # of iterations = 150|
+    eps = 1E-07|
+    Tolerance f = 1E-07|
+    Tolerance x = 1E-07|
+    Tolerance min = 1E-07|
+  Constr NLE|
+    Maximum number of iterations = 150|
+    Convergence tolerance = 1E-07|
+Ordinary differential equations|
+  RKF45|
+    Initial step size = 1E-06|
+    Truncation error tolerance = 1E-06|
+  RKF56|
+    Initial step size = 1E-06|
+    Truncation error tolerance = 1E-06|
+  BS|
+    Indep variable accuracy = 1E-05|
+    Initial step size = 0.001|
+    Minimum allowed stepsize = 1E-15|
+  Stiff|
+    Indep variable accuracy = 1E-05|
+    Initial step size = 0.0001|
+    Minimum allowed stepsize = 1E-08|
+  Stiff-BS|
+    Indep variable accuracy = 1E-05|
+    Initial step size / range = 0.001|
+    Minimum allowed stepsize / range = 1E-05|
+  Intermediate data points = 100|
+Regression|
+  Nonlinear|
+    mrqmin|
+      Max # iterations = 64|
+      Tolerance = 0.0001|
+    LM|
+      Max # iterations = 64|
+)");
+    EXPECT_THAT(test::faults_of(window), IsEmpty());
+}
+
+TEST_F(SettingsWindow, ChecksWhatIsEntered)
+{
+    struct row
+    {
+        QStringList leaf;
+        const char* key;
+        const char* entered;
+        /// Empty where it is taken.
+        const char* refusal;
+        const char* kept;
+        int beeps;
+    };
+    const QStringList columns = {"Data table", "Initial # Columns"};
+    const QStringList tolerance = {"Nonlinear equations", "Fast Newton", "Tolerance total x"};
+    const QStringList status_bar = {"General", "Show status bar"};
+    const QStringList title = {"Graph", "Default title"};
+    const char* no_boolean = "Only Boolean input is allowed. Please enter 'True' or 'False' only.";
+    for (const row& each :
+         {row{columns, "table_cols", "121", "Value must be between 2 & 120", "30", 1},
+          row{columns, "table_cols", "1.5", "Only integer input is allowed.", "30", 0},
+          row{columns, "table_cols", "120", "", "120", 0},
+          row{tolerance, "mnewt_tolx", "0.2", "Value must be between 0 & 0.1", "1E-07", 1},
+          row{tolerance, "mnewt_tolx", "0.1", "", "0.1", 0}, row{tolerance, "mnewt_tolx", "0", "", "0", 0},
+          row{status_bar, "general_show_status_bar", "yes", no_boolean, "True", 0},
+          row{status_bar, "general_show_status_bar", "false", "", "false", 0},
+          row{title, "Graph_default_title", "a = b", "", "a = b", 0},
+          row{title, "Graph_default_title", "", "", "", 0}}) {
+        SCOPED_TRACE(testing::Message() << each.key << " " << each.entered);
+        choose(each.leaf);
+        const int beeps = desk.user.beeps();
+        const bool refused = *each.refusal != '\0';
+        if (refused) desk.user.expect_box(each.refusal);
+        at.type("txtTreeData", each.entered);
+        at.click("cmdSet");
+        EXPECT_TRUE(desk.user.is_done());
+        EXPECT_EQ(desk.user.beeps() - beeps, each.beeps);
+        EXPECT_EQ(desk.store.value(each.key), each.kept);
+        EXPECT_TRUE(item(each.leaf).text(0).endsWith(QStringLiteral(" = ") + each.kept));
+        // A refused text stays, to be mended.
+        EXPECT_EQ(at.text("txtTreeData"), each.entered);
+    }
+}
+
+TEST_F(SettingsWindow, SetsAChosenTextWithoutChangingIt)
+{
+    choose({"Graph", "Default title"});
+    EXPECT_EQ(at.text("lblEq"), "Default title  ");
+    EXPECT_EQ(at.text("txtTreeData"), "Graph Title");
+    at.click("cmdSet");
+    at.click("cmdSet");
+    EXPECT_EQ(desk.store.value("Graph_default_title"), "Graph Title");
+    choose({"Graph", "Default sub title"});
+    EXPECT_EQ(at.text("txtTreeData"), " ");
+}
+
+TEST_F(SettingsWindow, RestoresOneValueAndAll)
+{
+    QSignalSpy changed(&window, &frmInitials::settings_changed);
+    const QStringList trials = {"Nonlinear equations", "Fast Newton", "N Trial"};
+    const QStringList rows = {"Data table", "Initial # Rows"};
+    choose(rows);
+    at.type("txtTreeData", "400");
+    choose(trials);
+    EXPECT_EQ(at.text("lblHint"), "A whole number, 10 to 300");
+    EXPECT_EQ(at.text("lblDefault"), "Default: 150");
+    at.type("txtTreeData", "200");
+    robot::press(Qt::Key_Return);
+    // What was typed for the other one was never set.
+    EXPECT_EQ(desk.store.value("table_rows"), "300");
+    EXPECT_EQ(item(trials).text(0), QStringLiteral("N Trial = 200"));
+    EXPECT_TRUE(item(trials).font(0).bold());
+    at.click("cmdRestore");
+    EXPECT_EQ(desk.store.value("mnewt_n"), "150");
+    EXPECT_EQ(at.text("txtTreeData"), "150");
+    EXPECT_FALSE(item(trials).font(0).bold());
+
+    const std::string before = whole_tree();
+    for (const char* key : {"mnewt_n", "table_rows", "opt_cg_MAXITER"})
+        EXPECT_FALSE(desk.store.set_value(key, "99"));
+    at.click("cmdRestoreAll");
+    EXPECT_EQ(whole_tree(), before);
+    for (const setting_row& row : settings_table())
+        EXPECT_EQ(desk.store.value(row.key), row.default_value) << row.key;
+    EXPECT_EQ(changed.size(), 3);
+}
+
+TEST_F(SettingsWindow, ClearsTheValueOnAFolder)
+{
+    choose({"General", "Show status bar"});
+    EXPECT_TRUE(at.is_enabled("cmdSet"));
+    choose({"General"});
+    EXPECT_EQ(at.text("txtTreeData"), "");
+    EXPECT_EQ(at.text("lblEq"), "");
+    for (const char* name : {"txtTreeData", "cmdSet", "cmdRestore"})
+        EXPECT_FALSE(at.is_enabled(name)) << name;
+    EXPECT_TRUE(at.is_enabled("cmdRestoreAll"));
+}
+
+TEST_F(SettingsWindow, FindsByPartOfANameAndGoesBack)
+{
+    tree().expandItem(&item({"Graph"}));
+    const std::string before = whole_tree();
+    at.type("txtFind", "STEPSIZE");
+    EXPECT_EQ(whole_tree(), R"(Ordinary differential equations|
+  BS|
+    Minimum allowed stepsize = 1E-15|
+  Stiff|
+    Minimum allowed stepsize = 1E-08|
+  Stiff-BS|
+    Minimum allowed stepsize / range = 1E-05|
+)");
+    EXPECT_TRUE(item({"Ordinary differential equations", "BS"}).isExpanded());
+    at.type("txtFind", "regress");
+    EXPECT_TRUE(whole_tree().starts_with("Regression|\n  Nonlinear|\n    mrqmin|\n      Max # iterations = 64|"));
+    at.type("txtFind", "");
+    EXPECT_EQ(whole_tree(), before);
+    EXPECT_TRUE(item({"Graph"}).isExpanded());
+    EXPECT_FALSE(item({"Ordinary differential equations"}).isExpanded());
+}
+
+TEST_F(SettingsWindow, IsHiddenAndKeepsItsPlace)
+{
+    choose({"Graph", "Default marker size"});
+    robot::press(Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(desk.store.set_value("Graph_default_marker_size", "50"));
+    window.show();
+    EXPECT_EQ(at.text("txtTreeData"), "50");
+    EXPECT_EQ(item({"Graph", "Default marker size"}).text(0), QStringLiteral("Default marker size  = 50"));
+}
+
+} // namespace kelvarin

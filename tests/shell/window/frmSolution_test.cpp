@@ -1,0 +1,319 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/frmSolution.h"
+
+#include "platform/saver.h"
+#include "support/robot.h"
+#include "support/test_desk.h"
+#include "support/window_walk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+
+#include <fstream>
+
+namespace kelvarin
+{
+
+using test::robot;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace
+{
+
+const std::string table_head = R"({\cf1\f6  \ul Variable      Value       f(x)       Ini Guess}\par )";
+const std::string table_row = R"({\f6  x           3           -2            3        }\par )";
+
+std::string small_report()
+{
+    return rich_text_document(R"({\b\cf2\f5\fs24\ul KELVARIN Results}\par {\cf2\f5\fs20\b Pipe}\par )" + table_head +
+                              table_row + R"({\f6  }Data file: pipe.kvr)");
+}
+
+std::string golden(const char* name)
+{
+    std::ifstream file(std::filesystem::path(KELVARIN_GOLDEN) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// A shown report on a desk.
+class ReportWindow : public testing::Test
+{
+protected:
+    frmSolution& show(std::string report)
+    {
+        auto* window = new frmSolution(desk.context);
+        window->update_prog_sol(true, {}, "Pipe");
+        window->show_report(std::move(report), QStringLiteral("Nonlinear Equations Solution #1"));
+        desk.frame.show_child(window);
+        test::settle();
+        return *window;
+    }
+    frmSolution& opened(const std::filesystem::path& path)
+    {
+        EXPECT_FALSE(open_report(desk.context, path));
+        return dynamic_cast<frmSolution&>(*desk.frame.children().back());
+    }
+    static report_view& box_of(const frmSolution& window) { return *window.findChild<report_view*>(); }
+    /// Marks the lines `first` to `last`, counted from 0, as a mouse would.
+    static void mark(const frmSolution& window, int first, int last)
+    {
+        report_view& box = box_of(window);
+        QTextCursor cursor(box.document()->findBlockByNumber(first));
+        const QTextBlock end = box.document()->findBlockByNumber(last);
+        cursor.setPosition(end.position() + end.length() - 1, QTextCursor::KeepAnchor);
+        box.setTextCursor(cursor);
+        box.setFocus();
+    }
+    static QStringList captions_of(const QMenu& menu)
+    {
+        QStringList captions;
+        for (const QAction* action : menu.actions()) {
+            if (!action->isSeparator()) captions += action->text();
+        }
+        return captions;
+    }
+
+    test::test_desk desk;
+};
+
+} // namespace
+
+TEST_F(ReportWindow, SavesTheReportAsItWasGiven)
+{
+    for (const char* name : {"nle/system.rtf", "nle/single.rtf", "nle/explicit.rtf"}) {
+        SCOPED_TRACE(name);
+        const std::string report = golden(name);
+        ASSERT_FALSE(report.empty());
+        frmSolution& window = show(report);
+        EXPECT_TRUE(window.isWindowModified());
+        EXPECT_EQ(window.file_panel(), QStringLiteral("No File  "));
+        desk.user.expect_file(chosen_file{desk.folder / "saved.rtf", 1});
+        window.perform(command::save_as);
+        EXPECT_EQ(desk.folder.read("saved.rtf"), report);
+        EXPECT_FALSE(window.isWindowModified());
+
+        const frmSolution& again = opened(desk.folder / "saved.rtf");
+        EXPECT_EQ(again.rich_text(), report);
+        EXPECT_EQ(again.plain_text(), window.plain_text());
+        EXPECT_EQ(again.title_panel(), QStringLiteral("KELVARIN Report "));
+        EXPECT_THAT(again.file_panel().toStdString(), HasSubstr("saved.rtf"));
+    }
+    EXPECT_EQ(desk.user.file_questions().front().filter.substr(0, 63),
+              "Rich text (*.rtf)|*.rtf|Text (*.txt)|*.txt|All file (*.*)|*.*|P");
+    EXPECT_EQ(desk.user.file_questions().front().default_extension, QStringLiteral("rtf"));
+}
+
+TEST_F(ReportWindow, ShowsASavedTextInCourierNew)
+{
+    frmSolution& window = show(small_report());
+    desk.user.expect_file(chosen_file{desk.folder / "saved.txt", 1});
+    window.perform(command::save_as);
+    EXPECT_EQ(desk.folder.read("saved.txt"),
+              "KELVARIN Results\nPipe\n Variable      Value       f(x)       Ini Guess\n"
+              " x           3           -2            3        \n Data file: pipe.kvr\n");
+
+    frmSolution& text = opened(desk.folder / "saved.txt");
+    int runs = 0;
+    for (QTextBlock block = box_of(text).document()->begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part, ++runs)
+            EXPECT_EQ(part.fragment().charFormat().fontFamilies().toStringList(), QStringList{"Courier New"});
+    }
+    EXPECT_EQ(runs, 5);
+    // A save without a question keeps the form.
+    text.perform(command::save);
+    EXPECT_EQ(desk.folder.read("saved.txt"), window.plain_text());
+}
+
+TEST_F(ReportWindow, ChoosesTheFormByTheNameAndThenByTheFilter)
+{
+    using enum report_format;
+    struct row
+    {
+        const char* name;
+        int filter;
+        report_format expected;
+    };
+    for (const row& each : {row{"a.rtf", 2, rich_text}, row{"a.txt", 1, plain_text}, row{"a.txt.bak", 1, plain_text},
+                            row{"A.RTF", 2, rich_text}, row{"a.rtf.txt", 1, plain_text}, row{"a.pdf", 1, pdf},
+                            row{"a.html", 1, html}, row{"a", 1, rich_text}, row{"a", 2, plain_text},
+                            row{"a.doc", 3, rich_text}, row{"a.doc", 4, pdf}, row{"a.doc", 5, html},
+                            // The folder's name tells nothing.
+                            row{"notes.txt.d/a", 1, rich_text}}) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(format_of_report(each.name, each.filter), each.expected);
+    }
+}
+
+TEST_F(ReportWindow, WritesPdfAndHtml)
+{
+    frmSolution& window = show(small_report());
+    desk.user.expect_file(chosen_file{desk.folder / "saved.pdf", 4});
+    window.perform(command::save_as);
+    const std::string pdf = desk.folder.read("saved.pdf");
+    EXPECT_TRUE(pdf.starts_with("%PDF-"));
+    EXPECT_THAT(pdf.substr(pdf.size() - 10), HasSubstr("%%EOF"));
+    EXPECT_THAT(pdf, HasSubstr("/Count 1"));
+
+    desk.user.expect_file(chosen_file{desk.folder / "saved.html", 5});
+    window.perform(command::save_as);
+    const std::string html = desk.folder.read("saved.html");
+    EXPECT_THAT(html, HasSubstr("<title>Nonlinear Equations Solution #1</title>"));
+    EXPECT_THAT(html, HasSubstr("Data file: pipe.kvr"));
+}
+
+TEST_F(ReportWindow, StaysUnsavedWhereASaveFails)
+{
+    frmSolution& window = show(small_report());
+    const std::filesystem::path nowhere = desk.folder / "missing/saved.rtf";
+    desk.user.expect_file(chosen_file{nowhere, 1});
+    desk.user.expect_box("Error\r" + save_file(nowhere, "x")->reason);
+    window.perform(command::save);
+    EXPECT_TRUE(desk.user.is_done());
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_EQ(window.file_panel(), QStringLiteral("No File  "));
+
+    desk.user.expect_file(std::nullopt);
+    window.perform(command::save_as);
+    EXPECT_TRUE(window.isWindowModified());
+}
+
+TEST_F(ReportWindow, CopiesWhatIsMarkedInAllForms)
+{
+    frmSolution& window = show(small_report());
+    EXPECT_FALSE(window.can(command::copy));
+    mark(window, 2, 3);
+    EXPECT_TRUE(window.can(command::copy));
+    robot::press(Qt::Key_C, Qt::ControlModifier);
+    const QMimeData& copied = *desk.user.clipboard();
+    EXPECT_EQ(copied.text().toStdString(),
+              " Variable      Value       f(x)       Ini Guess\n x           3           -2            3        ");
+    EXPECT_EQ(copied.data("text/tab-separated-values").toStdString(),
+              "Variable\tValue\tf(x)\tIni Guess\nx\t3\t-2\t3\n");
+    EXPECT_THAT(copied.html().toStdString(), HasSubstr("<td>-2</td>"));
+    const std::vector<styled_line> read = read_rich_text(copied.data("text/rtf").toStdString());
+    ASSERT_EQ(plain_text_of(read), copied.text().toStdString() + "\n");
+    EXPECT_TRUE(read[0].back().underline);
+    EXPECT_EQ(read[0].back().colour, (rgb_colour{0, 0, 160}));
+
+    robot(window).trigger(*window.menus()[1], "Select All");
+    robot(window).trigger(*window.menus()[1], "Copy");
+    EXPECT_EQ(desk.user.copied_text().toStdString() + "\n", window.plain_text());
+}
+
+TEST_F(ReportWindow, MarksLettersBeyondTheBasicPlaneWhole)
+{
+    // U+1F600 is two units in the toolkit's text and four bytes in ours.
+    frmSolution& window = show(rich_text_document(R"({\b a\u-10179?\u-8704?b}{\i c\u233?d})"));
+    QTextCursor cursor = box_of(window).textCursor();
+    cursor.setPosition(1);
+    cursor.setPosition(5, QTextCursor::KeepAnchor);
+    box_of(window).setTextCursor(cursor);
+    const std::vector<styled_line> marked = box_of(window).marked_lines();
+    ASSERT_EQ(marked.size(), 1U);
+    ASSERT_EQ(marked[0].size(), 2U);
+    EXPECT_EQ(marked[0][0].text, "\xF0\x9F\x98\x80"
+                                 "b");
+    EXPECT_EQ(marked[0][1].text, "c");
+    EXPECT_TRUE(marked[0][1].italic);
+}
+
+TEST_F(ReportWindow, KeepsColumnsAtEveryZoom)
+{
+    frmSolution& window = show(small_report());
+    report_view& box = box_of(window);
+    // Of one letter in the row above the other: the head begins with a blank.
+    const auto place = [&](int line, int column) {
+        QTextCursor cursor(box.document()->findBlockByNumber(line));
+        cursor.setPosition(cursor.position() + column);
+        return box.cursorRect(cursor).left();
+    };
+    window.resize(500, 500);
+    box.set_zoom(0.5);
+    double width = 0.0;
+    for (double before = 0.0; box.zoom() != before;) {
+        SCOPED_TRACE(box.zoom());
+        for (const int column : {0, 12, 24, 38})
+            EXPECT_NEAR(place(2, column), place(3, column), 1);
+        // No row of the table is broken, however narrow the window is.
+        EXPECT_EQ(box.document()->findBlockByNumber(2).layout()->lineCount(), 1);
+        EXPECT_GT(place(2, 38) - place(2, 0), width);
+        width = place(2, 38) - place(2, 0);
+        before = box.zoom();
+        robot::press(Qt::Key_Plus, Qt::ControlModifier);
+    }
+    EXPECT_GT(box.horizontalScrollBar()->maximum(), 0);
+    robot::press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(box.zoom(), 1.0);
+}
+
+TEST_F(ReportWindow, OffersItsMenus)
+{
+    frmSolution& window = show(small_report());
+    const QList<QMenu*> menus = window.menus();
+    QStringList titles;
+    for (const QMenu* menu : menus)
+        titles += menu->title();
+    EXPECT_EQ(titles, (QStringList{"&Report", "&Edit", "&Window", "&Help"}));
+    EXPECT_EQ(captions_of(*menus[0]), (QStringList{"&Refresh", "Save &As...", "&Print...", "Print Pre&view...",
+                                                   "&Close", "Close All", "E&xit"}));
+    EXPECT_EQ(captions_of(*menus[1]).mid(0, 2), (QStringList{"&Copy", "Select All"}));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Nonlinear Equations Solution #1[*]"));
+    EXPECT_EQ(window.title_panel(), QStringLiteral("Pipe"));
+    EXPECT_THAT(test::faults_of(window, menus), IsEmpty());
+
+    // Lays out anew what it was given.
+    box_of(window).clear();
+    robot(window).trigger(*menus[0], "Refresh");
+    EXPECT_EQ(box_of(window).toPlainText().toStdString() + "\n", window.plain_text());
+}
+
+TEST_F(ReportWindow, Prints)
+{
+    frmSolution& window = show(small_report());
+    desk.user.expect_print(desk.folder / "printed.pdf");
+    window.perform(command::print);
+    EXPECT_TRUE(desk.folder.read("printed.pdf").starts_with("%PDF-"));
+    desk.user.expect_print(desk.folder / "preview.pdf");
+    window.perform(command::print_preview);
+    EXPECT_TRUE(desk.folder.holds("preview.pdf"));
+
+    // The toolkit warns of a printer that can not begin; here it should.
+    const QtMessageHandler before = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    desk.user.expect_print(desk.folder / "missing/printed.pdf");
+    desk.user.expect_box("Error while trying to print or setting printer.");
+    window.perform(command::print);
+    qInstallMessageHandler(before);
+    EXPECT_TRUE(desk.user.is_done());
+}
+
+TEST_F(ReportWindow, OpensReportsOfOthersAndRefusesWhatIsNone)
+{
+    // As word processors write: groups that are not to be shown, letters of a code page, a table.
+    const auto other =
+        desk.folder.write("other.RTF", R"({\rtf1\ansi\ansicpg1252{\fonttbl{\f0\froman\fprq2 Liberation Serif;}}
+{\*\generator Writer;}{\stylesheet{\s0 Standard;}}\pard\plain\f0\fs24 Caf\'e9\par
+\trowd\cellx1000\cellx2000\intbl a\cell b\cell\row\pard end\par})");
+    const frmSolution& window = opened(other);
+    EXPECT_THAT(window.plain_text(), HasSubstr("Caf\xC3\xA9\n"));
+    EXPECT_THAT(window.plain_text(), HasSubstr("a\tb"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("KELVARIN Report - other.RTF[*]"));
+    EXPECT_FALSE(window.isWindowModified());
+
+    std::filesystem::create_directory(desk.folder / "folder.txt");
+    for (const auto& path :
+         {desk.folder / "missing.rtf", desk.folder / "folder.txt", desk.folder.write("plain.rtf", "no rich text")}) {
+        SCOPED_TRACE(path);
+        const auto refused = open_report(desk.context, path);
+        ASSERT_TRUE(refused);
+        EXPECT_EQ(refused->text, "Error while trying to open file.");
+    }
+    EXPECT_EQ(desk.frame.children().size(), 1U);
+}
+
+} // namespace kelvarin
