@@ -6,12 +6,9 @@
 #include "shell/window/report_format.h"
 #include "shell/window/report_view.h"
 
-#include <QTextBrowser>
-
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace kelvarin
 {

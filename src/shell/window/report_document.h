@@ -3,11 +3,12 @@
 
 #include "shell/rich_text.h"
 
+#include <QString>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 class QPagedPaintDevice;
