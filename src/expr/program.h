@@ -54,10 +54,13 @@ public:
     /// The same in place: input i of point p.
     std::span<double> lane_inputs();
     bool run_lanes_in_place();
-    double lane_output(std::size_t i, int point) const
+    double lane_output(std::size_t i, int point) const { return lane_value(lane_place(i, point)); }
+    /// Where an output of a point is, for callers that take many; valid once lane_inputs was asked for.
+    std::uint32_t lane_place(std::size_t i, int point) const
     {
-        return lane_cells_[std::size_t{lane_output_cells_[i]} * lanes + static_cast<std::size_t>(point)];
+        return std::uint32_t{lane_output_cells_[i]} * lanes + static_cast<std::uint32_t>(point);
     }
+    double lane_value(std::uint32_t place) const { return lane_cells_[place]; }
 
     /// The inputs with which an output can change, as words of bits: input j is bit j % 64 of word j / 64.
     std::span<const std::uint64_t> inputs_of(std::size_t output) const;

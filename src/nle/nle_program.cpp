@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <iterator>
 #include <utility>
 
 namespace kelvarin
@@ -44,108 +43,134 @@ std::vector<std::vector<std::size_t>> nle_program::results_reached_by_columns() 
     return reached;
 }
 
-void nle_program::make_groups()
+/// Gives each column to the first group none of whose columns reaches a result that it reaches.
+void nle_program::make_groups(const std::vector<std::vector<std::size_t>>& reached_by)
 {
-    const std::size_t results = program_->output_count();
     // For each group the results that its columns reach.
     std::vector<std::vector<bool>> reached;
     // The first group moves nothing: f need not be F(x), and then unmoved rows differ from it as well.
     groups_.emplace_back();
-    const std::vector<std::vector<std::size_t>> reached_by = results_reached_by_columns();
-    for (std::size_t column = 0; column < size_; ++column) {
-        const std::vector<std::size_t>& reaches = reached_by[column];
-        std::ranges::copy_if(reaches, std::back_inserter(rows_), [&](std::size_t result) { return result < size_; });
-        row_ends_.push_back(rows_.size());
+    group_of_.reserve(size_);
+    for (const std::vector<std::size_t>& reaches : reached_by) {
         const auto free = std::ranges::find_if(reached, [&](const std::vector<bool>& taken) {
             return std::ranges::none_of(reaches, [&](std::size_t result) { return taken[result]; });
         });
         const auto group = static_cast<std::size_t>(free - reached.begin());
         if (free == reached.end()) {
-            reached.emplace_back(results, false);
+            reached.emplace_back(program_->output_count(), false);
             groups_.emplace_back();
         }
-        groups_[group + 1].push_back(column);
         for (const std::size_t result : reaches)
             reached[group][result] = true;
+        groups_[group + 1].push_back(group_of_.size());
+        group_of_.push_back(group + 1);
     }
 }
 
-std::span<const std::size_t> nle_program::rows_of(std::size_t column) const
+/// The places row by row, and for each pass those that it fills.
+void nle_program::make_places(const std::vector<std::vector<std::size_t>>& reached_by)
 {
-    const std::size_t first = column == 0 ? 0 : row_ends_[column - 1];
-    return std::span(rows_).subspan(first, row_ends_[column] - first);
+    std::vector<std::vector<std::uint32_t>> columns_of(size_);
+    for (std::size_t column = 0; column < size_; ++column) {
+        for (const std::size_t result : reached_by[column])
+            if (result < size_) columns_of[result].push_back(static_cast<std::uint32_t>(column));
+    }
+    program_->lane_inputs();
+    fills_.resize((groups_.size() + lanes - 1) / lanes);
+    for (std::size_t row = 0; row < size_; ++row) {
+        for (const std::uint32_t column : columns_of[row]) {
+            const std::size_t group = group_of_[column];
+            fills_[group / lanes].push_back({static_cast<std::uint32_t>(row * size_ + column),
+                                             program_->lane_place(row, static_cast<int>(group % lanes)),
+                                             static_cast<std::uint32_t>(row), column});
+            places_.columns.push_back(column);
+        }
+        places_.row_ends.push_back(static_cast<std::uint32_t>(places_.columns.size()));
+    }
+    constexpr std::size_t sparse_part = 2;
+    is_sparse_ = places_.columns.size() * sparse_part <= size_ * size_;
 }
 
-bool nle_program::difference_columns(std::span<const double> x, std::span<const double> f,
-                                     std::span<const double> moved, std::span<const double> divisors, matrix& df)
+std::optional<const sparse_places*> nle_program::difference_places(std::span<const double> x, std::span<const double> f,
+                                                                   std::span<const double> moved,
+                                                                   std::span<const double> divisors, matrix& df,
+                                                                   const sparse_places* left)
 {
-    if (groups_.empty()) make_groups();
+    if (groups_.empty()) {
+        const std::vector<std::vector<std::size_t>> reached_by = results_reached_by_columns();
+        make_groups(reached_by);
+        make_places(reached_by);
+    }
+    const differences wanted = {x, f, moved, divisors, df};
+    bool zero_elsewhere = left == &places_;
     std::size_t first = 0;
-    for (; first + 1 < groups_.size(); first += program::lanes) {
-        if (!difference_side_by_side(first, x, f, moved, divisors, df)) return false;
+    for (; first + 1 < groups_.size(); first += lanes) {
+        if (!difference_side_by_side(first, wanted, zero_elsewhere)) return std::nullopt;
     }
-    return first >= groups_.size() || difference_group(groups_[first], x, f, moved, divisors, df);
+    if (first < groups_.size() && !difference_group(first, wanted, zero_elsewhere)) return std::nullopt;
+    return zero_elsewhere && is_sparse_ ? &places_ : nullptr;
 }
 
 template <class Output>
-void nle_program::take_differences(const column_group& group, std::span<const double> f,
-                                   std::span<const double> divisors, matrix& df, Output output)
+void nle_program::take_unmoved(const differences& wanted, bool& zero_elsewhere, Output output) const
 {
-    if (group.empty()) {
-        const bool ascending = std::ranges::all_of(divisors, [](double divisor) { return divisor > 0.0; });
-        for (std::size_t row = 0; row < size_; ++row) {
-            const double difference = output(row) - f[row];
-            const std::span<double> elements = df.row(static_cast<int>(row));
-            if (difference == 0.0 && ascending) {
-                std::ranges::fill(elements, 0.0); // what the divisions would give
-                continue;
-            }
-            for (std::size_t column = 0; column < size_; ++column)
-                elements[column] = difference / divisors[column];
-        }
+    // What the divisions of 0 would give; where a divisor descends, it is another zero.
+    bool unchanged = std::ranges::all_of(wanted.divisors, [](double divisor) { return divisor > 0.0; });
+    for (std::size_t row = 0; row < size_; ++row)
+        unchanged = unchanged && output(row) - wanted.f[row] == 0.0;
+    if (unchanged) {
+        if (!zero_elsewhere) std::ranges::fill(wanted.df.values(), 0.0);
+        zero_elsewhere = true;
         return;
     }
-    for (const std::size_t column : group) {
-        for (const std::size_t row : rows_of(column))
-            df(static_cast<int>(row), static_cast<int>(column)) = (output(row) - f[row]) / divisors[column];
+    zero_elsewhere = false;
+    for (std::size_t row = 0; row < size_; ++row) {
+        const double difference = output(row) - wanted.f[row];
+        const std::span<double> elements = wanted.df.row(static_cast<int>(row));
+        for (std::size_t column = 0; column < size_; ++column)
+            elements[column] = difference / wanted.divisors[column];
     }
 }
 
-bool nle_program::difference_side_by_side(std::size_t first, std::span<const double> x, std::span<const double> f,
-                                          std::span<const double> moved, std::span<const double> divisors, matrix& df)
+bool nle_program::difference_side_by_side(std::size_t first, const differences& wanted, bool& zero_elsewhere)
 {
-    constexpr auto lanes = static_cast<std::size_t>(program::lanes);
     const std::size_t count = std::min(lanes, groups_.size() - first);
     const std::span<double> inputs = program_->lane_inputs();
     for (std::size_t i = 0; i < size_; ++i)
-        std::fill_n(inputs.begin() + static_cast<std::ptrdiff_t>(i * lanes), lanes, x[i]);
+        std::fill_n(inputs.data() + i * lanes, lanes, wanted.x[i]);
     for (std::size_t p = 0; p < count; ++p) {
         for (const std::size_t column : groups_[first + p])
-            inputs[column * lanes + p] = moved[column];
+            inputs[column * lanes + p] = wanted.moved[column];
     }
     if (!program_->run_lanes_in_place()) {
         // Points that take different branches are no failure: one by one they tell.
-        return std::all_of(
-            groups_.begin() + static_cast<std::ptrdiff_t>(first),
-            groups_.begin() + static_cast<std::ptrdiff_t>(first + count),
-            [&](const column_group& group) { return difference_group(group, x, f, moved, divisors, df); });
+        for (std::size_t p = 0; p < count; ++p) {
+            if (!difference_group(first + p, wanted, zero_elsewhere)) return false;
+        }
+        return true;
     }
-    for (std::size_t p = 0; p < count; ++p) {
-        take_differences(groups_[first + p], f, divisors, df,
-                         [&](std::size_t row) { return program_->lane_output(row, static_cast<int>(p)); });
-    }
+    if (first == 0)
+        take_unmoved(wanted, zero_elsewhere, [&](std::size_t row) { return program_->lane_output(row, 0); });
+    const std::span<double> elements = wanted.df.values();
+    for (const fill& each : fills_[first / lanes])
+        elements[each.element] =
+            (program_->lane_value(each.lane_place) - wanted.f[each.row]) / wanted.divisors[each.column];
     return true;
 }
 
-bool nle_program::difference_group(const column_group& group, std::span<const double> x, std::span<const double> f,
-                                   std::span<const double> moved, std::span<const double> divisors, matrix& df)
+bool nle_program::difference_group(std::size_t group, const differences& wanted, bool& zero_elsewhere)
 {
     const std::span<double> inputs = program_->inputs();
-    std::ranges::copy(x, inputs.begin());
-    for (const std::size_t column : group)
-        inputs[column] = moved[column];
+    std::ranges::copy(wanted.x, inputs.begin());
+    for (const std::size_t column : groups_[group])
+        inputs[column] = wanted.moved[column];
     if (!program_->run_in_place()) return false;
-    take_differences(group, f, divisors, df, [&](std::size_t row) { return program_->output(row); });
+    if (group == 0) take_unmoved(wanted, zero_elsewhere, [&](std::size_t row) { return program_->output(row); });
+    const std::span<double> elements = wanted.df.values();
+    for (const fill& each : fills_[group / lanes]) {
+        if (group_of_[each.column] != group) continue;
+        elements[each.element] = (program_->output(each.row) - wanted.f[each.row]) / wanted.divisors[each.column];
+    }
     return true;
 }
 

@@ -3,9 +3,11 @@
 
 #include "expr/program.h"
 #include "numeric/matrix.h"
+#include "numeric/sparse_places.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -26,35 +28,57 @@ public:
     /// f = F(x); false where something failed.
     bool evaluate(std::span<const double> x, std::span<double> f);
 
-    /// As nonlinear_system::difference_columns; false, and `df` without meaning, where something failed.
-    bool difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
-                            std::span<const double> divisors, matrix& df);
+    /// As nonlinear_system::difference_places; nothing, and `df` without meaning, where something failed.
+    std::optional<const sparse_places*> difference_places(std::span<const double> x, std::span<const double> f,
+                                                          std::span<const double> moved,
+                                                          std::span<const double> divisors, matrix& df,
+                                                          const sparse_places* left);
 
 private:
+    static constexpr std::size_t lanes = program::lanes;
+
     /// Columns that no equation shares.
     using column_group = std::vector<std::size_t>;
+
+    /// The arguments of difference_places.
+    struct differences
+    {
+        std::span<const double> x, f, moved, divisors;
+        matrix& df;
+    };
+
+    /// An element of a Jacobian, and what it is made from.
+    struct fill
+    {
+        /// Among all elements of the matrix.
+        std::uint32_t element = 0;
+        std::uint32_t lane_place = 0;
+        std::uint32_t row = 0;
+        std::uint32_t column = 0;
+    };
 
     explicit nle_program(std::unique_ptr<program> compiled, std::size_t size);
 
     std::vector<std::vector<std::size_t>> results_reached_by_columns() const;
-    void make_groups();
-    std::span<const std::size_t> rows_of(std::size_t column) const;
-    /// Writes what one point of a Jacobian tells: the columns of its group, or, where it moves nothing, all
-    /// elements as those of rows that do not depend on their column.
-    template <class Output>
-    void take_differences(const column_group& group, std::span<const double> f, std::span<const double> divisors,
-                          matrix& df, Output output);
-    bool difference_side_by_side(std::size_t first, std::span<const double> x, std::span<const double> f,
-                                 std::span<const double> moved, std::span<const double> divisors, matrix& df);
-    bool difference_group(const column_group& group, std::span<const double> x, std::span<const double> f,
-                          std::span<const double> moved, std::span<const double> divisors, matrix& df);
+    void make_groups(const std::vector<std::vector<std::size_t>>& reached_by);
+    void make_places(const std::vector<std::vector<std::size_t>>& reached_by);
+    /// Writes what the point that moves nothing tells: all elements as those of rows that do not depend on
+    /// their column. `zero_elsewhere` tells whether outside of the places the elements are zero already,
+    /// and then whether they are.
+    template <class Output> void take_unmoved(const differences& wanted, bool& zero_elsewhere, Output output) const;
+    /// One pass: groups `first` and those behind it as points side by side.
+    bool difference_side_by_side(std::size_t first, const differences& wanted, bool& zero_elsewhere);
+    bool difference_group(std::size_t group, const differences& wanted, bool& zero_elsewhere);
 
     std::unique_ptr<program> program_;
     std::size_t size_;
-    /// Column by column the residuals that depend on it, and where those of each column end.
-    std::vector<std::size_t> rows_;
-    std::vector<std::size_t> row_ends_;
     std::vector<column_group> groups_;
+    std::vector<std::size_t> group_of_;
+    sparse_places places_;
+    /// The places are few enough to be worth a caller's while.
+    bool is_sparse_ = false;
+    /// For each pass the elements that it gives.
+    std::vector<std::vector<fill>> fills_;
 };
 
 } // namespace kelvarin

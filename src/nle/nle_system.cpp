@@ -113,13 +113,17 @@ void nle_system::evaluate(std::span<const double> x, std::span<double> f)
     walk(x, f);
 }
 
-void nle_system::difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
-                                    std::span<const double> divisors, matrix& df)
+const sparse_places* nle_system::difference_places(std::span<const double> x, std::span<const double> f,
+                                                   std::span<const double> moved, std::span<const double> divisors,
+                                                   matrix& df, const sparse_places* left)
 {
     if (listener_.stop_asked()) throw run_stopped();
-    const bool fast =
-        program_ && !context_.eval_error_flag() && program_->difference_columns(x, f, moved, divisors, df);
-    if (!fast) nonlinear_system::difference_columns(x, f, moved, divisors, df);
+    if (program_ && !context_.eval_error_flag()) {
+        const auto made = program_->difference_places(x, f, moved, divisors, df, left);
+        if (made) return *made;
+    }
+    nonlinear_system::difference_columns(x, f, moved, divisors, df);
+    return nullptr;
 }
 
 void nle_system::walk(std::span<const double> x, std::span<double> f)

@@ -36,7 +36,13 @@ public:
     /// run_stopped where the listener asks for it.
     void evaluate(std::span<const double> x, std::span<double> f) override;
     void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
-                            std::span<const double> divisors, matrix& df) override;
+                            std::span<const double> divisors, matrix& df) override
+    {
+        difference_places(x, f, moved, divisors, df, nullptr);
+    }
+    const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
+                                           std::span<const double> moved, std::span<const double> divisors, matrix& df,
+                                           const sparse_places* left) override;
 
     /// Evaluates the explicit equations of a problem without unknowns, in sorted order. A failure shows in
     /// the context.

@@ -103,6 +103,10 @@ struct line_search_result
 line_search_result lnsrch(nonlinear_system& system, std::span<const double> xold, double fold,
                           std::span<const double> g, std::span<double> p, std::span<double> x, std::span<double> fvec,
                           double stpmax);
+/// The same with memory for the trial points.
+line_search_result lnsrch(nonlinear_system& system, std::span<const double> xold, double fold,
+                          std::span<const double> g, std::span<double> p, std::span<double> x, std::span<double> fvec,
+                          double stpmax, std::span<double> point);
 
 /// The larger of two numbers, b on a tie.
 double FMAX(double a, double b);

@@ -5,6 +5,7 @@
 #include "numeric/nonlinear_system.h"
 
 #include <span>
+#include <vector>
 
 namespace kelvarin
 {
@@ -17,5 +18,21 @@ void evaluate_finite(nonlinear_system& system, std::span<const double> x, std::s
 /// element is not finite.
 void relative_differences(nonlinear_system& system, std::span<const double> x, std::span<const double> f,
                           double relative, matrix& df);
+
+/// A Jacobian that a method makes again in each iteration, and what can be kept from one to the next.
+struct kept_jacobian
+{
+    explicit kept_jacobian(int size);
+
+    matrix elements;
+    /// Outside of them the elements are zero; nothing where they may differ from zero anywhere.
+    const sparse_places* places = nullptr;
+    std::vector<double> moved;
+    std::vector<double> divisors;
+};
+
+/// As fdjac and usrfun into a matrix. Between two calls nobody else writes the elements.
+void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, kept_jacobian& kept);
+void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, kept_jacobian& kept);
 
 } // namespace kelvarin

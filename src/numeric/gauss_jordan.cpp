@@ -2,12 +2,14 @@
 #include "numeric/gauss_jordan.h"
 
 #include "numeric/arithmetic_check.h"
+#include "numeric/small_elimination.h"
 
 #include <algorithm>
 #include <bit>
 #include <cassert>
 #include <cmath>
 #include <cstdint>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -195,10 +197,18 @@ double largest_of(std::span<const double> values)
 class elimination_workspace::lean_elimination
 {
 public:
-    elimination_status solve(const matrix& a, std::span<double> b)
+    /// Throws runtime_failure 6 where a pivot or an element of the solution is not finite.
+    elimination_status solve(const matrix& a, std::span<double> b, const sparse_places* places)
     {
         start(a, b);
-        return run();
+        if (places != nullptr)
+            take_places(a, *places);
+        else
+            take_everything(a);
+        const elimination_status status = run();
+        require_finite(b);
+        left_zeros_ = status == elimination_status::done;
+        return status;
     }
 
 private:
@@ -208,7 +218,6 @@ private:
         b_ = b;
         active_ = a.columns();
         width_ = whole_lanes(a.columns());
-        elements_.resize(n * index(width_));
         largest_.assign(index(whole_lanes(a.rows())), -1.0);
         for (std::vector<int>* each : {&stored_, &row_of_, &original_, &position_})
             each->resize(n);
@@ -216,12 +225,40 @@ private:
         unused_.fill(0, n);
         columns_of_row_.start(n, n);
         rows_of_column_.start(n, n);
+        for (std::vector<int>* each : {&stored_, &row_of_, &original_, &position_})
+            std::iota(each->begin(), each->end(), 0);
         full_ = false;
+    }
+
+    /// The elements outside of the places are zero. A finished elimination leaves nothing but zeros, among
+    /// which the next one puts its elements.
+    void take_places(const matrix& a, const sparse_places& places)
+    {
+        const std::size_t size = b_.size() * index(width_);
+        if (!std::exchange(left_zeros_, false) || elements_.size() != size) elements_.assign(size, 0.0);
+        for (int row = 0; row < a.rows(); ++row) {
+            const std::span<const double> given = a.row(row);
+            double* const taken = elements(row);
+            double largest = 0.0;
+            for (const std::uint32_t column : places.columns_of(row)) {
+                const double value = taken[column] = given[column];
+                if (value == 0.0) continue;
+                largest = std::fabs(value) > largest ? std::fabs(value) : largest;
+                columns_of_row_.insert(row, static_cast<int>(column));
+                rows_of_column_.insert(static_cast<int>(column), row);
+            }
+            largest_[index(row)] = largest;
+        }
+    }
+
+    void take_everything(const matrix& a)
+    {
+        left_zeros_ = false;
+        elements_.resize(b_.size() * index(width_));
         int filled = 0;
         for (int row = 0; row < a.rows(); ++row) {
             std::copy_n(a.row(row).data(), a.columns(), elements(row));
             std::fill(elements(row) + a.columns(), elements(row) + width_, 0.0);
-            stored_[index(row)] = row_of_[index(row)] = original_[index(row)] = position_[index(row)] = row;
             filled += measure(row);
         }
         constexpr int sparse_part = 2;
@@ -404,13 +441,18 @@ private:
     number_sets columns_of_row_;
     number_sets rows_of_column_;
     bool full_ = false;
+    /// All elements are zero, as the last elimination left them.
+    bool left_zeros_ = false;
     /// Those of the present step.
     std::vector<reduced_row> reduced_;
     /// How many columns are not yet used.
     int active_ = 0;
 };
 
-elimination_workspace::elimination_workspace() : kept_(std::make_unique<lean_elimination>()) {}
+elimination_workspace::elimination_workspace()
+    : kept_(std::make_unique<lean_elimination>()), small_(std::make_unique<small_elimination>())
+{
+}
 elimination_workspace::~elimination_workspace() = default;
 
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
@@ -444,10 +486,12 @@ elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b)
     return gauss_jordan_solve(a, b, memory);
 }
 
-elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory)
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
+                                      const sparse_places* places)
 {
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
-    const elimination_status status = memory.kept_->solve(a, b);
+    const elimination_status status =
+        a.rows() <= small_elimination::most_unknowns ? memory.small_->solve(a, b) : memory.kept_->solve(a, b, places);
     drop_signs_of_zeros(b);
     require_finite(b);
     return status;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "numeric/matrix.h"
+#include "numeric/sparse_places.h"
 
 #include <memory>
 #include <span>
@@ -22,6 +23,8 @@ enum class elimination_status
 /// solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b);
 
+class small_elimination;
+
 /// The memory of gauss_jordan_solve, for callers that keep it from one solution to the next.
 class elimination_workspace
 {
@@ -30,10 +33,12 @@ public:
     ~elimination_workspace();
 
 private:
-    friend elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory);
+    friend elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
+                                                 const sparse_places* places);
 
     class lean_elimination;
     std::unique_ptr<lean_elimination> kept_;
+    std::unique_ptr<small_elimination> small_;
 };
 
 /// The solution alone, with the pivots and the bits of gauss_jordan_inverse at a fraction of its cost: no
@@ -41,7 +46,8 @@ private:
 /// When `singular`, `b` is left as gauss_jordan_inverse leaves it. Throws runtime_failure 6 when a pivot or
 /// an element of the solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b);
-/// The same with memory that was used before.
-elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory);
+/// The same with memory that was used before; outside of `places`, where they are given, `a` is zero.
+elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
+                                      const sparse_places* places = nullptr);
 
 } // namespace kelvarin

@@ -95,11 +95,18 @@ line_search_result lnsrch(nonlinear_system& system, std::span<const double> xold
                           std::span<const double> g, std::span<double> p, std::span<double> x, std::span<double> fvec,
                           double stpmax)
 {
+    std::vector<double> point = work_array(system.size());
+    return lnsrch(system, xold, fold, g, p, x, fvec, stpmax, point);
+}
+
+line_search_result lnsrch(nonlinear_system& system, std::span<const double> xold, double fold,
+                          std::span<const double> g, std::span<double> p, std::span<double> x, std::span<double> fvec,
+                          double stpmax, std::span<double> point)
+{
     scale_down(p, stpmax);
     const double slope = dot(g, p);
     const double alamin = shortest_step(p, xold);
     // Trials are made beside x, so that a failure within one leaves x alone.
-    std::vector<double> point = work_array(system.size());
     std::optional<trial> before;
     for (double alam = 1.0;;) {
         step_along(xold, p, alam, point);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "numeric/matrix.h"
+#include "numeric/sparse_places.h"
 
 #include <functional>
 #include <span>
@@ -25,6 +26,14 @@ public:
     /// depends on which unknown may save evaluations as long as the bits stay.
     virtual void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
                                     std::span<const double> divisors, matrix& df);
+
+    /// The same for a matrix that is kept from one call to the next. Gives the places outside of which df is
+    /// zero, or nothing where it may differ from zero anywhere; they stay valid as long as the system.
+    /// `left`, where it is given, is what the last call with this df gave, and df is still as it left it:
+    /// then the zeros need not be written again.
+    virtual const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
+                                                   std::span<const double> moved, std::span<const double> divisors,
+                                                   matrix& df, const sparse_places* left);
 };
 
 /// A system given by a callable (x, f); for tests and for systems that are no typed equations.

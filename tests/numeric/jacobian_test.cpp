@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "failures.h"
 #include "numeric/NR_vbNLE.h"
+#include "numeric/forward_difference.h"
 #include "recording_system.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +20,35 @@ void same(std::span<const double> x, std::span<double> f)
 {
     std::ranges::copy(x, f.begin());
 }
+
+/// Two equations of one unknown each, which tell so; the zeros are written where they were not left.
+class separate_squares final : public nonlinear_system
+{
+public:
+    int size() const override { return 2; }
+    void evaluate(std::span<const double> x, std::span<double> f) override
+    {
+        f[0] = x[0] * x[0];
+        f[1] = x[1] < 0.0 ? std::numeric_limits<double>::infinity() : x[1];
+    }
+    const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
+                                           std::span<const double> moved, std::span<const double> divisors, matrix& df,
+                                           const sparse_places* left) override
+    {
+        kept.push_back(left == &diagonal_);
+        matrix made(2, 2);
+        difference_columns(x, f, moved, divisors, made);
+        for (int i = 0; i < 2; ++i)
+            df(i, i) = made(i, i);
+        if (left == nullptr) df(0, 1) = df(1, 0) = 0.0;
+        return &diagonal_;
+    }
+
+    std::vector<bool> kept;
+
+private:
+    sparse_places diagonal_ = {{0, 1}, {1, 2}};
+};
 
 void products(std::span<const double> x, std::span<double> f)
 {
@@ -84,6 +114,27 @@ TEST(Usrfun, StepIsLostBesideALargeUnknown)
     std::vector<double> f(1);
     usrfun(system, std::vector{1e20}, f, fjac);
     EXPECT_EQ(fjac(0, 0), 0.0);
+}
+
+TEST(Jacobians, AKeptOneIsThatOfAFreshMatrix)
+{
+    separate_squares system;
+    kept_jacobian kept(2);
+    std::vector<double> f(2);
+    for (const double x0 : {2.0, -3.0, 0.0}) {
+        const std::vector<double> x = {x0, 4.0};
+        matrix fresh(2, 2);
+        usrfun(system, x, f, fresh);
+        usrfun(system, x, f, kept);
+        EXPECT_TRUE(std::ranges::equal(kept.elements.values(), fresh.values()));
+        fdjac(system, x, f, fresh);
+        fdjac(system, x, f, kept);
+        EXPECT_TRUE(std::ranges::equal(kept.elements.values(), fresh.values()));
+    }
+    EXPECT_EQ(system.kept, (std::vector<bool>{false, true, true, true, true, true}));
+    // A failure at a place that may differ from zero is found as one elsewhere is.
+    const std::vector<double> beside_failure = {1.0, -1.0};
+    EXPECT_EQ(failure_of([&] { fdjac(system, beside_failure, f, kept); }), "6");
 }
 
 TEST(Jacobians, OverflowIsAFailure)
