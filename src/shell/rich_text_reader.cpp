@@ -60,8 +60,7 @@ constexpr std::array<text_word, 13> text_words = {{{"tab", U'\t'},
                                                    {"ldblquote", U'\u201C'},
                                                    {"rdblquote", U'\u201D'}}};
 
-constexpr std::array<std::string_view, 7> line_ending_words = {"par",  "line",   "row", "nestrow",
-                                                               "page", "column", "sect"};
+constexpr std::array<std::string_view, 6> line_ending_words = {"line", "row", "nestrow", "page", "column", "sect"};
 
 constexpr std::array<std::string_view, 8> underlining_words = {"ul",      "uld",  "uldb", "uldash",
                                                                "uldashd", "ulth", "ulw",  "ulwave"};
@@ -102,9 +101,11 @@ private:
     void end_line();
 
     rich_text_scanner scanner_;
-    /// The document's tables; a document without any has those of reports.
-    std::optional<font_table> fonts_;
-    std::optional<colour_table> colours_;
+    /// The document's tables; a document without any has those of reports, as most have.
+    const font_table* fonts_ = &report_fonts();
+    const colour_table* colours_ = &report_colours();
+    font_table own_fonts_;
+    colour_table own_colours_;
     /// What \plain gives back.
     group_state plain_;
     group_state state_;
@@ -230,6 +231,7 @@ void rich_text_reader::read_word()
 
 void rich_text_reader::apply(const control_word& word)
 {
+    if (word.name == "par") return end_line();
     if (apply_style(word)) return;
     if (word.name == "u") {
         if (word.parameter) read_unicode(*word.parameter);
@@ -276,7 +278,7 @@ bool rich_text_reader::apply_style(const control_word& word)
         make_plain();
     else if (word.name == "v" || word.name == "deleted")
         state_.hidden = on;
-    else if (std::ranges::find(underlining_words, word.name) != underlining_words.end())
+    else if (word.name.front() == 'u' && std::ranges::find(underlining_words, word.name) != underlining_words.end())
         state_.underline = on;
     else
         return false;
@@ -286,8 +288,13 @@ bool rich_text_reader::apply_style(const control_word& word)
 void rich_text_reader::read_destination(std::string_view name)
 {
     const std::string_view group = scanner_.take_group();
-    if (name == "fonttbl") fonts_ = read_font_table(group);
-    if (name == "colortbl") colours_ = read_colour_table(group);
+    if (name == "fonttbl" && group != report_font_group) {
+        own_fonts_ = read_font_table(group);
+        fonts_ = &own_fonts_;
+    } else if (name == "colortbl" && group != report_colour_group) {
+        own_colours_ = read_colour_table(group);
+        colours_ = &own_colours_;
+    }
 }
 
 void rich_text_reader::make_plain()
@@ -356,14 +363,12 @@ styled_run rich_text_reader::new_run() const
     run.italic = state_.italic;
     run.underline = state_.underline;
     run.size = state_.size;
-    const font_table& fonts = fonts_ ? *fonts_ : report_fonts();
-    if (const auto font = fonts.find(state_.font); font != fonts.end()) {
+    if (const auto font = fonts_->find(state_.font); font != fonts_->end()) {
         run.font = font->second.name;
         run.family = font->second.family;
     }
-    const colour_table& colours = colours_ ? *colours_ : report_colours();
-    if (const auto colour = static_cast<std::size_t>(state_.colour); colour < colours.size())
-        run.colour = colours[colour];
+    if (const auto colour = static_cast<std::size_t>(state_.colour); colour < colours_->size())
+        run.colour = (*colours_)[colour];
     return run;
 }
 

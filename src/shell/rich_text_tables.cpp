@@ -132,18 +132,13 @@ void font_table_reader::end_entry()
 
 const font_table& report_fonts()
 {
-    static const font_table fonts = {
-        {0, {"MS Sans Serif", font_class::sans}},    {1, {"MT Symbol", font_class::serif}},
-        {2, {"MS Sans Serif", font_class::sans}},    {3, {"Arial", font_class::sans}},
-        {4, {"Times New Roman", font_class::serif}}, {5, {"Times New Roman", font_class::serif}},
-        {6, {"Courier New", font_class::monospace}}};
+    static const font_table fonts = read_font_table(report_font_group);
     return fonts;
 }
 
 const colour_table& report_colours()
 {
-    static const colour_table colours = {{0, 0, 0},     {0, 0, 160},   {150, 0, 0},   {0, 128, 0},
-                                         {128, 128, 0}, {0, 128, 128}, {128, 0, 128}, {254, 0, 0}};
+    static const colour_table colours = read_colour_table(report_colour_group);
     return colours;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/text_file.h"
 #include "platform/utf8.h"
+#include "shell/rich_text_tables.h"
 
 #include <algorithm>
 #include <array>
@@ -17,12 +18,13 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::string_view document_head =
-    R"({\rtf1\ansi\deff0\deftab720{\fonttbl{\f0\fnil MS Sans Serif;}{\f1\froman\fcharset2{\*\fname Symbol;}MT Symbol;})"
-    R"({\f2\fswiss\fcharset177 MS Sans Serif;}{\f3\fswiss\fprq2 Arial;}{\f4\froman Times New Roman;})"
-    R"({\f5\fswiss\fprq2 Times New Roman;}{\f6\fmodern\fprq1 Courier New;}})"
-    R"({\colortbl\red0\green0\blue0;\red0\green0\blue160;\red150\green0\blue0;\red0\green128\blue0;)"
-    R"(\red128\green128\blue0;\red0\green128\blue128;\red128\green0\blue128;\red254\green0\blue0;}\plain\f3\fs18)";
+const std::string& document_head()
+{
+    static const std::string head = R"({\rtf1\ansi\deff0\deftab)" + std::to_string(tab_distance) + R"({\fonttbl)" +
+                                    std::string(report_font_group) + R"(}{\colortbl)" +
+                                    std::string(report_colour_group) + R"(}\plain\f3\fs18)";
+    return head;
+}
 constexpr std::string_view document_tail = R"(\par })";
 
 constexpr bool stands_for_itself(char letter)
@@ -97,8 +99,9 @@ std::string escape_rich_text(std::string_view text)
 std::string rich_text_document(std::string_view body)
 {
     std::string document;
-    document.reserve(document_head.size() + body.size() + document_tail.size());
-    document += document_head;
+    const std::string& head = document_head();
+    document.reserve(head.size() + body.size() + document_tail.size());
+    document += head;
     document += body;
     document += document_tail;
     return document;
