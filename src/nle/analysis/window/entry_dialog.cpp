@@ -5,7 +5,7 @@
 #include "desktop/qt_text.h"
 #include "platform/run_time_text.h"
 
-#include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -59,27 +59,34 @@ void entry_dialog::build_ui()
     form_->addRow(static_cast<QWidget*>(nullptr), lblCheck_);
     form_->addRow(tr("Co&mment"), txtComment_);
     layout->addLayout(form_, 1);
-    build_buttons(layout);
+    layout->addLayout(build_buttons());
     watch(txtVar_);
 }
 
-void entry_dialog::build_buttons(QLayout* layout)
+QLayout* entry_dialog::build_buttons()
 {
-    auto* buttons = new QDialogButtonBox(this);
-    const auto add = [this, buttons](const char* name, const QString& caption, QDialogButtonBox::ButtonRole role,
-                                     auto handler) {
+    const auto make = [this](const char* name, const QString& caption, auto handler) {
         auto* button = new QPushButton(caption, this);
         button->setObjectName(QString::fromLatin1(name));
-        buttons->addButton(button, role);
         connect(button, &QPushButton::clicked, this, handler);
         return button;
     };
-    add("cmdShowallvars", tr("Show list of &variables"), QDialogButtonBox::HelpRole, &entry_dialog::listing_asked);
-    add("cmdClear", tr("C&lear"), QDialogButtonBox::ActionRole, &entry_dialog::clear_clicked);
-    cmdDone_ = add("cmdDone", tr("&Done"), QDialogButtonBox::AcceptRole, &entry_dialog::done_clicked);
-    add("cmdCancel", tr("Cancel"), QDialogButtonBox::RejectRole, &entry_dialog::cancel_clicked);
-    cmdDone_->setDefault(true);
-    layout->addWidget(buttons);
+    auto* listing = make("cmdShowallvars", tr("Show list of &variables"), &entry_dialog::listing_asked);
+    auto* clear = make("cmdClear", tr("C&lear"), &entry_dialog::clear_clicked);
+    auto* done_button = make("cmdDone", tr("&Done"), &entry_dialog::done_clicked);
+    auto* cancel = make("cmdCancel", tr("Cancel"), &entry_dialog::cancel_clicked);
+    done_button->setDefault(true);
+    const int width_of_pair = std::max(done_button->sizeHint().width(), cancel->sizeHint().width());
+    done_button->setMinimumWidth(width_of_pair);
+    cancel->setMinimumWidth(width_of_pair);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(line_unit(*this) / 2);
+    row->addWidget(listing);
+    row->addStretch();
+    for (QPushButton* button : {clear, done_button, cancel})
+        row->addWidget(button);
+    return row;
 }
 
 void entry_dialog::watch(QLineEdit* field)

@@ -72,7 +72,7 @@ protected:
 
 private:
     void build_ui();
-    void build_buttons(QLayout* layout);
+    QLayout* build_buttons();
     void watch(QLineEdit* field);
     void chain_tab_order();
     void show_check();
@@ -86,7 +86,6 @@ private:
     expression_edit* txtEquation_ = nullptr;
     QLineEdit* txtComment_ = nullptr;
     QLabel* lblCheck_ = nullptr;
-    QPushButton* cmdDone_ = nullptr;
     QTimer pause_;
     QString dialog_result_ = QStringLiteral("cancel");
     bool was_shown_ = false;

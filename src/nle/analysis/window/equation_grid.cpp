@@ -78,6 +78,9 @@ void equation_grid::show_rows(std::span<const equation_row> rows, const equation
     if (model_->show_rows(rows, marks, empty_rows)) model_->set_mark(std::nullopt);
     set_current_row(std::clamp(row_before, std::min(1, model_->rowCount()), model_->rowCount()));
     showing_rows_ = false;
+    // Rows that go take their selection with them.
+    if (!selectionModel()->hasSelection() && currentIndex().isValid())
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (current_row() != row_before) emit current_row_changed();
     if ((model_->filled_rows() > 0) != had_rows) viewport()->update();
 }

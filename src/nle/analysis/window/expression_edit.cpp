@@ -74,11 +74,12 @@ void expression_edit::build_completer()
     completer_->setWidget(this);
     completer_->setCaseSensitivity(Qt::CaseInsensitive);
     completer_->setModelSorting(QCompleter::CaseInsensitivelySortedModel);
-    completer_->popup()->setObjectName(QStringLiteral("lstCompletions"));
-    completer_->popup()->setAccessibleName(tr("Functions and variables"));
-    completer_->popup()->setFont(font());
+    list_ = completer_->popup();
+    list_->setObjectName(QStringLiteral("lstCompletions"));
+    list_->setAccessibleName(tr("Functions and variables"));
+    list_->setFont(font());
     // Installed behind the completer's own filter, and so asked before it.
-    completer_->popup()->installEventFilter(this);
+    list_->installEventFilter(this);
     set_names({});
     connect(completer_, qOverload<const QString&>(&QCompleter::activated), this, &expression_edit::complete);
     // The completer hides from this field that it lost the focus while the list is open.
@@ -154,12 +155,12 @@ void expression_edit::text_changed()
 
 bool expression_edit::is_completing() const
 {
-    return completer_->popup()->isVisible();
+    return list_->isVisible();
 }
 
 void expression_edit::stop_completing()
 {
-    completer_->popup()->hide();
+    list_->hide();
 }
 
 QString expression_edit::name_before_caret() const
@@ -183,12 +184,11 @@ void expression_edit::offer_completions(int letters_at_least)
         stop_completing();
         return;
     }
-    QAbstractItemView* list = completer_->popup();
     QRect place = cursorRect();
-    place.setWidth(list->sizeHintForColumn(0) + list->verticalScrollBar()->sizeHint().width() + line_unit(*this));
+    place.setWidth(list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width() + line_unit(*this));
     completer_->complete(place);
     // Nothing is chosen before a person does: a finished name is never replaced by a longer one.
-    list->setCurrentIndex({});
+    list_->setCurrentIndex({});
 }
 
 void expression_edit::complete(const QString& name)
@@ -204,13 +204,16 @@ void expression_edit::complete(const QString& name)
 
 bool expression_edit::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool key = watched == completer_->popup() && event->type() == QEvent::KeyPress;
-    const bool chosen = completer_->popup()->currentIndex().isValid();
-    if (!key || chosen || !leaves_the_list(*static_cast<QKeyEvent*>(event)))
-        return QPlainTextEdit::eventFilter(watched, event);
-    // With nothing chosen in the list the key means what it means without it.
+    // The base asks too, from its constructor on: then there is no list yet.
+    const bool key = list_ && watched == list_ && event->type() == QEvent::KeyPress;
+    if (!key || !leaves_the_list(*static_cast<QKeyEvent*>(event))) return QPlainTextEdit::eventFilter(watched, event);
+    const QString chosen = list_->currentIndex().data(completer_->completionRole()).toString();
     stop_completing();
-    QApplication::sendEvent(this, event);
+    // With nothing chosen in the list the key means what it means without it.
+    if (!chosen.isEmpty() && static_cast<QKeyEvent*>(event)->modifiers() == Qt::NoModifier)
+        complete(chosen);
+    else
+        QApplication::sendEvent(this, event);
     return true;
 }
 

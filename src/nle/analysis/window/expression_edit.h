@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+class QAbstractItemView;
 class QCompleter;
 class QStringListModel;
 
@@ -63,6 +64,7 @@ private:
 
     expression_highlighter* highlighter_;
     QCompleter* completer_ = nullptr;
+    QAbstractItemView* list_ = nullptr;
     QStringListModel* offered_ = nullptr;
     QTimer pause_;
     QString text_before_;

@@ -5,6 +5,7 @@
 #include "nle/analysis/window/text_spans.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 
 namespace kelvarin
 {
@@ -74,6 +75,14 @@ void link_label::show_what_fits()
     }
     if (markup != QLabel::text()) setText(markup);
     setToolTip(whole ? QString() : plain_tip(text_.trimmed()));
+}
+
+void link_label::focusInEvent(QFocusEvent* event)
+{
+    QLabel::focusInEvent(event);
+    // Tab goes to a link at once, not to the label first.
+    if (event->reason() == Qt::TabFocusReason) focusNextPrevChild(true);
+    if (event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(false);
 }
 
 void link_label::resizeEvent(QResizeEvent* event)

@@ -27,6 +27,7 @@ signals:
     void name_clicked(const QString& name);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
