@@ -4,14 +4,13 @@
 #include "platform/letter_case.h"
 #include "platform/posix_file.h"
 #include "platform/saver.h"
+#include "platform/user_folders.h"
 #include "platform/utf8.h"
 
 #include <cstddef>
-#include <cstdlib>
 #include <system_error>
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -147,13 +146,6 @@ posix_file locked_folder(const fs::path& folder)
     return lock;
 }
 
-fs::path home_folder()
-{
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
-    if (const passwd* user = ::getpwuid(::geteuid()); user != nullptr && user->pw_dir != nullptr) return user->pw_dir;
-    return "/";
-}
-
 } // namespace
 
 std::optional<std::string> memory_registry::read(std::string_view key, std::string_view value_name) const
@@ -229,11 +221,7 @@ std::optional<file_failure> file_registry::flush()
 
 fs::path default_registry_file()
 {
-    // A relative path in the variable is invalid: XDG Base Directory Specification 0.8, "Basics".
-    const char* configured = std::getenv("XDG_CONFIG_HOME");
-    const fs::path folder =
-        configured != nullptr && *configured == '/' ? fs::path(configured) : home_folder() / ".config";
-    return folder / "kelvarin" / "registry.txt";
+    return user_config_folder() / "registry.txt";
 }
 
 } // namespace kelvarin

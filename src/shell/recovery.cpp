@@ -14,17 +14,16 @@
 
 #include "platform/saver.h"
 #include "platform/text_file.h"
+#include "platform/user_folders.h"
 #include "shell/recovery_file.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -40,13 +39,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view lock_ending = ".lock";
 constexpr std::string_view slot_ending = ".json";
 constexpr const char* unreadable_ending = ".unreadable";
-
-fs::path home_folder()
-{
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
-    if (const passwd* user = ::getpwuid(::geteuid()); user != nullptr && user->pw_dir != nullptr) return user->pw_dir;
-    return "/";
-}
 
 fs::path lock_file_of(const fs::path& folder, const std::string& session)
 {
@@ -142,11 +134,7 @@ void remove_stale_locks(const fs::path& folder)
 
 fs::path default_recovery_folder()
 {
-    // A relative path in the variable is invalid: XDG Base Directory Specification 0.8, "Basics".
-    const char* configured = std::getenv("XDG_STATE_HOME");
-    const fs::path folder =
-        configured != nullptr && *configured == '/' ? fs::path(configured) : home_folder() / ".local" / "state";
-    return folder / "kelvarin" / "recovery";
+    return user_state_folder() / "recovery";
 }
 
 recovery_store::recovery_store(fs::path folder) : folder_(std::move(folder))
