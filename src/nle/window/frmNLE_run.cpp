@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// A run of the problem, from its start to its report.
+
+#include "desktop/qt_text.h"
+#include "nle/analysis/window/equation_grid.h"
+#include "nle/analysis/window/problem_status.h"
+#include "nle/window/frmNLE.h"
+#include "shell/window/frmSolution.h"
+
+#include <QPointer>
+
+#include <atomic>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
+std::atomic<int> solution_counter = 0;
+
+constexpr int message_time_ms = 8000;
+
+/// Whether the problem gets as far as a run; what is refused before that is not counted.
+bool is_startable(const nle_content& content, const equation_set& set)
+{
+    if (content.method == nle_method::constrained && set.implicit_count < 2) return false;
+    return set.implicit_count + set.explicit_count <= equation_limit;
+}
+
+/// What a run works on: copies, so that nothing can change under it.
+struct run_input
+{
+    nle_run_problem problem;
+    settings store;
+    int number = 0;
+};
+
+} // namespace
+
+void frmNLE::solve()
+{
+    if (is_running()) return;
+    stbNLE_->clearMessage();
+    const bool counts = is_startable(problem_.content(), analysis_.set);
+    const auto input = std::make_shared<const run_input>(
+        run_input{{problem_.content(), problem_.path()}, context().store, counts ? ++solution_counter : 0});
+    start_run([input, &clock = context().clock](
+                  run_listener& listener) { return run_nle(input->problem, input->store, clock, listener); },
+              [this, input](const nle_outcome& outcome) {
+                  show_outcome(input->problem, outcome, input->store, input->number);
+              });
+}
+
+void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number)
+{
+    if (outcome.stopped) {
+        stbNLE_->showMessage(tr("Solution stopped."), message_time_ms);
+        return;
+    }
+    show_boxes(outcome);
+    if (!outcome.has_report) return;
+    auto* solution = new frmSolution(context());
+    solution->update_prog_sol(true, {}, problem.content.title);
+    solution->show_report(nle_report(problem, outcome, store, context().clock.today()),
+                          QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
+    context().frame.show_child(solution, true);
+}
+
+void frmNLE::show_boxes(const nle_outcome& outcome)
+{
+    const QPointer<frmNLE> self(this);
+    for (const message_box& box : outcome.boxes) {
+        if (box.place) grdRoots_->mark_place(*box.place);
+        context().user.show(this, box);
+        // A box lets the program go on behind it.
+        if (!self) return;
+        if (box.fatal) context().frame.end_program();
+    }
+}
+
+} // namespace kelvarin

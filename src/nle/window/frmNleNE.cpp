@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "nle/window/frmNleNE.h"
+
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+#include "expr/basParse.h"
+#include "platform/run_time_text.h"
+#include "platform/text_file.h"
+
+#include <QHBoxLayout>
+#include <QRadioButton>
+
+namespace kelvarin
+{
+
+frmNleNE::frmNleNE(desktop_context& context, QWidget* parent, nle_problem& problem, int row)
+    : entry_dialog(context, parent, "frmNleNE",
+                   row == 0 ? tr("New nonlinear equation") : tr("Edit nonlinear equation")),
+      problem_(problem), row_(row)
+{
+    build_ui();
+    connect(txtVar(), &QLineEdit::textChanged, this, &frmNleNE::txtVar_Change);
+    txtVar_Change();
+    if (row > 0) fill_from(problem.content().rows.at(static_cast<std::size_t>(row - 1)));
+}
+
+QLabel* frmNleNE::add_row(const char* label_name, QWidget* field)
+{
+    // Its text comes with the variable's name; without one there would be no label at all.
+    insert_row(QStringLiteral(" "), field);
+    auto* label = static_cast<QLabel*>(form()->labelForField(field));
+    label->setObjectName(QString::fromLatin1(label_name));
+    return label;
+}
+
+void frmNleNE::build_ui()
+{
+    txtGuess_ = new QLineEdit;
+    txtGuess_->setObjectName(QStringLiteral("txtGuess"));
+    txtGuess_->setFont(fixed_font(*this));
+    txtGuess_->setAccessibleName(tr("Initial guess"));
+    txtGuess_->setPlaceholderText(tr("initial guess"));
+    lblGuess_ = add_row("lblGuess", txtGuess_);
+
+    constraints_ = new QWidget;
+    auto* options = new QHBoxLayout(constraints_);
+    options->setContentsMargins(0, 0, 0, 0);
+    optConstrained_ = new QButtonGroup(this);
+    const QStringList captions = {tr("Any real value"), tr("Physically positive"), tr("Absolutely positive")};
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* option = new QRadioButton(captions[i]);
+        option->setObjectName(QStringLiteral("optConstrained_%1").arg(i));
+        optConstrained_->addButton(option, i);
+        options->addWidget(option);
+    }
+    options->addStretch(1);
+    optConstrained_->button(0)->setChecked(true);
+    lblConstrained_ = add_row("lblConstrained", constraints_);
+    form()->setRowVisible(constraints_, problem_.content().method == nle_method::constrained);
+
+    auto* hint = new QLabel(tr("f(x) is zero at the solution."));
+    hint->setObjectName(QStringLiteral("lblHint"));
+    form()->addRow(QString(), hint);
+}
+
+void frmNleNE::fill_from(const equation_row& row)
+{
+    const equation_parts parts = parts_of(row.equation);
+    txtVar()->setText(to_qstring(parts.name));
+    txtEquation()->set_expression(parts.right_side);
+    txtGuess_->setText(to_qstring(guess_without_suffix(row.guess)));
+    txtComment()->setText(to_qstring(row.comment));
+    optConstrained_->button(static_cast<int>(constraint_of(row.guess)))->setChecked(true);
+}
+
+void frmNleNE::txtVar_Change()
+{
+    const QString name = txtVar()->text().trimmed();
+    lblGuess_->setText(name + QStringLiteral("(0)"));
+    lblConstrained_->setText(name + QStringLiteral(" solution should be:"));
+}
+
+void frmNleNE::clear_fields()
+{
+    txtGuess_->clear();
+    optConstrained_->button(0)->setChecked(true);
+}
+
+QWidget* frmNleNE::field_about(const message_box& refused) const
+{
+    QWidget* field = entry_dialog::field_about(refused);
+    // The guess is looked at before the name is.
+    return field == txtVar() && !is_numeric(to_text(txtGuess_->text())) ? txtGuess_ : field;
+}
+
+std::optional<message_box> frmNleNE::take_over()
+{
+    return problem_.put_implicit(to_text(txtVar()->text()), txtEquation()->expression(), to_text(txtGuess_->text()),
+                                 optConstrained_->checkedId(), to_text(txtComment()->text()), row_);
+}
+
+std::optional<message_box> frmNleNE::check_now() const
+{
+    const std::string expression = txtEquation()->expression();
+    if (trimmed(expression).empty()) return std::nullopt;
+    const bool begun = txtVar()->text().trimmed().isEmpty() || txtGuess_->text().trimmed().isEmpty();
+    // What is not filled in yet is no fault while one types.
+    if (begun && check_expression(expression).ok) return std::nullopt;
+    return problem_.check_implicit(to_text(txtVar()->text()), expression, to_text(txtGuess_->text()), row_);
+}
+
+} // namespace kelvarin
