@@ -57,7 +57,7 @@ frmCal::frmCal(desktop_context& context, QWidget* parent) : QWidget(parent, Qt::
     check_delay_.setInterval(check_delay);
     build_ui();
     set_text_font(transcript_font(*this));
-    tint_quiet_line();
+    tint_controls();
     connect_controls();
     set_tab_order();
     enable_controls();
@@ -287,14 +287,13 @@ void frmCal::chkWordWrap_Click()
 void frmCal::chkMore_Click()
 {
     // The window grows and shrinks below the pages, so that nothing above them moves.
-    const int before = tabMore_->isVisible() ? tabMore_->height() : tabMore_->sizeHint().height();
-    const int step = before + layout()->spacing();
+    const int rest = height() - layout()->totalMinimumSize().height();
     tabMore_->setVisible(chkMore_->isChecked());
-    if (isMaximized() || isFullScreen()) return;
-    const int highest = screen()->availableGeometry().height();
-    const int wanted = height() + (chkMore_->isChecked() ? step : -step);
+    // So that the least height of the window is the new one.
     layout()->activate();
-    resize(width(), std::min(wanted, highest));
+    if (isMaximized() || isFullScreen()) return;
+    const int wanted = rest + layout()->totalMinimumSize().height();
+    resize(width(), std::min(wanted, screen()->availableGeometry().height()));
 }
 
 void frmCal::chkOnTop_Click()
@@ -304,6 +303,7 @@ void frmCal::chkOnTop_Click()
     // The change of the flag has hidden the window.
     setGeometry(place);
     show();
+    raise();
     activateWindow();
 }
 
@@ -319,18 +319,25 @@ void frmCal::enable_controls()
     cmdCopyAnswer_->setEnabled(answer_.has_value());
 }
 
-void frmCal::tint_quiet_line()
+void frmCal::tint_controls()
 {
-    QPalette quiet = palette();
-    quiet.setColor(QPalette::WindowText, mixed(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window), 0.35));
+    const QPalette plain = palette();
+    QPalette quiet = plain;
+    quiet.setColor(QPalette::WindowText, mixed(plain.color(QPalette::WindowText), plain.color(QPalette::Window), 0.35));
     lblCheck_->setPalette(quiet);
     lblCheck_->setFixedHeight(QFontMetrics(lblCheck_->font()).lineSpacing() * 2);
+
+    QPalette solving = plain;
+    solving.setColor(QPalette::Button, mixed(accent(plain), plain.color(QPalette::Window), is_dark(plain) ? 0.4 : 0.0));
+    solving.setColor(QPalette::ButtonText, plain.color(QPalette::Base));
+    cmdCalculate_->setPalette(solving);
 }
 
 void frmCal::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if ((event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) && lblCheck_) tint_quiet_line();
+    if ((event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) && cmdCalculate_)
+        tint_controls();
 }
 
 void frmCal::keyPressEvent(QKeyEvent* event)

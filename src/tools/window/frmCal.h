@@ -47,6 +47,7 @@ private:
     QLayout* build_entry();
     QLayout* build_answer();
     QLayout* build_buttons();
+    QWidget* build_functions_page();
     QWidget* build_history_page();
     QWidget* build_options_page();
     QWidget* build_help_page();
@@ -74,7 +75,7 @@ private:
     void show_variables();
     void enable_controls();
     void set_text_font(const QFont& font);
-    void tint_quiet_line();
+    void tint_controls();
     void copy_text(const QString& text);
     /// The name of the variable that is selected in the list; empty where none is.
     std::string selected_variable() const;

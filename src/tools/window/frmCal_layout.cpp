@@ -23,6 +23,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace kelvarin
 {
 
@@ -43,12 +45,6 @@ template <class Layout> Layout* inner(Layout* layout)
     return layout;
 }
 
-/// Names separated by blanks as the lines of a list.
-QStringList words_of(std::string_view text)
-{
-    return to_qstring(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 } // namespace
 
 void frmCal::build_ui()
@@ -58,15 +54,7 @@ void frmCal::build_ui()
     setWindowIcon(icon("calculator"));
 
     tabMore_ = named(new QTabWidget(this), "tabMore");
-    lstFuncs_ = named(new QListWidget(tabMore_), "lstFuncs");
-    lstFuncs_->setAccessibleName(tr("Functions"));
-    lstFuncs_->setToolTip(tr("A double click or Enter puts the function into the expression"));
-    lstFuncs_->addItems(words_of(function_list()));
-    lstFuncs_->setFlow(QListView::LeftToRight);
-    lstFuncs_->setWrapping(true);
-    lstFuncs_->setResizeMode(QListView::Adjust);
-    lstFuncs_->setUniformItemSizes(true);
-    tabMore_->addTab(lstFuncs_, tr("F&unctions"));
+    tabMore_->addTab(build_functions_page(), tr("F&unctions"));
     tabMore_->addTab(build_history_page(), tr("&History"));
     tabMore_->addTab(build_options_page(), tr("&Options"));
     tabMore_->addTab(build_help_page(), tr("Hel&p"));
@@ -79,8 +67,9 @@ void frmCal::build_ui()
     transcript->addWidget(build_variables());
     transcript->setStretchFactor(0, 1);
     transcript->setCollapsible(0, false);
-
     const int unit = line_unit(*this);
+    transcript->setSizes({unit * 18, unit * 11});
+
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(unit / 2, unit / 2, unit / 2, unit / 2);
     page->setSpacing(unit / 2);
@@ -90,9 +79,7 @@ void frmCal::build_ui()
     page->addLayout(build_buttons());
     page->addWidget(tabMore_);
 
-    // The list of functions is as low as the other pages let it be; it has a scroll bar.
-    lstFuncs_->setMinimumHeight(unit * 5);
-    resize(unit * 24, unit * 30);
+    resize(unit * 30, unit * 34);
 }
 
 QWidget* frmCal::build_transcript()
@@ -111,6 +98,7 @@ QWidget* frmCal::build_variables()
     auto* panel = new QWidget(this);
     lstVars_ = named(new QListWidget(panel), "lstVars");
     lstVars_->setMinimumWidth(line_unit(*this) * 6);
+    lstVars_->setAccessibleName(tr("Variables"));
     auto* caption = new QLabel(tr("&Variables"), panel);
     caption->setBuddy(lstVars_);
     lblNum_vars_ = named(new QLabel(QStringLiteral("0"), panel), "lblNum_vars");
@@ -124,15 +112,12 @@ QWidget* frmCal::build_variables()
     head->addWidget(caption);
     head->addStretch();
     head->addWidget(lblNum_vars_);
-    auto* buttons = inner(new QHBoxLayout);
-    buttons->setSpacing(line_unit(*this) / 4);
-    buttons->addWidget(cmdModifyVar_);
-    buttons->addWidget(cmdDeleteVar_);
     auto* column = inner(new QVBoxLayout(panel));
     column->setSpacing(line_unit(*this) / 4);
     column->addLayout(head);
     column->addWidget(lstVars_);
-    column->addLayout(buttons);
+    column->addWidget(cmdModifyVar_);
+    column->addWidget(cmdDeleteVar_);
     return panel;
 }
 
@@ -182,7 +167,7 @@ QLayout* frmCal::build_answer()
     answer_row->addWidget(cmdCopyAnswer_);
     auto* form = inner(new QFormLayout);
     form->setSpacing(line_unit(*this) / 2);
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     auto* caption = new QLabel(tr("&Answer"), this);
     caption->setBuddy(txtAnswer_);
     form->addRow(caption, answer_row);
@@ -220,6 +205,31 @@ QLayout* frmCal::build_buttons()
     rows->addLayout(solving);
     rows->addLayout(rest);
     return rows;
+}
+
+QWidget* frmCal::build_functions_page()
+{
+    auto* page = new QWidget(tabMore_);
+    lstFuncs_ = named(new QListWidget(page), "lstFuncs");
+    lstFuncs_->setAccessibleName(tr("Functions"));
+    lstFuncs_->setToolTip(tr("A double click or Enter puts the function into the expression"));
+    const QStringList names = to_qstring(function_list()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    lstFuncs_->addItems(names);
+    // In columns as wide as the longest name.
+    int widest = 0;
+    for (const QString& name : names)
+        widest = std::max(widest, lstFuncs_->fontMetrics().horizontalAdvance(name));
+    const int unit = line_unit(*this);
+    lstFuncs_->setGridSize(QSize(widest + unit, unit * 5 / 4));
+    lstFuncs_->setFlow(QListView::LeftToRight);
+    lstFuncs_->setWrapping(true);
+    lstFuncs_->setResizeMode(QListView::Adjust);
+    // As high as the other pages are; the rest is scrolled.
+    lstFuncs_->setMinimumHeight(unit * 6);
+    lstFuncs_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    auto* column = inner(new QVBoxLayout(page));
+    column->addWidget(lstFuncs_);
+    return page;
 }
 
 QWidget* frmCal::build_history_page()

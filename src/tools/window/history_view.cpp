@@ -14,6 +14,7 @@
 #include <QTextFrame>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace kelvarin
@@ -102,10 +103,10 @@ void history_view::stand_on_lower_edge()
 {
     QTextFrame* paper = document()->rootFrame();
     QTextFrameFormat format = paper->frameFormat();
-    const double written = document()->size().height() - format.topMargin() + document()->documentMargin();
-    const double margin = entries_.empty() ? document()->documentMargin()
-                                           : std::max(document()->documentMargin(),
-                                                      viewport()->height() - written + document()->documentMargin());
+    const double least = document()->documentMargin();
+    const double free = viewport()->height() - (document()->size().height() - format.topMargin());
+    // Whole pixels, lest rounding makes the paper higher than the view.
+    const double margin = entries_.empty() ? least : std::max(least, std::floor(free));
     if (qFuzzyCompare(1.0 + margin, 1.0 + format.topMargin())) return;
     format.setTopMargin(margin);
     paper->setFrameFormat(format);
