@@ -2,6 +2,7 @@
 #include "expr/basParse.h"
 #include "platform/run_time_text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kelvarin
@@ -20,6 +21,18 @@ bool is_operator_character(char c)
         for (const char each : operator_characters)
             marked[static_cast<unsigned char>(each)] = true;
         return marked;
+    }();
+    return table[static_cast<unsigned char>(c)];
+}
+
+/// What an operator of one character computes.
+operation_code operator_of_character(char c)
+{
+    static const auto table = [] {
+        std::array<operation_code, 256> codes{};
+        for (const char& each : operator_characters)
+            codes[static_cast<unsigned char>(each)] = operator_of({&each, 1});
+        return codes;
     }();
     return table[static_cast<unsigned char>(c)];
 }
@@ -92,7 +105,7 @@ void classify(token& t)
     }
     if (t.text.size() == 1 && is_operator_character(first)) {
         t.kind = token_kind::tokOperator;
-        t.operation = operator_of(t.text);
+        t.operation = operator_of_character(first);
         return;
     }
     t.kind = kind_of_word(t.text);
@@ -142,6 +155,12 @@ std::string_view merged(const token& a, const token& b)
     return {};
 }
 
+/// Whether the text holds two characters of comparisons; most have none.
+bool may_hold_comparison(std::string_view text)
+{
+    return std::ranges::count_if(text, [](char c) { return c >= '<' && c <= '>'; }) > 1;
+}
+
 /// Merges from the left. One pass does: a merged token never takes a third character.
 void merge_comparisons(token_list& tokens)
 {
@@ -164,7 +183,7 @@ void merge_comparisons(token_list& tokens)
 token_list scan_tokens(std::string_view text)
 {
     token_list tokens = split(text);
-    merge_comparisons(tokens);
+    if (may_hold_comparison(text)) merge_comparisons(tokens);
     return tokens;
 }
 

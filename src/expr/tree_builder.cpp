@@ -2,6 +2,8 @@
 #include "expr/basParse.h"
 #include "platform/runtime_failure.h"
 
+#include <utility>
+
 namespace kelvarin
 {
 
@@ -78,15 +80,16 @@ private:
     static std::vector<std::size_t> partners(std::span<const token> tokens)
     {
         std::vector<std::size_t> partner(tokens.size(), nowhere);
-        std::vector<std::size_t> open;
+        std::size_t open = nowhere; // while it is open, each one names the open one in front of it
         for (std::size_t i = 0; i < tokens.size(); ++i) {
             if (tokens[i].text == "(") {
-                open.push_back(i);
-            } else if (tokens[i].text == ")" && !open.empty()) {
-                partner[open.back()] = i;
-                open.pop_back();
+                partner[i] = std::exchange(open, i);
+            } else if (tokens[i].text == ")" && open != nowhere) {
+                open = std::exchange(partner[open], i);
             }
         }
+        while (open != nowhere)
+            open = std::exchange(partner[open], nowhere);
         return partner;
     }
 

@@ -48,6 +48,9 @@ bool is_valid_name(std::string_view name)
 
 bool is_equation_word(std::string_view name)
 {
+    // Most names hold something that no word does, such as a digit.
+    const auto stands_in_list = [](char c) { return (c >= 'a' && c <= 'z') || c == ' '; };
+    if (!std::ranges::all_of(name, stands_in_list)) return false;
     // A word is surrounded by blanks in the list, and no name holds a blank.
     for (std::size_t at = equation_words.find(name); at != std::string_view::npos && !name.empty();
          at = equation_words.find(name, at + 1)) {

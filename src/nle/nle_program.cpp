@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <numeric>
 #include <utility>
 
 namespace kelvarin
@@ -31,27 +32,40 @@ bool nle_program::evaluate(std::span<const double> x, std::span<double> f)
     return program_->run(x, f);
 }
 
-std::vector<std::vector<std::size_t>> nle_program::results_reached_by_columns() const
+template <class Visit> void nle_program::for_each_input(std::size_t result, Visit visit) const
 {
-    std::vector<std::vector<std::size_t>> reached(size_);
-    for (std::size_t result = 0; result < program_->output_count(); ++result) {
-        const std::span<const std::uint64_t> inputs = program_->inputs_of(result);
-        for (std::size_t w = 0; w < inputs.size(); ++w)
-            for (std::uint64_t word = inputs[w]; word != 0; word &= word - 1)
-                reached[w * 64 + static_cast<std::size_t>(std::countr_zero(word))].push_back(result);
-    }
-    return reached;
+    const std::span<const std::uint64_t> inputs = program_->inputs_of(result);
+    for (std::size_t w = 0; w < inputs.size(); ++w)
+        for (std::uint64_t word = inputs[w]; word != 0; word &= word - 1)
+            visit(w * 64 + static_cast<std::size_t>(std::countr_zero(word)));
+}
+
+/// The results that each column reaches: counted first, then listed one column behind the other.
+nle_program::reached_results nle_program::results_reached_by_columns() const
+{
+    reached_results made;
+    made.ends.assign(size_, 0);
+    const std::size_t results = program_->output_count();
+    for (std::size_t result = 0; result < results; ++result)
+        for_each_input(result, [&](std::size_t column) { ++made.ends[column]; });
+    made.results.resize(std::accumulate(made.ends.begin(), made.ends.end(), std::size_t{0}));
+    std::exclusive_scan(made.ends.begin(), made.ends.end(), made.ends.begin(), std::size_t{0});
+    for (std::size_t result = 0; result < results; ++result)
+        for_each_input(result, [&](std::size_t column) { made.results[made.ends[column]++] = result; });
+    return made;
 }
 
 /// Gives each column to the first group none of whose columns reaches a result that it reaches.
-void nle_program::make_groups(const std::vector<std::vector<std::size_t>>& reached_by)
+void nle_program::make_groups()
 {
+    const reached_results reached_by = results_reached_by_columns();
     // For each group the results that its columns reach.
     std::vector<std::vector<bool>> reached;
     // The first group moves nothing: f need not be F(x), and then unmoved rows differ from it as well.
     groups_.emplace_back();
     group_of_.reserve(size_);
-    for (const std::vector<std::size_t>& reaches : reached_by) {
+    for (std::size_t column = 0; column < size_; ++column) {
+        const std::span<const std::size_t> reaches = reached_by.of(column);
         const auto free = std::ranges::find_if(reached, [&](const std::vector<bool>& taken) {
             return std::ranges::none_of(reaches, [&](std::size_t result) { return taken[result]; });
         });
@@ -62,29 +76,24 @@ void nle_program::make_groups(const std::vector<std::vector<std::size_t>>& reach
         }
         for (const std::size_t result : reaches)
             reached[group][result] = true;
-        groups_[group + 1].push_back(group_of_.size());
+        groups_[group + 1].push_back(column);
         group_of_.push_back(group + 1);
     }
 }
 
 /// The places row by row, and for each pass those that it fills.
-void nle_program::make_places(const std::vector<std::vector<std::size_t>>& reached_by)
+void nle_program::make_places()
 {
-    std::vector<std::vector<std::uint32_t>> columns_of(size_);
-    for (std::size_t column = 0; column < size_; ++column) {
-        for (const std::size_t result : reached_by[column])
-            if (result < size_) columns_of[result].push_back(static_cast<std::uint32_t>(column));
-    }
     program_->lane_inputs();
     fills_.resize((groups_.size() + lanes - 1) / lanes);
     for (std::size_t row = 0; row < size_; ++row) {
-        for (const std::uint32_t column : columns_of[row]) {
+        for_each_input(row, [&](std::size_t column) {
             const std::size_t group = group_of_[column];
             fills_[group / lanes].push_back({static_cast<std::uint32_t>(row * size_ + column),
                                              program_->lane_place(row, static_cast<int>(group % lanes)),
-                                             static_cast<std::uint32_t>(row), column});
-            places_.columns.push_back(column);
-        }
+                                             static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(column)});
+            places_.columns.push_back(static_cast<std::uint32_t>(column));
+        });
         places_.row_ends.push_back(static_cast<std::uint32_t>(places_.columns.size()));
     }
     constexpr std::size_t sparse_part = 2;
@@ -97,9 +106,8 @@ std::optional<const sparse_places*> nle_program::difference_places(std::span<con
                                                                    const sparse_places* left)
 {
     if (groups_.empty()) {
-        const std::vector<std::vector<std::size_t>> reached_by = results_reached_by_columns();
-        make_groups(reached_by);
-        make_places(reached_by);
+        make_groups();
+        make_places();
     }
     const differences wanted = {x, f, moved, divisors, df};
     bool zero_elsewhere = left == &places_;

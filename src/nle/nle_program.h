@@ -47,6 +47,19 @@ private:
         matrix& df;
     };
 
+    /// The results that each column reaches, one column behind the other, and where those of each end.
+    struct reached_results
+    {
+        std::vector<std::size_t> results;
+        std::vector<std::size_t> ends;
+
+        std::span<const std::size_t> of(std::size_t column) const
+        {
+            const std::size_t first = column == 0 ? 0 : ends[column - 1];
+            return std::span(results).subspan(first, ends[column] - first);
+        }
+    };
+
     /// An element of a Jacobian, and what it is made from.
     struct fill
     {
@@ -59,9 +72,10 @@ private:
 
     explicit nle_program(std::unique_ptr<program> compiled, std::size_t size);
 
-    std::vector<std::vector<std::size_t>> results_reached_by_columns() const;
-    void make_groups(const std::vector<std::vector<std::size_t>>& reached_by);
-    void make_places(const std::vector<std::vector<std::size_t>>& reached_by);
+    template <class Visit> void for_each_input(std::size_t result, Visit visit) const;
+    reached_results results_reached_by_columns() const;
+    void make_groups();
+    void make_places();
     /// Writes what the point that moves nothing tells: all elements as those of rows that do not depend on
     /// their column. `zero_elsewhere` tells whether outside of the places the elements are zero already,
     /// and then whether they are.

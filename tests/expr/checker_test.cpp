@@ -164,6 +164,33 @@ TEST(Checker, CollectsNamesInOrderOfFirstAppearanceAlsoOfARefusedText)
     EXPECT_EQ(check_expression(many + "v0").names.size(), 40u);
 }
 
+// A minus in front keeps a text from being accepted at the first look, and changes nothing about the rest of it.
+TEST(Checker, AcceptsAtTheFirstLookWhatAllChecksAccept)
+{
+    const std::vector<std::string> words = {"x", "y", "sin", "2", "3.", "(", ")", "-", "*", "==", "=", "and", "if"};
+    constexpr std::size_t longest = 4;
+    std::size_t accepted = 0;
+    std::vector<std::vector<std::size_t>> texts = {{}};
+    for (std::size_t at = 0; at < texts.size(); ++at) {
+        std::string text;
+        for (const std::size_t word : texts[at])
+            text += " " + words[word];
+        // Behind a minus these are other faults than in front.
+        if (!text.empty() && std::string_view("-*=a)").find(text[1]) == std::string_view::npos) {
+            const bool ok = check_expression(text).ok;
+            EXPECT_EQ(ok, check_expression("-" + text).ok) << text;
+            accepted += ok ? 1 : 0;
+        }
+        if (texts[at].size() == longest) continue;
+        for (std::size_t word = 0; word < words.size(); ++word) {
+            texts.push_back(texts[at]);
+            texts.back().push_back(word);
+        }
+    }
+    EXPECT_GT(accepted, 200U);
+    EXPECT_EQ(texts.size(), 1U + 13U + 169U + 2197U + 28561U);
+}
+
 TEST(Checker, TellsWhereTheFaultStands)
 {
     const std::vector<std::pair<std::string, byte_range>> places = {
