@@ -303,7 +303,6 @@ void frmCal::chkOnTop_Click()
     // The change of the flag has hidden the window.
     setGeometry(place);
     show();
-    raise();
     activateWindow();
 }
 
