@@ -53,7 +53,7 @@ void entry_dialog::build_ui()
     form_ = new QFormLayout;
     form_->setVerticalSpacing(unit / 2);
     form_->setHorizontalSpacing(unit);
-    form_->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form_->addRow(tr("Varia&ble"), txtVar_);
     form_->addRow(tr("E&xpression"), txtEquation_);
     form_->addRow(static_cast<QWidget*>(nullptr), lblCheck_);

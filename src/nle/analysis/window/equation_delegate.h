@@ -5,8 +5,6 @@
 
 #include <QStyledItemDelegate>
 
-class QTextLayout;
-
 namespace kelvarin
 {
 

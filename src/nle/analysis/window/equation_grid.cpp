@@ -34,7 +34,7 @@ equation_grid::equation_grid(const QStringList& heads, QWidget* parent)
     : QTableView(parent), model_(new equation_grid_model(heads, this))
 {
     setAccessibleName(tr("Equations"));
-    const QFont words = font();
+    QFont words = font();
     setFont(fixed_font(*this));
     setModel(model_);
     setItemDelegate(new equation_delegate(*model_, this));
@@ -44,8 +44,11 @@ equation_grid::equation_grid(const QStringList& heads, QWidget* parent)
     setWordWrap(false);
     setCornerButtonEnabled(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    build_heads();
+    // Set piece by piece: what a font does not set itself it takes from the grid.
+    words.setFamilies({words.family()});
+    words.setPointSizeF(words.pointSizeF());
     horizontalHeader()->setFont(words);
+    build_heads();
     connect(model_, &equation_grid_model::comment_edited, this, &equation_grid::comment_edited);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &equation_grid::column_dragged);
 }
@@ -59,10 +62,11 @@ void equation_grid::build_heads()
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(4 * unit);
     const int letters_of_a_guess = 14;
-    guess_width_ = letters_of_a_guess * fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    guess_width_ = std::max(letters_of_a_guess * fontMetrics().horizontalAdvance(QLatin1Char('0')),
+                            horizontalHeader()->sectionSizeHint(grid::guess_column));
 
     verticalHeader()->setHighlightSections(false);
-    verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     // Rows of one height need no measuring, and room for three digits keeps the columns in place.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(unit);
@@ -82,13 +86,18 @@ void equation_grid::show_rows(std::span<const equation_row> rows, const equation
     if (!selectionModel()->hasSelection() && currentIndex().isValid())
         selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (current_row() != row_before) emit current_row_changed();
-    if ((model_->filled_rows() > 0) != had_rows) viewport()->update();
+    if ((model_->filled_rows() > 0) != had_rows) refresh_hint();
 }
 
 void equation_grid::set_hint(const QString& hint)
 {
     hint_ = hint;
-    setAccessibleDescription(hint);
+    refresh_hint();
+}
+
+void equation_grid::refresh_hint()
+{
+    setAccessibleDescription(model_->filled_rows() > 0 ? QString() : hint_);
     viewport()->update();
 }
 
@@ -147,6 +156,12 @@ int equation_grid::row_defining(std::string_view name) const
 
 void equation_grid::set_editable(bool editable)
 {
+    // A comment that is being typed is kept, not locked in.
+    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (editor && !editable) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
     editable_ = editable;
     model_->set_editable(editable);
 }

@@ -74,6 +74,7 @@ protected:
 
 private:
     void build_heads();
+    void refresh_hint();
     /// The row that a gesture is about, 0 where nothing may be changed or the row is empty.
     int row_to_change() const;
     bool take_key(const QKeyEvent& event);

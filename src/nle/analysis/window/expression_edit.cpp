@@ -139,7 +139,7 @@ QSize expression_edit::minimumSizeHint() const
 
 QSize expression_edit::sizeHint() const
 {
-    constexpr int letters_shown = 48;
+    constexpr int letters_shown = 56;
     return {letters_shown * fontMetrics().horizontalAdvance(QLatin1Char('0')), minimumSizeHint().height()};
 }
 

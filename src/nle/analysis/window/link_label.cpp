@@ -59,20 +59,16 @@ QString link_label::markup_of(const piece& shown) const
 
 void link_label::show_what_fits()
 {
-    const QFontMetrics metrics = fontMetrics();
-    const bool whole = metrics.horizontalAdvance(text_) <= contentsRect().width();
-    int room = contentsRect().width() - metrics.horizontalAdvance(QChar(0x2026));
+    const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, contentsRect().width());
+    const bool whole = shown == text_;
+    qsizetype letters = whole ? text_.size() : shown.size() - 1;
     QString markup;
     for (const piece& next : pieces_) {
-        room -= metrics.horizontalAdvance(next.text);
-        if (whole || room >= 0) {
-            markup += markup_of(next);
-            continue;
-        }
-        const int left = room + metrics.horizontalAdvance(next.text + QChar(0x2026));
-        markup += markup_of({metrics.elidedText(next.text, Qt::ElideRight, left), next.link});
-        break;
+        if (letters <= 0) break;
+        markup += markup_of({next.text.left(letters), next.link});
+        letters -= next.text.size();
     }
+    if (!whole) markup += QChar(0x2026);
     if (markup != QLabel::text()) setText(markup);
     setToolTip(whole ? QString() : plain_tip(text_.trimmed()));
 }

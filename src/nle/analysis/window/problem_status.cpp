@@ -15,6 +15,9 @@ problem_status::problem_status(QWidget* parent) : QStatusBar(parent), message_(n
         counts_[panel]->setObjectName(QStringLiteral("panel_%1").arg(panel + 1));
         counts_[panel]->setTextFormat(Qt::PlainText);
         addWidget(counts_[panel]);
+        auto* line = new QFrame(this);
+        line->setFrameStyle(static_cast<int>(QFrame::VLine) | static_cast<int>(QFrame::Sunken));
+        addWidget(line);
     }
     message_->setObjectName(QStringLiteral("panel_3"));
     addWidget(message_, 1);

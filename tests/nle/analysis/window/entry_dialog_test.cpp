@@ -3,6 +3,7 @@
 
 #include "support/robot.h"
 #include "support/test_desk.h"
+#include "support/window_walk.h"
 
 #include <gmock/gmock.h>
 
@@ -185,6 +186,12 @@ TEST(EntryDialog, TabGoesDownTheForm)
     EXPECT_THAT(order, ElementsAre("txtVar", "txtEquation", "txtGuess", "txtComment", "cmdShowallvars", "cmdClear",
                                    "cmdDone", "cmdCancel"));
     EXPECT_EQ(QApplication::focusWidget(), at.dialog->txtVar());
+}
+
+TEST(EntryDialog, HasNamesAndKeysForAllControls)
+{
+    desk at(accept_all);
+    EXPECT_THAT(test::faults_of(*at.dialog), testing::IsEmpty());
 }
 
 TEST(EntryDialog, AsksForTheListing)

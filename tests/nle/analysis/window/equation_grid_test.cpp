@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -144,38 +145,34 @@ TEST(EquationGrid, ReportsGesturesWithTheirRowsAndNoneOfEmptyOrLockedRows)
 
 TEST(EquationGrid, EditsCommentsInPlaceAndReportsOnlyChanges)
 {
+    using act = std::function<void(desk&)>;
+    const auto keys = [](std::vector<Qt::Key> codes) -> act {
+        return [=](desk&) {
+            for (const Qt::Key code : codes)
+                robot::press(code);
+        };
+    };
+    const act lock = [](desk& at) { at.grid->set_editable(false); };
+    const act f2 = keys({Qt::Key_F2});
+    const act enter = keys({Qt::Key_Return});
     struct edit
     {
         const char* name;
-        std::function<void(desk&)> begin;
-        Qt::Key end;
+        act begin;
         std::string typed;
+        act end;
         std::vector<std::string> reported;
     };
-    const auto by_f2 = [](desk&) { robot::press(Qt::Key_F2); };
+    const std::vector<std::string> changed = {"comment 'K' 2"};
     const edit edits[] = {
-        {"F2 and Enter", by_f2, Qt::Key_Return, "K", {"comment 'K' 2"}},
-        {"Enter on the comment",
-         [](desk&) {
-             robot::press(Qt::Key_Right);
-             robot::press(Qt::Key_Right);
-             robot::press(Qt::Key_Return);
-         },
-         Qt::Key_Return,
-         "K",
-         {"comment 'K' 2"}},
-        {"double click", [](desk& at) { at.double_click(2, 2); }, Qt::Key_Return, "K", {"comment 'K' 2"}},
-        {"Tab keeps what was typed", by_f2, Qt::Key_Tab, "K", {"comment 'K' 2"}},
-        {"Esc does not", by_f2, Qt::Key_Escape, "K", {}},
-        {"the same again", by_f2, Qt::Key_Return, "kelvin", {}},
-        {"locked",
-         [](desk& at) {
-             at.grid->set_editable(false);
-             robot::press(Qt::Key_F2);
-         },
-         Qt::Key_Return,
-         "",
-         {}},
+        {"F2", f2, "K", enter, changed},
+        {"Enter on the comment", keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Return}), "K", enter, changed},
+        {"double click", [](desk& at) { at.double_click(2, 2); }, "K", enter, changed},
+        {"Tab keeps what was typed", f2, "K", keys({Qt::Key_Tab}), changed},
+        {"locking keeps it", f2, "K", lock, changed},
+        {"Esc does not", f2, "K", keys({Qt::Key_Escape}), {}},
+        {"the same again", f2, "kelvin", enter, {}},
+        {"locked", lock, "", f2, {}},
     };
     for (const edit& made : edits) {
         SCOPED_TRACE(made.name);
@@ -186,9 +183,11 @@ TEST(EquationGrid, EditsCommentsInPlaceAndReportsOnlyChanges)
         at.grid->set_current_row(2);
         made.begin(at);
         if (!made.typed.empty()) robot(*at.grid).type("txtCellComment", made.typed);
-        robot::press(made.end);
+        made.end(at);
+        test::settle();
         EXPECT_EQ(at.log, made.reported);
         EXPECT_EQ(at.grid->current_row(), 2);
+        EXPECT_EQ(at.grid->findChild<QLineEdit*>("txtCellComment"), nullptr);
     }
 }
 
@@ -312,6 +311,28 @@ TEST(EquationGrid, KeepsPlaceAndRepaintsOnlyWhatChanged)
     EXPECT_EQ(at.current_changes, 1);
     at.show({});
     EXPECT_EQ(at.grid->current_row(), 0);
+}
+
+TEST(EquationGrid, KeepsTheColumnsAPersonChose)
+{
+    desk at;
+    at.show(three_rows);
+    const auto width = [&](int column) { return at.grid->columnWidth(column); };
+    const auto room = [&] { return at.grid->viewport()->width() - width(1); };
+    EXPECT_GT(width(0), width(2));
+    const int guess = width(1);
+    at.grid->horizontalHeader()->resizeSection(0, room() / 4);
+    at.window.resize(1000, 400);
+    test::settle();
+    EXPECT_NEAR(width(0), room() / 4, 2);
+    EXPECT_EQ(width(0) + width(1) + width(2), at.grid->viewport()->width());
+
+    at.grid->show_comments(false);
+    EXPECT_EQ(width(0) + width(1), at.grid->viewport()->width());
+    EXPECT_EQ(width(1), guess);
+    at.grid->show_comments(true);
+    EXPECT_EQ(width(1), guess);
+    EXPECT_NEAR(width(0), room() / 4, 2);
 }
 
 TEST(EquationGrid, SelectsRowsTogether)
