@@ -8,6 +8,7 @@
 #include "shell/rich_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvarin
 {
@@ -43,7 +44,7 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
                        run_listener& listener)
 {
     const int depth = depth_of_object(request);
-    const problem_file read = read_problem_file(file, request);
+    problem_file read = read_problem_file(file, request);
     if (read.refusal) {
         file_answer refused = refused_answer(file, read, depth);
         if (read.kind == document_kind::nle) {
@@ -54,7 +55,7 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
         return refused;
     }
 
-    const nle_run_problem problem = {read.content, file};
+    const nle_run_problem problem = {std::move(read.content), file};
     const nle_outcome outcome = run_nle(problem, request.store, clock, listener);
     file_answer answer;
     answer.stopped = outcome.stopped;
@@ -64,7 +65,7 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
     if (outcome.has_report) answer.report = nle_report(problem, outcome, request.store, clock.today());
     if (request.format != output_format::rtf) answer.report = plain_text_of(read_rich_text(answer.report));
     if (request.format == output_format::object)
-        answer.object = solved_nle_text(file, read.content, outcome, answer.report, depth);
+        answer.object = solved_nle_text(file, problem.content, outcome, answer.report, depth);
     return answer;
 }
 

@@ -23,13 +23,6 @@ struct read_row
     text_place name_place() const { return {number, parts.name_offset, parts.name.size()}; }
 };
 
-/// A variable in a right side.
-struct name_use
-{
-    std::string_view name;
-    text_place place;
-};
-
 std::vector<read_row> read_rows(std::span<const equation_row> rows)
 {
     std::vector<read_row> read;
@@ -66,8 +59,9 @@ name_counts count_definitions(std::span<const read_row> rows)
     return counts;
 }
 
-void find_duplicates(std::span<const read_row> rows, const name_counts& counts, equation_set& set)
+void find_duplicates(std::span<const read_row> rows, equation_set& set)
 {
+    const name_counts counts = count_definitions(rows);
     std::unordered_set<std::string_view> told;
     for (const std::vector<std::string>* names : {&set.implicit_names, &set.explicit_names}) {
         for (const std::string& name : *names) {
@@ -80,33 +74,27 @@ void find_duplicates(std::span<const read_row> rows, const name_counts& counts, 
     }
 }
 
-/// The variables of all right sides; those the table does not hold yet are added to it.
-std::vector<name_use> collect_uses(std::span<const read_row> rows, clsParse& table)
+/// Calls `visit` with each variable of the right sides and its row.
+template <class Visit> void for_each_variable(std::span<const read_row> rows, Visit visit)
 {
-    std::vector<name_use> uses;
     for (const read_row& row : rows) {
         for (const token& word : scan_tokens(row.parts.right_side)) {
-            if (word.kind != token_kind::tokName || is_equation_word(word.text)) continue;
-            // The table refuses what is no valid name, so such a word counts nowhere.
-            table.Add_new_var(word.text, 0.0);
-            const std::size_t offset = row.parts.right_side_offset + word.offset;
-            uses.push_back({word.text, {row.number, offset, word.length}});
+            if (word.kind == token_kind::tokName && !is_equation_word(word.text)) visit(row, word);
         }
     }
-    return uses;
 }
 
-void find_undefined(std::vector<std::string> known, std::span<const name_use> uses, const name_counts& definitions,
-                    equation_set& set)
+/// Whatever the table got behind the defined names is defined nowhere.
+void find_undefined(std::span<const read_row> rows, const clsParse& table, equation_set& set)
 {
-    for (std::string& name : known) {
-        if (!definitions.contains(name)) set.undefined.push_back(std::move(name));
-    }
-    if (set.undefined.empty()) return;
+    if (set.total_vars == set.unique_defined) return;
+    const std::vector<std::string> known = table.get_all_vars();
+    set.undefined.assign(known.begin() + set.unique_defined, known.end());
     const std::unordered_set<std::string_view> undefined(set.undefined.begin(), set.undefined.end());
-    for (const name_use& use : uses) {
-        if (undefined.contains(use.name)) set.undefined_places.push_back(use.place);
-    }
+    for_each_variable(rows, [&](const read_row& row, const token& word) {
+        if (!undefined.contains(word.text)) return;
+        set.undefined_places.push_back({row.number, row.parts.right_side_offset + word.offset, word.length});
+    });
 }
 
 } // namespace
@@ -124,12 +112,13 @@ equation_set analyse_rows(std::span<const equation_row> rows)
     set.implicit_count = static_cast<int>(set.implicit_names.size());
     set.explicit_count = static_cast<int>(set.explicit_names.size());
 
-    const name_counts definitions = count_definitions(read);
-    find_duplicates(read, definitions, set);
+    // The table takes each valid name once.
+    if (set.unique_defined < set.implicit_count + set.explicit_count) find_duplicates(read, set);
 
-    const std::vector<name_use> uses = collect_uses(read, table);
+    // It refuses what is no valid name, so such a word counts nowhere.
+    for_each_variable(read, [&](const read_row&, const token& word) { table.Add_new_var(word.text, 0.0); });
     set.total_vars = table.count_variables();
-    find_undefined(table.get_all_vars(), uses, definitions, set);
+    find_undefined(read, table, set);
     return set;
 }
 
