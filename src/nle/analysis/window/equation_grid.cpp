@@ -83,8 +83,7 @@ void equation_grid::show_rows(std::span<const equation_row> rows, const equation
     set_current_row(std::clamp(row_before, std::min(1, model_->rowCount()), model_->rowCount()));
     showing_rows_ = false;
     // Rows that go take their selection with them.
-    if (!selectionModel()->hasSelection() && currentIndex().isValid())
-        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!selectionModel()->hasSelection() && currentIndex().isValid()) make_current(currentIndex());
     if (current_row() != row_before) emit current_row_changed();
     if ((model_->filled_rows() > 0) != had_rows) refresh_hint();
 }
@@ -115,8 +114,14 @@ int equation_grid::current_row() const
 void equation_grid::set_current_row(int row)
 {
     if (row < 1 || row > model_->rowCount() || row == current_row()) return;
-    const int column = std::max(currentIndex().column(), 0);
-    setCurrentIndex(model_->index(row - 1, column));
+    make_current(model_->index(row - 1, std::max(currentIndex().column(), 0)));
+}
+
+void equation_grid::make_current(const QModelIndex& index)
+{
+    // Not as the view does it by itself, which looks at the keys that are held down: Ctrl of a shortcut that
+    // changes the rows would keep the selection where it was.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 std::vector<int> equation_grid::selected_rows() const
@@ -190,7 +195,7 @@ void equation_grid::edit_comment()
 {
     if (!row_to_change() || isColumnHidden(grid::comment_column)) return;
     const QModelIndex comment = model_->index(currentIndex().row(), grid::comment_column);
-    setCurrentIndex(comment);
+    make_current(comment);
     edit(comment);
 }
 

@@ -78,6 +78,7 @@ private:
     /// The row that a gesture is about, 0 where nothing may be changed or the row is empty.
     int row_to_change() const;
     bool take_key(const QKeyEvent& event);
+    void make_current(const QModelIndex& index);
     void edit_comment();
     QMenu* build_context_menu();
     void share_width();

@@ -342,6 +342,12 @@ TEST(EquationGrid, SelectsRowsTogether)
     at.grid->select_rows({1, 3, 4, 99});
     EXPECT_THAT(at.grid->selected_rows(), ElementsAre(1, 3));
     EXPECT_EQ(at.grid->current_row(), 1);
+
+    // A shortcut that moves the current row has its keys still down.
+    QTest::keyPress(&at.window, Qt::Key_Z, Qt::ControlModifier);
+    at.grid->set_current_row(2);
+    QTest::keyRelease(&at.window, Qt::Key_Z, Qt::NoModifier);
+    EXPECT_THAT(at.grid->selected_rows(), ElementsAre(2));
 }
 
 TEST(EquationGrid, TellsWhatANameIs)
