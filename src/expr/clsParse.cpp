@@ -9,22 +9,55 @@
 namespace kelvarin
 {
 
+namespace
+{
+
+/// FNV-1a, folded: names are short, and a call of a general hash costs more than looking at them.
+std::size_t hash_of(std::string_view name)
+{
+    std::uint64_t hash = 0xCBF29CE484222325u;
+    for (const char c : name)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+} // namespace
+
+std::size_t clsParse::bucket_of(std::string_view name) const
+{
+    const std::size_t mask = buckets_.size() - 1;
+    std::size_t i = hash_of(name) & mask;
+    while (buckets_[i] != no_slot && names_[buckets_[i]] != name)
+        i = (i + 1) & mask;
+    return i;
+}
+
 std::optional<clsParse::slot> clsParse::find(std::string_view name) const
 {
-    const auto found = slots_.find(name);
-    if (found == slots_.end()) return std::nullopt;
-    return found->second;
+    if (buckets_.empty()) return std::nullopt;
+    const slot found = buckets_[bucket_of(name)];
+    if (found == no_slot) return std::nullopt;
+    return found;
+}
+
+void clsParse::grow_buckets()
+{
+    constexpr std::size_t fewest = 32;
+    buckets_.assign(std::max(fewest, buckets_.size() * 2), no_slot);
+    for (std::size_t i = 0; i < names_.size(); ++i)
+        buckets_[bucket_of(names_[i])] = static_cast<slot>(i);
 }
 
 clsParse::slot clsParse::slot_of(std::string_view name)
 {
-    if (const auto known = find(name)) return *known;
-    const auto made = static_cast<slot>(names_.size());
+    if (names_.size() * 2 >= buckets_.size()) grow_buckets();
+    slot& place = buckets_[bucket_of(name)];
+    if (place != no_slot) return place;
+    place = static_cast<slot>(names_.size());
     names_.emplace_back(name);
     values_.push_back(0.0);
     fillings_.push_back(0);
-    slots_.emplace(names_.back(), made);
-    return made;
+    return place;
 }
 
 std::optional<double> clsParse::get_var(std::string_view name) const
@@ -37,8 +70,10 @@ std::optional<double> clsParse::get_var(std::string_view name) const
 bool clsParse::Add_new_var(std::string_view name, double value)
 {
     const std::string_view wanted = trimmed(name);
-    if (!is_valid_name(wanted) || var_exists(wanted)) return false;
-    set(slot_of(wanted), value);
+    if (!is_valid_name(wanted)) return false;
+    const slot place = slot_of(wanted);
+    if (holds(place)) return false;
+    set(place, value);
     return true;
 }
 

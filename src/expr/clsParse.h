@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace kelvarin
@@ -76,10 +75,16 @@ public:
     bool remove(slot place);
 
 private:
+    static constexpr slot no_slot = static_cast<slot>(-1);
+
     std::optional<slot> find(std::string_view name) const;
+    /// The place among the buckets where the name's slot is, or where it would be.
+    std::size_t bucket_of(std::string_view name) const;
+    void grow_buckets();
 
     std::deque<std::string> names_;
-    std::unordered_map<std::string_view, slot> slots_;
+    /// Open addressing over the slots' names: a power of two of places, at most half of them taken.
+    std::vector<slot> buckets_;
     std::vector<double> values_;
     std::vector<std::uint64_t> fillings_;
     std::vector<slot> present_;
