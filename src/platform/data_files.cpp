@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "platform/data_files.h"
+
+#include "platform/user_folders.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <system_error>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr const char* program_folder_name = "kelvarin";
+
+} // namespace
+
+std::vector<fs::path> data_folders()
+{
+    std::vector<fs::path> folders;
+    std::error_code unknown;
+    const fs::path program = fs::read_symlink("/proc/self/exe", unknown);
+    if (!unknown) {
+        folders.push_back(program.parent_path());
+        folders.push_back(program.parent_path().parent_path() / "share" / program_folder_name);
+    }
+    folders.push_back(user_data_folder());
+    const char* system_folders = std::getenv("XDG_DATA_DIRS");
+    std::string_view rest = system_folders == nullptr ? "" : system_folders;
+    if (rest.empty()) rest = "/usr/local/share:/usr/share";
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(':'), rest.size());
+        const fs::path folder = rest.substr(0, end);
+        // Relative folders are invalid here, and passed over.
+        if (folder.is_absolute()) folders.push_back(folder / program_folder_name);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return folders;
+}
+
+std::optional<fs::path> find_data_file(std::string_view name, const std::vector<fs::path>& folders)
+{
+    for (const fs::path& folder : folders) {
+        const fs::path file = folder / name;
+        std::error_code unknown;
+        if (fs::is_regular_file(file, unknown)) return file;
+    }
+    return std::nullopt;
+}
+
+} // namespace kelvarin
