@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "leq/leq_block.h"
+
+#include "platform/run_time_text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr char quote = '"';
+
+std::string quoted_where_needed(const std::string& cell)
+{
+    if (cell.find_first_of("\t\r\n\"") == std::string::npos) return cell;
+    std::string quoted(1, quote);
+    for (const char c : cell) {
+        if (c == quote) quoted += quote;
+        quoted += c;
+    }
+    return quoted + quote;
+}
+
+/// Takes a quotation off the front of the text and gives what it holds; nothing where none is closed.
+std::string take_quotation(std::string_view& text)
+{
+    std::string held;
+    for (std::size_t at = 1; at < text.size(); ++at) {
+        if (text[at] == quote && !text.substr(at + 1).starts_with(quote)) {
+            text.remove_prefix(at + 1);
+            return held;
+        }
+        if (text[at] == quote) ++at;
+        held += text[at];
+    }
+    return {};
+}
+
+/// Takes a cell off the front of the text. Quotation marks inside an unquoted cell stand for themselves, and so
+/// does one that is never closed.
+std::string take_cell(std::string_view& text)
+{
+    std::string cell;
+    if (text.starts_with(quote)) cell = take_quotation(text);
+    const std::size_t end = std::min(text.find_first_of("\t\r\n"), text.size());
+    cell += text.substr(0, end);
+    text.remove_prefix(end);
+    return cell;
+}
+
+void skip_line_end(std::string_view& text)
+{
+    for (const std::string_view line_end : {"\r\r\n", "\r\n", "\r", "\n"}) {
+        if (!text.starts_with(line_end)) continue;
+        text.remove_prefix(line_end.size());
+        return;
+    }
+}
+
+/// The cell with a point, where it is a number with a decimal comma.
+std::optional<std::string> with_point(std::string_view cell)
+{
+    std::string text(trimmed(cell));
+    const std::size_t comma = text.find(',');
+    if (comma == std::string::npos || text.find('.') != std::string::npos) return std::nullopt;
+    text[comma] = '.';
+    if (!is_numeric(text)) return std::nullopt;
+    return text;
+}
+
+bool is_whole(std::string_view cell)
+{
+    return is_numeric(cell) && cell.find('.') == std::string_view::npos;
+}
+
+bool is_inside(const leq_content& content, int row, int column)
+{
+    return row >= 0 && row < content.count() && column >= 0 && column <= content.count();
+}
+
+} // namespace
+
+std::string block_text(const leq_content& content, cell_range range)
+{
+    std::string text;
+    for (int row = range.row; row < range.row + range.rows; ++row) {
+        if (row > range.row) text += '\n';
+        for (int column = range.column; column < range.column + range.columns; ++column) {
+            if (column > range.column) text += '\t';
+            text += quoted_where_needed(content.cell(row, column));
+        }
+    }
+    return text;
+}
+
+cell_block read_block(std::string_view text)
+{
+    cell_block block;
+    while (!text.empty()) {
+        std::vector<std::string>& row = block.emplace_back();
+        row.push_back(take_cell(text));
+        while (text.starts_with('\t')) {
+            text.remove_prefix(1);
+            row.push_back(take_cell(text));
+        }
+        skip_line_end(text);
+    }
+    return block;
+}
+
+std::optional<cell_block> decimal_comma_block(const cell_block& block)
+{
+    cell_block converted = block;
+    bool any = false;
+    for (std::vector<std::string>& row : converted) {
+        for (std::string& cell : row) {
+            if (trimmed(cell).empty() || is_whole(cell)) continue;
+            std::optional<std::string> number = with_point(cell);
+            if (!number) return std::nullopt;
+            cell = std::move(*number);
+            any = true;
+        }
+    }
+    if (!any) return std::nullopt;
+    return converted;
+}
+
+int paste_block(leq_content& content, cell_range range, const cell_block& block)
+{
+    if (block.size() == 1 && block.front().size() == 1) {
+        for (int row = range.row; row < range.row + range.rows; ++row)
+            for (int column = range.column; column < range.column + range.columns; ++column)
+                content.cell(row, column) = cell_text(block.front().front());
+        return 0;
+    }
+    int left_out = 0;
+    int row = range.row;
+    for (const std::vector<std::string>& cells : block) {
+        int column = range.column;
+        for (const std::string& cell : cells) {
+            if (is_inside(content, row, column)) {
+                content.cell(row, column) = cell_text(cell);
+            } else if (!trimmed(cell).empty()) {
+                ++left_out;
+            }
+            ++column;
+        }
+        ++row;
+    }
+    return left_out;
+}
+
+message_box left_out_box(int left_out)
+{
+    if (left_out == 1) return {"1 pasted cell lies outside the grid and was left out.", box_icon::information};
+    return {std::to_string(left_out) + " pasted cells lie outside the grid and were left out.", box_icon::information};
+}
+
+void clear_block(leq_content& content, cell_range range)
+{
+    for (int row = range.row; row < range.row + range.rows; ++row)
+        for (int column = range.column; column < range.column + range.columns; ++column)
+            content.cell(row, column).clear();
+}
+
+} // namespace kelvarin

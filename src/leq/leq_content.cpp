@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "leq/leq_content.h"
+
+#include "platform/run_time_text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+bool is_empty(std::string_view cell)
+{
+    return trimmed(cell).empty();
+}
+
+message_box fault_box(std::string_view cell, int row, int column)
+{
+    const std::string place = "(" + std::to_string(row + 1) + "," + std::to_string(column + 1) + ")";
+    if (is_empty(cell)) return {"The coefficients matrix contains one or more empty cells " + place};
+    return {"The coefficients matrix contains a cell that is not a number " + place + ": '" +
+            std::string(trimmed(cell)) + "'"};
+}
+
+/// Default names that leave alone those already given.
+void name_further_columns(std::vector<std::string>& names, int count)
+{
+    while (static_cast<int>(names.size()) < count) {
+        std::string name = default_leq_name(static_cast<int>(names.size()));
+        while (std::ranges::find(names, name) != names.end())
+            name += '_';
+        names.push_back(std::move(name));
+    }
+}
+
+} // namespace
+
+std::string default_leq_name(int column)
+{
+    return "x" + std::to_string(column + 1);
+}
+
+leq_content::leq_content(int count) : cells(static_cast<std::size_t>(count) * (static_cast<std::size_t>(count) + 1))
+{
+    name_further_columns(names, count);
+}
+
+std::optional<leq_fault> first_leq_fault(const leq_content& content, std::optional<leq_cell> edited)
+{
+    for (int row = 0; row < content.count(); ++row) {
+        for (int column = 0; column <= content.count(); ++column) {
+            const std::string& cell = content.cell(row, column);
+            if (is_numeric(cell) || edited == leq_cell{row, column}) continue;
+            message_box box = fault_box(cell, row, column);
+            box.icon = box_icon::exclamation;
+            return leq_fault{{row, column}, std::move(box)};
+        }
+    }
+    return std::nullopt;
+}
+
+bool ok_to_run(const leq_content& content, std::optional<leq_cell> edited)
+{
+    return !first_leq_fault(content, edited);
+}
+
+leq_content with_count(const leq_content& content, int count)
+{
+    assert(count >= least_leq_count && count <= largest_leq_count);
+    leq_content next(count);
+    next.title = content.title;
+    const int kept = std::min(count, content.count());
+    next.names.assign(content.names.begin(), content.names.begin() + kept);
+    name_further_columns(next.names, count);
+    for (int row = 0; row < kept; ++row) {
+        for (int column = 0; column < kept; ++column)
+            next.cell(row, column) = content.cell(row, column);
+        next.cell(row, count) = content.cell(row, content.count());
+    }
+    return next;
+}
+
+int fill_empty_cells(leq_content& content)
+{
+    int filled = 0;
+    for (std::string& cell : content.cells) {
+        if (!is_empty(cell)) continue;
+        cell = "0";
+        ++filled;
+    }
+    return filled;
+}
+
+std::string cell_text(std::string_view text)
+{
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+    return std::string(trimmed(line));
+}
+
+} // namespace kelvarin

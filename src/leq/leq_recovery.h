@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "leq/leq_content.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// The content as JSON.
+std::string leq_recovery_text(const leq_content& content);
+
+/// The content that leq_recovery_text wrote; nothing where the text is none of its.
+std::optional<leq_content> read_leq_recovery(std::string_view text);
+
+} // namespace kelvarin

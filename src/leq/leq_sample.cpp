@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "leq/leq_sample.h"
+
+#include <cstdlib>
+#include <random>
+#include <utility>
+#include <vector>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Whole numbers at random. The library's own distributions differ from one library to the next.
+class number_source
+{
+public:
+    explicit number_source(std::uint32_t seed) : engine_(seed) {}
+
+    int between(int least, int largest)
+    {
+        return least + static_cast<int>(engine_() % static_cast<std::uint32_t>(largest - least + 1));
+    }
+
+private:
+    std::mt19937 engine_;
+};
+
+/// The place of each row's largest coefficient: no two in one column.
+std::vector<int> random_order(int n, number_source& random)
+{
+    std::vector<int> order;
+    for (int i = 0; i < n; ++i)
+        order.push_back(i);
+    for (int i = n - 1; i > 0; --i)
+        std::swap(order[static_cast<std::size_t>(i)], order[static_cast<std::size_t>(random.between(0, i))]);
+    return order;
+}
+
+} // namespace
+
+leq_content sample_leq(std::uint32_t seed)
+{
+    constexpr int largest_side_coefficient = 5;
+    constexpr int largest_unknown = 9;
+    number_source random(seed);
+    const int n = random.between(3, 6);
+    leq_content content(n);
+    content.title = "Sample random problem";
+    std::vector<int> solution;
+    for (int i = 0; i < n; ++i)
+        solution.push_back(random.between(-largest_unknown, largest_unknown));
+    const std::vector<int> order = random_order(n, random);
+    for (int row = 0; row < n; ++row) {
+        const int large = order[static_cast<std::size_t>(row)];
+        std::vector<int> coefficients;
+        int others = 0;
+        for (int column = 0; column < n; ++column) {
+            coefficients.push_back(
+                column == large ? 0 : random.between(-largest_side_coefficient, largest_side_coefficient));
+            others += std::abs(coefficients.back());
+        }
+        const int sign = random.between(0, 1) == 0 ? -1 : 1;
+        coefficients[static_cast<std::size_t>(large)] = sign * (others + random.between(1, largest_side_coefficient));
+        int beta = 0;
+        for (int column = 0; column < n; ++column) {
+            const int coefficient = coefficients[static_cast<std::size_t>(column)];
+            content.cell(row, column) = std::to_string(coefficient);
+            beta += coefficient * solution[static_cast<std::size_t>(column)];
+        }
+        content.cell(row, n) = std::to_string(beta);
+    }
+    return content;
+}
+
+} // namespace kelvarin

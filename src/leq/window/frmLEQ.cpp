@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+#include "leq/window/frmLEQ.h"
+
+#include "desktop/elided_label.h"
+#include "desktop/qt_text.h"
+#include "leq/leq_text.h"
+#include "leq/window/leq_grid.h"
+#include "platform/text_file.h"
+#include "shell/window/frmSolution.h"
+
+#include <QMenu>
+#include <QMimeData>
+
+#include <algorithm>
+#include <random>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
+int solution_counter = 0;
+
+problem_kind leq_kind()
+{
+    return {.window_name = "frmLEQ",
+            .caption = "Linear Equations Solver",
+            .recent_suffix = "\\files_leq",
+            .open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
+            .save_filter = "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
+            .older_format_filter = 2,
+            .older_format_question =
+                "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
+            .unsaved_on_close = "LEQ Problem not saved. Do you want to save it before closing ?",
+            .unsaved_on_open = "Problem not saved. Do you wish to save it now ?",
+            .document = document_kind::leq};
+}
+
+/// Where the block lands in the grid when it is pasted from the range's first cell on.
+cell_range landing_of(const cell_block& block, cell_range range, const leq_content& content)
+{
+    std::size_t columns = 1;
+    for (const std::vector<std::string>& row : block)
+        columns = std::max(columns, row.size());
+    // A single cell fills what is selected.
+    if (block.size() == 1 && columns == 1) return range;
+    range.rows = std::min(static_cast<int>(block.size()), content.count() - range.row);
+    range.columns = std::min(static_cast<int>(columns), content.count() + 1 - range.column);
+    return range;
+}
+
+/// The first cell in which two blocks differ, as both write it: "'1,5' becomes '1.5'".
+QString first_change(const cell_block& before, const cell_block& after)
+{
+    for (std::size_t row = 0; row < before.size(); ++row) {
+        const auto [old_cell, new_cell] = std::ranges::mismatch(before[row], after[row]);
+        if (old_cell != before[row].end())
+            return frmLEQ::tr("'%1' becomes '%2'").arg(to_qstring(*old_cell), to_qstring(*new_cell));
+    }
+    return {};
+}
+
+} // namespace
+
+frmLEQ::frmLEQ(desktop_context& context) : problem_window(context, leq_kind())
+{
+    build_ui();
+    connect_controls();
+    document_changed();
+    setFocusProxy(grdMatrix_);
+}
+
+void frmLEQ::connect_controls()
+{
+    connect(cmbNumEq_, &QComboBox::activated, this, &frmLEQ::cmbNumEq_Click);
+    connect(cmdRun_, &QPushButton::clicked, this, &frmLEQ::solve);
+    connect(grdMatrix_, &leq_grid::cell_edited, this, &frmLEQ::cell_edited);
+    connect(grdMatrix_, &leq_grid::current_cell_changed, this, &frmLEQ::show_current_cell);
+    connect(grdMatrix_, &leq_grid::clear_asked, this, &frmLEQ::clear_cells);
+    connect(grdMatrix_, &leq_grid::rename_asked, this, &frmLEQ::rename_variable);
+    connect(grdMatrix_, &leq_grid::menu_asked, this, [this](const QPoint& place) { cell_menu_->popup(place); });
+}
+
+void frmLEQ::show_document()
+{
+    lblTitle_->show_text(problem_.title().empty() ? tr("Untitled problem") : to_qstring(problem_.title()));
+    cmbNumEq_->setCurrentIndex(problem_.equation_count() - least_leq_count);
+    grdMatrix_->show_content(problem_.content());
+    lblEmpty_->setText(count_of_cells_to_fill());
+    apply_colours();
+    show_current_cell();
+}
+
+QString frmLEQ::count_of_cells_to_fill() const
+{
+    const auto empty =
+        std::ranges::count_if(problem_.content().cells, [](const std::string& cell) { return trimmed(cell).empty(); });
+    if (empty == 0) return {};
+    return empty == 1 ? tr("1 empty cell") : tr("%1 empty cells").arg(empty);
+}
+
+void frmLEQ::show_current_cell()
+{
+    const leq_content& content = problem_.content();
+    const leq_cell cell = grdMatrix_->current_cell();
+    rename_item_->setEnabled(cell.column >= 0 && cell.column < content.count());
+    const QString fault = grdMatrix_->fault_of_current_cell();
+    if (!fault.isEmpty())
+        lblCell_->show_text(fault);
+    else if (problem_.is_blank())
+        lblCell_->show_text(tr("Type a number and press Tab for the next cell, or paste cells of a spreadsheet."));
+    else if (cell.row >= 0)
+        lblCell_->show_text(
+            QStringLiteral("[%1] %2").arg(QString::number(cell.row + 1), to_qstring(equation_text(content, cell.row))));
+}
+
+bool frmLEQ::can(command which) const
+{
+    switch (which) {
+    case command::cut:
+    case command::copy:
+    case command::paste:
+    case command::select_all:
+        return true;
+    default:
+        return problem_window::can(which);
+    }
+}
+
+void frmLEQ::perform(command which)
+{
+    take_over_typing();
+    switch (which) {
+    case command::cut:
+        cut();
+        break;
+    case command::copy:
+        copy();
+        break;
+    case command::paste:
+        paste();
+        break;
+    case command::select_all:
+        grdMatrix_->selectAll();
+        break;
+    default:
+        problem_window::perform(which);
+    }
+}
+
+void frmLEQ::take_over_typing()
+{
+    grdMatrix_->take_over_typing();
+}
+
+void frmLEQ::cmbNumEq_Click(int index)
+{
+    take_over_typing();
+    problem_.init_grids(index + least_leq_count);
+    document_changed();
+}
+
+void frmLEQ::cell_edited(leq_cell cell, const QString& text)
+{
+    problem_.set_cell(cell.row, cell.column, to_text(text));
+    document_changed();
+}
+
+void frmLEQ::fill_with_zeros()
+{
+    take_over_typing();
+    problem_.fill_empty_cells_with_zeros();
+    document_changed();
+}
+
+void frmLEQ::clean_grid()
+{
+    take_over_typing();
+    problem_.clean_grid();
+    document_changed();
+}
+
+void frmLEQ::rename_variable(int column)
+{
+    take_over_typing();
+    const leq_content& content = problem_.content();
+    if (column < 0 || column >= content.count()) return;
+    const auto name = context().user.input(this, QStringLiteral("Kelvarin"), QStringLiteral("Enter variable name."),
+                                           to_qstring(column_head(content, column)));
+    if (name) changed_or_refused(problem_.rename_variable(column, to_text(*name)));
+}
+
+void frmLEQ::put_on_clipboard(const std::string& text)
+{
+    auto content = std::make_unique<QMimeData>();
+    content->setText(to_qstring(text));
+    context().user.copy(std::move(content));
+}
+
+void frmLEQ::cut()
+{
+    put_on_clipboard(problem_.cut(grdMatrix_->selected_block()));
+    document_changed();
+}
+
+void frmLEQ::copy()
+{
+    put_on_clipboard(problem_.copy(grdMatrix_->selected_block()));
+}
+
+void frmLEQ::clear_cells()
+{
+    take_over_typing();
+    problem_.clear_cells(grdMatrix_->selected_block());
+    document_changed();
+}
+
+void frmLEQ::paste()
+{
+    const std::optional<cell_block> block =
+        with_decimal_points(read_block(to_text(context().user.clipboard()->text())));
+    if (!block || block->empty()) return;
+    const cell_range range = grdMatrix_->selected_block();
+    const std::optional<message_box> left_out = problem_.paste(range, *block);
+    document_changed();
+    grdMatrix_->select_block(landing_of(*block, range, problem_.content()));
+    if (left_out) context().user.show(this, *left_out);
+}
+
+std::optional<cell_block> frmLEQ::with_decimal_points(cell_block block)
+{
+    std::optional<cell_block> converted = decimal_comma_block(block);
+    if (!converted) return block;
+    const QString change = first_change(block, *converted);
+    const QString asked = tr("The pasted numbers have decimal commas. Do you want decimal points instead ?\r%1");
+    switch (context().user.ask(this, {.text = to_text(asked.arg(change)), .with_cancel = true})) {
+    case answer::yes:
+        return converted;
+    case answer::no:
+        return block;
+    case answer::cancel:
+        break;
+    }
+    return std::nullopt;
+}
+
+void frmLEQ::load_sample()
+{
+    if (!may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
+    problem_.load_sample(std::random_device{}());
+    document_changed();
+    grdMatrix_->set_current_cell({});
+}
+
+void frmLEQ::solve()
+{
+    take_over_typing();
+    const leq_run_problem problem = {problem_.content(), problem_.path()};
+    const leq_outcome outcome = run_leq(problem.content);
+    if (outcome.fault) {
+        grdMatrix_->set_current_cell(*outcome.fault);
+        grdMatrix_->setFocus();
+    }
+    // What is refused before it starts is not counted.
+    const int number = outcome.fault ? 0 : ++solution_counter;
+    if (show_boxes(outcome.boxes) && outcome.has_report) show_solution(problem, outcome, number);
+}
+
+void frmLEQ::show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number)
+{
+    auto* solution = new frmSolution(context());
+    solution->update_prog_sol(true, {}, problem.content.title);
+    solution->show_report(leq_report(problem, outcome, context().clock.today()),
+                          QStringLiteral("Linear Equations Solution #%1").arg(number));
+    context().frame.show_child(solution, true);
+}
+
+} // namespace kelvarin

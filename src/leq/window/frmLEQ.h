@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/problem_window.h"
+#include "leq/leq_problem.h"
+#include "leq/leq_run.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+class QBoxLayout;
+class QStatusBar;
+
+namespace kelvarin
+{
+
+class elided_label;
+class leq_grid;
+
+/// "Linear Equations Solver": the window of a problem of linear equations. What may be done and what it means is
+/// the matter of leq_problem; the window shows it and forwards gestures.
+class frmLEQ : public problem_window
+{
+    Q_OBJECT
+
+public:
+    explicit frmLEQ(desktop_context& context);
+
+    using problem_window::document;
+    leq_problem& document() override { return problem_; }
+    QList<QMenu*> menus() override;
+    bool can(command which) const override;
+    void perform(command which) override;
+
+    /// Puts a random problem in place of the present one, asking first where that would be lost.
+    void load_sample();
+
+    QSize sizeHint() const override;
+
+protected:
+    void show_document() override;
+    /// A run is over before a control could be used.
+    void enable_controls_for_run(bool) override {}
+    /// What is missing is told by the run.
+    bool can_solve() const override { return true; }
+    void solve() override;
+    void take_over_typing() override;
+
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build_ui();
+    QBoxLayout* build_title_row();
+    QBoxLayout* build_button_row();
+    QStatusBar* build_status();
+    void build_edit_menu();
+    QMenu* build_program_menu();
+    QMenu* build_help_menu();
+    QMenu* build_cell_menu();
+    void connect_controls();
+    void apply_colours();
+
+    void show_current_cell();
+    QString count_of_cells_to_fill() const;
+
+    void cmbNumEq_Click(int index);
+    void cell_edited(leq_cell cell, const QString& text);
+    void fill_with_zeros();
+    void clean_grid();
+    void rename_variable(int column);
+    void cut();
+    void copy();
+    void paste();
+    void clear_cells();
+    /// The block with points for commas, where that was asked for; nothing where the paste was cancelled.
+    std::optional<cell_block> with_decimal_points(cell_block block);
+    void put_on_clipboard(const std::string& text);
+
+    void show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number);
+
+    leq_problem problem_;
+
+    elided_label* lblTitle_ = nullptr;
+    QComboBox* cmbNumEq_ = nullptr;
+    QPushButton* cmdRun_ = nullptr;
+    leq_grid* grdMatrix_ = nullptr;
+    elided_label* lblCell_ = nullptr;
+    QLabel* lblEmpty_ = nullptr;
+
+    QMenu* program_menu_ = nullptr;
+    QMenu* help_menu_ = nullptr;
+    QMenu* cell_menu_ = nullptr;
+    QAction* clear_item_ = nullptr;
+    QAction* rename_item_ = nullptr;
+};
+
+} // namespace kelvarin

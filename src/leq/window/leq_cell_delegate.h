@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "leq/window/leq_grid_model.h"
+
+#include <QStyledItemDelegate>
+
+namespace kelvarin
+{
+
+/// Paints the cells of the matrix, with a wave below what is no number, and makes the field in which one types.
+class leq_cell_delegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    leq_cell_delegate(const leq_grid_model& model, QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* editor, QEvent* event) override;
+
+signals:
+    /// A key took over what was typed and goes to a cell of another row.
+    void row_left(bool upwards);
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+    void paint_fault(QPainter& painter, const QStyleOptionViewItem& item) const;
+
+    const leq_grid_model& model_;
+};
+
+} // namespace kelvarin

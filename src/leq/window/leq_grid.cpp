@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "leq/window/leq_grid.h"
+
+#include "desktop/look.h"
+#include "leq/window/leq_cell_delegate.h"
+#include "leq/window/leq_grid_model.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+leq_grid::leq_grid(QWidget* parent) : QTableView(parent), model_(new leq_grid_model(this))
+{
+    setAccessibleName(tr("Coefficients and right sides"));
+    setFont(fixed_font(*this));
+    setModel(model_);
+    auto* delegate = new leq_cell_delegate(*model_, this);
+    setItemDelegate(delegate);
+    setSelectionMode(ContiguousSelection);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    build_heads();
+    set_current_cell({});
+    connect(model_, &leq_grid_model::cell_edited, this, &leq_grid::cell_edited);
+    connect(delegate, &leq_cell_delegate::row_left, this, &leq_grid::go_to_next_row);
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &leq_grid::rename_asked);
+}
+
+void leq_grid::build_heads()
+{
+    const int unit = line_unit(*this);
+    // Rows of one height need no measuring, and room for two digits keeps the columns in place.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(unit);
+    verticalHeader()->setDefaultSectionSize(unit + unit / 2);
+    verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00")) + unit);
+    horizontalHeader()->setMinimumSectionSize(3 * unit);
+    widen_columns();
+}
+
+void leq_grid::widen_columns()
+{
+    constexpr qsizetype least_letters = 10;
+    constexpr qsizetype most_letters = 24;
+    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        qsizetype letters = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().size();
+        for (int row = 0; row < model_->rowCount(); ++row)
+            letters = std::max(letters, model_->index(row, column).data().toString().size());
+        const int width =
+            static_cast<int>(std::clamp(letters, least_letters, most_letters)) * letter + line_unit(*this);
+        // Never narrower by itself: nothing moves under the pointer, and what was dragged wider stays so.
+        if (columnWidth(column) < width) setColumnWidth(column, width);
+    }
+}
+
+void leq_grid::show_content(const leq_content& content)
+{
+    const leq_cell before = current_cell();
+    if (model_->show_content(content))
+        set_current_cell(
+            {std::min(before.row, model_->rowCount() - 1), std::min(before.column, model_->beta_column())});
+    widen_columns();
+}
+
+leq_cell leq_grid::current_cell() const
+{
+    return {currentIndex().row(), currentIndex().column()};
+}
+
+void leq_grid::set_current_cell(leq_cell cell)
+{
+    setCurrentIndex(model_->index(cell.row, cell.column));
+}
+
+cell_range leq_grid::selected_block() const
+{
+    const QItemSelection selected = selectionModel()->selection();
+    if (selected.isEmpty()) return {current_cell().row, current_cell().column};
+    // One block, though it may be kept in parts.
+    QRect block;
+    for (const QItemSelectionRange& part : selected)
+        block |= QRect(QPoint(part.left(), part.top()), QPoint(part.right(), part.bottom()));
+    return {block.top(), block.left(), block.height(), block.width()};
+}
+
+void leq_grid::select_block(cell_range range)
+{
+    const QModelIndex first = model_->index(range.row, range.column);
+    const QModelIndex last = model_->index(range.row + range.rows - 1, range.column + range.columns - 1);
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+}
+
+QString leq_grid::fault_of_current_cell() const
+{
+    return currentIndex().isValid() ? model_->fault_of(current_cell()) : QString();
+}
+
+void leq_grid::take_over_typing()
+{
+    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (!editor) return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void leq_grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    row_begun_at_.reset();
+    emit current_cell_changed();
+}
+
+bool leq_grid::go_along(bool forward)
+{
+    const int columns = model_->columnCount();
+    const leq_cell cell = current_cell();
+    const int next = cell.row * columns + cell.column + (forward ? 1 : -1);
+    if (next < 0 || next >= model_->rowCount() * columns) return false;
+    const int begun_at = row_begun_at_.value_or(cell.column);
+    set_current_cell({next / columns, next % columns});
+    row_begun_at_ = current_cell().row == cell.row ? std::min(begun_at, current_cell().column) : 0;
+    return true;
+}
+
+void leq_grid::go_to_next_row(bool upwards)
+{
+    const leq_cell cell = current_cell();
+    const int row = cell.row + (upwards ? -1 : 1);
+    if (row < 0 || row >= model_->rowCount()) return;
+    set_current_cell({row, upwards ? cell.column : row_begun_at_.value_or(cell.column)});
+}
+
+void leq_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool forward = hint == QAbstractItemDelegate::EditNextItem;
+    const bool along = forward || hint == QAbstractItemDelegate::EditPreviousItem;
+    // The next cell is gone to, not opened: what stands there is replaced by typing and cleared by Delete.
+    QTableView::closeEditor(editor, along ? QAbstractItemDelegate::NoHint : hint);
+    if (along && !go_along(forward)) focusNextPrevChild(forward);
+}
+
+bool leq_grid::take_key(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if ((modifiers & ~Qt::ShiftModifier) != Qt::NoModifier) return false;
+    switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return go_along(event.key() == Qt::Key_Tab);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        go_to_next_row(modifiers == Qt::ShiftModifier);
+        return true;
+    case Qt::Key_Delete:
+        if (modifiers != Qt::NoModifier) return false;
+        emit clear_asked();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void leq_grid::keyPressEvent(QKeyEvent* event)
+{
+    if (state() != EditingState && take_key(*event)) {
+        event->accept();
+        return;
+    }
+    // Tab behind the last cell goes to what follows the table. Copying is the window's; the view by itself would
+    // put one cell on the clipboard.
+    if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab || event == QKeySequence::Copy)
+        event->ignore();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void leq_grid::contextMenuEvent(QContextMenuEvent* event)
+{
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        place = viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
+    emit menu_asked(place);
+}
+
+} // namespace kelvarin

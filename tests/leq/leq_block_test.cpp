@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "leq/leq_block.h"
+#include "support/leq_problems.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::equations;
+
+TEST(LeqBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
+{
+    struct row
+    {
+        std::string text;
+        cell_block block;
+    };
+    const std::vector<row> cases = {
+        {"", {}},
+        {"1", {{"1"}}},
+        {"1\n", {{"1"}}},
+        {"1\t2\r\n3\t4\r\n", {{"1", "2"}, {"3", "4"}}},
+        {"1\t\n\t4", {{"1", ""}, {"", "4"}}},
+        {"1\n\n2", {{"1"}, {""}, {"2"}}},
+        {"\"1\t2\"\t3\n\"a\nb\"\t\"say \"\"x\"\"\"", {{"1\t2", "3"}, {"a\nb", "say \"x\""}}},
+        {"5\" pipe\t\"open\n1", {{"5\" pipe", "\"open"}, {"1"}}},
+        {"\"1\"2\t3", {{"12", "3"}}},
+    };
+    for (const row& given : cases) {
+        SCOPED_TRACE(given.text);
+        EXPECT_EQ(read_block(given.text), given.block);
+    }
+}
+
+TEST(LeqBlock, WhatWasCopiedReadsBack)
+{
+    EXPECT_TRUE(rc::check("whatever the cells hold", [] {
+        leq_content content(4);
+        const auto cell = rc::gen::element<std::string>("", "1", "a\tb", "\"", "\"\"x", "\n", "2,5");
+        for (std::string& text : content.cells)
+            text = *cell;
+        const cell_range range = {1, 2, *rc::gen::inRange(1, 4), *rc::gen::inRange(1, 4)};
+        cell_block expected(static_cast<std::size_t>(range.rows));
+        for (int row = 0; row < range.rows; ++row)
+            for (int column = 0; column < range.columns; ++column)
+                expected[static_cast<std::size_t>(row)].push_back(content.cell(1 + row, 2 + column));
+        // An empty row at the very end of a text is none: that of one column.
+        if (range.columns == 1 && expected.back().front().empty()) expected.pop_back();
+        RC_ASSERT(read_block(block_text(content, range)) == expected);
+    }));
+}
+
+TEST(LeqBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
+{
+    struct row
+    {
+        cell_block block;
+        std::optional<cell_block> converted;
+    };
+    const std::vector<row> cases = {
+        {{{"1,5", "-,25E+3"}, {" 3 ", ""}}, {{{"1.5", "-.25E+3"}, {" 3 ", ""}}}},
+        {{{"1", "2"}}, std::nullopt},
+        {{{"1,5", "2.5"}}, std::nullopt},
+        {{{"1,5", "abc"}}, std::nullopt},
+        {{{"1.234,5"}}, std::nullopt},
+        {{{"1,2,3"}}, std::nullopt},
+        {{{"1e3,5"}}, std::nullopt},
+        {{{""}}, std::nullopt},
+        {{}, std::nullopt},
+    };
+    for (const row& given : cases) {
+        SCOPED_TRACE(given.block.empty() ? "" : given.block.front().front());
+        EXPECT_EQ(decimal_comma_block(given.block), given.converted);
+    }
+}
+
+TEST(LeqBlock, PasteSaysWhatDidNotFit)
+{
+    struct row
+    {
+        std::string name;
+        cell_range range;
+        std::string text;
+        leq_content expected;
+        int left_out;
+    };
+    const leq_content grid = equations({{"1", "2", "3"}, {"4", "5", "6"}});
+    const std::vector<row> cases = {
+        {"inside", {0, 1, 1, 1}, "a\tb\nc\td", equations({{"1", "a", "b"}, {"4", "c", "d"}}), 0},
+        {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", equations({{"1", "2", "3"}, {"4", "5", "a"}}), 3},
+        {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", equations({{"1", "2", "3"}, {"4", "5", "a"}}), 0},
+        {"one cell fills the selection", {0, 0, 2, 2}, "0\n", equations({{"0", "0", "3"}, {"0", "0", "6"}}), 0},
+        {"a comma stays one", {0, 0, 1, 1}, "1,5\t2", equations({{"1,5", "2", "3"}, {"4", "5", "6"}}), 0},
+        {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", equations({{"1 2", "x", "3"}, {"4", "5", "6"}}), 0},
+        {"nothing", {0, 0, 2, 2}, "", grid, 0},
+    };
+    for (const row& given : cases) {
+        SCOPED_TRACE(given.name);
+        leq_content content = grid;
+        EXPECT_EQ(paste_block(content, given.range, read_block(given.text)), given.left_out);
+        EXPECT_EQ(content, given.expected);
+    }
+    EXPECT_EQ(left_out_box(3).text, "3 pasted cells lie outside the grid and were left out.");
+}
+
+} // namespace
+} // namespace kelvarin

@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+// Whole ways through the window of linear equations, as a person takes them.
+
+#include "leq_desk.h"
+#include "support/window_walk.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+using namespace kelvarin;
+using kelvarin::test::leq_desk;
+using kelvarin::test::robot;
+using kelvarin::test::three_equations_block;
+using testing::HasSubstr;
+
+// A common textbook example; by substitution its solution is 2, 3, -1.
+const std::string textbook_file = "Textbook\r\n"
+                                  "2\r\n"
+                                  "varsnames==x1,y,x3\r\n"
+                                  "2\t1\t-1\t\r\n"
+                                  "-3\t-1\t2\t\r\n"
+                                  "-2\t1\t2\t\r\n"
+                                  "8\t-11\t-3\t\r\r\n";
+
+void expect_textbook_report(const frmSolution& solution)
+{
+    const std::string report = solution.plain_text();
+    for (const char* line : {"Textbook", "[1] x1 = 2\n", "[2] y = 3\n", "[3] x3 = -1\n",
+                             "[2] -3*x1 - 1*y + 2*x3 = -11\n", " Number of equations : 3\n"})
+        EXPECT_THAT(report, HasSubstr(line));
+}
+
+TEST(LinearWindow, MakesSolvesAndKeepsAProblemByKeysAlone)
+{
+    leq_desk desk;
+    // Tab goes along a row and on to the next; behind the last cell it leads to the button, where Enter solves.
+    leq_desk::keys("2\t1\t-1\t8\t-3\t-1\t2\t-11\t-2\t1\t2\t-3\t");
+    desk.user.expect_input("Enter problem title.", "Textbook");
+    desk.choose("Edit", "mnuTitle");
+    desk.grid().set_current_cell({1, 1});
+    desk.user.expect_input("Enter variable name.", "y");
+    desk.choose("Edit", "mnuRename");
+    robot::press(Qt::Key_Return);
+    expect_textbook_report(desk.report());
+    EXPECT_THAT(desk.report().windowTitle().toStdString(), HasSubstr("Linear Equations Solution #"));
+
+    desk.window.activateWindow();
+    desk.user.expect_file(chosen_file{desk.folder / "made.kvr", 1});
+    robot::press(Qt::Key_S, Qt::ControlModifier);
+    robot::press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(desk.frame.children().size(), 1u) << "the window stays open";
+    EXPECT_EQ(desk.folder.read("made.kvr"), textbook_file);
+
+    auto& reopened = *new frmLEQ(desk.context);
+    desk.frame.show_child(&reopened);
+    ASSERT_TRUE(reopened.open(desk.folder / "made.kvr"));
+    EXPECT_TRUE(reopened.document().problem_saved());
+    robot::press(Qt::Key_F5);
+    expect_textbook_report(desk.report());
+    EXPECT_THAT(desk.report().plain_text(), HasSubstr("made.kvr"));
+}
+
+TEST(LinearWindow, NamesWhatKeepsAProblemFromBeingSolvedAndGoesThere)
+{
+    struct row
+    {
+        const char* name;
+        const char* block;
+        const char* box;
+        leq_cell place;
+    };
+    for (const row& expected : {
+             row{"empty",
+                 "1\t0\t0\t1\n0\t1\t\t2\n\t0\t1\t3",
+                 "The coefficients matrix contains one or more empty cells (2,3)",
+                 {1, 2}},
+             row{"empty beta",
+                 "1\t0\t0\t1\n0\t1\t0\t2\n0\t0\t1\t",
+                 "The coefficients matrix contains one or more empty cells (3,4)",
+                 {2, 3}},
+             row{"no number",
+                 "1\t0\t0\t1\n0\t12abc\t0\t2\n0\t0\t1\t3",
+                 "The coefficients matrix contains a cell that is not a number (2,2): '12abc'",
+                 {1, 1}},
+         }) {
+        SCOPED_TRACE(expected.name);
+        leq_desk desk;
+        desk.paste_at(1, 1, expected.block);
+        desk.user.expect_box(expected.box);
+        desk.person.click("cmdRun");
+        EXPECT_EQ(desk.grid().current_cell(), expected.place);
+        EXPECT_TRUE(desk.grid().hasFocus());
+        EXPECT_EQ(desk.frame.children().size(), 1u);
+    }
+}
+
+TEST(LinearWindow, CountsTheSolutionsOfAllWindowsThroughRefusalsAndSingularMatrices)
+{
+    const auto number_of = [](const frmSolution& report) {
+        return report.windowTitle().remove(QStringLiteral("Linear Equations Solution #")).remove("[*]").toInt();
+    };
+    leq_desk desk;
+    desk.person.choose("cmbNumEq", "2");
+    desk.paste_at(1, 1, "1\t2\t3\n4\t5\t6");
+    desk.choose("Program", "solve");
+    const int first = number_of(desk.report());
+    EXPECT_GT(first, 0);
+
+    desk.window.activateWindow();
+    desk.click_cell(2, 1);
+    leq_desk::keys("2\t4\n");
+    desk.user.expect_box("Error, Singular Matrix enetered !");
+    robot::press(Qt::Key_F5);
+    EXPECT_EQ(desk.frame.children().size(), 2u);
+
+    desk.click_cell(2, 1);
+    robot::press(Qt::Key_Delete);
+    desk.user.expect_box("The coefficients matrix contains one or more empty cells (2,1)");
+    robot::press(Qt::Key_F5);
+
+    leq_desk::keys("1\n");
+    robot::press(Qt::Key_F5);
+    EXPECT_EQ(number_of(desk.report()), first + 2);
+}
+
+TEST(LinearWindow, TakesOverWhatIsBeingTypedBeforeItSolvesSavesOrCloses)
+{
+    leq_desk desk;
+    desk.person.choose("cmbNumEq", "2");
+    desk.paste_at(1, 1, "1\t0\t1\n0\t1\t1");
+    desk.click_cell(1, 3);
+    // Read as far as it goes it would be a 1.
+    leq_desk::keys("1E-");
+    desk.user.expect_box("The coefficients matrix contains a cell that is not a number (1,3): '1E-'");
+    robot::press(Qt::Key_F5);
+
+    leq_desk::keys("7");
+    desk.user.expect_file(chosen_file{desk.folder / "typed.kvr", 1});
+    robot::press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(desk.folder.read("typed.kvr"), HasSubstr("7\t1\t\r\r\n"));
+
+    leq_desk::keys("8");
+    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", answer::yes);
+    EXPECT_TRUE(desk.window.close_with_frame());
+    EXPECT_THAT(desk.folder.read("typed.kvr"), HasSubstr("8\t1\t\r\r\n"));
+}
+
+TEST(LinearWindow, AsksBeforeAnUnsavedProblemIsLost)
+{
+    leq_desk desk;
+    const auto saved = desk.folder.write("saved.kvr", textbook_file);
+    desk.click_cell(1, 1);
+    leq_desk::keys("5\n");
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::cancel);
+    EXPECT_FALSE(desk.window.open(saved));
+    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::cancel);
+    desk.choose("Help", "mnuSample");
+    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", answer::cancel);
+    EXPECT_FALSE(desk.window.close_with_frame());
+    EXPECT_EQ(desk.cells(), "5 _ _ _\n_ _ _ _\n_ _ _ _\n");
+
+    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::no);
+    desk.choose("Help", "mnuSample");
+    EXPECT_EQ(desk.window.title_panel(), "Sample random problem");
+    desk.choose("Program", "solve");
+    desk.report();
+
+    desk.window.activateWindow();
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::no);
+    desk.user.expect_file(chosen_file{saved, 1});
+    desk.choose("File", "mnuOpen");
+    EXPECT_EQ(desk.heads(), "x1 y x3 beta ");
+    EXPECT_THAT(desk.window.file_panel().toStdString(), HasSubstr("saved.kvr"));
+    EXPECT_TRUE(desk.window.close_with_frame());
+}
+
+TEST(LinearWindow, PassesFilesOfOtherKindsOn)
+{
+    leq_desk desk;
+    const auto foreign = desk.folder.write("other.kvr", "Root\nf(x) = x^2-2 #\nx(min)=1, x(max)=2\n");
+    desk.user.expect_file(chosen_file{foreign, 1});
+    desk.choose("File", "mnuOpen");
+    EXPECT_EQ(desk.frame.opened(), std::vector{foreign});
+
+    // A problem kept as a text is one of this window's own.
+    const auto text = desk.folder.write("own.txt", textbook_file);
+    desk.user.expect_file(chosen_file{text, 2});
+    desk.choose("File", "mnuOpen");
+    EXPECT_EQ(desk.frame.opened().size(), 1u);
+    EXPECT_EQ(desk.window.title_panel(), "Textbook");
+
+    desk.user.expect_file(chosen_file{desk.folder.write("bad.kvr", "Too many\n99\n1\t2\t\n"), 1});
+    desk.user.expect_box("Error while trying to open file.");
+    desk.choose("File", "mnuOpen");
+    EXPECT_EQ(desk.window.title_panel(), "Textbook");
+}
+
+TEST(LinearWindow, SavesTheOlderFormatAfterAQuestion)
+{
+    leq_desk desk;
+    ASSERT_TRUE(desk.window.open(desk.folder.write("new.kvr", textbook_file)));
+    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
+    desk.user.expect_question(
+        "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
+        answer::yes);
+    desk.choose("File", "save_as");
+    std::string older = textbook_file;
+    older.erase(older.find("varsnames"), std::string("varsnames==x1,y,x3\r\n").size());
+    EXPECT_EQ(desk.folder.read("old.kvr"), older);
+}
+
+TEST(LinearWindow, ComesBackAfterACrashCellByCell)
+{
+    leq_desk desk;
+    desk.paste_at(1, 1, "1,5x\t2");
+    auto& recovered = *new frmLEQ(desk.context);
+    desk.frame.show_child(&recovered);
+    ASSERT_TRUE(recovered.recover(1, {.kind = "leq", .content = desk.window.document().recovery_text()}));
+    EXPECT_EQ(recovered.document().content(), desk.content());
+    EXPECT_FALSE(recovered.document().problem_saved());
+}
+
+TEST(LinearWindow, HasNoFaultOfLayoutAndSpeaksItsCells)
+{
+    leq_desk desk;
+    const auto faults = [&] { return test::faults_of(desk.window, desk.window.menus()); };
+    EXPECT_THAT(faults(), testing::IsEmpty());
+    EXPECT_EQ(desk.window.windowTitle(), "Linear Equations Solver[*]");
+    EXPECT_EQ(desk.person.text("lblEmpty"), "12 empty cells");
+
+    desk.paste_at(1, 1, three_equations_block);
+    desk.click_cell(2, 3);
+    EXPECT_EQ(desk.person.text("lblEmpty"), "");
+    EXPECT_EQ(desk.person.text("lblCell"), "[2] -3*x1 - 1*x2 + 2*x3 = -11");
+    const QModelIndex cell = desk.grid().currentIndex();
+    EXPECT_EQ(cell.data(Qt::AccessibleTextRole).toString(), "row 2, column x3: 2");
+    EXPECT_EQ(cell.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight, Qt::AlignRight);
+
+    // Shown as typed, and told what is wrong with it.
+    leq_desk::keys("2,50");
+    EXPECT_THAT(faults(), testing::IsEmpty()) << "while a cell is being typed in";
+    robot::press(Qt::Key_Up);
+    desk.click_cell(2, 3);
+    EXPECT_EQ(cell.data().toString(), "2,50");
+    const std::string fault = "'2,50' is not a number. Decimals stand behind a point: 2.50";
+    EXPECT_EQ(desk.person.text("lblCell"), fault);
+    EXPECT_EQ(cell.data(Qt::ToolTipRole).toString().toStdString(), fault);
+    EXPECT_EQ(cell.data(Qt::AccessibleDescriptionRole).toString().toStdString(), fault);
+
+    desk.person.choose("cmbNumEq", "64");
+    EXPECT_THAT(faults(), testing::IsEmpty());
+}
+
+} // namespace

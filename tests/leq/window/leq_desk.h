@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "leq/window/frmLEQ.h"
+#include "leq/window/leq_grid.h"
+#include "shell/window/frmSolution.h"
+#include "support/robot.h"
+#include "support/test_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kelvarin::test
+{
+
+/// A window of linear equations, and what a person does in it.
+struct leq_desk : test_desk
+{
+    frmLEQ& window;
+    robot person;
+
+    leq_desk() : window(*new frmLEQ(context)), person(window)
+    {
+        frame.show_child(&window);
+        window.resize(window.sizeHint());
+        settle();
+    }
+
+    leq_grid& grid() const { return person.find<leq_grid>("grdMatrix"); }
+    const leq_content& content() const { return window.document().content(); }
+    /// The shown cells, row by row, separated by blanks; an empty one is "_".
+    std::string cells() const
+    {
+        const QAbstractItemModel& model = *grid().model();
+        std::string all;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            for (int column = 0; column < model.columnCount(); ++column) {
+                const std::string cell = model.index(row, column).data().toString().toStdString();
+                all += (column > 0 ? " " : "") + (cell.empty() ? "_" : cell);
+            }
+            all += '\n';
+        }
+        return all;
+    }
+    std::string heads() const
+    {
+        std::string all;
+        for (int column = 0; column < grid().model()->columnCount(); ++column)
+            all += grid().model()->headerData(column, Qt::Horizontal).toString().toStdString() + ' ';
+        return all;
+    }
+    QMenu& menu(const char* title)
+    {
+        for (QMenu* found : window.menus())
+            if (QString(found->title()).remove(QLatin1Char('&')) == QLatin1String(title)) return *found;
+        throw std::runtime_error(std::string("no menu ") + title);
+    }
+    void choose(const char* menu_title, const char* item) { person.trigger(menu(menu_title), item); }
+
+    /// Letter by letter: the first opens the field that gets the others. "\t" is Tab, "\n" is Enter.
+    static void keys(const std::string& text)
+    {
+        for (const char letter : text) {
+            if (letter == '\t')
+                robot::press(Qt::Key_Tab);
+            else
+                robot::keys(std::string(1, letter));
+        }
+    }
+    void click_cell(int row, int column, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1));
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, modifiers, cell.center());
+        settle();
+    }
+    void double_click_head(int column) const
+    {
+        const QHeaderView& head = *grid().horizontalHeader();
+        const QPoint middle(head.sectionViewportPosition(column - 1) + head.sectionSize(column - 1) / 2,
+                            head.height() / 2);
+        QTest::mouseClick(head.viewport(), Qt::LeftButton, {}, middle);
+        QTest::mouseDClick(head.viewport(), Qt::LeftButton, {}, middle);
+        settle();
+    }
+    void put_on_clipboard(const std::string& text)
+    {
+        auto content = std::make_unique<QMimeData>();
+        content->setText(QString::fromStdString(text));
+        user.copy(std::move(content));
+    }
+    void paste_at(int row, int column, const std::string& text)
+    {
+        put_on_clipboard(text);
+        click_cell(row, column);
+        robot::press(Qt::Key_V, Qt::ControlModifier);
+    }
+    /// The report that the last key or click brought.
+    frmSolution& report() const
+    {
+        auto* shown = dynamic_cast<frmSolution*>(frame.children().back());
+        if (!shown) throw std::runtime_error("no report came");
+        return *shown;
+    }
+};
+
+inline const char* const three_equations_block = "2\t1\t-1\t8\r\n-3\t-1\t2\t-11\r\n-2\t1\t2\t-3\r\n";
+
+} // namespace kelvarin::test
