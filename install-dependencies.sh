@@ -7,7 +7,7 @@
 #   ./install-dependencies.sh test     that, and what building and running the tests takes
 set -euo pipefail
 
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev fonts-liberation)
 test_packages=(libgtest-dev libgmock-dev librapidcheck-dev)
 development_packages=(git ccache libbenchmark-dev libmuparser-dev libgsl-dev clang clang-format clang-tidy libclang-rt-14-dev)
 

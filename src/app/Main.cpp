@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "app/Main.h"
+
+#include "app/frmMDIKelvarin.h"
+#include "app/frmStartup.h"
+#include "app/start_request.h"
+#include "desktop/icons.h"
+#include "desktop/qt_text.h"
+#include "shell/rich_text.h"
+
+#include <QApplication>
+
+#include <clocale>
+#include <cstring>
+#include <iostream>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr const char* usage = "usage: kelvarin [FILE...]\n"
+                              "       kelvarin calc|units|const|ant\n"
+                              "Opens files, or one of the tools alone. kelvarin-solve works without windows.\n";
+
+/// What can be told without a window: true where that was all that was asked for.
+bool answered_on_the_terminal(int argc, char** argv)
+{
+    if (argc != 2) return false;
+    if (std::strcmp(argv[1], "--version") == 0) {
+        std::cout << "kelvarin " << program_version() << "\n";
+        return true;
+    }
+    if (std::strcmp(argv[1], "--help") == 0) {
+        std::cout << usage;
+        return true;
+    }
+    return false;
+}
+
+void name_program()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("kelvarin"));
+    QCoreApplication::setApplicationName(QStringLiteral("kelvarin"));
+    QCoreApplication::setApplicationVersion(to_qstring(program_version()));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Kelvarin"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kelvarin"));
+    QGuiApplication::setWindowIcon(icon("app"));
+}
+
+std::vector<std::string> arguments_of(const QApplication& application)
+{
+    std::vector<std::string> arguments;
+    // Without the toolkit's own, which it has taken out.
+    for (const QString& argument : application.arguments().mid(1))
+        arguments.push_back(to_text(argument));
+    return arguments;
+}
+
+bool on_a_desktop()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
+void show_main_window(frmMDIKelvarin& window, const start_request& request)
+{
+    window.show();
+    // Who opens a document wants to see that, and nothing before it.
+    if (request.documents.empty() && on_a_desktop()) (new frmStartup(&window))->show();
+    window.offer_recovered_problems();
+    window.open_documents(request.documents);
+}
+
+} // namespace
+
+int Main(int argc, char** argv)
+{
+    if (answered_on_the_terminal(argc, argv)) return 0;
+    if (!has_screen(screen_of_environment())) {
+        std::cerr << "kelvarin: there is no display to open a window on. kelvarin-solve solves problem files "
+                     "without one.\n";
+        return 1;
+    }
+    QApplication application(argc, argv);
+    // Numbers are read and written in one way in every country; the toolkit has just chosen the country's.
+    std::setlocale(LC_NUMERIC, "C");
+    name_program();
+
+    file_registry registry(default_registry_file());
+    settings store(registry);
+    const system_clock clock;
+    const auto user = make_desktop_interface();
+    recovery_store recovery(default_recovery_folder());
+    frmMDIKelvarin window({store, registry, clock, *user, recovery});
+    QObject::connect(&window, &frmMDIKelvarin::ended, &application, &QCoreApplication::exit, Qt::QueuedConnection);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, &frmMDIKelvarin::commit_session,
+                     Qt::DirectConnection);
+
+    const start_request request = read_arguments(arguments_of(application));
+    if (!request.tool)
+        show_main_window(window, request);
+    else if (!window.show_tool(*request.tool))
+        return 1;
+    return QApplication::exec();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "app/child_area.h"
+
+#include "app/background_picture.h"
+#include "desktop/look.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Below this many letters of width a window is no use beside another.
+constexpr int least_letters = 60;
+
+child_window* child_of(const QMdiSubWindow* frame)
+{
+    return frame ? qobject_cast<child_window*>(frame->widget()) : nullptr;
+}
+
+/// The frame's own menu holds "Close" on the keys of the main window's command, and of two actions with one key
+/// neither would be carried out.
+void give_up_shortcuts(const QMdiSubWindow& frame)
+{
+    if (!frame.systemMenu()) return;
+    const auto actions = frame.systemMenu()->actions();
+    for (QAction* action : actions)
+        action->setShortcuts(QList<QKeySequence>{});
+}
+
+} // namespace
+
+child_area::child_area(QWidget* parent) : QMdiArea(parent)
+{
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setAccessibleName(tr("Open windows"));
+    take_ground();
+    connect(this, &QMdiArea::subWindowActivated, this, &child_area::front_changed);
+}
+
+void child_area::add(std::unique_ptr<child_window> window, bool beside)
+{
+    child_window* added = window.get();
+    QMdiSubWindow* in_front = activeSubWindow();
+    const bool alone = subWindowList().isEmpty();
+    const bool fills = alone || (in_front && in_front->isMaximized());
+    connect(added, &child_window::state_changed, this, [this, added] { emit child_changed(added); });
+
+    QRect place;
+    const bool has_place = beside && in_front && make_room_beside(*in_front, place);
+    QMdiSubWindow* frame = addSubWindow(window.release());
+    frame->setWindowIcon(added->windowIcon());
+    give_up_shortcuts(*frame);
+    if (has_place) {
+        frame->setGeometry(place);
+        frame->show();
+    } else if (fills) {
+        frame->showMaximized();
+    } else {
+        frame->resize(frame->sizeHint().boundedTo(viewport()->size()));
+        frame->show();
+    }
+    setActiveSubWindow(frame);
+}
+
+bool child_area::make_room_beside(QMdiSubWindow& in_front, QRect& place)
+{
+    const QRect whole = viewport()->rect();
+    const int least = std::max(fontMetrics().averageCharWidth() * least_letters, in_front.minimumSizeHint().width());
+    if (whole.width() < 2 * least) return false;
+    // A window that a person has put somewhere stays there, if it leaves enough beside it.
+    const int right_of_it = whole.right() - in_front.geometry().right();
+    if (in_front.isMaximized() || right_of_it < least) {
+        const QList<QRect> halves = tiles(whole, 2, tiling::vertical);
+        in_front.showNormal();
+        in_front.setGeometry(halves.first());
+        place = halves.last();
+        return true;
+    }
+    place = QRect(in_front.geometry().right() + 1, in_front.y(), right_of_it, in_front.height());
+    return true;
+}
+
+void child_area::bring_to_front(child_window& window)
+{
+    auto* frame = qobject_cast<QMdiSubWindow*>(window.parentWidget());
+    if (!frame) return;
+    if (frame->isMinimized()) frame->showNormal();
+    frame->show();
+    setActiveSubWindow(frame);
+}
+
+child_window* child_area::front() const
+{
+    if (child_window* active = child_of(activeSubWindow())) return active;
+    return child_of(currentSubWindow());
+}
+
+std::vector<child_window*> child_area::children() const
+{
+    std::vector<child_window*> all;
+    for (const QMdiSubWindow* frame : subWindowList(CreationOrder))
+        if (child_window* child = child_of(frame)) all.push_back(child);
+    return all;
+}
+
+void child_area::tile(tiling direction)
+{
+    QMdiSubWindow* in_front = activeSubWindow();
+    QList<QMdiSubWindow*> shown;
+    QRect area = viewport()->rect();
+    for (QMdiSubWindow* frame : subWindowList(CreationOrder)) {
+        if (!frame->isMinimized())
+            shown.append(frame);
+        else
+            area.setBottom(std::min(area.bottom(), frame->y() - 1));
+    }
+    const QList<QRect> places = tiles(area, static_cast<int>(shown.size()), direction);
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        shown[i]->showNormal();
+        shown[i]->setGeometry(places[i]);
+    }
+    setActiveSubWindow(in_front);
+}
+
+void child_area::arrange_icons()
+{
+    const QRect area = viewport()->rect();
+    QPoint corner = area.bottomLeft();
+    for (QMdiSubWindow* frame : subWindowList(CreationOrder)) {
+        if (!frame->isMinimized()) continue;
+        if (corner.x() > area.left() && corner.x() + frame->width() > area.right())
+            corner = QPoint(area.left(), corner.y() - frame->height());
+        frame->move(corner.x(), corner.y() - frame->height() + 1);
+        corner.rx() += frame->width();
+    }
+}
+
+void child_area::show_background_picture(bool shown)
+{
+    background_picture_ = shown;
+    viewport()->update();
+}
+
+void child_area::paintEvent(QPaintEvent* event)
+{
+    QMdiArea::paintEvent(event);
+    if (!background_picture_) return;
+    QPainter painter(viewport());
+    paint_background_picture(painter, viewport()->rect(), palette());
+}
+
+void child_area::changeEvent(QEvent* event)
+{
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) take_ground();
+}
+
+void child_area::take_ground()
+{
+    setBackground(ground_colour(palette()));
+}
+
+} // namespace kelvarin

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include <filesystem>
+#include <vector>
+
+class QDropEvent;
+
+namespace kelvarin
+{
+
+/// Takes files that are dropped anywhere on a window, also on fields in it that would take their names as text.
+class file_drop : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit file_drop(QWidget& window);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    void dropped(const std::vector<std::filesystem::path>& files);
+
+private:
+    bool takes(QDropEvent& event);
+
+    QWidget& window_;
+};
+
+} // namespace kelvarin

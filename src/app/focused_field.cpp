@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "app/focused_field.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+bool has_selection(const QLineEdit& field)
+{
+    return field.hasSelectedText();
+}
+
+template <class Edit> bool has_selection(const Edit& field)
+{
+    return field.textCursor().hasSelection();
+}
+
+bool can_undo(const QLineEdit& field)
+{
+    return field.isUndoAvailable();
+}
+
+template <class Edit> bool can_undo(const Edit& field)
+{
+    return field.document()->isUndoAvailable();
+}
+
+bool can_redo(const QLineEdit& field)
+{
+    return field.isRedoAvailable();
+}
+
+template <class Edit> bool can_redo(const Edit& field)
+{
+    return field.document()->isRedoAvailable();
+}
+
+template <class Field> bool field_can(const Field& field, command which)
+{
+    switch (which) {
+    case command::undo:
+        return can_undo(field);
+    case command::redo:
+        return can_redo(field);
+    case command::cut:
+    case command::copy:
+        return has_selection(field);
+    case command::paste:
+    case command::select_all:
+        return true;
+    default:
+        return false;
+    }
+}
+
+template <class Field> void perform_in(Field& field, command which)
+{
+    switch (which) {
+    case command::undo:
+        return field.undo();
+    case command::redo:
+        return field.redo();
+    case command::cut:
+        return field.cut();
+    case command::copy:
+        return field.copy();
+    case command::paste:
+        return field.paste();
+    case command::select_all:
+        return field.selectAll();
+    default:
+        return;
+    }
+}
+
+/// Calls `visit` with the field as what it is; false where it is no field that can be edited.
+template <class Visit> bool visit_field(QWidget* widget, Visit visit)
+{
+    const auto as = [&]<class Field>(Field* field) {
+        if (!field || field->isReadOnly()) return false;
+        visit(*field);
+        return true;
+    };
+    return as(qobject_cast<QLineEdit*>(widget)) || as(qobject_cast<QPlainTextEdit*>(widget)) ||
+           as(qobject_cast<QTextEdit*>(widget));
+}
+
+} // namespace
+
+focused_field::focused_field(QWidget& window) : QObject(&window), window_(window)
+{
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { take(now); });
+}
+
+void focused_field::take(QWidget* focused)
+{
+    // A menu or box that takes the focus for a while leaves the field what commands are meant for.
+    if (!focused || focused->window() != &window_ || focused == field_) return;
+    if (field_) field_->disconnect(this);
+    field_ = nullptr;
+    visit_field(focused, [&](auto& field) {
+        using Field = std::remove_reference_t<decltype(field)>;
+        field_ = &field;
+        connect(&field, &Field::selectionChanged, this, &focused_field::changed);
+        connect(&field, &Field::textChanged, this, &focused_field::changed);
+    });
+    emit changed();
+}
+
+bool focused_field::can(command which) const
+{
+    bool answer = false;
+    if (field_ && field_->isVisible() && field_->isEnabled())
+        visit_field(field_, [&](const auto& field) { answer = field_can(field, which); });
+    return answer;
+}
+
+void focused_field::perform(command which)
+{
+    visit_field(field_, [&](auto& field) { perform_in(field, which); });
+}
+
+} // namespace kelvarin

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: MIT
+#include "app/frmMDIKelvarin.h"
+
+#include "app/child_area.h"
+#include "app/file_drop.h"
+#include "app/focused_field.h"
+#include "app/frmAbout.h"
+#include "app/main_menus.h"
+#include "app/main_status_bar.h"
+#include "app/main_toolbar.h"
+#include "app/problem_kinds.h"
+#include "app/start_page.h"
+#include "app/tool_windows.h"
+#include "desktop/icons.h"
+
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+rectangle rectangle_of(const QRect& place)
+{
+    return {.left = place.x(), .top = place.y(), .width = place.width(), .height = place.height()};
+}
+
+std::vector<rectangle> screens()
+{
+    std::vector<rectangle> all;
+    const auto known = QGuiApplication::screens();
+    for (const QScreen* screen : known)
+        all.push_back(rectangle_of(screen->availableGeometry()));
+    return all;
+}
+
+} // namespace
+
+frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
+    : context_{services.store, services.registry, services.clock, services.user, services.recovery, *this},
+      commands_(std::make_unique<command_actions>(nullptr)), tools_(std::make_unique<tool_windows>(context_))
+{
+    setObjectName(QStringLiteral("frmMDIKelvarin"));
+    setWindowTitle(tr("Kelvarin"));
+    setWindowIcon(icon("app"));
+    build_ui();
+    connect_parts();
+    restore_window_placement();
+    apply_settings();
+    show_front_child();
+}
+
+frmMDIKelvarin::~frmMDIKelvarin()
+{
+    // The children use what this class owns; the base would delete them too late.
+    disconnect(area_, nullptr, this, nullptr);
+    disconnect(field_, nullptr, this, nullptr);
+    delete takeCentralWidget();
+}
+
+void frmMDIKelvarin::build_ui()
+{
+    for (const command which : all_commands())
+        addAction(action(which));
+
+    auto* centre = new QWidget(this);
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    pages_ = new QStackedWidget(centre);
+    area_ = new child_area(pages_);
+    start_page_ = new start_page(*commands_, context_.registry, pages_);
+    pages_->addWidget(start_page_);
+    pages_->addWidget(area_);
+    layout->addWidget(pages_, 1);
+    setCentralWidget(centre);
+
+    addToolBar(new main_toolbar(*commands_, this));
+    menus_ = new main_menus(*this, *commands_, *area_);
+    StbMDI_ = new main_status_bar(action(command::stop), this);
+    setStatusBar(StbMDI_);
+    field_ = new focused_field(*this);
+}
+
+void frmMDIKelvarin::connect_parts()
+{
+    connect(commands_.get(), &command_actions::triggered, this, &frmMDIKelvarin::run_command);
+    connect(findChild<main_toolbar*>(), &main_toolbar::new_window_asked, this,
+            [this](const problem_window_kind& kind) { new_window(kind); });
+    connect(area_, &child_area::front_changed, this, &frmMDIKelvarin::show_front_child);
+    connect(area_, &child_area::child_changed, this, [this](const child_window* changed) {
+        if (changed == active_child()) {
+            refresh_commands();
+            refresh_panels();
+        }
+        close_when_runs_have_stopped();
+    });
+    connect(field_, &focused_field::changed, this, &frmMDIKelvarin::refresh_commands);
+    connect(start_page_, &start_page::document_chosen, this, &frmMDIKelvarin::open_document);
+    connect(start_page_, &start_page::example_chosen, this, &frmMDIKelvarin::open_example);
+    connect(tools_.get(), &tool_windows::settings_changed, this, &frmMDIKelvarin::apply_settings);
+    connect(new file_drop(*this), &file_drop::dropped, this, &frmMDIKelvarin::open_documents);
+}
+
+void frmMDIKelvarin::restore_window_placement()
+{
+    const QScreen* main_screen = QGuiApplication::primaryScreen();
+    const rectangle screen = main_screen ? rectangle_of(main_screen->availableGeometry()) : rectangle{};
+    const placement placed = restore_placement(context_.registry, first_placement(screen), screens());
+    // Values that can not be written are written when the program ends, or never.
+    static_cast<void>(context_.registry.flush());
+    move(placed.normal.left, placed.normal.top);
+    resize(placed.normal.width, placed.normal.height);
+    if (placed.state == window_state::maximised) setWindowState(Qt::WindowMaximized);
+}
+
+placement frmMDIKelvarin::present_placement() const
+{
+    const window_state state = isMinimized()   ? window_state::minimised
+                               : isMaximized() ? window_state::maximised
+                                               : window_state::normal;
+    // The position counts the frame, the size does not: so they go back into move() and resize().
+    return {{.left = x(), .top = y(), .width = width(), .height = height()}, state};
+}
+
+void frmMDIKelvarin::apply_settings()
+{
+    StbMDI_->setVisible(context_.store.is_true("general_show_status_bar"));
+    const bool pictures = context_.store.is_true("general_show_background_pictures");
+    area_->show_background_picture(pictures);
+    start_page_->show_background_picture(pictures);
+}
+
+QMenu* frmMDIKelvarin::new_menu()
+{
+    return menus_->new_menu();
+}
+
+QMenu* frmMDIKelvarin::tools_menu()
+{
+    return menus_->tools_menu();
+}
+
+QMenu* frmMDIKelvarin::window_menu()
+{
+    return menus_->window_menu();
+}
+
+QMenu* frmMDIKelvarin::help_menu()
+{
+    return menus_->help_menu();
+}
+
+void frmMDIKelvarin::show_child(child_window* window, bool beside)
+{
+    pages_->setCurrentWidget(area_);
+    // Laid out at once: where the window goes depends on the room there is.
+    pages_->parentWidget()->layout()->activate();
+    area_->add(std::unique_ptr<child_window>(window), beside);
+}
+
+child_window* frmMDIKelvarin::active_child() const
+{
+    return area_->front();
+}
+
+void frmMDIKelvarin::show_front_child()
+{
+    child_window* front = active_child();
+    // A window without children shows its start page; one whose children are all in the background does not.
+    pages_->setCurrentWidget(area_->subWindowList().isEmpty() ? static_cast<QWidget*>(start_page_) : area_);
+    menuBar()->clear();
+    const QList<QMenu*> bar = front ? front->menus() : menus_->bar();
+    for (QMenu* menu : bar)
+        menuBar()->addMenu(menu);
+    refresh_commands();
+    refresh_panels();
+}
+
+void frmMDIKelvarin::refresh_panels()
+{
+    const child_window* front = active_child();
+    StbMDI_->show_panels(front ? front->file_panel() : tr("No File  "), front ? front->title_panel() : tr("No Title "));
+    const bool running = front && front->is_running();
+    StbMDI_->show_run(running);
+    if (running) set_progress(front->fraction_done(), 0.0, 1.0);
+}
+
+void frmMDIKelvarin::set_progress(double x, double x_start, double x_end)
+{
+    StbMDI_->show_fraction((x - x_start) / (x_end - x_start));
+}
+
+void frmMDIKelvarin::refresh_commands()
+{
+    const child_window* front = active_child();
+    for (const command which : all_commands()) {
+        QAction* shown = action(which);
+        shown->setEnabled(can(which));
+        const QString caption = front && !field_->can(which) ? front->caption_of(which) : QString();
+        if (caption.isEmpty())
+            commands_->restore_caption(which);
+        else
+            shown->setText(caption);
+    }
+}
+
+bool frmMDIKelvarin::can(command which) const
+{
+    switch (which) {
+    case command::close_all:
+    case command::cascade:
+    case command::tile_horizontally:
+    case command::tile_vertically:
+    case command::arrange_icons:
+        return !area_->subWindowList().isEmpty();
+    case command::save:
+    case command::save_as:
+    case command::print:
+    case command::print_preview:
+    case command::close:
+    case command::solve:
+    case command::stop:
+    case command::undo:
+    case command::redo:
+    case command::cut:
+    case command::copy:
+    case command::paste:
+    case command::select_all: {
+        const child_window* front = active_child();
+        return field_->can(which) || (front && front->can(which));
+    }
+    default:
+        return true;
+    }
+}
+
+void frmMDIKelvarin::run_command(command which)
+{
+    if (const problem_window_kind* kind = kind_of_command(which))
+        show_default_window(*kind);
+    else if (!run_window_command(which))
+        run_child_command(which);
+}
+
+bool frmMDIKelvarin::run_window_command(command which)
+{
+    switch (which) {
+    case command::open:
+        open_file_dialog();
+        return true;
+    case command::exit:
+        close();
+        return true;
+    case command::close_all:
+        close_all();
+        return true;
+    case command::calculator:
+    case command::units:
+    case command::antoine:
+    case command::constants:
+    case command::setup:
+        show_tool(which);
+        return true;
+    case command::cascade:
+        area_->cascadeSubWindows();
+        return true;
+    case command::tile_horizontally:
+        area_->tile(tiling::horizontal);
+        return true;
+    case command::tile_vertically:
+        area_->tile(tiling::vertical);
+        return true;
+    case command::arrange_icons:
+        area_->arrange_icons();
+        return true;
+    case command::contents:
+        show_contents();
+        return true;
+    case command::about:
+        (new frmAbout(this))->open();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmMDIKelvarin::run_child_command(command which)
+{
+    if (field_->can(which))
+        field_->perform(which);
+    else if (child_window* front = active_child(); front && front->can(which))
+        front->perform(which);
+}
+
+void frmMDIKelvarin::show_contents()
+{
+    show_message("There are no help pages in this version yet.");
+}
+
+bool frmMDIKelvarin::show_tool(command tool)
+{
+    return tools_->show(tool, this);
+}
+
+void frmMDIKelvarin::show_message(const char* text)
+{
+    context_.user.show(this, {text, box_icon::exclamation});
+}
+
+} // namespace kelvarin

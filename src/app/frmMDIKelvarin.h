@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/commands.h"
+#include "desktop/desktop_context.h"
+#include "shell/window_placement.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <vector>
+
+class QSessionManager;
+class QStackedWidget;
+
+namespace kelvarin
+{
+
+class child_area;
+class focused_field;
+class frmRecovery;
+class main_menus;
+class main_status_bar;
+class problem_window;
+class start_page;
+class tool_windows;
+struct problem_window_kind;
+
+/// What the program brings for its windows to work with; it outlives them.
+struct program_services
+{
+    settings& store;
+    registry_store& registry;
+    const wall_clock& clock;
+    user_interface& user;
+    recovery_store& recovery;
+};
+
+struct problem_window_counts
+{
+    int all = 0;
+    int regressions = 0;
+};
+
+/// The main window: the problems, reports and graphs are its children. It owns toolbar, main menus and status
+/// bar, routes the commands to the child in front, opens documents and ends the program.
+class frmMDIKelvarin : public QMainWindow, public main_frame
+{
+    Q_OBJECT
+
+public:
+    explicit frmMDIKelvarin(const program_services& services);
+    ~frmMDIKelvarin() override;
+
+    QAction* action(command which) override { return commands_->action(which); }
+    QMenu* new_menu() override;
+    QMenu* tools_menu() override;
+    QMenu* window_menu() override;
+    QMenu* help_menu() override;
+    void show_child(child_window* window, bool beside = false) override;
+    child_window* active_child() const override;
+    /// Opens a file by its kind: in the window in front where that is of the kind and idle, else in a new one.
+    /// A missing file is passed over.
+    void open_document(const std::filesystem::path& path) override;
+    void end_program() override;
+
+    /// Several files at once: each after the first gets a window of its own.
+    void open_documents(const std::vector<std::filesystem::path>& paths);
+    /// The dialog of File, Open.
+    void open_file_dialog();
+    /// Closes the children from the last to the first; one that refuses stays.
+    void close_all();
+    /// How far something is, between a start and an end.
+    void set_progress(double x, double x_start, double x_end);
+    /// The open windows whose number is limited, by the names of their kinds.
+    problem_window_counts count_problem_windows() const;
+
+    /// Shows a tool beside this window, which may be hidden; false where there is none yet (a box says so).
+    bool show_tool(command tool);
+    /// Offers what ended programs left behind, if there is anything.
+    void offer_recovered_problems();
+
+    /// The session of the desktop ends: asks what is to be saved, and keeps copies of what is not.
+    void commit_session(QSessionManager& session);
+    /// Asks every child whether it may close, without closing any; false at the first that refuses.
+    bool may_end();
+
+signals:
+    /// The program is to end, with this exit status.
+    void ended(int status);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void build_ui();
+    void connect_parts();
+    /// Where the window was when the program last ended, or the place of a first start.
+    void restore_window_placement();
+    placement present_placement() const;
+    void apply_settings();
+
+    void show_front_child();
+    void refresh_commands();
+    void refresh_panels();
+    bool can(command which) const;
+    void run_command(command which);
+    bool run_window_command(command which);
+    void run_child_command(command which);
+    void show_contents();
+
+    void show_message(const char* text);
+    /// False, with the told box, where no more windows of this kind may be opened.
+    bool has_room_for(const problem_window_kind& kind);
+    /// A new window of a kind, shown in front; null where there may be none, which a box has told.
+    problem_window* new_window(const problem_window_kind& kind);
+    void show_default_window(const problem_window_kind& kind);
+    void open_in(const std::filesystem::path& path, bool in_new_window);
+    void open_problem(const problem_window_kind& kind, const std::filesystem::path& path, bool in_new_window);
+    void open_example(int number);
+    void open_recovered(const recovery_store::found_problem& problem);
+    void discard_recovered(const recovery_store::found_problem& problem);
+
+    bool ask_runs_to_stop();
+    void close_when_runs_have_stopped();
+    void keep_recovery_copies();
+    std::vector<problem_window*> problem_windows() const;
+    void unload();
+
+    desktop_context context_;
+    std::unique_ptr<command_actions> commands_;
+    std::unique_ptr<tool_windows> tools_;
+    child_area* area_ = nullptr;
+    start_page* start_page_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    main_menus* menus_ = nullptr;
+    main_status_bar* StbMDI_ = nullptr;
+    focused_field* field_ = nullptr;
+    QPointer<frmRecovery> recovery_bar_;
+    /// The window that File, New shows of each kind.
+    std::map<command, QPointer<problem_window>> default_windows_;
+    bool close_after_runs_ = false;
+    bool ended_ = false;
+};
+
+} // namespace kelvarin

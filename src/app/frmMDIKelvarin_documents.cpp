@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+// The main window: new windows and their limits, opening of documents, what a crash left behind.
+#include "app/child_area.h"
+#include "app/frmMDIKelvarin.h"
+#include "app/frmRecovery.h"
+#include "app/problem_kinds.h"
+#include "desktop/qt_text.h"
+#include "nle/window/frmNLE.h"
+#include "platform/runtime_failure.h"
+#include "platform/text_file.h"
+#include "shell/recognition.h"
+#include "shell/window/frmSolution.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int most_problem_windows = 10;
+constexpr int most_regressions = 3;
+
+constexpr const char* open_error = "Error while trying to open file.";
+
+constexpr const char* open_filter = "All Kelvarin files (*.kvr; *.kvg; *.rtf)|*.kvr; *.kvg; *.rtf|"
+                                    "Kelvarin Problems (*.kvr)|*.kvr|"
+                                    "Kelvarin Graphs (*.kvg)|*.kvg|"
+                                    "Kelvarin Reports (*.rtf)|*.rtf";
+
+} // namespace
+
+problem_window_counts frmMDIKelvarin::count_problem_windows() const
+{
+    problem_window_counts counts;
+    for (const child_window* child : area_->children())
+        for (const problem_window_kind& kind : problem_window_kinds()) {
+            if (child->objectName() != QLatin1String(kind.window_name)) continue;
+            ++counts.all;
+            if (kind.fresh == command::new_reg) ++counts.regressions;
+        }
+    return counts;
+}
+
+bool frmMDIKelvarin::has_room_for(const problem_window_kind& kind)
+{
+    const problem_window_counts counts = count_problem_windows();
+    if (counts.all >= most_problem_windows) {
+        context_.user.show(
+            this, {"Only " + std::to_string(most_problem_windows) + " concurrent problem forms are allowed. "});
+        return false;
+    }
+    if (kind.fresh == command::new_reg && counts.regressions >= most_regressions) {
+        context_.user.show(this, {"Only " + std::to_string(most_regressions) +
+                                  " concurrent table regression and analysis problem forms are allowed. "});
+        return false;
+    }
+    return true;
+}
+
+problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
+{
+    if (!has_room_for(kind)) return nullptr;
+    if (!kind.make) {
+        show_message(kind.missing_text);
+        return nullptr;
+    }
+    problem_window* window = kind.make(context_).release();
+    show_child(window);
+    return window;
+}
+
+void frmMDIKelvarin::show_default_window(const problem_window_kind& kind)
+{
+    if (!kind.make) return show_message(kind.missing_text);
+    QPointer<problem_window>& window = default_windows_[kind.fresh];
+    const std::vector<child_window*> open = area_->children();
+    // One that is closed already may not be deleted yet.
+    if (std::ranges::find(open, window) == open.end()) window = nullptr;
+    if (window) return area_->bring_to_front(*window);
+    window = kind.make(context_).release();
+    show_child(window);
+}
+
+void frmMDIKelvarin::open_file_dialog()
+{
+    const problem_window_counts counts = count_problem_windows();
+    if (counts.all >= most_problem_windows || counts.regressions >= most_regressions) {
+        context_.user.show(this, {"Please remove some Kelvarin problem documents before choosing this option."});
+        return;
+    }
+    try {
+        const auto chosen = context_.user.choose_file_to_open(this, {.caption = tr("Open"), .filter = open_filter});
+        if (chosen && !chosen->path.empty()) open_document(chosen->path);
+    } catch (const runtime_failure&) {
+        show_message(open_error);
+    }
+}
+
+void frmMDIKelvarin::open_document(const std::filesystem::path& path)
+{
+    open_in(path, false);
+}
+
+void frmMDIKelvarin::open_documents(const std::vector<std::filesystem::path>& paths)
+{
+    bool in_new_window = false;
+    for (const std::filesystem::path& path : paths) {
+        open_in(path, in_new_window);
+        in_new_window = true;
+    }
+}
+
+void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_window)
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) return;
+    const text_file file = read_text_file(path);
+    if (!file.ok()) return show_message(open_error);
+
+    const document_kind kind = recognise_document(path.string(), file.text);
+    switch (kind) {
+    case document_kind::graph:
+        return show_message("Graphs are not yet shown by this version.");
+    case document_kind::report:
+    case document_kind::text:
+        if (const auto refused = open_report(context_, path)) context_.user.show(this, *refused);
+        return;
+    case document_kind::unknown:
+        context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
+        return;
+    default:
+        if (const problem_window_kind* problem = kind_of_document(kind)) open_problem(*problem, path, in_new_window);
+    }
+}
+
+void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::filesystem::path& path,
+                                  bool in_new_window)
+{
+    auto* target = qobject_cast<problem_window*>(active_child());
+    const bool takes_it =
+        target && !in_new_window && !target->is_running() && target->objectName() == QLatin1String(kind.window_name);
+    if (!takes_it) target = new_window(kind);
+    if (target) target->open(path);
+}
+
+void frmMDIKelvarin::open_example(int number)
+{
+    const problem_window_kind* kind = kind_of_command(command::new_nle);
+    if (auto* window = qobject_cast<frmNLE*>(new_window(*kind))) window->load_sample(number);
+}
+
+void frmMDIKelvarin::offer_recovered_problems()
+{
+    auto found = context_.recovery.claim_orphans();
+    if (found.empty()) return;
+    recovery_bar_ = new frmRecovery(std::move(found), centralWidget());
+    connect(recovery_bar_, &frmRecovery::open_asked, this, &frmMDIKelvarin::open_recovered);
+    connect(recovery_bar_, &frmRecovery::discard_asked, this, &frmMDIKelvarin::discard_recovered);
+    static_cast<QVBoxLayout*>(centralWidget()->layout())->insertWidget(0, recovery_bar_);
+}
+
+void frmMDIKelvarin::open_recovered(const recovery_store::found_problem& problem)
+{
+    const problem_window_kind* kind = kind_of_key(problem.entry.kind);
+    if (!kind) return show_message("This version does not know problems of this kind.");
+    problem_window* window = new_window(*kind);
+    if (!window) return;
+    if (!window->recover(problem.slot, problem.entry)) {
+        window->close_with_frame();
+        return show_message("The kept problem can not be read.");
+    }
+    if (recovery_bar_) recovery_bar_->remove(problem.slot);
+}
+
+void frmMDIKelvarin::discard_recovered(const recovery_store::found_problem& problem)
+{
+    const question asked{.text = "Discard this problem? It can not be brought back afterwards.",
+                         .default_answer = answer::no};
+    if (context_.user.ask(this, asked) != answer::yes) return;
+    context_.recovery.drop(problem.slot);
+    if (recovery_bar_) recovery_bar_->remove(problem.slot);
+}
+
+} // namespace kelvarin

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The main window: closing of children and the end of the program.
+#include "app/child_area.h"
+#include "app/frmMDIKelvarin.h"
+#include "app/tool_windows.h"
+#include "desktop/problem_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QSessionManager>
+
+#include <ranges>
+
+namespace kelvarin
+{
+
+void frmMDIKelvarin::close_all()
+{
+    for (child_window* child : area_->children() | std::views::reverse)
+        child->close_with_frame();
+}
+
+std::vector<problem_window*> frmMDIKelvarin::problem_windows() const
+{
+    std::vector<problem_window*> problems;
+    for (child_window* child : area_->children())
+        if (auto* problem = qobject_cast<problem_window*>(child)) problems.push_back(problem);
+    return problems;
+}
+
+bool frmMDIKelvarin::ask_runs_to_stop()
+{
+    bool any = false;
+    for (child_window* child : area_->children()) {
+        if (!child->is_running()) continue;
+        any = true;
+        child->perform(command::stop);
+    }
+    return any;
+}
+
+void frmMDIKelvarin::close_when_runs_have_stopped()
+{
+    if (!close_after_runs_) return;
+    for (const child_window* child : area_->children())
+        if (child->is_running()) return;
+    close_after_runs_ = false;
+    // Later: the window that tells of its run's end is still at it.
+    QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+bool frmMDIKelvarin::may_end()
+{
+    for (child_window* child : area_->children() | std::views::reverse) {
+        const auto* problem = qobject_cast<const problem_window*>(child);
+        // The question is about the window that one sees.
+        if (problem && !problem->document().problem_saved()) area_->bring_to_front(*child);
+        // Only asked, not closed: a later one may still refuse, and then all of them stay.
+        QCloseEvent asked;
+        QApplication::sendEvent(child, &asked);
+        if (asked.isAccepted()) continue;
+        keep_recovery_copies();
+        return false;
+    }
+    return true;
+}
+
+void frmMDIKelvarin::closeEvent(QCloseEvent* event)
+{
+    if (ended_) return event->accept();
+    if (ask_runs_to_stop()) {
+        close_after_runs_ = true;
+        event->ignore();
+        return;
+    }
+    if (!may_end()) {
+        event->ignore();
+        return;
+    }
+    unload();
+    event->accept();
+}
+
+void frmMDIKelvarin::unload()
+{
+    ended_ = true;
+    save_placement(context_.registry, present_placement());
+    context_.store.save_settings(context_.registry);
+    // Nobody can do anything about a store that can not be written, least of all by staying.
+    static_cast<void>(context_.registry.flush());
+    tools_->hide_all();
+    emit ended(0);
+}
+
+void frmMDIKelvarin::keep_recovery_copies()
+{
+    for (problem_window* problem : problem_windows())
+        problem->keep_recovery_copy();
+}
+
+void frmMDIKelvarin::end_program()
+{
+    if (ended_) return;
+    ended_ = true;
+    keep_recovery_copies();
+    tools_->hide_all();
+    hide();
+    emit ended(1);
+}
+
+void frmMDIKelvarin::commit_session(QSessionManager& session)
+{
+    if (ended_) return;
+    if (session.allowsInteraction()) {
+        if (!may_end()) session.cancel();
+        session.release();
+    }
+    keep_recovery_copies();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/recovery.h"
+
+#include <QFrame>
+
+#include <map>
+#include <vector>
+
+class QGridLayout;
+
+namespace kelvarin
+{
+
+/// A bar with the problems that an ended program left unsaved. Each can be opened, kept for the next start, or
+/// discarded; closing the bar keeps them all. It deletes itself when nothing is left to decide.
+class frmRecovery : public QFrame
+{
+    Q_OBJECT
+
+public:
+    frmRecovery(std::vector<recovery_store::found_problem> found, QWidget* parent);
+
+    /// The problem of this slot needs no decision any more.
+    void remove(int slot);
+
+signals:
+    void open_asked(const kelvarin::recovery_store::found_problem& problem);
+    void discard_asked(const kelvarin::recovery_store::found_problem& problem);
+
+private:
+    void build_ui();
+    void add_row(QGridLayout& grid, int row, const recovery_store::found_problem& problem);
+
+    std::vector<recovery_store::found_problem> found_;
+    /// The controls of each slot's row.
+    std::map<int, QList<QWidget*>> rows_;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "app/main_menus.h"
+
+#include "app/child_area.h"
+
+#include <QMenu>
+#include <QPointer>
+
+#include <initializer_list>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr std::initializer_list<command> tool_commands{command::calculator, command::units, command::antoine,
+                                                       command::constants, command::setup};
+
+/// The list shows windows 1 to 9 with their number as key, and the others without.
+constexpr int last_number_with_key = 9;
+
+} // namespace
+
+main_menus::main_menus(QWidget& window, const command_actions& actions, child_area& area)
+    : QObject(&window), actions_(actions), area_(area)
+{
+    const auto add = [&actions](QMenu* menu, std::initializer_list<command> commands) {
+        for (const command which : commands)
+            menu->addAction(actions.action(which));
+    };
+    new_menu_ = make(tr("&New"), "mnuFileItemP", window);
+    add(new_menu_, {command::new_leq, command::new_nle, command::new_deq, command::new_reg, command::new_opt});
+
+    file_menu_ = make(tr("&File"), "mnuFile", window);
+    file_menu_->addMenu(new_menu_);
+    add(file_menu_, {command::open});
+    file_menu_->addSeparator();
+    add(file_menu_, tool_commands);
+    file_menu_->addSeparator();
+    add(file_menu_, {command::exit});
+
+    tools_menu_ = make(tr("&Tools"), "mnuTools", window);
+    add(tools_menu_, tool_commands);
+
+    window_menu_ = make(tr("&Window"), "mnuWindow", window);
+    add(window_menu_, {command::cascade, command::tile_horizontally, command::tile_vertically, command::arrange_icons});
+    window_menu_->addSeparator();
+    connect(window_menu_, &QMenu::aboutToShow, this, &main_menus::show_window_list);
+
+    help_menu_ = make(tr("&Help"), "mnuHelp", window);
+    add(help_menu_, {command::contents, command::about});
+}
+
+QMenu* main_menus::make(const QString& title, const char* name, QWidget& window)
+{
+    auto* menu = new QMenu(title, &window);
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+void main_menus::show_window_list()
+{
+    qDeleteAll(window_list_);
+    window_list_.clear();
+    int number = 0;
+    for (child_window* child : area_.children()) {
+        ++number;
+        QString title = child->windowTitle();
+        title.remove(QStringLiteral("[*]")).replace(QLatin1Char('&'), QStringLiteral("&&"));
+        const QString key = number <= last_number_with_key ? QStringLiteral("&") : QString();
+        QAction* entry = window_menu_->addAction(QStringLiteral("%1%2 %3").arg(key).arg(number).arg(title));
+        entry->setObjectName(QStringLiteral("mnuWindowList_%1").arg(number));
+        entry->setCheckable(true);
+        entry->setChecked(child == area_.front());
+        connect(entry, &QAction::triggered, this, [this, chosen = QPointer<child_window>(child)] {
+            if (chosen) area_.bring_to_front(*chosen);
+        });
+        window_list_.append(entry);
+    }
+}
+
+} // namespace kelvarin

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "app/main_status_bar.h"
+
+#include "app/panel_label.h"
+#include "desktop/look.h"
+
+#include <QAction>
+#include <QProgressBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int whole = 1000;
+
+} // namespace
+
+main_status_bar::main_status_bar(QAction* stop, QWidget* parent) : QStatusBar(parent)
+{
+    setObjectName(QStringLiteral("StbMDI"));
+    setAccessibleName(tr("Status bar"));
+    const auto add_panel = [this](const char* name, int stretch) {
+        auto* panel = new panel_label(this);
+        panel->setObjectName(QString::fromLatin1(name));
+        panel->setIndent(line_unit(*this) / 3);
+        addPermanentWidget(panel, stretch);
+        return panel;
+    };
+    file_ = add_panel("pnlFile", 2);
+    title_ = add_panel("pnlTitle", 3);
+
+    prgMain_ = new QProgressBar(this);
+    prgMain_->setObjectName(QStringLiteral("prgMain"));
+    prgMain_->setAccessibleName(tr("Progress of the run"));
+    prgMain_->setRange(0, whole);
+    prgMain_->setMaximumWidth(line_unit(*this) * 14);
+    addPermanentWidget(prgMain_, 1);
+
+    stop_ = new QToolButton(this);
+    stop_->setObjectName(QStringLiteral("cmdStop"));
+    stop_->setDefaultAction(stop);
+    stop_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    addPermanentWidget(stop_);
+    show_run(false);
+}
+
+void main_status_bar::show_panels(const QString& file, const QString& title)
+{
+    file_->show_text(file);
+    title_->show_text(title);
+}
+
+void main_status_bar::show_run(bool running)
+{
+    prgMain_->setVisible(running);
+    stop_->setVisible(running);
+    if (!running) prgMain_->setValue(0);
+}
+
+void main_status_bar::show_fraction(double fraction)
+{
+    // Also a fraction that is no number must leave the bar within its range.
+    const double part = fraction > 0.0 ? std::min(fraction, 1.0) : 0.0;
+    prgMain_->setValue(static_cast<int>(std::lround(part * whole)));
+}
+
+} // namespace kelvarin

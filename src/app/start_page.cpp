@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "app/start_page.h"
+
+#include "app/background_picture.h"
+#include "app/problem_kinds.h"
+#include "desktop/icons.h"
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+#include "nle/nle_samples.h"
+#include "shell/recent_files.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <map>
+#include <string>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+struct recent_file
+{
+    const problem_window_kind* kind = nullptr;
+    std::filesystem::path path;
+};
+
+/// The latest file of each kind first, then the one before it, as there is no time kept with them.
+std::vector<recent_file> recent_files_of_all_kinds(const registry_store& registry)
+{
+    std::vector<recent_file> files;
+    for (std::size_t place = 0; place < recent_file_limit; ++place)
+        for (const problem_window_kind& kind : problem_window_kinds()) {
+            const auto of_kind = load_recent_files(registry, kind.recent_suffix);
+            if (place < of_kind.size()) files.push_back({&kind, of_kind[place]});
+        }
+    return files;
+}
+
+} // namespace
+
+start_page::start_page(const command_actions& actions, const registry_store& registry, QWidget* parent)
+    : QWidget(parent), registry_(registry)
+{
+    setObjectName(QStringLiteral("start_page"));
+    setAccessibleName(tr("Start page"));
+    build_ui(actions);
+}
+
+void start_page::build_ui(const command_actions& actions)
+{
+    const int unit = line_unit(*this);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(2 * unit, unit, 2 * unit, unit);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(2 * unit);
+    whole->addStretch(1);
+    whole->addLayout(columns);
+    whole->addStretch(2);
+
+    columns->addStretch(1);
+    QBoxLayout* fresh = add_column(*columns, tr("New problem"));
+    for (const problem_window_kind& kind : problem_window_kinds()) {
+        const std::string name = std::string("cmdNew_") + kind.key;
+        QToolButton* row = add_row(*fresh, icon(kind.key), tr(kind.caption), name.c_str());
+        row->setEnabled(kind.make != nullptr);
+        QAction* command = actions.action(kind.fresh);
+        row->setToolTip(kind.make ? command->toolTip() : QString::fromLatin1(kind.missing_text));
+        connect(row, &QToolButton::clicked, command, &QAction::trigger);
+    }
+    fresh->addStretch();
+
+    recent_column_ = add_column(*columns, tr("Recent"));
+    recent_column_->addStretch();
+
+    QBoxLayout* examples = add_column(*columns, tr("Examples"));
+    int number = 0;
+    for (const nle_content& sample : nle_samples()) {
+        ++number;
+        const std::string name = "cmdExample_" + std::to_string(number);
+        QToolButton* row = add_row(*examples, icon("example"), to_qstring(sample.title), name.c_str());
+        row->setToolTip(tr("Open this example in a new window"));
+        connect(row, &QToolButton::clicked, this, [this, number] { emit example_chosen(number); });
+    }
+    examples->addStretch();
+    columns->addStretch(1);
+}
+
+QBoxLayout* start_page::add_column(QBoxLayout& columns, const QString& heading)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(line_unit(*this) / 6);
+    auto* title = new QLabel(heading, this);
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    font.setBold(true);
+    title->setFont(font);
+    title->setContentsMargins(line_unit(*this) / 3, 0, 0, line_unit(*this) / 3);
+    column->addWidget(title);
+    columns.addLayout(column, 3);
+    return column;
+}
+
+QToolButton* start_page::add_row(QBoxLayout& column, const QIcon& picture, const QString& caption, const char* name)
+{
+    auto* row = new QToolButton(this);
+    row->setObjectName(QString::fromLatin1(name));
+    row->setIcon(picture);
+    row->setIconSize(QSize(line_unit(*this), line_unit(*this)) * 5 / 4);
+    row->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    row->setAccessibleName(caption);
+    row->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    row->setAutoRaise(true);
+    row->setFocusPolicy(Qt::StrongFocus);
+    row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    column.addWidget(row);
+    return row;
+}
+
+void start_page::show_recent_files()
+{
+    qDeleteAll(recent_rows_);
+    recent_rows_.clear();
+    recent_column_->removeItem(recent_column_->itemAt(recent_column_->count() - 1));
+
+    const std::vector<recent_file> files = recent_files_of_all_kinds(registry_);
+    std::map<std::string, int> times_named;
+    for (const recent_file& file : files)
+        ++times_named[file.path.filename().string()];
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const std::filesystem::path& path = files[i].path;
+        const std::string file_name = path.filename().string();
+        // The folder tells apart what the name alone does not.
+        const QString caption =
+            times_named[file_name] == 1
+                ? to_qstring(file_name)
+                : QStringLiteral("%1 (%2)").arg(to_qstring(file_name), path_text(path.parent_path().filename()));
+        const std::string name = "cmdRecent_" + std::to_string(i + 1);
+        QToolButton* row = add_row(*recent_column_, icon(files[i].kind->key), caption, name.c_str());
+        row->setToolTip(path_text(path));
+        connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
+        recent_rows_.append(row);
+    }
+    if (files.empty()) {
+        auto* hint = new QLabel(tr("Problems that you save or open\nare listed here."), this);
+        hint->setContentsMargins(line_unit(*this) / 3, 0, 0, 0);
+        hint->setEnabled(false);
+        recent_column_->addWidget(hint);
+        recent_rows_.append(hint);
+    }
+    recent_column_->addStretch();
+}
+
+void start_page::show_background_picture(bool shown)
+{
+    background_picture_ = shown;
+    update();
+}
+
+void start_page::showEvent(QShowEvent* event)
+{
+    show_recent_files();
+    QWidget::showEvent(event);
+}
+
+void start_page::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), ground_colour(palette()));
+    if (background_picture_) paint_background_picture(painter, rect(), palette());
+}
+
+} // namespace kelvarin

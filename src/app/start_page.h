@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/commands.h"
+#include "platform/registry_store.h"
+
+#include <QWidget>
+
+#include <filesystem>
+
+class QBoxLayout;
+class QToolButton;
+
+namespace kelvarin
+{
+
+/// Fills the main window while no child is open: new problems, files of late, examples.
+class start_page : public QWidget
+{
+    Q_OBJECT
+
+public:
+    start_page(const command_actions& actions, const registry_store& registry, QWidget* parent);
+
+    void show_background_picture(bool shown);
+
+signals:
+    void document_chosen(const std::filesystem::path& path);
+    /// An example of the nonlinear problems, from 1.
+    void example_chosen(int number);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void build_ui(const command_actions& actions);
+    QBoxLayout* add_column(QBoxLayout& columns, const QString& heading);
+    QToolButton* add_row(QBoxLayout& column, const QIcon& picture, const QString& caption, const char* name);
+    void show_recent_files();
+
+    const registry_store& registry_;
+    QBoxLayout* recent_column_ = nullptr;
+    QList<QWidget*> recent_rows_;
+    bool background_picture_ = false;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/desktop_context.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <map>
+
+namespace kelvarin
+{
+
+/// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings.
+/// They are made when they are first asked for.
+class tool_windows : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit tool_windows(desktop_context& context);
+    ~tool_windows() override;
+
+    /// Shows a tool in front. Where there is none of that name yet, a box over `asked_from` says so: false.
+    bool show(command tool, QWidget* asked_from);
+    void hide_all();
+
+signals:
+    void settings_changed();
+
+private:
+    desktop_context& context_;
+    std::map<command, QPointer<QWidget>> windows_;
+};
+
+} // namespace kelvarin

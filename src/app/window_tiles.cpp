@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "app/window_tiles.h"
+
+#include <cmath>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int most_in_one_line = 3;
+
+/// The edge before part `index` of `parts` equal ones; rounding never leaves a gap.
+int edge(int start, int length, int parts, int index)
+{
+    return start + length * index / parts;
+}
+
+QRect transposed(const QRect& place)
+{
+    return {place.y(), place.x(), place.height(), place.width()};
+}
+
+/// Columns of windows that stand one below the other; the last columns take one more where it does not come out even.
+QList<QRect> columns_of(const QRect& area, int count)
+{
+    const int columns = count <= most_in_one_line ? 1 : static_cast<int>(std::sqrt(count));
+    QList<QRect> places;
+    for (int column = 0; column < columns; ++column) {
+        const int rows = count / columns + (column >= columns - count % columns ? 1 : 0);
+        const int left = edge(area.x(), area.width(), columns, column);
+        const int right = edge(area.x(), area.width(), columns, column + 1);
+        for (int row = 0; row < rows; ++row) {
+            const int top = edge(area.y(), area.height(), rows, row);
+            const int bottom = edge(area.y(), area.height(), rows, row + 1);
+            places.append({left, top, right - left, bottom - top});
+        }
+    }
+    return places;
+}
+
+} // namespace
+
+QList<QRect> tiles(const QRect& area, int count, tiling direction)
+{
+    if (direction == tiling::horizontal) return columns_of(area, count);
+    QList<QRect> places = columns_of(transposed(area), count);
+    for (QRect& place : places)
+        place = transposed(place);
+    return places;
+}
+
+} // namespace kelvarin
