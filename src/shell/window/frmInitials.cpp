@@ -131,6 +131,9 @@ QLayout* frmInitials::build_value_side()
     lblHint_ = add_label(this, "lblHint");
     lblHint_->setWordWrap(true);
     lblDefault_ = add_label(this, "lblDefault");
+    // Their lines are kept free while they are empty, so that nothing moves when a setting is chosen.
+    for (QLabel* label : {lblFolder_, lblEq_, lblHint_, lblDefault_})
+        label->setMinimumHeight(label->fontMetrics().height());
     cmdSet_ = add_button(this, "cmdSet", tr("&Set"), tr("Take the value over"));
     cmdRestore_ = add_button(this, "cmdRestore", tr("&Restore"), tr("Restore this value to its default"));
 
@@ -268,7 +271,7 @@ void frmInitials::clear_value()
         label->clear();
     txtTreeData_->clear();
     txtTreeData_->setAccessibleName(tr("Value"));
-    lblHint_->setText(tr("Choose a setting in the tree to see and change its value."));
+    lblHint_->setText(tr("Choose a setting in the tree."));
     for (QWidget* control :
          {static_cast<QWidget*>(txtTreeData_), static_cast<QWidget*>(cmdSet_), static_cast<QWidget*>(cmdRestore_)}) {
         control->setEnabled(false);

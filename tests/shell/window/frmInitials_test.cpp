@@ -230,6 +230,22 @@ TEST_F(SettingsWindow, ClearsTheValueOnAFolder)
     EXPECT_TRUE(at.is_enabled("cmdRestoreAll"));
 }
 
+TEST_F(SettingsWindow, MovesNothingWhenASettingIsChosen)
+{
+    const auto places = [&] {
+        test::settle();
+        QList<QRect> found;
+        for (const char* name : {"txtTreeData", "lblHint", "cmdSet", "cmdRestore"})
+            found.append(window.findChild<QWidget*>(name)->geometry());
+        return found;
+    };
+    const QList<QRect> at_first = places();
+    choose({"General", "Show status bar"});
+    EXPECT_EQ(places(), at_first);
+    choose({"General"});
+    EXPECT_EQ(places(), at_first);
+}
+
 TEST_F(SettingsWindow, FindsByPartOfANameAndGoesBack)
 {
     tree().expandItem(&item({"Graph"}));
