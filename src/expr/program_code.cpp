@@ -137,7 +137,7 @@ private:
 
     void append(const code_line& line)
     {
-        if (starts_afresh(line.first)) before_ = accumulator_;
+        if (leaves_accumulator(line.first)) before_ = accumulator_;
         code_.lines.push_back(line);
         takes_store_ = true;
         takes_operation_ = line.kind == line_kind::arithmetic && line.second == operand_form::none;
@@ -186,7 +186,9 @@ private:
         compute(first);
         if (available(second)) return;
         if (!is_chain(second) || accumulator_ != first) store(first);
+        ++waiting_;
         compute(second);
+        --waiting_;
     }
 
     /// Makes both operands of a line ready. They stay in the accumulators where they are there already:
@@ -199,6 +201,7 @@ private:
             compute(left);
         else if (!available(right))
             compute(right);
+        if (before_ == left && before_ == right && accumulator_ != left) return {operand_form::before_twice};
         if (accumulator_ == left && accumulator_ == right) return {operand_form::accumulator_twice};
         if (before_ == left && accumulator_ == right) return {operand_form::before_accumulator};
         if (accumulator_ == left && before_ == right) return {operand_form::accumulator_before};
@@ -238,8 +241,12 @@ private:
 
     void write_binary(const value& v)
     {
-        const operands sides = ready(v.a, v.b);
-        if (const auto operation = arithmetic_of(v.operation); operation) return write_arithmetic(*operation, sides, v);
+        operands sides = ready(v.a, v.b);
+        const auto operation = arithmetic_of(v.operation);
+        // Of the value before, too, there are only squares; it is in its cell, since it is used twice.
+        if (sides.form == operand_form::before_twice && operation != arithmetic::multiply)
+            sides = {operand_form::cell_cell, cell_of(v.a), cell_of(v.a)};
+        if (operation) return write_arithmetic(*operation, sides, v);
         append(
             {.kind = line_kind::operation, .first = sides.form, .operation = v.operation, .a = sides.a, .b = sides.b});
     }
@@ -248,6 +255,14 @@ private:
     {
         if (operation == arithmetic::add) return third_operation::add;
         return operation == arithmetic::subtract ? third_operation::subtract : third_operation::multiply;
+    }
+
+    /// Whether a line that goes on from the accumulator may leave it to the accumulator before, where a value
+    /// that is needed again is found sooner than in its cell.
+    bool may_keep(operand_form form, arithmetic operation) const
+    {
+        return form == operand_form::accumulator_cell && operation != arithmetic::divide && waiting_ == 0 &&
+               accumulator_ != program_graph::none && available(accumulator_);
     }
 
     void write_arithmetic(arithmetic operation, operands sides, const value& v)
@@ -260,7 +275,7 @@ private:
             store(v.a);
             sides = {operand_form::accumulator_cell, cell_of(v.a)};
         }
-        const bool extends = sides.form != operand_form::cell_cell && sides.form != operand_form::accumulator_twice;
+        const bool extends = !leaves_accumulator(sides.form) && sides.form != operand_form::accumulator_twice;
         if (extends && takes_operation_) {
             code_line& line = code_.lines.back();
             line.second = sides.form;
@@ -277,6 +292,7 @@ private:
             takes_third_ = false;
             return;
         }
+        if (may_keep(sides.form, operation)) sides.form = operand_form::kept_cell;
         append({.kind = line_kind::arithmetic,
                 .first = sides.form,
                 .first_operation = operation,
@@ -342,6 +358,8 @@ private:
     bool takes_store_ = false;
     bool takes_operation_ = false;
     bool takes_third_ = false;
+    /// How many left sides wait for their right sides, the last one perhaps in the accumulator before.
+    int waiting_ = 0;
     bool fits_ = true;
 };
 

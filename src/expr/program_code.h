@@ -12,7 +12,10 @@
 /// The code works on one file of cells (inputs, constants, intermediate values), an accumulator, and the
 /// accumulator before. A line computes into the accumulator and may then apply a second and a third
 /// operation to it and store it. A line that does not start from the accumulator moves it to the
-/// accumulator before: the left side of an operation waits there while the right side is computed.
+/// accumulator before: the left side of an operation waits there while the right side is computed. While
+/// nothing waits there, a line that goes on from the accumulator may leave it there as well: of a chain in
+/// which each value serves two others, the second one then finds it there, and not in the cell to which it
+/// is still on its way.
 ///
 /// Beside them runs a sum of v - v over the values v in which something not finite could otherwise get
 /// lost: denominators, operands of powers and comparisons, conditions, arguments of functions that are
@@ -32,13 +35,16 @@ enum class operand_form : std::uint8_t
     before_accumulator, // accumulator before op accumulator
     accumulator_before, // accumulator op accumulator before
     accumulator,        // the accumulator alone
-    accumulator_twice   // accumulator op accumulator
+    accumulator_twice,  // accumulator op accumulator
+    kept_cell,          // accumulator op cell, the accumulator going to the accumulator before
+    before_twice        // accumulator before op accumulator before
 };
 
 /// Whether a line of this form leaves the accumulator to the accumulator before.
-constexpr bool starts_afresh(operand_form form)
+constexpr bool leaves_accumulator(operand_form form)
 {
-    return form == operand_form::load || form == operand_form::cell_cell;
+    using enum operand_form;
+    return form == load || form == cell_cell || form == kept_cell || form == before_twice;
 }
 
 enum class arithmetic : std::uint8_t
@@ -72,7 +78,7 @@ constexpr bool takes_third(operand_form first, operand_form second)
 {
     using enum operand_form;
     if (second == before_accumulator) return first == cell_cell || first == accumulator_cell;
-    return first == accumulator_cell && second == accumulator_cell;
+    return (first == accumulator_cell || first == kept_cell) && second == accumulator_cell;
 }
 
 struct code_line

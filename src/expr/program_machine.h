@@ -141,7 +141,7 @@ inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, cons
         return cells[a];
     else if constexpr (Form == operand_form::cell_cell)
         return compute<V, Operation>(cells[a], cells[b], check);
-    else if constexpr (Form == operand_form::accumulator_cell)
+    else if constexpr (Form == operand_form::accumulator_cell || Form == operand_form::kept_cell)
         return compute<V, Operation>(accumulator, cells[a], check);
     else if constexpr (Form == operand_form::cell_accumulator)
         return compute<V, Operation>(cells[a], accumulator, check);
@@ -151,6 +151,8 @@ inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, cons
         return compute<V, Operation>(accumulator, before, check);
     else if constexpr (Form == operand_form::accumulator_twice)
         return compute<V, Operation>(accumulator, accumulator, check);
+    else if constexpr (Form == operand_form::before_twice)
+        return compute<V, Operation>(before, before, check);
     else
         return accumulator;
 }
@@ -166,7 +168,7 @@ template <class V, operand_form First, arithmetic FirstOperation, operand_form S
 inline const instruction<V>* arithmetic_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
 {
     const V first = compute_operands<V, First, FirstOperation>(cells, at->a, at->b, accumulator, before, check);
-    if constexpr (starts_afresh(First)) before = accumulator;
+    if constexpr (leaves_accumulator(First)) before = accumulator;
     accumulator = compute_operands<V, Second, SecondOperation>(cells, at->c, 0, first, before, check);
     constexpr bool spare_b = Second == operand_form::accumulator_cell;
     if constexpr (Third == third_operation::add) accumulator += cells[spare_b ? at->b : at->c];
@@ -245,7 +247,7 @@ template <class V, operation_code Operation, operand_form Form, keep Keep>
 inline const instruction<V>* operation_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
 {
     const V value = operation_value<V, Operation, Form>(at, cells, accumulator, before, check);
-    if constexpr (starts_afresh(Form)) before = accumulator;
+    if constexpr (leaves_accumulator(Form)) before = accumulator;
     accumulator = value;
     keep_value<V, Keep>(cells, at->d, accumulator, check);
     return at + 1;
@@ -310,7 +312,7 @@ template <std::size_t Count> constexpr auto with_continuing_forms(const std::arr
     return all;
 }
 
-inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_operation, 7>{{
+inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_operation, 11>{{
     {operand_form::load, arithmetic::add},
     {operand_form::accumulator, arithmetic::add},
     {operand_form::accumulator_twice, arithmetic::multiply},
@@ -318,6 +320,10 @@ inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_op
     {operand_form::cell_cell, arithmetic::subtract},
     {operand_form::cell_cell, arithmetic::multiply},
     {operand_form::cell_cell, arithmetic::divide},
+    {operand_form::kept_cell, arithmetic::add},
+    {operand_form::kept_cell, arithmetic::subtract},
+    {operand_form::kept_cell, arithmetic::multiply},
+    {operand_form::before_twice, arithmetic::multiply},
 }});
 inline constexpr auto second_forms =
     with_continuing_forms(std::array<form_and_operation, 1>{{{operand_form::none, arithmetic::add}}});

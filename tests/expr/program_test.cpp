@@ -120,6 +120,49 @@ RC_GTEST_PROP(Program, GivesTheBitsAndFailuresOfTheWalk, ())
 }
 
 /// Places at which a value that is not finite could get lost on the way to the result.
+/// A term over two values, so that in a chain of them each value serves the next ones.
+std::string any_link(const std::string& a, const std::string& b)
+{
+    switch (*rc::gen::inRange(0, 8)) {
+    case 0:
+        return a + "*0.5+" + b;
+    case 1:
+        return a + "/(1.5+" + b + "*" + b + ")";
+    case 2:
+        return "(" + a + "+" + b + ")*(" + a + "-" + b + ")";
+    case 3:
+        return a + "*" + a + "-" + b;
+    case 4:
+        return b + "-" + a + "*0.25";
+    case 5:
+        return "(" + b + "+" + b + ")/(" + a + "+" + a + ")";
+    case 6:
+        return a + "+0.75";
+    default:
+        return "(if " + a + ">" + b + " then " + a + "*0.5 else " + b + "*" + b + ")";
+    }
+}
+
+RC_GTEST_PROP(Program, GivesTheBitsOfTheWalkInChains, ())
+{
+    evaluated_system system;
+    std::vector<std::string> names(test::variable_names.begin(), test::variable_names.end());
+    for (int link = 0; link < 20; ++link) {
+        // Mostly of the values just made.
+        const auto back = [&] { return names[names.size() - *rc::gen::inRange<std::size_t>(1, 5)]; };
+        const std::string name = "link" + std::string(1, static_cast<char>('a' + link));
+        system.define(name, any_link(back(), back()));
+        names.push_back(name);
+    }
+    system.want(names.back());
+    system.want(names[names.size() - 2] + "+" + names.back());
+    const auto fast = system.compiled();
+    RC_ASSERT(fast != nullptr);
+    for (int point = 0; point < 4; ++point)
+        expect_the_walk(system, *fast, test::random_values(false));
+    expect_the_walk_at_four_points(system, *fast, 2);
+}
+
 TEST(Program, LosesNoFailure)
 {
     const std::vector<std::string> texts = {
