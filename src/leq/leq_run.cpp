@@ -4,12 +4,11 @@
 #include "numeric/condition.h"
 #include "numeric/gauss_jordan.h"
 #include "numeric/matrix.h"
+#include "numeric/residual.h"
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 
-#include <algorithm>
-#include <cmath>
-#include <span>
+#include <utility>
 
 namespace kelvarin
 {
@@ -35,28 +34,6 @@ linear_system system_of(const leq_content& content)
     return system;
 }
 
-/// The difference of one row relative to its largest part. In the wider type, so that it tells of the solution
-/// and not of its own rounding.
-double row_residual(std::span<const double> row, std::span<const double> x, double beta)
-{
-    long double difference = -static_cast<long double>(beta);
-    long double largest = std::fabs(static_cast<long double>(beta));
-    for (std::size_t k = 0; k < row.size(); ++k) {
-        const long double product = static_cast<long double>(row[k]) * x[k];
-        difference += product;
-        largest = std::max(largest, std::fabs(product));
-    }
-    return largest == 0.0L ? 0.0 : static_cast<double>(std::fabs(difference) / largest);
-}
-
-double residual_of(const linear_system& system, std::span<const double> x)
-{
-    double residual = 0.0;
-    for (int row = 0; row < system.a.rows(); ++row)
-        residual = std::max(residual, row_residual(system.a.row(row), x, system.b[static_cast<std::size_t>(row)]));
-    return residual;
-}
-
 void solve(const linear_system& system, const stopwatch& seconds, leq_outcome& outcome)
 {
     std::vector<double> x = system.b;
@@ -67,7 +44,7 @@ void solve(const linear_system& system, const stopwatch& seconds, leq_outcome& o
         outcome.boxes.push_back({"Error, Singular Matrix enetered !", box_icon::critical});
         return;
     }
-    outcome.residual = residual_of(system, x);
+    outcome.residual = relative_residual(system.a, x, system.b);
     outcome.reciprocal_condition = reciprocal_condition(system.a);
     outcome.solution = std::move(x);
     outcome.has_report = true;

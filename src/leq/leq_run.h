@@ -34,8 +34,7 @@ struct leq_outcome
     std::optional<leq_cell> fault;
 
     std::vector<double> solution;
-    /// How far the solution is from the equations: of all rows the largest difference between both sides, over
-    /// the largest product or beta of its row.
+    /// How far the solution is from the equations, as relative_residual tells it.
     double residual = 0.0;
     /// As reciprocal_condition tells it.
     double reciprocal_condition = 0.0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_file.h"
+#include "platform/text_file.h"
 #include "shell/recognition.h"
 #include "support/leq_problems.h"
 
@@ -98,6 +99,21 @@ TEST(LeqFile, WhatWasWrittenReadsBack)
         RC_ASSERT(read_leq(write_leq(content)) == content);
         content.names = leq_content(content.count()).names;
         RC_ASSERT(read_leq(write_leq(content, true)) == content);
+    }));
+}
+
+TEST(LeqFile, ArbitraryBytesAreRefusedOrReadAndThenStayWhatTheyAre)
+{
+    EXPECT_TRUE(rc::check("reading never fails badly, and settles after one round", [] {
+        const auto piece =
+            rc::gen::element<std::string>("T", "\n", "\r", "\r\n", "\t", "1", "2", "-1", "63", "64", "1e999",
+                                          "varsnames==", ",", "a", " ", "\xFF", std::string(1, '\0'), ".5");
+        std::string bytes = *rc::gen::element<std::string>("", "T\n1\n", "T\r\n3\r\nvarsnames==");
+        for (int pieces = *rc::gen::inRange(0, 40); pieces > 0; --pieces)
+            bytes += *piece;
+        const std::optional<leq_content> first = read_leq(to_utf8(bytes));
+        if (!first) return;
+        RC_ASSERT(read_leq(write_leq(*first)) == first);
     }));
 }
 
