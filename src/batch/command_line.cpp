@@ -27,7 +27,7 @@ struct typed_options
     std::string method, format, output, kind;
     std::vector<std::string> assignments, files;
     int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
-    bool check = false, eval = false, show_settings = false;
+    bool check = false, eval = false, convert = false, units = false, constants = false, show_settings = false;
     std::vector<std::string> lines;
 };
 
@@ -48,6 +48,19 @@ void take_lines(std::vector<std::string>& arguments, typed_options& typed)
     arguments.erase(eval, arguments.end());
 }
 
+/// Takes `--convert` and the three arguments behind it off, since the number may begin with "-".
+void take_conversion(std::vector<std::string>& arguments, typed_options& typed)
+{
+    constexpr std::ptrdiff_t most = 3;
+    const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
+    const auto convert = std::find(arguments.begin(), options_end, "--convert");
+    if (convert == options_end) return;
+    typed.convert = true;
+    const auto end = convert + 1 + std::min(most, options_end - (convert + 1));
+    typed.lines.assign(convert + 1, end);
+    arguments.erase(convert, end);
+}
+
 void describe_options(CLI::App& app, typed_options& typed)
 {
     app.add_option("FILE", typed.files, "Problem files; their answers come in this order")->type_name("");
@@ -59,12 +72,15 @@ void describe_options(CLI::App& app, typed_options& typed)
     app.add_option("--format", typed.format, "text (the default), rtf or json")->type_name("NAME");
     app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE")
         ->type_name("NAME");
-    app.add_option("--kind", typed.kind, "nle takes every FILE for a nonlinear problem, whatever its name")
+    app.add_option("--kind", typed.kind, "nle or leq: takes every FILE for a problem of that kind, whatever its name")
         ->type_name("NAME");
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
+    app.add_flag("--convert", typed.convert, "Convert a number: --convert 100 \"deg C\" \"deg F\"");
+    app.add_flag("--units", typed.units, "List the units, or those that hold all words given in place of FILE");
+    app.add_flag("--constants", typed.constants, "List the physical constants, or those that hold all words given");
     app.set_version_flag("--version", std::string(program_name) + " " + std::string(program_version()));
     app.footer("Exit status: 0 every file gave a report; 1 a run ended with a message instead, or a line\n"
                "failed; 2 wrong usage, a file that cannot be read or is not solved; 130 interrupted.");
@@ -72,10 +88,14 @@ void describe_options(CLI::App& app, typed_options& typed)
 
 batch_action action_of(const typed_options& typed)
 {
-    if (typed.check + typed.eval + typed.show_settings > 1)
-        throw wrong_usage{"Only one of --check, --eval and --settings can be asked for."};
+    if (typed.check + typed.eval + typed.convert + typed.units + typed.constants + typed.show_settings > 1)
+        throw wrong_usage{
+            "Only one of --check, --eval, --convert, --units, --constants and --settings can be asked for."};
     if (typed.check) return batch_action::check;
     if (typed.eval) return batch_action::eval;
+    if (typed.convert) return batch_action::convert;
+    if (typed.units) return batch_action::show_units;
+    if (typed.constants) return batch_action::show_constants;
     return typed.show_settings ? batch_action::show_settings : batch_action::solve;
 }
 
@@ -88,8 +108,8 @@ output_format format_of(const typed_options& typed, batch_action action)
     const auto found = names.find(name);
     if (found == names.end()) throw wrong_usage{"--format: text, rtf or json is expected, not '" + name + "'."};
     if (only_json && found->second != output_format::object) throw wrong_usage{"--check and --eval give JSON only."};
-    if (action == batch_action::show_settings && found->second == output_format::rtf)
-        throw wrong_usage{"--settings gives text or JSON only."};
+    if (action != batch_action::solve && found->second == output_format::rtf)
+        throw wrong_usage{"--convert, --units, --constants and --settings give text or JSON only."};
     return found->second;
 }
 
@@ -109,9 +129,11 @@ void assign_settings(settings& store, const std::vector<std::string>& assignment
 void check_files(const batch_request& request)
 {
     const bool takes_files = request.action == batch_action::solve || request.action == batch_action::check;
-    if (!takes_files && !request.files.empty()) throw wrong_usage{"--eval and --settings take no FILE."};
+    if (!takes_files && !request.files.empty()) throw wrong_usage{"--eval, --convert and --settings take no FILE."};
     if (takes_files && request.files.empty()) throw wrong_usage{"No FILE is given."};
     if (request.action == batch_action::eval && request.lines.empty()) throw wrong_usage{"--eval: no line is given."};
+    if (request.action == batch_action::convert && request.lines.size() != 3)
+        throw wrong_usage{"--convert: a number and two units are expected; --units lists them."};
 
     const bool one_output = request.output.find("{}") == std::string::npos;
     if (request.format == output_format::rtf && request.files.size() > 1 && one_output)
@@ -139,6 +161,14 @@ void check_outputs(const batch_request& request)
     }
 }
 
+std::optional<document_kind> kind_of(std::string_view name)
+{
+    if (name.empty()) return std::nullopt;
+    for (const document_kind kind : {document_kind::nle, document_kind::leq})
+        if (name == kind_name(kind)) return kind;
+    throw wrong_usage{"--kind " + std::string(name) + ": not yet solved by this version; only nle and leq are."};
+}
+
 batch_request request_of(typed_options typed, const registry_store& saved)
 {
     batch_request request;
@@ -150,11 +180,11 @@ batch_request request_of(typed_options typed, const registry_store& saved)
         request.method = method_named(typed.method);
         if (!request.method) throw wrong_usage{"--method: there is no method '" + typed.method + "'."};
     }
-    if (!typed.kind.empty() && typed.kind != "nle")
-        throw wrong_usage{"--kind " + typed.kind + ": not yet solved by this version; only nle is."};
-    request.kind_is_nle = !typed.kind.empty();
+    request.kind = kind_of(typed.kind);
     request.output = std::move(typed.output);
-    request.files = std::move(typed.files);
+    const bool lists = request.action == batch_action::show_units || request.action == batch_action::show_constants;
+    // There is no file in a list: what stands in its place is looked for.
+    (lists ? typed.lines : request.files) = std::move(typed.files);
     if (typed.jobs < 1 || typed.jobs > most_jobs)
         throw wrong_usage{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};
     request.jobs = typed.jobs;
@@ -181,6 +211,7 @@ std::variant<batch_request, command_line_end> read_command_line(std::span<const 
     typed_options typed;
     std::vector<std::string> options(arguments.begin(), arguments.end());
     take_lines(options, typed);
+    take_conversion(options, typed);
 
     CLI::App app("Solves problem files and prints their reports.", program_name);
     describe_options(app, typed);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "nle/nle_problem.h"
+#include "shell/recognition.h"
 #include "shell/settings.h"
 
 #include <optional>
@@ -18,6 +19,9 @@ enum class batch_action
     solve,
     check,
     eval,
+    convert,
+    show_units,
+    show_constants,
     show_settings
 };
 
@@ -40,12 +44,12 @@ struct batch_request
     output_format format = output_format::plain;
     /// Where the output goes in place of standard output; may hold `{}` for the stem of each file.
     std::string output;
-    /// Every file is taken for a nonlinear problem, whatever its name and first lines.
-    bool kind_is_nle = false;
+    /// Every file is taken for a problem of this kind, whatever its name and first lines.
+    std::optional<document_kind> kind;
     std::vector<std::string> files;
     /// How many files are answered at a time.
     int jobs = 1;
-    /// The lines behind --eval.
+    /// The lines behind --eval; number and units behind --convert; what to look for in --units and --constants.
     std::vector<std::string> lines;
 
     /// The output is a file for each problem file.

@@ -173,6 +173,44 @@ std::string solved_nle_text(const std::string& file, const nle_content& content,
     return writer.take();
 }
 
+std::string solved_leq_text(const std::string& file, const leq_content& content, const leq_outcome& outcome,
+                            std::string_view report, int depth)
+{
+    json_writer writer(depth);
+    writer.begin_object();
+    writer.member("file", file);
+    writer.member("kind", kind_name(document_kind::leq));
+    writer.member("title", content.title);
+    writer.member("ok", outcome.has_report);
+    writer.key("messages");
+    write_messages(writer, outcome.boxes);
+    writer.key("variables");
+    writer.begin_array();
+    for (std::size_t i = 0; i < outcome.solution.size(); ++i) {
+        writer.begin_object();
+        writer.member("name", content.names[i]);
+        writer.member("value", outcome.solution[i]);
+        writer.end_object();
+    }
+    writer.end_array();
+    if (outcome.has_report) writer.member("residual", outcome.residual);
+    writer.member("report", report);
+    writer.end_object();
+    return writer.take();
+}
+
+json checked_leq_json(const std::string& file, const leq_content& content)
+{
+    json warnings = json::array();
+    if (const std::optional<leq_fault> fault = first_leq_fault(content)) warnings.push_back(fault->box.text);
+    return {{"file", file},
+            {"kind", kind_name(document_kind::leq)},
+            {"title", content.title},
+            {"green", warnings.empty()},
+            {"variables", content.names},
+            {"warnings", warnings}};
+}
+
 json checked_nle_json(const std::string& file, const nle_content& content)
 {
     const nle_analysis analysis = analyse_nle(content);

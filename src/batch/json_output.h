@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "leq/leq_run.h"
 #include "nle/nle_run.h"
 #include "shell/recognition.h"
 #include "shell/settings.h"
@@ -27,6 +28,13 @@ std::string solved_nle_text(const std::string& file, const nle_content& content,
 
 /// The analysis of a nonlinear problem.
 json checked_nle_json(const std::string& file, const nle_content& content);
+
+/// The same for linear equations.
+std::string solved_leq_text(const std::string& file, const leq_content& content, const leq_outcome& outcome,
+                            std::string_view report, int depth);
+
+/// What linear equations lack before they can be solved.
+json checked_leq_json(const std::string& file, const leq_content& content);
 
 /// A file that gave no problem, and why.
 json refused_file_json(const std::string& file, document_kind kind, const message_box& refusal);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/problem_file.h"
 
+#include "leq/leq_file.h"
 #include "nle/nle_file.h"
 #include "platform/text_file.h"
 
@@ -20,6 +21,7 @@ std::optional<message_box> kind_refusal(document_kind kind, const std::string& f
 {
     switch (kind) {
     case document_kind::nle:
+    case document_kind::leq:
         return std::nullopt;
     case document_kind::unknown:
         return refusal_box(unknown_format_text(file));
@@ -32,12 +34,21 @@ std::optional<message_box> kind_refusal(document_kind kind, const std::string& f
         return refusal_box(file + " is a graph file, not a problem file.");
     case document_kind::deq:
         return refusal_box("Differential equations are not yet solved by this version.");
-    case document_kind::leq:
-        return refusal_box("Linear equations are not yet solved by this version.");
     case document_kind::reg:
         return refusal_box("Data tables are not yet solved by this version.");
     }
     return refusal_box(unknown_format_text(file));
+}
+
+constexpr const char* open_error = "Error while trying to open file.";
+
+void read_linear_equations(std::string_view text, problem_file& read)
+{
+    read.linear = read_leq(text);
+    if (read.linear) return;
+    read.refusal = refusal_box(
+        std::string(open_error) + "\rIts second line is to be the number of equations less 1, a whole number from " +
+        std::to_string(least_leq_count - 1) + " to " + std::to_string(largest_leq_count - 1) + ".");
 }
 
 } // namespace
@@ -50,13 +61,17 @@ problem_file read_problem_file(const std::string& file, const batch_request& req
         read.refusal = refusal_box("The file can not be read: " + content.failure.reason);
         return read;
     }
-    read.kind = request.kind_is_nle ? document_kind::nle : recognise_document(file, content.text);
+    read.kind = request.kind ? *request.kind : recognise_document(file, content.text);
     read.refusal = kind_refusal(read.kind, file);
     if (read.refusal) return read;
 
+    if (read.kind == document_kind::leq) {
+        read_linear_equations(content.text, read);
+        return read;
+    }
     auto problem = read_nle(content.text);
     if (!problem) {
-        read.refusal = refusal_box("Error while trying to open file.");
+        read.refusal = refusal_box(open_error);
         return read;
     }
     read.content = std::move(*problem);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "batch/command_line.h"
+#include "leq/leq_content.h"
 #include "nle/nle_problem.h"
 #include "platform/message_box.h"
 #include "shell/recognition.h"
@@ -16,7 +17,10 @@ namespace kelvarin
 struct problem_file
 {
     document_kind kind = document_kind::unknown;
+    /// Of a nonlinear problem.
     nle_content content;
+    /// Of linear equations.
+    std::optional<leq_content> linear;
     std::optional<message_box> refusal;
 };
 

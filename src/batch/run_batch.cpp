@@ -5,6 +5,7 @@
 #include "batch/json_output.h"
 #include "batch/ordered_answers.h"
 #include "batch/progress_line.h"
+#include "batch/reference_tables.h"
 #include "batch/settings_listing.h"
 #include "batch/solve_files.h"
 #include "tools/calculator.h"
@@ -23,7 +24,7 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
     answer_printer printer(request, out, err);
     const auto answer_of = [&](std::size_t i, run_listener& listener) {
         if (request.action == batch_action::check) return check_file(request.files[i], request);
-        return solve_file(request.files[i], request, surroundings.clock, listener);
+        return solve_file(request.files[i], request, surroundings, listener);
     };
     ordered_answers answers(request.files.size(), request.jobs, answer_of, surroundings.listener);
     for (const std::string& file : request.files) {
@@ -65,6 +66,10 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
     switch (request.action) {
     case batch_action::eval:
         return evaluate_lines(request, out, err);
+    case batch_action::convert:
+    case batch_action::show_units:
+    case batch_action::show_constants:
+        return answer_from_tables(request, out, err);
     case batch_action::show_settings:
         return write_output(request.output,
                             request.format == output_format::object ? json_text(settings_json(request.store)) + "\n"

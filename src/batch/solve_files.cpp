@@ -4,6 +4,7 @@
 #include "batch/exit_status.h"
 #include "batch/json_output.h"
 #include "batch/problem_file.h"
+#include "leq/leq_run.h"
 #include "nle/nle_run.h"
 #include "shell/rich_text.h"
 
@@ -31,42 +32,73 @@ file_answer refused_answer(const std::string& file, const problem_file& refused,
     return answer;
 }
 
+/// The outcome of a problem that was refused before its run.
+template <class Outcome> Outcome not_run(const message_box& refusal)
+{
+    Outcome outcome;
+    outcome.boxes = {refusal};
+    return outcome;
+}
+
+/// What the outcomes of all kinds become in the same way; the report comes as rich text.
+template <class Outcome>
+file_answer answer_of(const std::string& file, const Outcome& outcome, std::string report, output_format format)
+{
+    file_answer answer;
+    for (const message_box& box : outcome.boxes)
+        answer.messages += message_lines(file, box);
+    if (!outcome.has_report) answer.status = exit_status::a_run_failed;
+    answer.report = format == output_format::rtf ? std::move(report) : plain_text_of(read_rich_text(report));
+    return answer;
+}
+
+file_answer solve_nle_file(const std::string& file, const nle_run_problem& problem, const batch_request& request,
+                           const wall_clock& clock, run_listener& listener)
+{
+    const nle_outcome outcome = run_nle(problem, request.store, clock, listener);
+    std::string report = outcome.has_report ? nle_report(problem, outcome, request.store, clock.today()) : "";
+    file_answer answer = answer_of(file, outcome, std::move(report), request.format);
+    answer.stopped = outcome.stopped;
+    if (request.format == output_format::object)
+        answer.object = solved_nle_text(file, problem.content, outcome, answer.report, depth_of_object(request));
+    return answer;
+}
+
+file_answer solve_leq_file(const std::string& file, const leq_run_problem& problem, const batch_request& request,
+                           const batch_surroundings& surroundings)
+{
+    const leq_outcome outcome = run_leq(problem.content, surroundings.seconds);
+    std::string report = outcome.has_report ? leq_report(problem, outcome, surroundings.clock.today()) : "";
+    file_answer answer = answer_of(file, outcome, std::move(report), request.format);
+    if (request.format == output_format::object)
+        answer.object = solved_leq_text(file, problem.content, outcome, answer.report, depth_of_object(request));
+    return answer;
+}
+
 } // namespace
 
 std::string message_lines(const std::string& file, const message_box& box)
 {
-    std::string lines = box.title + " (" + file + ")\n" + box.text + "\n";
+    std::string lines = box.title + (file.empty() ? "" : " (" + file + ")") + "\n" + box.text + "\n";
     std::replace(lines.begin() + static_cast<std::ptrdiff_t>(box.title.size()), lines.end(), '\r', '\n');
     return lines;
 }
 
-file_answer solve_file(const std::string& file, const batch_request& request, const wall_clock& clock,
+file_answer solve_file(const std::string& file, const batch_request& request, const batch_surroundings& surroundings,
                        run_listener& listener)
 {
     const int depth = depth_of_object(request);
     problem_file read = read_problem_file(file, request);
     if (read.refusal) {
         file_answer refused = refused_answer(file, read, depth);
-        if (read.kind == document_kind::nle) {
-            nle_outcome not_run;
-            not_run.boxes = {*read.refusal};
-            refused.object = solved_nle_text(file, read.content, not_run, "", depth);
-        }
+        if (read.kind == document_kind::nle)
+            refused.object = solved_nle_text(file, read.content, not_run<nle_outcome>(*read.refusal), "", depth);
+        if (read.kind == document_kind::leq)
+            refused.object = solved_leq_text(file, leq_content(), not_run<leq_outcome>(*read.refusal), "", depth);
         return refused;
     }
-
-    const nle_run_problem problem = {std::move(read.content), file};
-    const nle_outcome outcome = run_nle(problem, request.store, clock, listener);
-    file_answer answer;
-    answer.stopped = outcome.stopped;
-    for (const message_box& box : outcome.boxes)
-        answer.messages += message_lines(file, box);
-    if (!outcome.has_report) answer.status = exit_status::a_run_failed;
-    if (outcome.has_report) answer.report = nle_report(problem, outcome, request.store, clock.today());
-    if (request.format != output_format::rtf) answer.report = plain_text_of(read_rich_text(answer.report));
-    if (request.format == output_format::object)
-        answer.object = solved_nle_text(file, problem.content, outcome, answer.report, depth);
-    return answer;
+    if (read.linear) return solve_leq_file(file, {std::move(*read.linear), file}, request, surroundings);
+    return solve_nle_file(file, {std::move(read.content), file}, request, surroundings.clock, listener);
 }
 
 file_answer check_file(const std::string& file, const batch_request& request)
@@ -75,7 +107,8 @@ file_answer check_file(const std::string& file, const batch_request& request)
     const problem_file read = read_problem_file(file, request);
     if (read.refusal) return refused_answer(file, read, depth);
     file_answer answer;
-    answer.object = json_text(checked_nle_json(file, read.content), depth);
+    answer.object =
+        json_text(read.linear ? checked_leq_json(file, *read.linear) : checked_nle_json(file, read.content), depth);
     return answer;
 }
 

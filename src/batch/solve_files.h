@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/registry_store.h"
 #include "platform/run_listener.h"
+#include "platform/stopwatch.h"
 
 #include <ostream>
 #include <span>
@@ -22,6 +23,8 @@ struct batch_surroundings
     run_listener& listener;
     /// Somebody watches the error output.
     bool err_is_terminal = false;
+    /// For times that are told with fractions of a second.
+    stopwatch seconds = steady_seconds;
 };
 
 /// What one file gave. It is made without printing anything, so that files can be answered in any order.
@@ -37,11 +40,12 @@ struct file_answer
     bool stopped = false;
 };
 
-file_answer solve_file(const std::string& file, const batch_request& request, const wall_clock& clock,
+/// `listener` is that of this file.
+file_answer solve_file(const std::string& file, const batch_request& request, const batch_surroundings& surroundings,
                        run_listener& listener);
 file_answer check_file(const std::string& file, const batch_request& request);
 
-/// A box as lines: its title and the file, then its text.
+/// A box as lines: its title and the file, where there is one, then its text.
 std::string message_lines(const std::string& file, const message_box& box);
 
 /// The whole program behind its arguments: reads them, works, prints. Returns the exit status.

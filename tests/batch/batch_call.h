@@ -20,8 +20,8 @@ struct batch_result
     json as_json() const { return json::parse(out); }
 };
 
-/// Calls of the batch program in this process: 2 January 2026, no saved settings unless a test puts some
-/// there, nobody watching.
+/// Calls of the batch program in this process: 2 January 2026, runs that take no time, no saved settings unless a test
+/// puts some there, nobody watching.
 struct batch_call
 {
     fixed_clock clock;
@@ -31,7 +31,7 @@ struct batch_call
     batch_result operator()(const std::vector<std::string>& arguments)
     {
         std::ostringstream out, err;
-        const int status = run_batch(arguments, out, err, {clock, saved, listener});
+        const int status = run_batch(arguments, out, err, {clock, saved, listener, false, [] { return 0.0; }});
         return {status, out.str(), err.str()};
     }
 };
@@ -42,6 +42,7 @@ inline const std::string plane_lines = "Two lines |KVRVER05_0\nf(x) = x+y-3\nf(y
 inline const std::string explicit_only = "Sum\na = 1\nb = a+1\n";
 inline const std::string undefined_name = "Red\nf(x) = x-q\nx(min)=1, x(max)=2\n";
 inline const std::string failing_run = "Root of a negative\na = sqrt(b)\nb = 0-1\n";
+inline const std::string linear_lines = "Two lines\r\n1\r\nvarsnames==x,y\r\n1\t1\t\r\n1\t-1\t\r\n3\t1\t\r\r\n";
 inline const std::string differential = "Decay\nd(y)/d(t) = -y\ny(0)=1\nt(0)=0\nt(f)=1\n";
 
 } // namespace kelvarin::test

@@ -45,6 +45,14 @@ TEST_F(BatchGolden, OutputIsWhatItWas)
         {"checked.json", {"--check", "explicit.kvr", "two-roots.kvr", "circle.kvr", "red.kvr"}, 0},
         {"settings.txt", {"--settings"}, 0},
         {"settings.json", {"--settings", "--format", "json", "--set", "cnle_tol=0.001"}, 0},
+        {"linear.txt", {"linear.kvr"}, 0},
+        {"linear.json", {"--format", "json", "linear.kvr", "nearly-singular.kvr", "decimal-comma.kvr"}, 1},
+        {"linear.rtf", {"--format", "rtf", "linear.kvr"}, 0},
+        {"linear-checked.json", {"--check", "linear.kvr", "decimal-comma.kvr"}, 0},
+        {"units.txt", {"--units", "viscosity"}, 0},
+        {"units.json", {"--units", "--format", "json", "temperature", "deg"}, 0},
+        {"constants.txt", {"--constants", "gas", "constant"}, 0},
+        {"constants.json", {"--constants", "--format", "json", "Planck"}, 0},
         {"help.txt", {"--help"}, 0},
     };
     for (const row& expected : rows) {

@@ -255,8 +255,34 @@ def cantilever():
             "verdict": mpf(stress < 235 and deflection < 1000 * L / 200)}
 
 
+def bridge_circuit():
+    # By the node voltages a, c, d against the source's other pole, in place of loops: 12 V behind 5 ohm at a.
+    def currents_into_nodes(a, c, d):
+        return [(12 - a) / 5 - (a - c) / 10 - (a - d) / 10, (a - c) / 10 - c / 20 - (c - d) / 40,
+                (a - d) / 10 - d / 30 + (c - d) / 40]
+
+    a, c, d = solve(currents_into_nodes, [m(10), m(5), m(5)])
+    return {"i_left": (a - c) / 10, "i_right": c / 20, "i_source": (12 - a) / 5}
+
+
+def plane_truss():
+    # By the moments about each support, then joint by joint: supports at (0, 0) and (6, 0), apex at (3, 4) under 20 kN
+    # downward and 5 kN to the right.
+    R2y = (m(20) * 3 + m(5) * 4) / 6
+    R1y = 20 - R2y
+    F13, F23 = -R1y / m("0.8"), -R2y / m("0.8")
+    return {"F12": -F23 * m("0.6"), "F13": F13, "F23": F23, "R1x": mpf(-5), "R1y": R1y, "R2y": R2y}
+
+
+def cooling_fin():
+    # The solution of the difference equation in closed form.
+    s = mp.acosh(m("1.02"))
+    return {f"T{k}": 80 * cosh((5 - k) * s) / cosh(5 * s) for k in range(1, 6)}
+
+
 PROBLEMS = [gas_volume, pipe_diameter, bubble_point, cable_sag, adiabatic_flash, steam_reforming, channel_flow,
-            stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever]
+            stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever,
+            bridge_circuit, plane_truss, cooling_fin]
 
 
 def main():

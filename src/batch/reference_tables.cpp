@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "batch/reference_tables.h"
+
+#include "batch/answer_printer.h"
+#include "batch/exit_status.h"
+#include "batch/json_output.h"
+#include "batch/solve_files.h"
+#include "batch/text_columns.h"
+#include "platform/data_files.h"
+#include "platform/run_time_text.h"
+#include "platform/text_file.h"
+#include "tools/constants.h"
+#include "tools/units.h"
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// A data file's text; a box where there is none.
+struct data_text
+{
+    std::string text;
+    std::optional<message_box> refusal;
+};
+
+data_text read_data_file(std::string_view name)
+{
+    const auto file = find_data_file(name);
+    if (!file) return {{}, missing_data_box(name)};
+    text_file content = read_text_file(*file);
+    if (!content.ok()) return {{}, message_box{file->string() + ": " + content.failure.reason}};
+    return {std::move(content.text), std::nullopt};
+}
+
+int refused(const message_box& box, std::ostream& err)
+{
+    err << message_lines("", box);
+    return exit_status::unusable;
+}
+
+void tell_faults(std::string_view name, const std::vector<data_fault>& faults, std::ostream& err)
+{
+    for (const data_fault& fault : faults)
+        err << name << ", line " << fault.line << ": " << fault.reason << "\n";
+}
+
+/// The words behind the option as one text.
+std::string words_of(const batch_request& request)
+{
+    std::string words;
+    for (const std::string& word : request.lines)
+        words += word + " ";
+    return words;
+}
+
+/// Why two units can not be converted into each other, where no type has both.
+std::string no_pair_text(const std::vector<unit>& units, const std::string& from, const std::string& to)
+{
+    for (const std::string& name : {from, to})
+        if (!find_unit_pair(units, name, name)) return "There is no unit '" + name + "'; --units lists them.";
+    return "No type of units has both '" + from + "' and '" + to + "'.";
+}
+
+int convert(const batch_request& request, const std::vector<unit>& units, std::ostream& out, std::ostream& err)
+{
+    const std::string& number = request.lines[0];
+    const auto pair = find_unit_pair(units, request.lines[1], request.lines[2]);
+    if (!pair) return refused({no_pair_text(units, request.lines[1], request.lines[2])}, err);
+    const conversion typed = convert_typed(number, pair->first, pair->second);
+    if (typed.refusal) return refused(*typed.refusal, err);
+    const double x = val(number);
+    if (request.format != output_format::object)
+        return write_output(request.output, convert_units(x, pair->first, pair->second).text + "\n", out, err);
+    const json answer = {{"number", x},
+                         {"from", pair->first.unit_name},
+                         {"to", pair->second.unit_name},
+                         {"type", pair->first.unit_type},
+                         {"value", *typed.value},
+                         {"text", typed.text}};
+    return write_output(request.output, json_text(answer) + "\n", out, err);
+}
+
+std::string units_text(const std::vector<unit>& units)
+{
+    std::vector<std::vector<std::string>> lines = {{"Type", "Unit", "Factor", "Offset", "Note"}};
+    for (const unit& each : units)
+        lines.push_back(
+            {each.unit_type, each.unit_name, plain_text(each.factor), plain_text(each.offset), each.unit_note});
+    return text_columns(lines);
+}
+
+std::string units_json(const std::vector<unit>& units)
+{
+    json list = json::array();
+    for (const unit& each : units)
+        list.push_back({{"type", each.unit_type},
+                        {"name", each.unit_name},
+                        {"factor", each.factor},
+                        {"offset", each.offset},
+                        {"note", each.unit_note}});
+    return json_text(list) + "\n";
+}
+
+std::string constants_text(const std::vector<constant_group>& groups)
+{
+    std::string text;
+    for (const constant_group& group : groups) {
+        text += (text.empty() ? "" : "\n") + group.name + "\n";
+        for (const std::string& line : constant_lines(group))
+            text += "  " + line + "\n";
+    }
+    return text;
+}
+
+/// The text of a constant's value as the number that it is.
+json value_json(const physical_constant& constant)
+{
+    if (const std::optional<double> number = numeric_value(constant.value)) return *number;
+    return constant.value;
+}
+
+std::string constants_json(const std::vector<constant_group>& groups)
+{
+    json list = json::array();
+    for (const constant_group& group : groups)
+        for (const physical_constant& each : group.constants)
+            list.push_back(
+                {{"group", group.name}, {"name", each.name}, {"value", value_json(each)}, {"units", each.units}});
+    return json_text(list) + "\n";
+}
+
+int answer_from_units(const batch_request& request, std::ostream& out, std::ostream& err)
+{
+    const data_text file = read_data_file(units_file_name);
+    if (file.refusal) return refused(*file.refusal, err);
+    const unit_list list = read_units(file.text);
+    tell_faults(units_file_name, list.faults, err);
+    if (request.action == batch_action::convert) return convert(request, list.units, out, err);
+    const std::vector<unit> found = search_units(list.units, words_of(request));
+    return write_output(request.output, request.format == output_format::object ? units_json(found) : units_text(found),
+                        out, err);
+}
+
+int answer_from_constants(const batch_request& request, std::ostream& out, std::ostream& err)
+{
+    const data_text file = read_data_file(constants_file_name);
+    if (file.refusal) return refused(*file.refusal, err);
+    const constant_list list = read_constants(file.text);
+    tell_faults(constants_file_name, list.faults, err);
+    const std::vector<constant_group> found = search_constants(list.groups, words_of(request));
+    return write_output(request.output,
+                        request.format == output_format::object ? constants_json(found) : constants_text(found), out,
+                        err);
+}
+
+} // namespace
+
+int answer_from_tables(const batch_request& request, std::ostream& out, std::ostream& err)
+{
+    if (request.action == batch_action::show_constants) return answer_from_constants(request, out, err);
+    return answer_from_units(request, out, err);
+}
+
+} // namespace kelvarin
