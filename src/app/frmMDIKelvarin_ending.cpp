@@ -68,15 +68,10 @@ bool frmMDIKelvarin::may_end()
 void frmMDIKelvarin::closeEvent(QCloseEvent* event)
 {
     if (ended_) return event->accept();
-    if (ask_runs_to_stop()) {
-        close_after_runs_ = true;
-        event->ignore();
-        return;
-    }
-    if (!may_end()) {
-        event->ignore();
-        return;
-    }
+    close_after_runs_ = true;
+    if (ask_runs_to_stop()) return event->ignore();
+    close_after_runs_ = false;
+    if (!may_end()) return event->ignore();
     unload();
     event->accept();
 }

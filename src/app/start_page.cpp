@@ -46,17 +46,23 @@ std::vector<recent_file> recent_files_of_all_kinds(const registry_store& registr
 } // namespace
 
 start_page::start_page(const command_actions& actions, const registry_store& registry, QWidget* parent)
-    : QWidget(parent), registry_(registry)
+    : QScrollArea(parent), registry_(registry), content_(new QWidget)
 {
     setObjectName(QStringLiteral("start_page"));
     setAccessibleName(tr("Start page"));
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
     build_ui(actions);
+    setWidget(content_);
+    setWidgetResizable(true);
+    // The page's own ground and picture show through.
+    content_->setAutoFillBackground(false);
 }
 
 void start_page::build_ui(const command_actions& actions)
 {
     const int unit = line_unit(*this);
-    auto* whole = new QVBoxLayout(this);
+    auto* whole = new QVBoxLayout(content_);
     whole->setContentsMargins(2 * unit, unit, 2 * unit, unit);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(2 * unit);
@@ -96,7 +102,7 @@ QBoxLayout* start_page::add_column(QBoxLayout& columns, const QString& heading)
 {
     auto* column = new QVBoxLayout;
     column->setSpacing(line_unit(*this) / 6);
-    auto* title = new QLabel(heading, this);
+    auto* title = new QLabel(heading, content_);
     QFont font = title->font();
     font.setPointSizeF(font.pointSizeF() * 1.25);
     font.setBold(true);
@@ -109,7 +115,7 @@ QBoxLayout* start_page::add_column(QBoxLayout& columns, const QString& heading)
 
 QToolButton* start_page::add_row(QBoxLayout& column, const QIcon& picture, const QString& caption, const char* name)
 {
-    auto* row = new QToolButton(this);
+    auto* row = new QToolButton(content_);
     row->setObjectName(QString::fromLatin1(name));
     row->setIcon(picture);
     row->setIconSize(QSize(line_unit(*this), line_unit(*this)) * 5 / 4);
@@ -127,7 +133,8 @@ void start_page::show_recent_files()
 {
     qDeleteAll(recent_rows_);
     recent_rows_.clear();
-    recent_column_->removeItem(recent_column_->itemAt(recent_column_->count() - 1));
+    // The stretch at the end comes anew behind the new rows.
+    delete recent_column_->takeAt(recent_column_->count() - 1);
 
     const std::vector<recent_file> files = recent_files_of_all_kinds(registry_);
     std::map<std::string, int> times_named;
@@ -148,7 +155,7 @@ void start_page::show_recent_files()
         recent_rows_.append(row);
     }
     if (files.empty()) {
-        auto* hint = new QLabel(tr("Problems that you save or open\nare listed here."), this);
+        auto* hint = new QLabel(tr("Problems that you save or open\nare listed here."), content_);
         hint->setContentsMargins(line_unit(*this) / 3, 0, 0, 0);
         hint->setEnabled(false);
         recent_column_->addWidget(hint);
@@ -160,20 +167,20 @@ void start_page::show_recent_files()
 void start_page::show_background_picture(bool shown)
 {
     background_picture_ = shown;
-    update();
+    viewport()->update();
 }
 
 void start_page::showEvent(QShowEvent* event)
 {
     show_recent_files();
-    QWidget::showEvent(event);
+    QScrollArea::showEvent(event);
 }
 
 void start_page::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.fillRect(rect(), ground_colour(palette()));
-    if (background_picture_) paint_background_picture(painter, rect(), palette());
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), ground_colour(palette()));
+    if (background_picture_) paint_background_picture(painter, viewport()->rect(), palette());
 }
 
 } // namespace kelvarin

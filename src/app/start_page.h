@@ -4,7 +4,7 @@
 #include "desktop/commands.h"
 #include "platform/registry_store.h"
 
-#include <QWidget>
+#include <QScrollArea>
 
 #include <filesystem>
 
@@ -15,7 +15,7 @@ namespace kelvarin
 {
 
 /// Fills the main window while no child is open: new problems, files of late, examples.
-class start_page : public QWidget
+class start_page : public QScrollArea
 {
     Q_OBJECT
 
@@ -40,6 +40,7 @@ private:
     void show_recent_files();
 
     const registry_store& registry_;
+    QWidget* content_ = nullptr;
     QBoxLayout* recent_column_ = nullptr;
     QList<QWidget*> recent_rows_;
     bool background_picture_ = false;

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "main_desk.h"
+
+#include "shell/window/frmSolution.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
+
+namespace
+{
+
+using namespace kelvarin;
+using namespace kelvarin::test;
+
+constexpr const char* gas = "Gas\nf(v) = v - 2\n1\n3\n";
+constexpr const char* rope = "Rope\nf(h) = h^2 - 2\n1\n3\n";
+
+TEST(OpenDocument, GoesByExtensionAndFirstLines)
+{
+    struct row
+    {
+        const char* name;
+        const char* text;
+        /// The kind of the window that opens, and else the box.
+        const char* window;
+        const char* box;
+    };
+    const std::vector<row> rows{
+        {"gas.kvr", gas, "frmNLE", ""},
+        {"gas.dat", gas, "frmNLE", ""},
+        {"sum.kvr", "Sum\na = 2\nb = a + 1\n", "frmNLE", ""},
+        {"gas.TXT", gas, "frmSolution", ""},
+        {"report.rtf", "{\\rtf1 hello}", "frmSolution", ""},
+        {"decay.kvr", "Decay\nd(y)/d(t) = -y\n1\n", "", "Differential equations are not yet solved by this version."},
+        {"plane.kvr", "Plane\n2\n1\n", "", "Linear equations are not yet solved by this version."},
+        {"table.kvr", "Table\n3 4\n1\n", "", "Data tables are not yet solved by this version."},
+        {"curve.kvg", "KVRGRF/V500//\nx\ny\n", "", "Graphs are not yet shown by this version."},
+        {"letter.kvr", "Dear all\nhello\nbye\n", "",
+         "The file format of letter.kvr does not match any of the Kelvarin input files format."},
+        {"curve2.kvg", "KVRGRF/V400//\nx\ny\n", "",
+         "The file format of curve2.kvg does not match any of the Kelvarin input files format."},
+        {"empty.kvr", "", "", "The file format of empty.kvr does not match any of the Kelvarin input files format."},
+    };
+    for (const row& each : rows) {
+        SCOPED_TRACE(each.name);
+        main_desk desk;
+        desk.folder.write(each.name, each.text);
+        if (*each.box) desk.user.expect_box(each.box);
+        desk.window->open_document(each.name);
+        settle();
+        EXPECT_TRUE(desk.user.is_done());
+        const child_window* front = desk.window->active_child();
+        EXPECT_EQ(front ? front->objectName().toStdString() : "", each.window);
+    }
+}
+
+TEST(OpenDocument, PassesOverMissingFilesAndRefusesWhatIsNoFile)
+{
+    main_desk desk;
+    desk.window->open_document("nowhere.kvr");
+    EXPECT_TRUE(desk.children().empty());
+    EXPECT_TRUE(desk.user.boxes().empty());
+    desk.user.expect_box("Error while trying to open file.");
+    desk.window->open_document(desk.folder.path());
+    EXPECT_TRUE(desk.children().empty());
+}
+
+TEST(OpenDocument, TheWindowInFrontTakesAFileOfItsKind)
+{
+    main_desk desk;
+    desk.folder.write("gas.kvr", gas);
+    desk.folder.write("rope.kvr", rope);
+    frmNLE& first = desk.new_problem();
+    desk.window->open_document("gas.kvr");
+    EXPECT_EQ(first.document().title(), "Gas");
+    EXPECT_EQ(desk.children().size(), 1u);
+    EXPECT_EQ(desk.person().text("pnlTitle"), "Gas");
+
+    // Where a report stands in front, a new window does.
+    desk.show_stand_in("frmSolution");
+    desk.window->open_document("rope.kvr");
+    EXPECT_EQ(first.document().title(), "Gas");
+    EXPECT_EQ(desk.front_problem().document().title(), "Rope");
+    EXPECT_EQ(desk.children().size(), 3u);
+
+    // What is unsaved is asked for, and can be kept.
+    desk.front_problem().load_sample(1);
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?",
+                              answer::cancel);
+    desk.window->open_document("gas.kvr");
+    EXPECT_NE(desk.front_problem().document().title(), "Gas");
+    EXPECT_EQ(desk.user.questions().size(), 1u);
+    desk.user.expect_question(unsaved_question, answer::no);
+    desk.run(command::close);
+}
+
+TEST(OpenDocument, SeveralFilesGetAWindowEach)
+{
+    main_desk desk;
+    desk.window->open_documents({desk.folder.write("gas.kvr", gas), desk.folder.write("rope.kvr", rope)});
+    ASSERT_EQ(desk.children().size(), 2u);
+    EXPECT_EQ(desk.children()[0]->title_panel(), QStringLiteral("Gas"));
+    EXPECT_EQ(desk.children()[1]->title_panel(), QStringLiteral("Rope"));
+}
+
+TEST(OpenDocument, TheDialogHasItsFilterAndAnEmptyNameAndMayBeLeft)
+{
+    main_desk desk;
+    desk.user.expect_file(std::nullopt);
+    desk.run(command::open);
+    EXPECT_TRUE(desk.children().empty());
+    ASSERT_EQ(desk.user.file_questions().size(), 1u);
+    EXPECT_EQ(desk.user.file_questions()[0].filter,
+              "All Kelvarin files (*.kvr; *.kvg; *.rtf)|*.kvr; *.kvg; *.rtf|Kelvarin Problems (*.kvr)|*.kvr|Kelvarin "
+              "Graphs (*.kvg)|*.kvg|Kelvarin Reports (*.rtf)|*.rtf");
+    EXPECT_TRUE(desk.user.file_questions()[0].proposed.empty());
+    desk.user.expect_file(chosen_file{desk.folder.write("gas.kvr", gas)});
+    desk.press_toolbar("open");
+    EXPECT_EQ(desk.front_problem().document().title(), "Gas");
+}
+
+TEST(OpenDocument, FilesDroppedOnTheWindowOrAFieldInItOpen)
+{
+    main_desk desk;
+    const auto drop_on = [&](QWidget& target, const std::filesystem::path& file) {
+        QMimeData content;
+        content.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
+        content.setText(QString::fromStdString(file.string()));
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &content, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &content, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &drop);
+        settle();
+    };
+    drop_on(*desk.window, desk.folder.write("gas.kvr", gas));
+    EXPECT_EQ(desk.front_problem().document().title(), "Gas");
+    auto& field = desk.person().find<QLineEdit>("txtnle_min_ini_guess");
+    drop_on(field, desk.folder.write("rope.kvr", rope));
+    EXPECT_EQ(desk.front_problem().document().title(), "Rope");
+    EXPECT_FALSE(field.text().contains(QStringLiteral("rope")));
+
+    QMimeData words;
+    words.setText(QStringLiteral("only words"));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &words, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(desk.window.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "main_desk.h"
+
+#include <QPointer>
+
+namespace
+{
+
+using namespace kelvarin;
+using namespace kelvarin::test;
+
+TEST(Ending, WritesTheStateThenThePlaceThenAllSettings)
+{
+    main_desk desk;
+    desk.window->resize(500, 400);
+    desk.registry.take_written();
+    desk.run(command::exit);
+    EXPECT_EQ(desk.exit_status, 0);
+    EXPECT_FALSE(desk.window->isVisible());
+
+    std::vector<std::string> expected{"Window State", "Window Width", "Window Height", "Window Top", "Window Left"};
+    for (const setting_row& row : settings_table())
+        expected.push_back("Software\\WinKlvn\\settings\\" + std::string(row.key));
+    EXPECT_EQ(desk.registry.take_written(), expected);
+    EXPECT_EQ(desk.registry.read(registry_root, "Window Width"), "500");
+    EXPECT_EQ(desk.registry.read("Software\\WinKlvn\\settings\\newt_MAXITS", "value"), "150");
+}
+
+TEST(Ending, AMaximisedWindowKeepsItsLastPlace)
+{
+    main_desk desk;
+    desk.window->showMaximized();
+    settle();
+    const auto width = desk.registry.read(registry_root, "Window Width");
+    desk.registry.take_written();
+    desk.run(command::exit);
+    EXPECT_EQ(desk.registry.take_written()[1], "Software\\WinKlvn\\settings\\general_show_status_bar");
+    EXPECT_EQ(desk.registry.read(registry_root, "Window State"), "2");
+    EXPECT_EQ(desk.registry.read(registry_root, "Window Width"), width);
+
+    desk.start();
+    EXPECT_TRUE(desk.window->isMaximized());
+}
+
+TEST(Ending, FirstStartTakesMostOfTheScreenAndWritesItAtOnce)
+{
+    main_desk desk;
+    // The screen without a screen has 800 x 800 pixels.
+    EXPECT_EQ(desk.window->size(), QSize(680, 680));
+    EXPECT_EQ(desk.window->pos(), QPoint(60, 60));
+    EXPECT_EQ(desk.registry.take_written(),
+              (std::vector<std::string>{"Window Width", "Window Height", "Window Top", "Window Left", "Window State"}));
+    desk.window->move(20, 30);
+    desk.window->resize(640, 480);
+    desk.run(command::exit);
+    desk.start();
+    EXPECT_EQ(desk.window->size(), QSize(640, 480));
+    EXPECT_EQ(desk.window->pos(), QPoint(20, 30));
+}
+
+TEST(Ending, ARefusedQuestionKeepsAllWindowsAndTheirWork)
+{
+    main_desk desk;
+    const QPointer<child_window> first = &desk.new_unsaved_problem();
+    const QPointer<child_window> second = &desk.new_unsaved_problem();
+    // The last window is asked first; its work could go, but then the other one is not let go.
+    desk.user.expect_question(unsaved_question, answer::no);
+    desk.user.expect_question(unsaved_question, answer::cancel);
+    desk.run(command::exit);
+    EXPECT_TRUE(desk.user.is_done());
+    EXPECT_EQ(desk.exit_status, -1);
+    EXPECT_TRUE(desk.window->isVisible());
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(desk.children().size(), 2u);
+    EXPECT_EQ(desk.window->active_child(), first);
+    // Both are still protected: one lock and two problems.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 3);
+
+    desk.user.expect_question(unsaved_question, answer::no);
+    desk.user.expect_question(unsaved_question, answer::no);
+    desk.run(command::exit);
+    EXPECT_EQ(desk.exit_status, 0);
+    EXPECT_FALSE(desk.window->isVisible());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 1);
+}
+
+TEST(Ending, CloseAllAsksFromTheLastAndKeepsTheOneThatRefuses)
+{
+    main_desk desk;
+    const QPointer<child_window> first = &desk.new_problem();
+    const QPointer<child_window> second = &desk.new_unsaved_problem();
+    const QPointer<child_window> third = &desk.new_problem();
+    desk.user.expect_question(unsaved_question, answer::cancel);
+    desk.run(command::close_all);
+    EXPECT_FALSE(first);
+    EXPECT_TRUE(second);
+    EXPECT_FALSE(third);
+}
+
+TEST(Ending, RunsAreAskedToStopFirst)
+{
+    main_desk desk;
+    stand_in& runner = desk.show_stand_in("frmNLE");
+    runner.set_running(true);
+    desk.window->close();
+    EXPECT_EQ(runner.performed, QList<command>{command::stop});
+    EXPECT_TRUE(wait_until([&] { return desk.exit_status == 0; }));
+    EXPECT_FALSE(desk.window->isVisible());
+}
+
+TEST(Ending, AnImpossibleStateEndsTheProgramWithoutQuestionsAndKeepsTheWork)
+{
+    main_desk desk;
+    desk.new_unsaved_problem();
+    desk.window->end_program();
+    EXPECT_EQ(desk.exit_status, 1);
+    EXPECT_FALSE(desk.window->isVisible());
+    EXPECT_TRUE(desk.user.questions().empty());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 2);
+}
+
+TEST(Ending, SettingsComeBackAtTheNextStart)
+{
+    scratch_folder folder;
+    const auto file = folder / "registry.txt";
+    const fixed_clock clock;
+    scripted_user user;
+    recovery_store recovery(folder / "recovery");
+    {
+        file_registry registry(file);
+        settings store(registry);
+        frmMDIKelvarin window({store, registry, clock, user, recovery});
+        window.show();
+        ASSERT_EQ(store.set_value("newt_MAXITS", "99"), std::nullopt);
+        ASSERT_EQ(store.set_value("general_show_status_bar", "False"), std::nullopt);
+        window.close();
+    }
+    file_registry registry(file);
+    settings store(registry);
+    frmMDIKelvarin window({store, registry, clock, user, recovery});
+    window.show();
+    EXPECT_EQ(store.value("newt_MAXITS"), "99");
+    EXPECT_FALSE(robot(window).is_shown("StbMDI"));
+}
+
+} // namespace

@@ -1,0 +1,383 @@
+// SPDX-License-Identifier: MIT
+#include "main_desk.h"
+
+#include "app/frmAbout.h"
+#include "app/frmStartup.h"
+#include "app/window_tiles.h"
+#include "support/window_walk.h"
+
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <set>
+
+namespace
+{
+
+using namespace kelvarin;
+using namespace kelvarin::test;
+
+TEST(MainWindow, EachPressOfTheToolbarMakesOneMoreWindowUpToTen)
+{
+    main_desk desk;
+    for (int i = 1; i <= 10; ++i) {
+        desk.press_toolbar("nle");
+        EXPECT_EQ(desk.window->count_problem_windows().all, i);
+    }
+    desk.user.expect_box("Only 10 concurrent problem forms are allowed. ");
+    desk.press_toolbar("nle");
+    desk.user.expect_box("Only 10 concurrent problem forms are allowed. ");
+    desk.press_toolbar("deq");
+    EXPECT_EQ(desk.window->count_problem_windows().all, 10);
+    EXPECT_TRUE(desk.user.is_done());
+
+    // The File menu shows the one window of its own, whatever the number.
+    desk.run(command::new_nle);
+    EXPECT_EQ(desk.window->count_problem_windows().all, 11);
+    child_window* shown = desk.window->active_child();
+    desk.area().bring_to_front(*desk.children().front());
+    desk.run(command::new_nle);
+    EXPECT_EQ(desk.window->count_problem_windows().all, 11);
+    EXPECT_EQ(desk.window->active_child(), shown);
+    shown->close_with_frame();
+    desk.run(command::new_nle);
+    EXPECT_EQ(desk.window->count_problem_windows().all, 11);
+}
+
+TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
+{
+    main_desk desk;
+    desk.show_stand_in("frmSolution");
+    for (int i = 0; i < 3; ++i)
+        desk.show_stand_in("frmRGT");
+    EXPECT_EQ(desk.window->count_problem_windows().all, 3);
+    EXPECT_EQ(desk.window->count_problem_windows().regressions, 3);
+    desk.user.expect_box("Only 3 concurrent table regression and analysis problem forms are allowed. ");
+    desk.press_toolbar("reg");
+    desk.user.expect_box("Please remove some Kelvarin problem documents before choosing this option.");
+    desk.run(command::open);
+    EXPECT_TRUE(desk.user.file_questions().empty());
+    desk.press_toolbar("nle");
+    EXPECT_EQ(desk.window->count_problem_windows().all, 4);
+}
+
+TEST(MainWindow, SaysOfKindsAndToolsWithoutAWindowThatTheyAreMissing)
+{
+    main_desk desk;
+    struct row
+    {
+        command which;
+        const char* text;
+    };
+    for (const row& each : {row{command::new_leq, "Linear equations are not yet solved by this version."},
+                            row{command::new_deq, "Differential equations are not yet solved by this version."},
+                            row{command::new_reg, "Data tables are not yet solved by this version."},
+                            row{command::new_opt, "Optimization problems are not yet solved by this version."}}) {
+        SCOPED_TRACE(each.text);
+        desk.user.expect_box(each.text);
+        desk.run(each.which);
+        EXPECT_TRUE(desk.user.is_done());
+        EXPECT_EQ(desk.user.boxes().back().icon, box_icon::exclamation);
+    }
+    EXPECT_TRUE(desk.children().empty());
+}
+
+TEST(MainWindow, TheMenusOfTheWindowInFrontTakeTheBar)
+{
+    main_desk desk;
+    const std::vector<std::string> own{"&File", "&Help"};
+    const std::vector<std::string> of_report{"&Report"};
+    EXPECT_EQ(desk.bar_titles(), own);
+
+    frmNLE& problem = desk.new_problem();
+    std::vector<std::string> of_problem;
+    for (const QMenu* menu : problem.menus())
+        of_problem.push_back(menu->title().toStdString());
+    EXPECT_EQ(desk.bar_titles(), of_problem);
+    EXPECT_TRUE(problem.parentWidget()->isMaximized());
+
+    stand_in* report = &desk.show_stand_in("frmSolution");
+    EXPECT_EQ(desk.bar_titles(), of_report);
+    desk.area().bring_to_front(problem);
+    EXPECT_EQ(desk.bar_titles(), of_problem);
+    problem.parentWidget()->showNormal();
+    settle();
+    EXPECT_EQ(desk.bar_titles(), of_problem);
+    problem.parentWidget()->showMaximized();
+    settle();
+    EXPECT_EQ(desk.bar_titles(), of_problem);
+    problem.close_with_frame();
+    settle();
+    EXPECT_EQ(desk.bar_titles(), of_report);
+    report->close_with_frame();
+    settle();
+    EXPECT_EQ(desk.bar_titles(), own);
+    EXPECT_TRUE(desk.person().is_shown("start_page"));
+}
+
+TEST(MainWindow, CommandsGoToTheWindowInFrontAndAreOffWhereItCanNot)
+{
+    main_desk desk;
+    EXPECT_FALSE(desk.window->action(command::save)->isEnabled());
+    EXPECT_FALSE(desk.person().is_enabled("save"));
+    EXPECT_FALSE(desk.window->action(command::cascade)->isEnabled());
+
+    auto* child = new stand_in(*desk.context, "frmSolution");
+    child->possible = {command::save, command::undo};
+    child->undo_caption = QStringLiteral("&Undo Remove equation");
+    desk.window->show_child(child);
+    desk.press_toolbar("save");
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(child->performed, (QList<command>{command::save, command::undo}));
+    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo Remove equation"));
+    EXPECT_FALSE(desk.window->action(command::copy)->isEnabled());
+
+    child->possible = {};
+    child->undo_caption.clear();
+    child->tell();
+    EXPECT_FALSE(desk.window->action(command::save)->isEnabled());
+    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo"));
+}
+
+TEST(MainWindow, EditingMeansTheFocusedFieldBeforeTheWindowAroundIt)
+{
+    main_desk desk;
+    auto* child = new stand_in(*desk.context, "frmSolution");
+    child->possible = {command::undo, command::copy, command::select_all};
+    child->undo_caption = QStringLiteral("&Undo Remove equation");
+    auto* field = new QLineEdit(child);
+    auto* read_only = new QLineEdit(QStringLiteral("fixed"), child);
+    read_only->setReadOnly(true);
+    auto* layout = new QVBoxLayout(child);
+    layout->addWidget(field);
+    layout->addWidget(read_only);
+    desk.window->show_child(child);
+
+    field->setFocus();
+    robot::keys("abc");
+    desk.run(command::select_all);
+    EXPECT_EQ(field->selectedText(), QStringLiteral("abc"));
+    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo"));
+    desk.run(command::undo);
+    EXPECT_EQ(field->text(), QString());
+    EXPECT_TRUE(child->performed.isEmpty());
+
+    // What the field can not do any more goes to the window, and so does all where the field is only read.
+    desk.run(command::undo);
+    EXPECT_EQ(child->performed, QList<command>{command::undo});
+    read_only->setFocus();
+    read_only->selectAll();
+    desk.run(command::copy);
+    EXPECT_EQ(child->performed, (QList<command>{command::undo, command::copy}));
+}
+
+TEST(MainWindow, StatusBarShowsFileTitleAndTheRunOfTheWindowInFront)
+{
+    main_desk desk;
+    const auto panel = [&](const char* name) { return desk.person().text(name); };
+    EXPECT_EQ(panel("pnlFile"), "No File  ");
+    EXPECT_EQ(panel("pnlTitle"), "No Title ");
+    EXPECT_FALSE(desk.person().is_shown("prgMain"));
+
+    frmNLE& problem = desk.new_unsaved_problem();
+    const std::string title = problem.document().title();
+    EXPECT_FALSE(title.empty());
+    EXPECT_EQ(panel("pnlTitle"), title);
+
+    stand_in* runner = &desk.show_stand_in("frmGraph");
+    EXPECT_EQ(panel("pnlTitle"), "No Title ");
+    runner->set_running(true);
+    const auto& progress = desk.person().find<QProgressBar>("prgMain");
+    EXPECT_TRUE(progress.isVisible());
+    EXPECT_EQ(progress.value() * 4, progress.maximum());
+    desk.area().bring_to_front(problem);
+    EXPECT_FALSE(progress.isVisible());
+    desk.area().bring_to_front(*runner);
+    EXPECT_TRUE(progress.isVisible());
+    robot::press(Qt::Key_Escape);
+    EXPECT_EQ(runner->performed, QList<command>{command::stop});
+    EXPECT_FALSE(progress.isVisible());
+}
+
+TEST(MainWindow, ProgressIsAPartOfTheWay)
+{
+    main_desk desk;
+    const auto& progress = desk.person().find<QProgressBar>("prgMain");
+    struct row
+    {
+        double x, start, end, part;
+    };
+    for (const row& each : {row{3.0, 1.0, 5.0, 0.5}, row{9.0, 1.0, 5.0, 1.0}, row{0.0, 1.0, 5.0, 0.0},
+                            row{2.0, 4.0, 0.0, 0.5}, row{1.0, 1.0, 1.0, 0.0}}) {
+        SCOPED_TRACE(each.x);
+        desk.window->set_progress(each.x, each.start, each.end);
+        EXPECT_EQ(progress.value(), static_cast<int>(each.part * progress.maximum()));
+    }
+}
+
+TEST(MainWindow, TheStatusBarFollowsItsSettingAtOnce)
+{
+    main_desk desk;
+    EXPECT_TRUE(desk.person().is_shown("StbMDI"));
+    desk.press_toolbar("setup");
+    QWidget& setup = top_window("frmInitials");
+    ASSERT_EQ(desk.store.set_value("general_show_status_bar", "False"), std::nullopt);
+    QMetaObject::invokeMethod(&setup, "settings_changed");
+    EXPECT_FALSE(desk.person().is_shown("StbMDI"));
+    // There is one window of the settings, also when it is asked for again.
+    setup.close();
+    desk.run(command::setup);
+    EXPECT_EQ(&top_window("frmInitials"), &setup);
+}
+
+TEST(MainWindow, KeysCloseTheWindowInFrontThoughItsFrameKnowsThemToo)
+{
+    main_desk desk;
+    const QList<QKeySequence> keys = desk.window->action(command::close)->shortcuts();
+    ASSERT_FALSE(keys.isEmpty());
+    for (const QKeySequence& key : keys) {
+        SCOPED_TRACE(key.toString().toStdString());
+        desk.new_problem();
+        QTest::keySequence(QApplication::focusWidget() ? QApplication::focusWidget() : desk.window.get(), key);
+        settle();
+        EXPECT_TRUE(desk.children().empty());
+    }
+}
+
+TEST(MainWindow, HasNoControlWithoutNameNorClashNorCutCaption)
+{
+    main_desk desk;
+    EXPECT_EQ(faults_of(*desk.window), std::vector<std::string>{});
+    desk.new_problem();
+    EXPECT_EQ(faults_of(*desk.window), std::vector<std::string>{});
+    desk.run(command::about);
+    EXPECT_EQ(faults_of(top_window("frmAbout")), std::vector<std::string>{});
+    top_window("frmAbout").close();
+}
+
+TEST(MainWindow, StartPageOpensProblemsFilesAndExamples)
+{
+    main_desk desk;
+    const auto file = desk.folder.write("gas.kvr", "Gas\nf(v) = v - 2\n1\n3\n");
+    for (const char* missing : {"cmdNew_leq", "cmdNew_deq", "cmdNew_reg", "cmdNew_opt"}) {
+        EXPECT_FALSE(desk.person().is_enabled(missing));
+        EXPECT_FALSE(desk.person().find(missing).toolTip().isEmpty());
+    }
+    desk.person().click("cmdNew_nle");
+    EXPECT_FALSE(desk.person().is_shown("start_page"));
+    desk.front_problem().open(file);
+    desk.run(command::close);
+
+    EXPECT_EQ(desk.person().text("cmdRecent_1"), "gas.kvr");
+    desk.person().click("cmdRecent_1");
+    EXPECT_EQ(desk.front_problem().document().title(), "Gas");
+    desk.run(command::close);
+
+    desk.person().click("cmdExample_2");
+    EXPECT_EQ(desk.front_problem().document().title(), desk.front_problem().title_panel().toStdString());
+    EXPECT_NE(desk.front_problem().document().title(), "");
+}
+
+TEST(MainWindow, ReportsOpenBesideTheirProblemWhereThereIsRoom)
+{
+    main_desk desk;
+    desk.window->resize(1400, 900);
+    frmNLE& problem = desk.new_problem();
+    stand_in* report = &desk.show_stand_in("frmSolution", true);
+    settle();
+    const QRect left = problem.parentWidget()->geometry();
+    const QRect right = report->parentWidget()->geometry();
+    EXPECT_FALSE(left.intersects(right));
+    EXPECT_EQ(left.united(right), desk.area().viewport()->rect());
+    EXPECT_EQ(desk.window->active_child(), report);
+
+    desk.window->resize(500, 500);
+    settle();
+    desk.area().bring_to_front(problem);
+    problem.parentWidget()->showMaximized();
+    stand_in* second = &desk.show_stand_in("frmSolution", true);
+    EXPECT_TRUE(second->parentWidget()->isMaximized());
+}
+
+TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
+{
+    main_desk desk;
+    frmNLE& first = desk.new_problem();
+    desk.new_problem();
+    desk.new_problem();
+    QMenu& menu = *desk.window->window_menu();
+    emit menu.aboutToShow();
+    const QAction* third = robot::item_of(menu, "mnuWindowList_3");
+    EXPECT_TRUE(third->isChecked());
+    EXPECT_EQ(third->text(), QStringLiteral("&3 ") + desk.front_problem().windowTitle().remove(QStringLiteral("[*]")));
+    desk.person().trigger(menu, "mnuWindowList_1");
+    EXPECT_EQ(desk.window->active_child(), &first);
+
+    for (const command which : {command::tile_horizontally, command::tile_vertically}) {
+        desk.run(which);
+        QRect together;
+        for (const child_window* child : desk.children()) {
+            EXPECT_FALSE(together.intersects(child->parentWidget()->geometry()));
+            together = together.united(child->parentWidget()->geometry());
+        }
+        EXPECT_EQ(together.width(), desk.area().viewport()->width());
+        EXPECT_EQ(desk.window->active_child(), &first);
+    }
+    desk.run(command::cascade);
+    std::set<std::pair<int, int>> corners;
+    for (const child_window* child : desk.children())
+        corners.emplace(child->parentWidget()->x(), child->parentWidget()->y());
+    EXPECT_EQ(corners.size(), 3u);
+
+    for (child_window* child : desk.children())
+        child->parentWidget()->showMinimized();
+    desk.children().front()->parentWidget()->move(50, 50);
+    desk.run(command::arrange_icons);
+    for (const child_window* child : desk.children())
+        EXPECT_GT(child->parentWidget()->y(), desk.area().viewport()->height() / 2);
+    desk.person().trigger(menu, "mnuWindowList_1");
+    EXPECT_FALSE(first.parentWidget()->isMinimized());
+}
+
+TEST(WindowTiles, FillTheAreaWithoutGapsOrOverlaps)
+{
+    const QRect area(3, 5, 1001, 703);
+    for (const tiling direction : {tiling::horizontal, tiling::vertical})
+        for (int count = 1; count <= 12; ++count) {
+            SCOPED_TRACE(count);
+            const QList<QRect> places = tiles(area, count, direction);
+            ASSERT_EQ(places.size(), count);
+            qint64 covered = 0;
+            for (qsizetype i = 0; i < places.size(); ++i) {
+                EXPECT_TRUE(area.contains(places[i]));
+                covered += qint64(places[i].width()) * places[i].height();
+                for (qsizetype j = 0; j < i; ++j)
+                    EXPECT_FALSE(places[i].intersects(places[j]));
+            }
+            EXPECT_EQ(covered, qint64(area.width()) * area.height());
+        }
+    EXPECT_EQ(tiles(area, 3, tiling::horizontal).first().width(), area.width());
+    EXPECT_EQ(tiles(area, 3, tiling::vertical).first().height(), area.height());
+}
+
+TEST(Splash, ClosesByItsTimerOrAClickOnThePicture)
+{
+    main_desk desk;
+    QPointer<frmStartup> splash = new frmStartup(desk.window.get());
+    splash->show();
+    robot(*splash).click("Picture1");
+    EXPECT_FALSE(splash);
+
+    splash = new frmStartup(desk.window.get());
+    splash->show();
+    auto* timer = splash->findChild<QTimer*>(QStringLiteral("tmrStartup"));
+    ASSERT_TRUE(timer);
+    timer->setInterval(1);
+    EXPECT_TRUE(wait_until([&] { return !splash; }));
+}
+
+} // namespace

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "app/start_request.h"
+
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+
+using namespace kelvarin;
+
+TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
+{
+    struct row
+    {
+        std::vector<std::string> arguments;
+        start_request expected;
+    };
+    const std::vector<row> rows{
+        {{}, {}},
+        {{"calc"}, {.tool = command::calculator, .documents = {}}},
+        {{"units"}, {.tool = command::units, .documents = {}}},
+        {{"const"}, {.tool = command::constants, .documents = {}}},
+        {{"ant"}, {.tool = command::antoine, .documents = {}}},
+        {{"Calc"}, {.tool = {}, .documents = {"Calc"}}},
+        {{"calc", "a.kvr"}, {.tool = {}, .documents = {"calc", "a.kvr"}}},
+        {{"my work/a b.kvr"}, {.tool = {}, .documents = {"my work/a b.kvr"}}},
+        {{"\"my work/a b.kvr\""}, {.tool = {}, .documents = {"my work/a b.kvr"}}},
+        {{"\"half.kvr"}, {.tool = {}, .documents = {"\"half.kvr"}}},
+        {{"", "\"\"", "\""}, {.tool = {}, .documents = {"\""}}},
+    };
+    for (const row& each : rows) {
+        SCOPED_TRACE(testing::PrintToString(each.arguments));
+        EXPECT_EQ(read_arguments(each.arguments), each.expected);
+    }
+}
+
+TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)
+{
+    struct row
+    {
+        screen_variables variables;
+        bool expected;
+    };
+    const std::vector<row> rows{
+        {{}, false},
+        {{.platform = {}, .display = ":0", .wayland_display = {}}, true},
+        {{.platform = {}, .display = {}, .wayland_display = "wayland-0"}, true},
+        {{.platform = "offscreen", .display = {}, .wayland_display = {}}, true},
+        {{.platform = "vnc:size=800x600", .display = {}, .wayland_display = {}}, true},
+        {{.platform = "xcb", .display = {}, .wayland_display = {}}, false},
+        {{.platform = "wayland;xcb", .display = {}, .wayland_display = {}}, false},
+    };
+    for (const row& each : rows) {
+        SCOPED_TRACE(each.variables.platform.value_or("no platform"));
+        EXPECT_EQ(has_screen(each.variables), each.expected);
+    }
+}
+
+struct answer_of_program
+{
+    int status = -1;
+    std::string text;
+};
+
+/// Runs the program itself; what it says on both channels comes back.
+answer_of_program run_program(const std::string& environment, const std::string& arguments)
+{
+    const std::string line = "env " + environment + " " KELVARIN_BIN "/kelvarin " + arguments + " 2>&1";
+    answer_of_program answer;
+    FILE* pipe = popen(line.c_str(), "r");
+    if (!pipe) return answer;
+    for (int letter = std::fgetc(pipe); letter != EOF; letter = std::fgetc(pipe))
+        answer.text.push_back(static_cast<char>(letter));
+    const int ended = pclose(pipe);
+    if (WIFEXITED(ended)) answer.status = WEXITSTATUS(ended);
+    return answer;
+}
+
+TEST(Program, SaysPlainlyThatThereIsNoDisplay)
+{
+    const answer_of_program answer = run_program("-u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM", "");
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.text, "kelvarin: there is no display to open a window on. kelvarin-solve solves problem files "
+                           "without one.\n");
+}
+
+TEST(Program, TellsItsVersionWithoutADisplay)
+{
+    const answer_of_program answer = run_program("-u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM", "--version");
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.text, "kelvarin 5.0.0\n");
+}
+
+} // namespace
