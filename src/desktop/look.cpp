@@ -50,6 +50,24 @@ QColor accent(const QPalette& palette)
     return on_base(palette, 182, 170, 62, 150);
 }
 
+QPalette solving_palette(const QPalette& palette)
+{
+    QPalette solving = palette;
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        solving.setColor(group, QPalette::Button, accent(palette));
+        solving.setColor(group, QPalette::ButtonText, palette.color(QPalette::Base));
+    }
+    return solving;
+}
+
+QPalette quiet_palette(const QPalette& palette)
+{
+    QPalette quiet = palette;
+    quiet.setColor(QPalette::WindowText,
+                   mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.3));
+    return quiet;
+}
+
 QColor fault_colour(const QPalette& palette)
 {
     return on_base(palette, 2, 190, 105, 160);

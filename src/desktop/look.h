@@ -23,6 +23,10 @@ QColor accent(const QPalette& palette);
 /// `from` with a part (0 to 1) of `to` mixed in.
 QColor mixed(const QColor& from, const QColor& to, double part);
 
+/// `palette` for the button that solves, and for text that stands back.
+QPalette solving_palette(const QPalette& palette);
+QPalette quiet_palette(const QPalette& palette);
+
 /// Colours with a meaning, readable on the palette's base: an unknown name, one defined twice, and the tints of
 /// words in an expression.
 QColor fault_colour(const QPalette& palette);

@@ -3,11 +3,13 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/text_printing.h"
+#include "platform/text_file.h"
 #include "shell/general_lib.h"
 #include "shell/recent_files.h"
 
 #include <QCloseEvent>
 #include <QMenu>
+#include <QPointer>
 
 #include <ctime>
 
@@ -183,6 +185,36 @@ void problem_window::document_changed()
     emit state_changed();
 }
 
+void problem_window::changed_or_refused(const problem_document::refusal& refused)
+{
+    if (refused)
+        context().user.show(this, *refused);
+    else
+        document_changed();
+}
+
+void problem_window::change_title()
+{
+    const auto title = context().user.input(this, QStringLiteral("Kelvarin"), QStringLiteral("Enter problem title."),
+                                            to_qstring(document().title()));
+    if (!title) return;
+    document().set_title(to_text(*title));
+    document_changed();
+}
+
+bool problem_window::show_boxes(const std::vector<message_box>& boxes)
+{
+    const QPointer<problem_window> self(this);
+    for (const message_box& box : boxes) {
+        if (box.place) mark_place(*box.place);
+        context().user.show(this, box);
+        // A box lets the program go on behind it.
+        if (!self) return false;
+        if (box.fatal) context().frame.end_program();
+    }
+    return true;
+}
+
 void problem_window::show_title()
 {
     const QString caption = to_qstring(kind_.caption);
@@ -193,6 +225,7 @@ void problem_window::show_title()
 
 bool problem_window::may_replace(const std::string& text)
 {
+    take_over_typing();
     if (document().problem_saved()) return true;
     switch (context().user.ask(this, {.text = text, .with_cancel = true})) {
     case answer::yes:
@@ -208,6 +241,11 @@ bool problem_window::may_replace(const std::string& text)
 bool problem_window::open(const std::filesystem::path& path)
 {
     if (is_running() || !may_replace(kind_.unsaved_on_open)) return false;
+    return read(path);
+}
+
+bool problem_window::read(const std::filesystem::path& path)
+{
     if (const auto refused = document().open(path)) {
         context().user.show(this, *refused);
         return false;
@@ -220,20 +258,33 @@ bool problem_window::open(const std::filesystem::path& path)
 
 bool problem_window::open_by_dialog()
 {
-    if (is_running()) return false;
+    if (is_running() || !may_replace(kind_.unsaved_on_open)) return false;
     const auto chosen = context().user.choose_file_to_open(
         this, {.caption = tr("Open"), .filter = kind_.open_filter, .proposed = document().path()});
-    return chosen && open(chosen->path);
+    if (!chosen) return false;
+    if (!is_foreign(chosen->path)) return read(chosen->path);
+    context().frame.open_document(chosen->path);
+    return false;
+}
+
+bool problem_window::is_foreign(const std::filesystem::path& path) const
+{
+    if (!kind_.document) return false;
+    const text_file file = read_text_file(path);
+    // By what is in it, whatever its extension: a problem may be kept as a text.
+    return file.ok() && recognise_document({}, file.text) != kind_.document;
 }
 
 bool problem_window::save()
 {
+    take_over_typing();
     const std::filesystem::path& path = document().path();
     return path.empty() ? save_as() : write(path, false);
 }
 
 bool problem_window::save_as()
 {
+    take_over_typing();
     const auto chosen = context().user.choose_file_to_save(this, {.caption = tr("Save As"),
                                                                   .filter = kind_.save_filter,
                                                                   .proposed = document().path(),

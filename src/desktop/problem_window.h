@@ -4,6 +4,7 @@
 #include "desktop/child_window.h"
 #include "desktop/run_controller.h"
 #include "shell/problem_document.h"
+#include "shell/recognition.h"
 
 #include <QTimer>
 
@@ -35,6 +36,9 @@ struct problem_kind
     /// The questions about an unsaved problem: on closing, and before another file is opened over it.
     std::string unsaved_on_close;
     std::string unsaved_on_open;
+    /// What its files are recognised as. Where it is told, File, Open passes every other file on to the main
+    /// window.
+    std::optional<document_kind> document = std::nullopt;
 };
 
 /// The common base of the problem windows: the File and Edit menus with their questions, recent files, title,
@@ -83,9 +87,19 @@ protected:
     virtual bool can_solve() const = 0;
     virtual void solve() = 0;
 
+    /// Takes over what is being typed into a cell: called before the problem is saved, replaced or closed.
+    virtual void take_over_typing() {}
+    /// Shows the place that a run's box is about.
+    virtual void mark_place(const text_place&) {}
+
     /// To be called after every change of the document: title, marks, recovery copy, commands, and
     /// show_document.
     void document_changed();
+    /// A refusal is shown; everything else is a change of the document.
+    void changed_or_refused(const problem_document::refusal& refused);
+    void change_title();
+    /// Shows what a run has to say, one box after the other; false where the window was closed behind one.
+    bool show_boxes(const std::vector<message_box>& boxes);
 
     /// Starts a job of this window: progress, Stop, closing and controls are taken care of. `done` gets the
     /// outcome while the window still exists.
@@ -104,6 +118,8 @@ private:
     void show_recent_files();
     void open_recent_file(std::size_t index);
     void remember_file();
+    bool read(const std::filesystem::path& path);
+    bool is_foreign(const std::filesystem::path& path) const;
     bool write(const std::filesystem::path& path, bool older_format);
     void show_title();
     void drop_recovery_copy();

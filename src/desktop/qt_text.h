@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QTextDocument>
 
 #include <filesystem>
 #include <string>
@@ -19,6 +20,12 @@ inline QString to_qstring(std::string_view text)
 inline std::string to_text(const QString& text)
 {
     return text.toStdString();
+}
+
+/// A text as a tool tip that shows it letter for letter, although tips read markup.
+inline QString tip_text(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()) : text;
 }
 
 inline QString path_text(const std::filesystem::path& path)

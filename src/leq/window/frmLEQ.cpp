@@ -69,7 +69,14 @@ frmLEQ::frmLEQ(desktop_context& context) : problem_window(context, leq_kind())
     build_ui();
     connect_controls();
     document_changed();
-    setFocusProxy(grdMatrix_);
+    // Typing begins at once.
+    grdMatrix_->setFocus();
+}
+
+frmLEQ::~frmLEQ()
+{
+    // A cell in which one is typing reports its text when it goes, and then there is no window any more.
+    grdMatrix_->disconnect(this);
 }
 
 void frmLEQ::connect_controls()

@@ -26,6 +26,7 @@ class frmLEQ : public problem_window
 
 public:
     explicit frmLEQ(desktop_context& context);
+    ~frmLEQ() override;
 
     using problem_window::document;
     leq_problem& document() override { return problem_; }

@@ -228,7 +228,7 @@ TEST(LinearGrid, OffersItsCommandsAtTheCell)
 {
     leq_desk desk;
     desk.click_cell(2, 2);
-    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {});
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(desk.grid().viewport(), &asked);
     auto& menu = desk.person.find<QMenu>("mnuCell");
     EXPECT_TRUE(menu.isVisible());

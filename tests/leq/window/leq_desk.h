@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
 #include <QTest>
 
 #include <memory>
@@ -99,6 +100,11 @@ struct leq_desk : test_desk
         put_on_clipboard(text);
         click_cell(row, column);
         robot::press(Qt::Key_V, Qt::ControlModifier);
+    }
+    void to_front() const
+    {
+        window.activateWindow();
+        settle();
     }
     /// The report that the last key or click brought.
     frmSolution& report() const
