@@ -5,6 +5,7 @@
 #include "desktop/qt_text.h"
 #include "platform/run_time_text.h"
 #include "shell/general_lib.h"
+#include "tools/window/control_parts.h"
 #include "tools/window/expression_entry.h"
 #include "tools/window/history_view.h"
 
@@ -15,7 +16,6 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -23,7 +23,6 @@
 #include <QTabWidget>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace kelvarin
@@ -81,7 +80,6 @@ void frmCal::connect_controls()
     connect(cmdCleanExpr_, &QPushButton::clicked, this, &frmCal::cmdCleanExpr_Click);
     connect(cmdExit_, &QPushButton::clicked, this, &QWidget::close);
     connect(chkMore_, &QCheckBox::toggled, this, &frmCal::chkMore_Click);
-    connect(chkOnTop_, &QCheckBox::toggled, this, &frmCal::chkOnTop_Click);
     connect(cmdCopyAnswer_, &QPushButton::clicked, this, &frmCal::cmdCopyAnswer_Click);
     connect(cmbformat_, &QComboBox::editTextChanged, this, &frmCal::show_answer);
 
@@ -232,26 +230,17 @@ void frmCal::cmdModifyVar_Click()
 
 void frmCal::cmdCopy_Click()
 {
-    copy_text(txtHistory_->selected_text());
+    copy_plain_text(context_.user, txtHistory_->selected_text());
 }
 
 void frmCal::cmdCopyAll_Click()
 {
-    copy_text(txtHistory_->whole_text());
+    copy_plain_text(context_.user, txtHistory_->whole_text());
 }
 
 void frmCal::cmdCopyAnswer_Click()
 {
-    copy_text(txtAnswer_->text());
-}
-
-void frmCal::copy_text(const QString& text)
-{
-    // What is on the clipboard is worth more than nothing.
-    if (text.isEmpty()) return;
-    auto content = std::make_unique<QMimeData>();
-    content->setText(text);
-    context_.user.copy(std::move(content));
+    copy_plain_text(context_.user, txtAnswer_->text());
 }
 
 void frmCal::cmdClearHistory_Click()
@@ -296,16 +285,6 @@ void frmCal::chkMore_Click()
     resize(width(), std::min(wanted, screen()->availableGeometry().height()));
 }
 
-void frmCal::chkOnTop_Click()
-{
-    const QRect place = geometry();
-    setWindowFlag(Qt::WindowStaysOnTopHint, chkOnTop_->isChecked());
-    // The change of the flag has hidden the window.
-    setGeometry(place);
-    show();
-    activateWindow();
-}
-
 void frmCal::enable_controls()
 {
     const bool has_variable = !selected_variable().empty();
@@ -320,16 +299,9 @@ void frmCal::enable_controls()
 
 void frmCal::tint_controls()
 {
-    const QPalette plain = palette();
-    QPalette quiet = plain;
-    quiet.setColor(QPalette::WindowText, mixed(plain.color(QPalette::WindowText), plain.color(QPalette::Window), 0.35));
-    lblCheck_->setPalette(quiet);
+    lblCheck_->setPalette(quiet_palette(palette()));
     lblCheck_->setFixedHeight(QFontMetrics(lblCheck_->font()).lineSpacing() * 2);
-
-    QPalette solving = plain;
-    solving.setColor(QPalette::Button, mixed(accent(plain), plain.color(QPalette::Window), is_dark(plain) ? 0.4 : 0.0));
-    solving.setColor(QPalette::ButtonText, plain.color(QPalette::Base));
-    cmdCalculate_->setPalette(solving);
+    cmdCalculate_->setPalette(solving_palette(palette()));
 }
 
 void frmCal::changeEvent(QEvent* event)

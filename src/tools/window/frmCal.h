@@ -26,6 +26,7 @@ namespace kelvarin
 
 class expression_entry;
 class history_view;
+class on_top_check;
 
 /// "Calculator": lines are typed, solved and kept in a history; variables made on the way stay. A top-level
 /// window, beside the main window or alone.
@@ -63,7 +64,6 @@ private:
     void cmdDeleteVar_Click();
     void cmdModifyVar_Click();
     void chkMore_Click();
-    void chkOnTop_Click();
     void chkWordWrap_Click();
     void lstFuncs_DblClick();
     void cmdCopyAnswer_Click();
@@ -76,7 +76,6 @@ private:
     void enable_controls();
     void set_text_font(const QFont& font);
     void tint_controls();
-    void copy_text(const QString& text);
     /// The name of the variable that is selected in the list; empty where none is.
     std::string selected_variable() const;
     std::string answer_mask() const;
@@ -101,7 +100,7 @@ private:
     QPushButton* cmdCalculate_ = nullptr;
     QPushButton* cmdCleanExpr_ = nullptr;
     QCheckBox* chkMore_ = nullptr;
-    QCheckBox* chkOnTop_ = nullptr;
+    on_top_check* chkOnTop_ = nullptr;
     QPushButton* cmdExit_ = nullptr;
     QTabWidget* tabMore_ = nullptr;
     QListWidget* lstFuncs_ = nullptr;

@@ -2,17 +2,19 @@
 // Where the controls of the calculator stand.
 #include "tools/window/frmCal.h"
 
+#include "desktop/controls.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "tools/window/control_parts.h"
 #include "tools/window/expression_entry.h"
 #include "tools/window/history_view.h"
+#include "tools/window/on_top_check.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,25 +29,6 @@
 
 namespace kelvarin
 {
-
-namespace
-{
-
-/// A control with its name, by which settings, tests and assistive tools find it.
-template <class Control> Control* named(Control* control, const char* name)
-{
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
-/// A layout without margins of its own, inside another one.
-template <class Layout> Layout* inner(Layout* layout)
-{
-    layout->setContentsMargins(0, 0, 0, 0);
-    return layout;
-}
-
-} // namespace
 
 void frmCal::build_ui()
 {
@@ -181,12 +164,7 @@ QLayout* frmCal::build_buttons()
     cmdCleanExpr_ = named(new QPushButton(tr("Clear expression"), this), "cmdCleanExpr");
     chkMore_ = named(new QCheckBox(tr("&More"), this), "chkMore");
     chkMore_->setToolTip(tr("Functions, the history, options and help"));
-    chkOnTop_ = named(new QCheckBox(tr("On Top"), this), "chkOnTop");
-    chkOnTop_->setToolTip(tr("Keep this window in front of all others"));
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-        chkOnTop_->setEnabled(false);
-        chkOnTop_->setToolTip(tr("On this desktop only the window's own menu can keep it in front"));
-    }
+    chkOnTop_ = new on_top_check(this);
     cmdExit_ = named(new QPushButton(tr("E&xit"), this), "cmdExit");
 
     const int unit = line_unit(*this);

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tools/constants.h"
+
+#include <QListWidget>
+
+#include <vector>
+
+namespace kelvarin
+{
+
+/// Constants in a list of aligned columns, one group or several under their names.
+class constant_view : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit constant_view(QWidget* parent);
+
+    void show_group(const constant_group& group);
+    /// All columns stand below each other. `empty_text` is shown where there is no constant.
+    void show_groups(const std::vector<constant_group>& groups, const QString& empty_text);
+
+    /// The selected constant; null where there is none.
+    const physical_constant* selected() const;
+
+signals:
+    void copy_requested();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void add_remark(const QString& text, bool is_heading);
+    void add_line(const std::string& line, int number);
+    void tint_remark(QListWidgetItem& item) const;
+    void select_first();
+
+    /// In the order of their lines.
+    std::vector<physical_constant> constants_;
+};
+
+} // namespace kelvarin

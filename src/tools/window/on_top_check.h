@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCheckBox>
+
+namespace kelvarin
+{
+
+/// "On Top": keeps the window that it stands in above all others, where the desktop lets a program do that.
+class on_top_check : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit on_top_check(QWidget* parent);
+
+private:
+    void raise_window(bool above_others);
+};
+
+} // namespace kelvarin

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tools/units.h"
+
+#include <QLineEdit>
+
+#include <vector>
+
+class QAbstractItemView;
+class QCompleter;
+class QStringListModel;
+
+namespace kelvarin
+{
+
+/// A field in which words of a unit's type, name or note are typed; the units that have them drop down below it.
+class unit_search : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit unit_search(QWidget* parent);
+
+    void set_units(std::vector<unit> units) { units_ = std::move(units); }
+
+signals:
+    /// A unit was clicked, or Return pressed on it; without one in the list, Return takes the first that was found.
+    void unit_chosen(const kelvarin::unit& chosen);
+
+private:
+    void offer_units();
+    void take_unit();
+    void take_row(int row);
+
+    std::vector<unit> units_;
+    std::vector<unit> hits_;
+    QCompleter* completer_ = nullptr;
+    QStringListModel* offered_ = nullptr;
+    QAbstractItemView* list_ = nullptr;
+};
+
+} // namespace kelvarin

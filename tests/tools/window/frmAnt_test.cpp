@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include "tools/window/frmAnt.h"
+
+#include "platform/run_time_text.h"
+#include "support/robot.h"
+#include "support/test_desk.h"
+#include "support/window_walk.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::robot;
+
+// Water between 1 and 100 deg C, in mmHg with the common logarithm: A 8.07131, B 1730.63, C 233.426, from tables that
+// write A - B/(C+t). The logarithms and scales below were reckoned by hand from these.
+constexpr const char* water_line = "log(P)=8.07131+-1730.6300/(233.4260+t)";
+
+class Antoine_window : public testing::Test
+{
+protected:
+    Antoine_window()
+    {
+        window.show();
+        window.activateWindow();
+        test::settle();
+    }
+
+    void enter(const std::string& A, const std::string& B, const std::string& C)
+    {
+        person.click("cmdABC");
+        robot::keys(A);
+        person.type("txtB", B);
+        person.type("txtC", C);
+        robot::press(Qt::Key_Return);
+    }
+    void enter_water() { enter("8.07131", "-1730.63", "233.426"); }
+    void choose(const std::string& group, std::size_t item)
+    {
+        person.click((group + "_" + std::to_string(item)).c_str());
+    }
+    std::array<std::string, 3> fields() const
+    {
+        return {person.text("txtA"), person.text("txtB"), person.text("txtC")};
+    }
+    std::string shown() const { return person.text("LblDisplayed"); }
+    /// The pressure that the window tells for the temperature in its field.
+    double pressure() const
+    {
+        const std::string text = person.text("lblPressure");
+        return val(text.substr(text.find(':') + 1));
+    }
+
+    test::test_desk desk;
+    frmAnt window{desk.context};
+    robot person{window};
+};
+
+TEST_F(Antoine_window, TakesConstantsAndRewritesThemForEachChoice)
+{
+    EXPECT_FALSE(person.is_shown("frameconstants"));
+    enter_water();
+    EXPECT_EQ(shown(), water_line);
+    EXPECT_EQ(fields(), (std::array<std::string, 3>{"8.07131", "-1730.6300", "233.4260"}));
+    EXPECT_FALSE(person.is_shown("cmdok"));
+
+    struct row
+    {
+        const char* group;
+        std::size_t item;
+        const char *equation, *units, *line;
+    };
+    const std::vector<row> rows = {
+        {"optLog", 1, "ln(P)=A+B/(C+t)", "mmHg ; deg C", "ln(P)=18.58488+-3984.9228/(233.4260+t)"},
+        {"optP", 3, "ln(P)=A+B/(C+t)", "kPa ; deg C", "ln(P)=16.56989+-3984.9228/(233.4260+t)"},
+        {"optLog", 0, "log(P)=A+B/(C+t)", "kPa ; deg C", "log(P)=7.19621+-1730.6300/(233.4260+t)"},
+        {"optT", 1, "log(P)=A+B/(C+t)", "kPa ; deg F", "log(P)=7.19621+-3115.1340/(388.1668+t)"},
+        {"optT", 2, "log(P)=A+B/(C+t)", "kPa ; K", "log(P)=7.19621+-1730.6300/(-39.7240+t)"},
+        {"optT", 3, "log(P)=A+B/(C+t)", "kPa ; R", "log(P)=7.19621+-3115.1340/(-71.5032+t)"},
+        {"optT", 0, "log(P)=A+B/(C+t)", "kPa ; deg C", "log(P)=7.19621+-1730.6300/(233.4260+t)"},
+        {"optP", 0, "log(P)=A+B/(C+t)", "mmHg ; deg C", water_line},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.line);
+        choose(expected.group, expected.item);
+        EXPECT_EQ(person.text("lblEquation"), expected.equation);
+        EXPECT_EQ(person.text("lblUnits"), expected.units);
+        EXPECT_EQ(shown(), expected.line);
+    }
+    person.click("cmdCopy");
+    EXPECT_EQ(desk.user.copied_text(), water_line);
+}
+
+TEST_F(Antoine_window, KeepsThePressureThroughAllChoices)
+{
+    constexpr std::array per_atmosphere = {760.0, 1.0, 14.696, 101.325, 1.01325, 101325.0};
+    constexpr std::array boiling = {"100", "212", "373.15", "671.67"};
+    enter_water();
+    person.type("txtT", "100");
+    EXPECT_EQ(person.text("lblPressure"), "deg C:  760.086 mmHg");
+    for (std::size_t log = 0; log < 2; ++log)
+        for (std::size_t unit = 0; unit < per_atmosphere.size(); ++unit)
+            for (std::size_t scale = 0; scale < boiling.size(); ++scale) {
+                choose("optLog", log);
+                choose("optP", unit);
+                choose("optT", scale);
+                SCOPED_TRACE(shown());
+                person.type("txtT", boiling[scale]);
+                EXPECT_NEAR(pressure() / per_atmosphere[unit], 760.0863691649 / 760.0, 1.0E-5);
+            }
+    for (const char* group : {"optLog", "optP", "optT"})
+        choose(group, 0);
+    EXPECT_EQ(shown(), water_line) << "no digit was lost on the way";
+}
+
+TEST_F(Antoine_window, ChangesNothingWithoutConstants)
+{
+    choose("optP", 5);
+    choose("optT", 3);
+    choose("optLog", 1);
+    EXPECT_EQ(shown(), "");
+    EXPECT_FALSE(person.is_enabled("cmdCopy"));
+    // They are entered in the units chosen by now.
+    person.click("cmdABC");
+    EXPECT_EQ(person.text("lblUnits"), "Pa ; R");
+    EXPECT_EQ(person.text("lblEquation"), "ln(P)=A+B/(C+t)");
+    robot::press(Qt::Key_Escape);
+    EXPECT_FALSE(person.is_shown("frameconstants"));
+    enter("23.477", "-7173.79", "-71.5");
+    EXPECT_EQ(shown(), "ln(P)=23.47700+-7173.7900/(-71.5000+t)");
+}
+
+TEST_F(Antoine_window, RefusesWhatIsNoNumberAndGoesThere)
+{
+    struct row
+    {
+        const char *A, *B, *C, *message, *field;
+    };
+    const std::vector<row> rows = {
+        {"", "", "", "Enter a numeric value for A.", "txtA"},
+        {"8", "two", "233", "Enter a numeric value for B.", "txtB"},
+        {"8", "-1730", "1e", "Enter a numeric value for C.", "txtC"},
+    };
+    for (const row& expected : rows) {
+        SCOPED_TRACE(expected.message);
+        desk.user.expect_box(expected.message);
+        enter(expected.A, expected.B, expected.C);
+        EXPECT_TRUE(desk.user.is_done());
+        EXPECT_TRUE(person.find(expected.field).hasFocus());
+        EXPECT_EQ(shown(), "");
+        EXPECT_TRUE(person.is_shown("cmdok")) << "the frame stays open";
+        person.click("cmdCancelABC");
+    }
+}
+
+TEST_F(Antoine_window, LeavesTheConstantsWhenNewOnesAreCancelled)
+{
+    enter_water();
+    person.click("cmdABC");
+    EXPECT_EQ(fields(), (std::array<std::string, 3>{"", "", ""}));
+    EXPECT_TRUE(person.is_shown("cmdok"));
+    robot::keys("99");
+    choose("optT", 2);
+    EXPECT_EQ(person.text("txtA"), "99") << "a choice leaves what is being typed";
+    EXPECT_EQ(person.text("lblUnits"), "mmHg ; K");
+    person.click("cmdCancelABC");
+    EXPECT_EQ(fields(), (std::array<std::string, 3>{"8.07131", "-1730.6300", "-39.7240"}));
+    person.find("txtA").setFocus();
+    robot::keys("1");
+    robot::press(Qt::Key_Escape);
+    EXPECT_EQ(person.text("txtA"), "8.07131") << "outside of the entry the fields only show";
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(Antoine_window, TellsOfTheSignOfB)
+{
+    person.click("cmdABC");
+    EXPECT_TRUE(person.is_shown("lblNote"));
+    EXPECT_EQ(person.text("lblNote"), antoine_sign_note);
+    person.click("cmdCancelABC");
+    enter_water();
+    EXPECT_FALSE(person.is_shown("lblNote"));
+    enter("8.07131", "1730.63", "233.426");
+    EXPECT_TRUE(person.is_shown("lblNote")) << "a pressure that falls with the temperature";
+    person.type("txtT", "-233.426");
+    EXPECT_EQ(person.text("lblPressure"), "deg C:  none mmHg");
+    person.type("txtT", "hot");
+    EXPECT_EQ(person.text("lblPressure"), "deg C");
+}
+
+TEST_F(Antoine_window, OpensTheHelpAndCloses)
+{
+    QSignalSpy asked(desk.frame.action(command::contents), &QAction::triggered);
+    person.click("cmdHelp");
+    EXPECT_EQ(asked.count(), 1);
+    person.click("cmdClose");
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(Antoine_window, CanBeNamedReadAndReached)
+{
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    const int height = window.minimumSizeHint().height();
+    person.click("cmdABC");
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    EXPECT_EQ(window.minimumSizeHint().height(), height) << "nothing moves when the frame opens";
+    person.click("cmdCancelABC");
+    enter_water();
+    person.type("txtT", "100");
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    window.resize(window.minimumSizeHint());
+    test::settle();
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+}
+
+} // namespace
+} // namespace kelvarin

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "tools/window/frmConstant.h"
+
+#include "support/alone_program.h"
+#include "support/robot.h"
+#include "support/test_desk.h"
+#include "support/window_walk.h"
+
+#include <QComboBox>
+#include <QListWidget>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::robot;
+
+constexpr const char* constants_text = "speed of sound = 343 | m/s\n"
+                                       ":Universal\n"
+                                       "speed of light = 299792458 | m/s\n"
+                                       "Planck constant = 6.62607015E-34 | J s\n"
+                                       ":Mathematics\n"
+                                       "' to 15 digits\n"
+                                       "pi = 3.14159265358979 |\n"
+                                       "e = 2.71828182845905\n";
+
+class Constants_window : public testing::Test
+{
+protected:
+    Constants_window() { desk.folder.write("constant.txt", constants_text); }
+
+    void open()
+    {
+        window.show();
+        window.activateWindow();
+        test::settle();
+    }
+    std::vector<std::string> lines() const
+    {
+        const auto& list = person.find<QListWidget>("lstConst");
+        std::vector<std::string> texts;
+        for (int row = 0; row < list.count(); ++row)
+            texts.push_back(list.item(row)->text().toStdString());
+        return texts;
+    }
+    void select(int row)
+    {
+        person.find("lstConst").setFocus();
+        person.find<QListWidget>("lstConst").setCurrentRow(row);
+        test::settle();
+    }
+    void make_viewer(const char* script, bool may_run)
+    {
+        namespace fs = std::filesystem;
+        const fs::path viewer = desk.folder.write("kvrdata.exe", script);
+        if (may_run) fs::permissions(viewer, fs::perms::owner_exec, fs::perm_options::add);
+    }
+
+    test::test_desk desk;
+    frmConstant window{desk.context, nullptr, {desk.folder.path()}};
+    robot person{window};
+};
+
+TEST_F(Constants_window, ShowsTheChosenGroupInColumns)
+{
+    open();
+    EXPECT_EQ(lines(), std::vector<std::string>{"speed of sound  343  m/s"}) << "the group without a name";
+    person.choose("cmbConstType", "Universal");
+    EXPECT_EQ(lines(), (std::vector<std::string>{"speed of light   299792458       m/s",
+                                                 "Planck constant  6.62607015E-34  J s"}));
+    EXPECT_EQ(person.find<QComboBox>("cmbConstType").count(), 3);
+    EXPECT_TRUE(QFontInfo(person.find("lstConst").font()).fixedPitch());
+}
+
+TEST_F(Constants_window, CopiesTheSelectedConstant)
+{
+    open();
+    person.choose("cmbConstType", "Universal");
+    person.click("cmdCopy");
+    EXPECT_EQ(desk.user.copied_text(), "speed of light = 299792458 m/s") << "the first is selected";
+    select(1);
+    robot::press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(desk.user.copied_text(), "Planck constant = 6.62607015E-34 J s");
+    person.click("cmdCopyValue");
+    EXPECT_EQ(desk.user.copied_text(), "6.62607015E-34");
+    person.find<QListWidget>("lstConst").clearSelection();
+    EXPECT_FALSE(person.is_enabled("cmdCopy"));
+    EXPECT_FALSE(person.is_enabled("cmdCopyValue"));
+}
+
+TEST_F(Constants_window, SearchesAllGroupsByKeyboard)
+{
+    open();
+    person.choose("cmbConstType", "Mathematics");
+    person.find("txtSearch").setFocus();
+    robot::keys("SPEED m/s");
+    EXPECT_EQ(lines(), (std::vector<std::string>{"speed of sound  343        m/s", "Universal",
+                                                 "speed of light  299792458  m/s"}));
+    person.find("lstConst").setFocus();
+    robot::press(Qt::Key_Down);
+    robot::press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(desk.user.copied_text(), "speed of light = 299792458 m/s") << "the group's name is passed over";
+
+    person.type("txtSearch", "furlong");
+    EXPECT_EQ(lines(), std::vector<std::string>{"No constant has these words."});
+    EXPECT_FALSE(person.is_enabled("cmdCopy"));
+
+    person.type("txtSearch", "");
+    EXPECT_EQ(lines(), (std::vector<std::string>{"pi  3.14159265358979", "e   2.71828182845905"}));
+    EXPECT_TRUE(person.is_enabled("cmdCopy"));
+}
+
+TEST_F(Constants_window, EndsASearchWhenAGroupIsChosen)
+{
+    open();
+    for (const char* group : {"Universal", "Mathematics", "Mathematics"}) {
+        SCOPED_TRACE(group);
+        person.type("txtSearch", "sound");
+        EXPECT_EQ(lines().size(), 1U);
+        person.choose("cmbConstType", group);
+        EXPECT_EQ(person.text("txtSearch"), "");
+        EXPECT_EQ(lines().size(), 2U);
+    }
+}
+
+TEST_F(Constants_window, SaysThatItsFileIsMissingAndCloses)
+{
+    std::filesystem::remove(desk.folder / "constant.txt");
+    desk.user.expect_box("\"constant.txt\" file not found.\rThis option cannot be continued.", "WinKelvarin Guide");
+    EXPECT_TRUE(test::ends_program([this] { open(); })) << "there is no other window";
+    EXPECT_TRUE(desk.user.is_done());
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(Constants_window, StartsTheViewerOnlyWithItsDataBase)
+{
+    open();
+    desk.user.expect_box("KvrData files not found.", "Kelvarin Guide");
+    person.click("cmdKvrData");
+    make_viewer("#!/bin/sh\nprintf %s \"$1\" > part\nmv part started\n", true);
+    desk.user.expect_box("KvrData files not found.", "Kelvarin Guide");
+    person.click("cmdKvrData");
+    EXPECT_TRUE(desk.user.is_done());
+    desk.folder.write("KvrDB.mdb", "");
+    person.click("cmdKvrData");
+    ASSERT_TRUE(test::wait_until([&] { return desk.folder.holds("started"); }));
+    EXPECT_EQ(desk.folder.read("started"), (desk.folder / "KvrDB.mdb").string());
+}
+
+TEST_F(Constants_window, SaysThatTheViewerDoesNotStart)
+{
+    open();
+    desk.folder.write("KvrDB.mdb", "");
+    make_viewer("no program", false);
+    desk.user.expect_box("KvrData could not be started.");
+    person.click("cmdKvrData");
+    EXPECT_TRUE(desk.user.is_done());
+}
+
+TEST_F(Constants_window, CanBeNamedReadAndReached)
+{
+    desk.folder.write("constant.txt", std::string(constants_text) + "nonsense\n");
+    open();
+    EXPECT_EQ(person.text("lblFaults"), "constant.txt: Passed over: line 9, there is no \"=\"");
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    window.resize(window.minimumSizeHint());
+    test::settle();
+    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+}
+
+} // namespace
+} // namespace kelvarin
