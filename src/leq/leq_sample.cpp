@@ -2,6 +2,7 @@
 #include "leq/leq_sample.h"
 
 #include <cstdlib>
+#include <numeric>
 #include <random>
 #include <utility>
 #include <vector>
@@ -30,9 +31,8 @@ private:
 /// The place of each row's largest coefficient: no two in one column.
 std::vector<int> random_order(int n, number_source& random)
 {
-    std::vector<int> order;
-    for (int i = 0; i < n; ++i)
-        order.push_back(i);
+    std::vector<int> order(static_cast<std::size_t>(n));
+    std::iota(order.begin(), order.end(), 0);
     for (int i = n - 1; i > 0; --i)
         std::swap(order[static_cast<std::size_t>(i)], order[static_cast<std::size_t>(random.between(0, i))]);
     return order;
@@ -48,9 +48,9 @@ leq_content sample_leq(std::uint32_t seed)
     const int n = random.between(3, 6);
     leq_content content(n);
     content.title = "Sample random problem";
-    std::vector<int> solution;
-    for (int i = 0; i < n; ++i)
-        solution.push_back(random.between(-largest_unknown, largest_unknown));
+    std::vector<int> solution(static_cast<std::size_t>(n));
+    for (int& value : solution)
+        value = random.between(-largest_unknown, largest_unknown);
     const std::vector<int> order = random_order(n, random);
     for (int row = 0; row < n; ++row) {
         const int large = order[static_cast<std::size_t>(row)];
