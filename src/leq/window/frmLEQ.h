@@ -53,7 +53,6 @@ protected:
 private:
     void build_ui();
     QBoxLayout* build_title_row();
-    QBoxLayout* build_button_row();
     QStatusBar* build_status();
     void build_edit_menu();
     QMenu* build_program_menu();

@@ -27,7 +27,9 @@ void frmLEQ::build_ui()
     column->addLayout(build_title_row());
     grdMatrix_ = named(new leq_grid(this), "grdMatrix");
     column->addWidget(grdMatrix_, 1);
-    column->addLayout(build_button_row());
+    // Tab leads from the last cell to the button, and then Enter solves.
+    setTabOrder(cmbNumEq_, grdMatrix_);
+    setTabOrder(grdMatrix_, cmdRun_);
     column->addWidget(build_status());
 
     build_edit_menu();
@@ -53,15 +55,8 @@ QBoxLayout* frmLEQ::build_title_row()
     caption->setBuddy(cmbNumEq_);
     row->addWidget(caption);
     row->addWidget(cmbNumEq_);
-    return row;
-}
-
-QBoxLayout* frmLEQ::build_button_row()
-{
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
+    row->addSpacing(line_unit(*this));
     cmdRun_ = make_button(tr("Solve it ..."), "cmdRun", tr("Solve the problem (F5)"));
-    // Tab leads here from the last cell, and then Enter solves.
     cmdRun_->setAutoDefault(true);
     row->addWidget(cmdRun_);
     return row;

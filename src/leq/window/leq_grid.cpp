@@ -42,10 +42,10 @@ void leq_grid::build_heads()
     verticalHeader()->setDefaultSectionSize(unit + unit / 2);
     verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00")) + unit);
     horizontalHeader()->setMinimumSectionSize(3 * unit);
-    widen_columns();
+    fit_columns(true);
 }
 
-void leq_grid::widen_columns()
+void leq_grid::fit_columns(bool anew)
 {
     constexpr qsizetype least_letters = 10;
     constexpr qsizetype most_letters = 24;
@@ -57,17 +57,18 @@ void leq_grid::widen_columns()
         const int width =
             static_cast<int>(std::clamp(letters, least_letters, most_letters)) * letter + line_unit(*this);
         // Never narrower by itself: nothing moves under the pointer, and what was dragged wider stays so.
-        if (columnWidth(column) < width) setColumnWidth(column, width);
+        if (anew || columnWidth(column) < width) setColumnWidth(column, width);
     }
 }
 
 void leq_grid::show_content(const leq_content& content)
 {
     const leq_cell before = current_cell();
-    if (model_->show_content(content))
+    const bool resized = model_->show_content(content);
+    if (resized)
         set_current_cell(
             {std::min(before.row, model_->rowCount() - 1), std::min(before.column, model_->beta_column())});
-    widen_columns();
+    fit_columns(resized);
 }
 
 leq_cell leq_grid::current_cell() const

@@ -53,7 +53,7 @@ protected:
 
 private:
     void build_heads();
-    void widen_columns();
+    void fit_columns(bool anew);
     bool take_key(const QKeyEvent& event);
     /// False where there is no cell any more.
     bool go_along(bool forward);
