@@ -49,6 +49,14 @@ frmNLE::frmNLE(desktop_context& context) : problem_window(context, nle_kind())
     setFocusProxy(grdRoots_);
 }
 
+frmNLE::~frmNLE()
+{
+    // A field in which one is typing tells that this has ended when it goes, and then there is no window any more.
+    const auto children = findChildren<QObject*>();
+    for (QObject* child : children)
+        child->disconnect(this);
+}
+
 void frmNLE::connect_controls()
 {
     connect(cmdNewRoot_, &QPushButton::clicked, this, &frmNLE::cmdNewRoot_Click);

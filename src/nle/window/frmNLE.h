@@ -34,6 +34,7 @@ class frmNLE : public problem_window
 
 public:
     explicit frmNLE(desktop_context& context);
+    ~frmNLE() override;
 
     using problem_window::document;
     nle_problem& document() override { return problem_; }
@@ -51,6 +52,8 @@ protected:
     void enable_controls_for_run(bool running) override;
     bool can_solve() const override { return analysis_.green; }
     void solve() override;
+    void take_over_typing() override;
+    void mark_place(const text_place& place) override;
 
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -84,7 +87,6 @@ private:
     void cmbMethod_Click(int index);
     void bound_Change();
     void comment_edited(int row, const QString& comment);
-    void change_title();
     void add_rows();
     void rename_variable();
     void name_clicked(const QString& name);
@@ -96,12 +98,9 @@ private:
     void edit_row(int row);
     void show_dialog(entry_dialog* dialog, int row);
     void show_listing(QWidget* parent, bool with_links);
-    /// A refusal is shown; everything else is a change of the document.
-    void changed_or_refused(const problem_document::refusal& refused);
     QStringList variables() const;
 
     void show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number);
-    void show_boxes(const nle_outcome& outcome);
 
     nle_problem problem_;
     nle_analysis analysis_;

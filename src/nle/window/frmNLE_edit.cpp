@@ -26,14 +26,6 @@ const QString input_title = QStringLiteral("Kelvarin");
 
 } // namespace
 
-void frmNLE::changed_or_refused(const problem_document::refusal& refused)
-{
-    if (refused)
-        context().user.show(this, *refused);
-    else
-        document_changed();
-}
-
 bool frmNLE::ready_for_new_row()
 {
     if (is_running()) return false;
@@ -136,13 +128,11 @@ void frmNLE::comment_edited(int row, const QString& comment)
     document_changed();
 }
 
-void frmNLE::change_title()
+void frmNLE::take_over_typing()
 {
-    const auto title =
-        context().user.input(this, input_title, QStringLiteral("Enter problem title."), to_qstring(problem_.title()));
-    if (!title) return;
-    problem_.set_title(to_text(*title));
-    document_changed();
+    // The grid keeps the comment that is being typed when it is locked.
+    grdRoots_->set_editable(false);
+    grdRoots_->set_editable(!is_running());
 }
 
 void frmNLE::add_rows()

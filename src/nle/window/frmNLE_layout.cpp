@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Where everything of the window stands.
 
+#include "desktop/controls.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
@@ -28,21 +29,6 @@ constexpr std::array<const char*, 4> method_tips = {
     QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Newton's method with a line search"),
     QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Broyden's method with a line search"),
     QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Damped steps that keep the signs asked for; systems only")};
-
-template <class Control> Control* named(Control* control, const char* name)
-{
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
-/// A button no wider than its text needs, which leaves the keyboard's Enter to the grid.
-QPushButton* make_button(const QString& caption, const char* name, const QString& tip)
-{
-    auto* button = named(new QPushButton(caption), name);
-    button->setAutoDefault(false);
-    button->setToolTip(tip);
-    return button;
-}
 
 QToolButton* make_arrow(Qt::ArrowType arrow, const char* name, const QString& tip)
 {
@@ -260,16 +246,8 @@ QList<QMenu*> frmNLE::menus()
 
 void frmNLE::apply_colours()
 {
-    QPalette solving = palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        solving.setColor(group, QPalette::Button, accent(palette()));
-        solving.setColor(group, QPalette::ButtonText, palette().color(QPalette::Base));
-    }
-    cmdRun_->setPalette(solving);
-
-    QPalette quiet = palette();
-    const QColor text = mixed(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.3);
-    quiet.setColor(QPalette::WindowText, text);
+    cmdRun_->setPalette(solving_palette(palette()));
+    const QPalette quiet = quiet_palette(palette());
     lblMissing_->setPalette(quiet);
     lblTitle_->setPalette(problem_.title().empty() ? quiet : palette());
 }

@@ -7,8 +7,6 @@
 #include "nle/window/frmNLE.h"
 #include "shell/window/frmSolution.h"
 
-#include <QPointer>
-
 #include <atomic>
 
 namespace kelvarin
@@ -42,6 +40,7 @@ struct run_input
 void frmNLE::solve()
 {
     if (is_running()) return;
+    take_over_typing();
     stbNLE_->clearMessage();
     const bool counts = is_startable(problem_.content(), analysis_.set);
     const auto input = std::make_shared<const run_input>(
@@ -59,7 +58,7 @@ void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& out
         stbNLE_->showMessage(tr("Solution stopped."), message_time_ms);
         return;
     }
-    show_boxes(outcome);
+    if (!show_boxes(outcome.boxes)) return;
     if (!outcome.has_report) return;
     auto* solution = new frmSolution(context());
     solution->update_prog_sol(true, {}, problem.content.title);
@@ -68,16 +67,9 @@ void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& out
     context().frame.show_child(solution, true);
 }
 
-void frmNLE::show_boxes(const nle_outcome& outcome)
+void frmNLE::mark_place(const text_place& place)
 {
-    const QPointer<frmNLE> self(this);
-    for (const message_box& box : outcome.boxes) {
-        if (box.place) grdRoots_->mark_place(*box.place);
-        context().user.show(this, box);
-        // A box lets the program go on behind it.
-        if (!self) return;
-        if (box.fatal) context().frame.end_program();
-    }
+    grdRoots_->mark_place(place);
 }
 
 } // namespace kelvarin

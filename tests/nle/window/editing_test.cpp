@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include "nle_desk.h"
+
+#include "nle/nle_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QTextBrowser>
+
+namespace
+{
+
+using namespace kelvarin;
+using kelvarin::test::nle_desk;
+using kelvarin::test::robot;
+using kelvarin::test::settle;
+using kelvarin::test::top_window;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const char* const three_rows = "Three |KVRVER05_3\nf(x) = x-a #\nf(y) = y-x #\na = 2 #two\nx(0)=1 p\ny(0)=3 ap\n";
+
+std::string rows_up_to(int count)
+{
+    std::string text = "Many |KVRVER05_0\n";
+    for (int i = 1; i <= count; ++i)
+        text += "a" + std::to_string(i) + " = 1 #\n";
+    return text;
+}
+
+TEST(Editing, RefusesTheEquationBeyondTheLimitAlsoWithFreeRows)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, rows_up_to(199)));
+    desk.add_by_mouse({"b", "1"});
+    EXPECT_EQ(desk.content().rows.size(), 200u);
+    for (const char* button : {"cmdNewRoot", "cmdNewEquation"}) {
+        desk.user.expect_box("Kelvarin can not add new equation. Kelvarin can solve up to 200 equations only.");
+        desk.person.click(button);
+        EXPECT_EQ(desk.user.boxes().back().icon, box_icon::critical);
+    }
+}
+
+TEST(Editing, AddsEmptyRowsThatNewEquationsFill)
+{
+    struct row
+    {
+        std::optional<std::string> given;
+        std::string box, title;
+        int rows;
+    };
+    const std::string illegal = "Data input not legal !";
+    const row rows[] = {
+        {std::nullopt, "", "", 1},
+        {"ten", illegal, "Kelvarin GUIDE", 1},
+        {"0.5", illegal, "Kelvarin GUIDE", 1},
+        {"101", illegal, "Kelvarin GUIDE", 1},
+        {"", illegal, "Kelvarin GUIDE", 1},
+        {"100", "", "", 101},
+        {"100", "Number of rows must be smaller than 200.", guide_title, 101},
+        {" 3 ", "", "", 104},
+    };
+    nle_desk desk;
+    desk.add_by_mouse({"a", "1"});
+    for (const row& tried : rows) {
+        SCOPED_TRACE(tried.given.value_or("cancelled"));
+        desk.user.expect_input("How many rows wouldyou like to add ? (value should be between 1-100).Note: total "
+                               "number of rows must be smaller than 200.",
+                               tried.given);
+        if (!tried.box.empty()) desk.user.expect_box(tried.box, tried.title);
+        desk.choose("Edit", "mnuAddRows");
+        EXPECT_EQ(desk.user.proposed_input(), "10");
+        EXPECT_EQ(desk.shown_rows(), tried.rows);
+    }
+    // An empty row is nothing to edit, move or remove.
+    desk.grid().set_current_row(2);
+    for (const char* button : {"cmdEdit", "cmdRemove", "cmdUpDwn_0", "cmdUpDwn_1"})
+        EXPECT_FALSE(desk.person.is_enabled(button)) << button;
+    desk.add_by_mouse({"b", "2"});
+    EXPECT_EQ(desk.shown_rows(), 104);
+    EXPECT_EQ(desk.cell(2, 1), "b = 2");
+    EXPECT_EQ(desk.grid().current_row(), 2);
+}
+
+TEST(Editing, RemovesAfterAskingAndNeverTheLastEquation)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    const std::string sure = "Are you sure you want to remove this equation ?";
+    desk.grid().setFocus();
+    desk.grid().set_current_row(2);
+    desk.user.expect_question(sure, answer::no);
+    robot::press(Qt::Key_Delete);
+    EXPECT_EQ(desk.content().rows.size(), 3u);
+    desk.user.expect_question(sure, answer::yes);
+    desk.person.click("cmdRemove");
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x-a", "a = 2"));
+    EXPECT_EQ(desk.grid().current_row(), 2);
+    desk.user.expect_question(sure, answer::yes);
+    desk.person.click("cmdRemove");
+    desk.user.expect_box("Can not remove last equation.");
+    desk.person.click("cmdRemove");
+    EXPECT_EQ(desk.user.boxes().back().icon, box_icon::exclamation);
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x-a"));
+}
+
+TEST(Editing, MovesARowWithItsSelectionAndStopsAtTheEnds)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    desk.grid().set_current_row(1);
+    EXPECT_FALSE(desk.person.is_enabled("cmdUpDwn_0"));
+    desk.person.click("cmdUpDwn_1");
+    EXPECT_EQ(desk.grid().current_row(), 2);
+    desk.grid().setFocus();
+    robot::press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_THAT(desk.equations(), ElementsAre("f(y) = y-x", "a = 2", "f(x) = x-a"));
+    EXPECT_EQ(desk.grid().current_row(), 3);
+    EXPECT_FALSE(desk.person.is_enabled("cmdUpDwn_1"));
+    robot::press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(desk.grid().current_row(), 3);
+    EXPECT_EQ(desk.cell(3, 2), "1 p");
+    EXPECT_FALSE(desk.window.document().problem_saved());
+}
+
+TEST(Editing, StripsSuffixesOnlyWhenAPersonChoosesAMethod)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    EXPECT_EQ(desk.person.text("cmbMethod"), "constrained");
+    EXPECT_EQ(desk.cell(2, 2), "3 ap");
+    // A file may bring suffixes under any method.
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Plain |KVRVER05_0\nf(x) = x-1 #\nf(y) = y-x #\nx(0)=1 p\ny(0)=3 ap\n"));
+    EXPECT_EQ(desk.person.text("cmbMethod"), "fastnewt");
+    EXPECT_EQ(desk.cell(2, 2), "3 ap");
+    desk.person.choose("cmbMethod", "constrained");
+    EXPECT_EQ(desk.cell(2, 2), "3 ap");
+    desk.person.choose("cmbMethod", "safenewt");
+    EXPECT_EQ(desk.cell(1, 2), "1");
+    EXPECT_EQ(desk.cell(2, 2), "3");
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(desk.cell(2, 2), "3 ap");
+    EXPECT_EQ(desk.person.text("cmbMethod"), "constrained");
+}
+
+TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(open_text(desk, "One |KVRVER05_0\nf(x) = x^2-a #\na = 2 #\nx(min)=1, x(max)=2\n"));
+    const nle_content opened = desk.content();
+    desk.bounds_by_mouse("0.5", "3.25");
+    desk.grid().setFocus();
+    desk.grid().set_current_row(2);
+    robot::press(Qt::Key_F2);
+    robot::keys("two");
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(desk.cell(2, 3), "two");
+    desk.user.expect_input("'a'", "b");
+    desk.choose("Edit", "mnuRename");
+    EXPECT_EQ(desk.user.proposed_input(), "a");
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x^2-b", "b = 2"));
+    desk.user.expect_input("'b'", "x");
+    desk.user.expect_box("The variable 'x' has already been defined.");
+    desk.choose("Edit", "mnuRename");
+    desk.user.expect_input("Enter problem title.", "Two");
+    desk.choose("Edit", "mnuTitle");
+    EXPECT_EQ(desk.window.title_panel(), "Two");
+    const nle_content edited = desk.content();
+    EXPECT_EQ(desk.window.caption_of(command::undo), "&Undo Change title");
+
+    for (const char* step : {"Change title", "Rename variable", "Edit comment", "Change bounds"}) {
+        EXPECT_EQ(desk.window.document().undo_step(), step);
+        robot::press(Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_EQ(desk.content(), opened);
+    EXPECT_TRUE(desk.window.document().problem_saved());
+    EXPECT_EQ(desk.person.text("txtnle_max_ini_guess"), "2");
+    EXPECT_FALSE(desk.window.can(command::undo));
+    for (int i = 0; i < 4; ++i)
+        robot::press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(desk.content(), edited);
+    // The field of a bound has no undo of its own beside the problem's.
+    desk.person.type("txtnle_min_ini_guess", "77");
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(desk.person.text("txtnle_min_ini_guess"), "0.5");
+}
+
+TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
+{
+    nle_desk desk;
+    desk.add_by_mouse({"x", "x-k", "1"});
+    EXPECT_EQ(desk.third_panel(), "Undefined Variable: k");
+    auto& panel = desk.person.find<QLabel>("panel_3");
+    emit panel.linkActivated(QStringLiteral("0"));
+    settle();
+    {
+        const robot dialog(top_window("frmNleEE"));
+        EXPECT_EQ(dialog.text("txtVar"), "k");
+        robot::keys("2-m");
+        dialog.click("cmdDone");
+    }
+    // The listing has links as well.
+    desk.person.click("cmdShowallvars");
+    QWidget& listing = top_window("frmMsg");
+    EXPECT_EQ(listing.windowTitle(), "NLE variables");
+    EXPECT_THAT(robot(listing).text("txtMsg"), testing::HasSubstr("Undefined variables (1)\nm\n"));
+    emit robot(listing).find<QTextBrowser>("txtMsg").anchorClicked(QUrl(QStringLiteral("#m")));
+    settle();
+    {
+        const robot dialog(top_window("frmNleEE"));
+        EXPECT_EQ(dialog.text("txtVar"), "m");
+        // From a dialog the listing only tells.
+        dialog.click("cmdShowallvars");
+        robot(top_window("frmMsg")).click("cmdOK");
+        dialog.click("cmdCancel");
+    }
+    desk.to_front();
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x-k", "k = 2-m"));
+
+    ASSERT_NO_FATAL_FAILURE([&] {
+        desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::no);
+        open_text(desk, "Double |KVRVER05_0\na = 1\nb = 2\na = 3\n");
+    }());
+    EXPECT_EQ(desk.third_panel(), "Variable defined more than once: a");
+    emit panel.linkActivated(QStringLiteral("0"));
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1, 3));
+    EXPECT_TRUE(desk.window.can(command::copy));
+    robot::press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(desk.user.copied_text(), "a = 1\tn.a.\na = 3\tn.a.\n");
+}
+
+TEST(Editing, AsksBeforeAnythingUnsavedIsLost)
+{
+    const std::string on_close = "NLE Problem not saved. Do you want to save it before closing ?";
+    const std::string on_open = "Problem not saved. Do you wish to save it now ?";
+    const std::string on_sample = "Previous problem was not saved. Do you wish to save it now ?";
+    nle_desk desk;
+    const auto other = desk.folder.write("other.kvr", "Other\nb = 2\nc = 3\n");
+    desk.add_by_mouse({"a", "1"});
+
+    // Drawing back, and a save that is called off, leave everything as it was.
+    desk.user.expect_question(on_close, answer::cancel);
+    EXPECT_FALSE(desk.window.close_with_frame());
+    desk.user.expect_question(on_open, answer::yes);
+    desk.user.expect_file(std::nullopt);
+    EXPECT_FALSE(desk.window.open(other));
+    desk.user.expect_question(on_sample, answer::cancel);
+    desk.choose("Examples", "mnuSample1");
+    EXPECT_THAT(desk.equations(), ElementsAre("a = 1"));
+
+    // A save that fails is no save.
+    desk.user.expect_question(on_open, answer::yes);
+    desk.user.expect_file(chosen_file{desk.folder.write("file", "") / "a.kvr", 1});
+    desk.user.expect_box("Error while trying to save file.");
+    EXPECT_FALSE(desk.window.open(other));
+    EXPECT_FALSE(desk.window.document().problem_saved());
+    EXPECT_TRUE(desk.window.isWindowModified());
+
+    desk.user.expect_question(on_sample, answer::yes);
+    desk.user.expect_file(chosen_file{desk.folder / "a.kvr", 1});
+    desk.choose("Examples", "mnuSample1");
+    EXPECT_EQ(desk.folder.read("a.kvr"), " |KVRVER05_0\r\na = 1 #\r\n");
+    EXPECT_EQ(desk.window.title_panel(), "Example 1 - Solution of a quadratic equation");
+    EXPECT_EQ(desk.window.file_panel(), "No File  ");
+    desk.user.expect_question(on_open, answer::no);
+    EXPECT_TRUE(desk.window.open(other));
+    EXPECT_THAT(desk.equations(), ElementsAre("b = 2", "c = 3"));
+
+    // The older format is asked about; No writes nothing.
+    const std::string older = "Saving as older Kelvarin format may result in loosing some formating data. Do you want "
+                              "to continue ?";
+    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
+    desk.user.expect_question(older, answer::no);
+    desk.choose("File", "save_as");
+    EXPECT_FALSE(desk.folder.holds("old.kvr"));
+    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
+    desk.user.expect_question(older, answer::yes);
+    desk.choose("File", "save_as");
+    EXPECT_EQ(desk.folder.read("old.kvr"), "Other\r\nb = 2\r\nc = 3\r\n");
+    EXPECT_TRUE(desk.window.close_with_frame());
+}
+
+TEST(Editing, SolvesEveryExampleFromItsMenu)
+{
+    nle_desk desk;
+    for (std::size_t i = 0; i < nle_sample_count; ++i) {
+        const std::string item = "mnuSample" + std::to_string(i + 1);
+        SCOPED_TRACE(item);
+        if (i > 0)
+            desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::no);
+        desk.choose("Examples", item.c_str());
+        EXPECT_EQ(desk.content(), nle_samples().at(i));
+        EXPECT_EQ(desk.grid().current_row(), 1);
+        const std::string report = desk.solve_by_mouse().plain_text();
+        EXPECT_THAT(report, testing::HasSubstr(desk.content().title));
+        EXPECT_THAT(report, testing::Not(testing::HasSubstr("converge")));
+        desk.to_front();
+    }
+}
+
+} // namespace
