@@ -44,7 +44,6 @@ void name_program()
     QCoreApplication::setOrganizationName(QStringLiteral("kelvarin"));
     QCoreApplication::setApplicationName(QStringLiteral("kelvarin"));
     QCoreApplication::setApplicationVersion(to_qstring(program_version()));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Kelvarin"));
     QGuiApplication::setDesktopFileName(QStringLiteral("kelvarin"));
     QGuiApplication::setWindowIcon(icon("app"));
 }
@@ -99,10 +98,10 @@ int Main(int argc, char** argv)
                      Qt::DirectConnection);
 
     const start_request request = read_arguments(arguments_of(application));
-    if (!request.tool)
+    if (request.tool)
+        window.show_tool(*request.tool);
+    else
         show_main_window(window, request);
-    else if (!window.show_tool(*request.tool))
-        return 1;
     return QApplication::exec();
 }
 

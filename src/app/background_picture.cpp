@@ -13,7 +13,7 @@ namespace kelvarin
 
 QColor ground_colour(const QPalette& palette)
 {
-    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.06);
+    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.04);
 }
 
 void paint_background_picture(QPainter& painter, const QRect& place, const QPalette& palette)

@@ -303,9 +303,9 @@ void frmMDIKelvarin::show_contents()
     show_message("There are no help pages in this version yet.");
 }
 
-bool frmMDIKelvarin::show_tool(command tool)
+void frmMDIKelvarin::show_tool(command tool)
 {
-    return tools_->show(tool, this);
+    tools_->show(tool);
 }
 
 void frmMDIKelvarin::show_message(const char* text)

@@ -78,8 +78,8 @@ public:
     /// The open windows whose number is limited, by the names of their kinds.
     problem_window_counts count_problem_windows() const;
 
-    /// Shows a tool beside this window, which may be hidden; false where there is none yet (a box says so).
-    bool show_tool(command tool);
+    /// Shows a tool beside this window, which may be hidden.
+    void show_tool(command tool);
     /// Offers what ended programs left behind, if there is anything.
     void offer_recovered_problems();
 

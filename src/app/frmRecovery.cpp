@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/frmRecovery.h"
 
-#include "app/panel_label.h"
 #include "app/problem_kinds.h"
+#include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
@@ -113,12 +113,12 @@ void frmRecovery::add_row(QGridLayout& grid, int row, const recovery_store::foun
     sign->setToolTip(kind_of(entry));
     place(sign, picture);
 
-    auto* named = new panel_label(this);
+    auto* named = new elided_label(this);
     named->show_text(title_of(entry));
     place(named, title);
     const QDateTime when = QDateTime::fromSecsSinceEpoch(entry.kept_at);
     place(new QLabel(when.toString(QStringLiteral("yyyy-MM-dd  HH:mm")), this), kept_at);
-    auto* file = new panel_label(this);
+    auto* file = new elided_label(this);
     file->show_text(entry.path.empty() ? tr("without a file") : path_text(entry.path));
     place(file, path);
 

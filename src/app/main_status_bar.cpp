@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/main_status_bar.h"
 
-#include "app/panel_label.h"
+#include "desktop/elided_label.h"
 #include "desktop/look.h"
 
 #include <QAction>
@@ -26,13 +26,16 @@ main_status_bar::main_status_bar(QAction* stop, QWidget* parent) : QStatusBar(pa
     setObjectName(QStringLiteral("StbMDI"));
     setAccessibleName(tr("Status bar"));
     const auto add_panel = [this](const char* name, int stretch) {
-        auto* panel = new panel_label(this);
+        auto* panel = new elided_label(this);
         panel->setObjectName(QString::fromLatin1(name));
-        panel->setIndent(line_unit(*this) / 3);
+        panel->setContentsMargins(line_unit(*this) / 3, 0, 0, 0);
         addPermanentWidget(panel, stretch);
         return panel;
     };
     file_ = add_panel("pnlFile", 2);
+    auto* line = new QFrame(this);
+    line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    addPermanentWidget(line);
     title_ = add_panel("pnlTitle", 3);
 
     prgMain_ = new QProgressBar(this);

@@ -10,7 +10,7 @@ class QToolButton;
 namespace kelvarin
 {
 
-class panel_label;
+class elided_label;
 
 /// The main window's status bar: the panels of the window in front (file, title), and how far its run is.
 class main_status_bar : public QStatusBar
@@ -27,8 +27,8 @@ public:
     void show_fraction(double fraction);
 
 private:
-    panel_label* file_ = nullptr;
-    panel_label* title_ = nullptr;
+    elided_label* file_ = nullptr;
+    elided_label* title_ = nullptr;
     QProgressBar* prgMain_ = nullptr;
     QToolButton* stop_ = nullptr;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/problem_kinds.h"
 
+#include "leq/window/frmLEQ.h"
 #include "nle/window/frmNLE.h"
 
 #include <QCoreApplication>
@@ -26,7 +27,7 @@ constexpr std::array<problem_window_kind, 5> kinds{{
      .window_name = "frmLEQ",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Linear Equations"),
      .recent_suffix = "\\files_leq",
-     .missing_text = "Linear equations are not yet solved by this version."},
+     .make = make_window<frmLEQ>},
     {.key = "nle",
      .fresh = command::new_nle,
      .document = document_kind::nle,

@@ -101,7 +101,7 @@ void start_page::build_ui(const command_actions& actions)
 QBoxLayout* start_page::add_column(QBoxLayout& columns, const QString& heading)
 {
     auto* column = new QVBoxLayout;
-    column->setSpacing(line_unit(*this) / 6);
+    column->setSpacing(line_unit(*this) / 4);
     auto* title = new QLabel(heading, content_);
     QFont font = title->font();
     font.setPointSizeF(font.pointSizeF() * 1.25);
@@ -118,7 +118,7 @@ QToolButton* start_page::add_row(QBoxLayout& column, const QIcon& picture, const
     auto* row = new QToolButton(content_);
     row->setObjectName(QString::fromLatin1(name));
     row->setIcon(picture);
-    row->setIconSize(QSize(line_unit(*this), line_unit(*this)) * 5 / 4);
+    row->setIconSize(QSize(line_unit(*this), line_unit(*this)) * 3 / 2);
     row->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
     row->setAccessibleName(caption);
     row->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -150,7 +150,7 @@ void start_page::show_recent_files()
                 : QStringLiteral("%1 (%2)").arg(to_qstring(file_name), path_text(path.parent_path().filename()));
         const std::string name = "cmdRecent_" + std::to_string(i + 1);
         QToolButton* row = add_row(*recent_column_, icon(files[i].kind->key), caption, name.c_str());
-        row->setToolTip(path_text(path));
+        row->setToolTip(tip_text(path_text(path)));
         connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
         recent_rows_.append(row);
     }

@@ -2,46 +2,13 @@
 #include "app/tool_windows.h"
 
 #include "shell/window/frmInitials.h"
+#include "tools/window/frmAnt.h"
 #include "tools/window/frmCal.h"
-
-#include <algorithm>
-#include <array>
+#include "tools/window/frmConstant.h"
+#include "tools/window/frmUni.h"
 
 namespace kelvarin
 {
-
-namespace
-{
-
-struct tool_row
-{
-    command tool;
-    QWidget* (*make)(desktop_context& context, tool_windows& tools);
-    /// What is said where there is no window yet.
-    const char* missing_text;
-};
-
-QWidget* make_calculator(desktop_context& context, tool_windows&)
-{
-    return new frmCal(context);
-}
-
-QWidget* make_settings(desktop_context& context, tool_windows& tools)
-{
-    auto* window = new frmInitials(context);
-    QObject::connect(window, &frmInitials::settings_changed, &tools, &tool_windows::settings_changed);
-    return window;
-}
-
-constexpr std::array<tool_row, 5> rows{{
-    {command::calculator, make_calculator, ""},
-    {command::units, nullptr, "The units converter is not yet part of this version."},
-    {command::antoine, nullptr, "The Antoine equation is not yet part of this version."},
-    {command::constants, nullptr, "The table of constants is not yet part of this version."},
-    {command::setup, make_settings, ""},
-}};
-
-} // namespace
 
 tool_windows::tool_windows(desktop_context& context) : context_(context) {}
 
@@ -51,21 +18,39 @@ tool_windows::~tool_windows()
         delete window;
 }
 
-bool tool_windows::show(command tool, QWidget* asked_from)
+QWidget* tool_windows::make(command tool)
 {
-    const auto* row = std::ranges::find(rows, tool, &tool_row::tool);
-    if (row == rows.end()) return false;
-    if (!row->make) {
-        context_.user.show(asked_from, {row->missing_text, box_icon::exclamation});
-        return false;
+    switch (tool) {
+    case command::calculator:
+        return new frmCal(context_);
+    case command::units: {
+        auto* window = new frmUni(context_);
+        connect(window, &frmUni::antoine_asked, this, [this] { show(command::antoine); });
+        return window;
     }
+    case command::antoine:
+        return new frmAnt(context_);
+    case command::constants:
+        return new frmConstant(context_);
+    case command::setup: {
+        auto* window = new frmInitials(context_);
+        connect(window, &frmInitials::settings_changed, this, &tool_windows::settings_changed);
+        return window;
+    }
+    default:
+        return nullptr;
+    }
+}
+
+void tool_windows::show(command tool)
+{
     QPointer<QWidget>& window = windows_[tool];
-    if (!window) window = row->make(context_, *this);
+    if (!window) window = make(tool);
+    if (!window) return;
     if (window->isMinimized()) window->showNormal();
     window->show();
     window->raise();
     window->activateWindow();
-    return true;
 }
 
 void tool_windows::hide_all()

@@ -22,14 +22,16 @@ public:
     explicit tool_windows(desktop_context& context);
     ~tool_windows() override;
 
-    /// Shows a tool in front. Where there is none of that name yet, a box over `asked_from` says so: false.
-    bool show(command tool, QWidget* asked_from);
+    /// Shows a tool in front.
+    void show(command tool);
     void hide_all();
 
 signals:
     void settings_changed();
 
 private:
+    QWidget* make(command tool);
+
     desktop_context& context_;
     std::map<command, QPointer<QWidget>> windows_;
 };

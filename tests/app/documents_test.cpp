@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "main_desk.h"
 
+#include "leq/leq_file.h"
+#include "leq/leq_sample.h"
 #include "shell/window/frmSolution.h"
 
 #include <QApplication>
@@ -28,6 +30,7 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
         const char* window;
         const char* box;
     };
+    const std::string plane = write_leq(sample_leq(1));
     const std::vector<row> rows{
         {"gas.kvr", gas, "frmNLE", ""},
         {"gas.dat", gas, "frmNLE", ""},
@@ -35,7 +38,7 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
         {"gas.TXT", gas, "frmSolution", ""},
         {"report.rtf", "{\\rtf1 hello}", "frmSolution", ""},
         {"decay.kvr", "Decay\nd(y)/d(t) = -y\n1\n", "", "Differential equations are not yet solved by this version."},
-        {"plane.kvr", "Plane\n2\n1\n", "", "Linear equations are not yet solved by this version."},
+        {"plane.kvr", plane.c_str(), "frmLEQ", ""},
         {"table.kvr", "Table\n3 4\n1\n", "", "Data tables are not yet solved by this version."},
         {"curve.kvg", "KVRGRF/V500//\nx\ny\n", "", "Graphs are not yet shown by this version."},
         {"letter.kvr", "Dear all\nhello\nbye\n", "",
@@ -88,8 +91,7 @@ TEST(OpenDocument, TheWindowInFrontTakesAFileOfItsKind)
 
     // What is unsaved is asked for, and can be kept.
     desk.front_problem().load_sample(1);
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?",
-                              answer::cancel);
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::cancel);
     desk.window->open_document("gas.kvr");
     EXPECT_NE(desk.front_problem().document().title(), "Gas");
     EXPECT_EQ(desk.user.questions().size(), 1u);

@@ -6,6 +6,7 @@
 #include "app/window_tiles.h"
 #include "support/window_walk.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
@@ -65,7 +66,7 @@ TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
     EXPECT_EQ(desk.window->count_problem_windows().all, 4);
 }
 
-TEST(MainWindow, SaysOfKindsAndToolsWithoutAWindowThatTheyAreMissing)
+TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
 {
     main_desk desk;
     struct row
@@ -73,8 +74,7 @@ TEST(MainWindow, SaysOfKindsAndToolsWithoutAWindowThatTheyAreMissing)
         command which;
         const char* text;
     };
-    for (const row& each : {row{command::new_leq, "Linear equations are not yet solved by this version."},
-                            row{command::new_deq, "Differential equations are not yet solved by this version."},
+    for (const row& each : {row{command::new_deq, "Differential equations are not yet solved by this version."},
                             row{command::new_reg, "Data tables are not yet solved by this version."},
                             row{command::new_opt, "Optimization problems are not yet solved by this version."}}) {
         SCOPED_TRACE(each.text);
@@ -234,6 +234,40 @@ TEST(MainWindow, TheStatusBarFollowsItsSettingAtOnce)
     EXPECT_EQ(&top_window("frmInitials"), &setup);
 }
 
+TEST(MainWindow, EachToolIsOneWindowBesideTheMainOne)
+{
+    main_desk desk;
+    struct row
+    {
+        command which;
+        /// The toolbar's button, if there is one.
+        const char* key;
+        const char* window;
+    };
+    for (const row& each : {row{command::calculator, "calculate", "frmCal"}, row{command::units, "units", "frmUni"},
+                            row{command::constants, "const", "frmConstant"}, row{command::antoine, "", "frmAnt"},
+                            row{command::setup, "setup", "frmInitials"}}) {
+        SCOPED_TRACE(each.window);
+        desk.run(each.which);
+        QWidget& tool = top_window(each.window);
+        EXPECT_TRUE(tool.isActiveWindow());
+        tool.showMinimized();
+        desk.window->activateWindow();
+        if (*each.key)
+            desk.press_toolbar(each.key);
+        else
+            desk.run(each.which);
+        EXPECT_EQ(&top_window(each.window), &tool);
+        EXPECT_FALSE(tool.isMinimized());
+    }
+    EXPECT_TRUE(desk.children().empty());
+    desk.window->activateWindow();
+    desk.run(command::exit);
+    for (const char* name : {"frmCal", "frmUni", "frmConstant", "frmAnt", "frmInitials"})
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            EXPECT_FALSE(window->objectName() == QLatin1String(name) && window->isVisible()) << name;
+}
+
 TEST(MainWindow, KeysCloseTheWindowInFrontThoughItsFrameKnowsThemToo)
 {
     main_desk desk;
@@ -263,7 +297,7 @@ TEST(MainWindow, StartPageOpensProblemsFilesAndExamples)
 {
     main_desk desk;
     const auto file = desk.folder.write("gas.kvr", "Gas\nf(v) = v - 2\n1\n3\n");
-    for (const char* missing : {"cmdNew_leq", "cmdNew_deq", "cmdNew_reg", "cmdNew_opt"}) {
+    for (const char* missing : {"cmdNew_deq", "cmdNew_reg", "cmdNew_opt"}) {
         EXPECT_FALSE(desk.person().is_enabled(missing));
         EXPECT_FALSE(desk.person().find(missing).toolTip().isEmpty());
     }
