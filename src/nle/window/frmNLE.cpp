@@ -9,8 +9,6 @@
 
 #include <QAction>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QMimeData>
 
 namespace kelvarin
 {

@@ -14,7 +14,6 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace kelvarin
@@ -105,6 +104,9 @@ QBoxLayout* frmNLE::build_button_row()
         row->addWidget(button);
     row->addSpacing(line_unit(*this));
     row->addWidget(build_run_place(), 1);
+    // All of one height, which is that of the tallest.
+    for (QPushButton* button : {cmdNewRoot_, cmdNewEquation_, cmdEdit_, cmdRemove_, cmdRun_})
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     light_ = new traffic_light(this);
     row->insertWidget(row->count() - 1, light_);
     return row;
@@ -114,12 +116,13 @@ QWidget* frmNLE::build_run_place()
 {
     // The button and the line that tells why it is not there take turns, and nothing else moves.
     auto* place = new QWidget;
-    auto* stack = new QHBoxLayout(place);
-    stack->setContentsMargins(0, 0, 0, 0);
+    auto* row = new QHBoxLayout(place);
+    row->setContentsMargins(0, 0, 0, 0);
     lblMissing_ = named(new link_label, "lblMissing");
-    stack->addWidget(lblMissing_, 1);
+    row->addWidget(lblMissing_, 1);
+    row->addStretch();
     cmdRun_ = make_button(tr("Solve it ..."), "cmdRun", tr("Solve the problem (F5)"));
-    stack->addWidget(cmdRun_, 0, Qt::AlignRight);
+    row->addWidget(cmdRun_);
     return place;
 }
 

@@ -13,10 +13,10 @@ namespace
 {
 
 using namespace kelvarin;
+using kelvarin::test::dialog_in_front;
 using kelvarin::test::nle_desk;
 using kelvarin::test::robot;
 using kelvarin::test::settle;
-using kelvarin::test::top_window;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -196,24 +196,24 @@ TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
     emit panel.linkActivated(QStringLiteral("0"));
     settle();
     {
-        const robot dialog(top_window("frmNleEE"));
+        const robot dialog(dialog_in_front("frmNleEE"));
         EXPECT_EQ(dialog.text("txtVar"), "k");
         robot::keys("2-m");
         dialog.click("cmdDone");
     }
     // The listing has links as well.
     desk.person.click("cmdShowallvars");
-    QWidget& listing = top_window("frmMsg");
+    QWidget& listing = dialog_in_front("frmMsg");
     EXPECT_EQ(listing.windowTitle(), "NLE variables");
     EXPECT_THAT(robot(listing).text("txtMsg"), testing::HasSubstr("Undefined variables (1)\nm\n"));
     emit robot(listing).find<QTextBrowser>("txtMsg").anchorClicked(QUrl(QStringLiteral("#m")));
     settle();
     {
-        const robot dialog(top_window("frmNleEE"));
+        const robot dialog(dialog_in_front("frmNleEE"));
         EXPECT_EQ(dialog.text("txtVar"), "m");
         // From a dialog the listing only tells.
         dialog.click("cmdShowallvars");
-        robot(top_window("frmMsg")).click("cmdOK");
+        robot(dialog_in_front("frmMsg")).click("cmdOK");
         dialog.click("cmdCancel");
     }
     desk.to_front();

@@ -10,9 +10,9 @@ namespace
 {
 
 using namespace kelvarin;
+using kelvarin::test::dialog_in_front;
 using kelvarin::test::nle_desk;
 using kelvarin::test::robot;
-using kelvarin::test::top_window;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -41,7 +41,7 @@ TEST(EntryDialogs, RefuseAnImplicitEquationInTheToldOrderAndStayOpen)
     desk.add_by_mouse({"a", "2"});
     desk.add_by_mouse({"y", "y-a", "1"});
     desk.person.click("cmdNewRoot");
-    QWidget& window = top_window("frmNleNE");
+    QWidget& window = dialog_in_front("frmNleNE");
     const robot dialog(window);
     for (const row& tried : rows) {
         SCOPED_TRACE(tried.box);
@@ -82,7 +82,7 @@ TEST(EntryDialogs, RefuseAnExplicitEquationInTheToldOrderAndStayOpen)
     nle_desk desk;
     desk.add_by_mouse({"a", "2"});
     desk.person.click("cmdNewEquation");
-    const robot dialog(top_window("frmNleEE"));
+    const robot dialog(dialog_in_front("frmNleEE"));
     for (const row& tried : rows) {
         SCOPED_TRACE(tried.box);
         dialog.type("txtVar", tried.typed.variable);
@@ -101,7 +101,7 @@ TEST(EntryDialogs, AskForTheSignOnlyWhereTheMethodLooksAtIt)
     nle_desk desk;
     desk.person.click("cmdNewRoot");
     {
-        QWidget& window = top_window("frmNleNE");
+        QWidget& window = dialog_in_front("frmNleNE");
         const robot dialog(window);
         EXPECT_FALSE(dialog.is_shown("optConstrained_1"));
         EXPECT_THAT(test::faults_of(window), IsEmpty());
@@ -120,7 +120,7 @@ TEST(EntryDialogs, AskForTheSignOnlyWhereTheMethodLooksAtIt)
     const char* const guesses[] = {"1", "1 p", "1 ap"};
     for (int i = 0; i < 3; ++i) {
         desk.person.click("cmdNewRoot");
-        QWidget& window = top_window("frmNleNE");
+        QWidget& window = dialog_in_front("frmNleNE");
         const robot dialog(window);
         EXPECT_THAT(test::faults_of(window), IsEmpty());
         const std::string name = "x" + std::to_string(i);
@@ -135,7 +135,7 @@ TEST(EntryDialogs, AskForTheSignOnlyWhereTheMethodLooksAtIt)
     // An edit finds the option again, and keeps it under another method.
     desk.grid().set_current_row(3);
     desk.person.click("cmdEdit");
-    const robot dialog(top_window("frmNleNE"));
+    const robot dialog(dialog_in_front("frmNleNE"));
     EXPECT_TRUE(dialog.find<QRadioButton>("optConstrained_2").isChecked());
     EXPECT_EQ(dialog.text("txtGuess"), "1");
     dialog.type("txtGuess", "4");
@@ -152,7 +152,7 @@ TEST(EntryDialogs, EditARowWithItsCommentFromAnyGesture)
     robot::press(Qt::Key_Up);
     robot::press(Qt::Key_Return);
     {
-        const robot dialog(top_window("frmNleNE"));
+        const robot dialog(dialog_in_front("frmNleNE"));
         EXPECT_EQ(dialog.text("txtVar"), "x");
         EXPECT_EQ(dialog.text("txtEquation"), "x-a");
         EXPECT_EQ(dialog.text("txtComment"), "first");
@@ -162,7 +162,7 @@ TEST(EntryDialogs, EditARowWithItsCommentFromAnyGesture)
     }
     desk.grid().set_current_row(2);
     desk.choose("Edit", "mnuEdit");
-    const robot dialog(top_window("frmNleEE"));
+    const robot dialog(dialog_in_front("frmNleEE"));
     EXPECT_EQ(dialog.text("txtEquation"), "3");
     dialog.type("txtVar", "a");
     dialog.type("txtComment", "changed");
@@ -177,7 +177,7 @@ TEST(EntryDialogs, SayWhileOneTypesWhatDoneWouldSay)
     nle_desk desk;
     desk.add_by_mouse({"a", "2"});
     desk.person.click("cmdNewRoot");
-    const robot dialog(top_window("frmNleNE"));
+    const robot dialog(dialog_in_front("frmNleNE"));
     const auto line_becomes = [&](const std::string& text) {
         return test::wait_until([&] { return dialog.text("lblCheck") == text; }, 3000);
     };

@@ -65,7 +65,7 @@ void type_by_keys(nle_desk& desk)
     for (const auto& equation : sum_and_product) {
         const bool implicit = !equation.guess.empty();
         robot::press(implicit ? Qt::Key_N : Qt::Key_A, Qt::AltModifier);
-        test::top_window(implicit ? "frmNleNE" : "frmNleEE");
+        test::dialog_in_front(implicit ? "frmNleNE" : "frmNleEE");
         robot::keys(equation.variable);
         robot::press(Qt::Key_Tab);
         robot::keys(equation.expression);

@@ -23,6 +23,14 @@ struct typed_equation
     std::string variable, expression, guess = {}, comment = {};
 };
 
+/// A shown dialog that takes the keys.
+inline QWidget& dialog_in_front(const char* name)
+{
+    QWidget& dialog = top_window(name);
+    if (!wait_until([&] { return dialog.isActiveWindow(); })) throw std::runtime_error("the dialog stays behind");
+    return dialog;
+}
+
 /// A nonlinear window, and what a person does in it with the mouse.
 struct nle_desk : test_desk
 {
@@ -74,7 +82,7 @@ struct nle_desk : test_desk
     {
         const bool implicit = !equation.guess.empty();
         person.click(implicit ? "cmdNewRoot" : "cmdNewEquation");
-        const robot dialog(top_window(implicit ? "frmNleNE" : "frmNleEE"));
+        const robot dialog(dialog_in_front(implicit ? "frmNleNE" : "frmNleEE"));
         dialog.type("txtVar", equation.variable);
         dialog.type("txtEquation", equation.expression);
         if (implicit) dialog.type("txtGuess", equation.guess);
