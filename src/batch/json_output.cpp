@@ -258,7 +258,7 @@ json settings_json(const settings& store)
 std::string json_text(const json& value, int depth)
 {
     constexpr int indent = 2;
-    const std::string text = value.dump(indent, ' ', false, json::error_handler_t::replace);
+    std::string text = value.dump(indent, ' ', false, json::error_handler_t::replace);
     if (depth == 0) return text;
     const std::string margin(static_cast<std::size_t>(indent * depth), ' ');
     std::string moved;
