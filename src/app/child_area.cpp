@@ -71,6 +71,8 @@ void child_area::add(std::unique_ptr<child_window> window, bool beside)
         frame->show();
     }
     setActiveSubWindow(frame);
+    // Also where the main window itself has the keys only later.
+    added->setFocus(Qt::OtherFocusReason);
 }
 
 bool child_area::make_room_beside(QMdiSubWindow& in_front, QRect& place)

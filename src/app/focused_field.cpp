@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/focused_field.h"
 
+#include "desktop/problem_window.h"
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -82,6 +84,12 @@ template <class Field> void perform_in(Field& field, command which)
     }
 }
 
+/// Fields that are part of a problem leave undo and redo to the problem, whose steps they are.
+bool leaves_to_problem(const QWidget& field, command which)
+{
+    return (which == command::undo || which == command::redo) && field.property(undo_of_problem).toBool();
+}
+
 /// Calls `visit` with the field as what it is; false where it is no field that can be edited.
 template <class Visit> bool visit_field(QWidget* widget, Visit visit)
 {
@@ -119,7 +127,7 @@ void focused_field::take(QWidget* focused)
 bool focused_field::can(command which) const
 {
     bool answer = false;
-    if (field_ && field_->isVisible() && field_->isEnabled())
+    if (field_ && field_->isVisible() && field_->isEnabled() && !leaves_to_problem(*field_, which))
         visit_field(field_, [&](const auto& field) { answer = field_can(field, which); });
     return answer;
 }

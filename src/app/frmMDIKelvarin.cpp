@@ -92,6 +92,7 @@ void frmMDIKelvarin::connect_parts()
     connect(commands_.get(), &command_actions::triggered, this, &frmMDIKelvarin::run_command);
     connect(findChild<main_toolbar*>(), &main_toolbar::new_window_asked, this,
             [this](const problem_window_kind& kind) { new_window(kind); });
+    connect(menus_, &main_menus::new_window_asked, this, &frmMDIKelvarin::new_window_of_this_kind);
     connect(area_, &child_area::front_changed, this, &frmMDIKelvarin::show_front_child);
     connect(area_, &child_area::child_changed, this, [this](const child_window* changed) {
         if (changed == active_child()) {
@@ -130,7 +131,7 @@ placement frmMDIKelvarin::present_placement() const
 
 void frmMDIKelvarin::apply_settings()
 {
-    StbMDI_->setVisible(context_.store.is_true("general_show_status_bar"));
+    refresh_panels();
     const bool pictures = context_.store.is_true("general_show_background_pictures");
     area_->show_background_picture(pictures);
     start_page_->show_background_picture(pictures);
@@ -180,6 +181,14 @@ void frmMDIKelvarin::show_front_child()
         menuBar()->addMenu(menu);
     refresh_commands();
     refresh_panels();
+    // Once the frames have settled: one that goes takes the mark of unsaved work of the next one with it.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const child_window* shown = active_child();
+            setWindowModified(shown && shown->parentWidget()->isMaximized() && shown->isWindowModified());
+        },
+        Qt::QueuedConnection);
 }
 
 void frmMDIKelvarin::refresh_panels()
@@ -188,6 +197,8 @@ void frmMDIKelvarin::refresh_panels()
     StbMDI_->show_panels(front ? front->file_panel() : tr("No File  "), front ? front->title_panel() : tr("No Title "));
     const bool running = front && front->is_running();
     StbMDI_->show_run(running);
+    // Progress and Stop are there during a run, also for those who did without the bar.
+    StbMDI_->setVisible(running || context_.store.is_true("general_show_status_bar"));
     if (running) set_progress(front->fraction_done(), 0.0, 1.0);
 }
 
@@ -296,6 +307,15 @@ void frmMDIKelvarin::run_child_command(command which)
         field_->perform(which);
     else if (child_window* front = active_child(); front && front->can(which))
         front->perform(which);
+}
+
+void frmMDIKelvarin::new_window_of_this_kind()
+{
+    const child_window* front = active_child();
+    for (const problem_window_kind& kind : problem_window_kinds())
+        if (front && front->objectName() == QLatin1String(kind.window_name)) return void(new_window(kind));
+    // With a report in front, or nothing: the kind that most problems are of.
+    new_window(*kind_of_command(command::new_nle));
 }
 
 void frmMDIKelvarin::show_contents()

@@ -111,6 +111,7 @@ private:
     bool run_window_command(command which);
     void run_child_command(command which);
     void show_contents();
+    void new_window_of_this_kind();
 
     void show_message(const char* text);
     /// False, with the told box, where no more windows of this kind may be opened.

@@ -132,6 +132,8 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
         if (const auto refused = open_report(context_, path)) context_.user.show(this, *refused);
         return;
     case document_kind::unknown:
+        // What has no second line is no problem of any kind: recognition ends at the end of the file.
+        if (split_lines(file.text).size() < 2) return show_message(open_error);
         context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
         return;
     default:

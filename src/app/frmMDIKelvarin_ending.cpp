@@ -79,11 +79,11 @@ void frmMDIKelvarin::closeEvent(QCloseEvent* event)
 void frmMDIKelvarin::unload()
 {
     ended_ = true;
+    tools_->hide_all();
     save_placement(context_.registry, present_placement());
     context_.store.save_settings(context_.registry);
     // Nobody can do anything about a store that can not be written, least of all by staying.
     static_cast<void>(context_.registry.flush());
-    tools_->hide_all();
     emit ended(0);
 }
 

@@ -45,6 +45,10 @@ main_menus::main_menus(QWidget& window, const command_actions& actions, child_ar
 
     window_menu_ = make(tr("&Window"), "mnuWindow", window);
     add(window_menu_, {command::cascade, command::tile_horizontally, command::tile_vertically, command::arrange_icons});
+    QAction* more = window_menu_->addAction(tr("&New Window of This Kind"), this, &main_menus::new_window_asked);
+    more->setObjectName(QStringLiteral("mnuNewWindow"));
+    more->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
+    window.addAction(more);
     window_menu_->addSeparator();
     connect(window_menu_, &QMenu::aboutToShow, this, &main_menus::show_window_list);
 

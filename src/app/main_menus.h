@@ -29,6 +29,10 @@ public:
     QMenu* window_menu() const { return window_menu_; }
     QMenu* help_menu() const { return help_menu_; }
 
+signals:
+    /// One more window of the kind in front.
+    void new_window_asked();
+
 private:
     QMenu* make(const QString& title, const char* name, QWidget& window);
     void show_window_list();

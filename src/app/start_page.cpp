@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QToolButton>
@@ -126,6 +127,7 @@ QToolButton* start_page::add_row(QBoxLayout& column, const QIcon& picture, const
     row->setFocusPolicy(Qt::StrongFocus);
     row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     column.addWidget(row);
+    row->installEventFilter(this);
     return row;
 }
 
@@ -157,11 +159,39 @@ void start_page::show_recent_files()
     if (files.empty()) {
         auto* hint = new QLabel(tr("Problems that you save or open\nare listed here."), content_);
         hint->setContentsMargins(line_unit(*this) / 3, 0, 0, 0);
-        hint->setEnabled(false);
+        hint->setPalette(quiet_palette(palette()));
         recent_column_->addWidget(hint);
         recent_rows_.append(hint);
     }
     recent_column_->addStretch();
+    order_rows();
+}
+
+void start_page::order_rows()
+{
+    // Column by column, as one reads; the recent files were made last.
+    QWidget* before = nullptr;
+    const auto rows = content_->findChildren<QToolButton*>();
+    for (const char* column : {"cmdNew_", "cmdRecent_", "cmdExample_"}) {
+        for (QToolButton* row : rows) {
+            if (!row->objectName().startsWith(QLatin1String(column))) continue;
+            if (before) setTabOrder(before, row);
+            before = row;
+        }
+    }
+}
+
+bool start_page::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* row = qobject_cast<QToolButton*>(watched);
+    if (row && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            row->click();
+            return true;
+        }
+    }
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void start_page::show_background_picture(bool shown)

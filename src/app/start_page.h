@@ -32,12 +32,15 @@ signals:
 protected:
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    /// Return and Enter choose a row, as Space does.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void build_ui(const command_actions& actions);
     QBoxLayout* add_column(QBoxLayout& columns, const QString& heading);
     QToolButton* add_row(QBoxLayout& column, const QIcon& picture, const QString& caption, const char* name);
     void show_recent_files();
+    void order_rows();
 
     const registry_store& registry_;
     QWidget* content_ = nullptr;

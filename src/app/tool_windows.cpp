@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/tool_windows.h"
 
+#include "desktop/window_memory.h"
 #include "shell/window/frmInitials.h"
 #include "tools/window/frmAnt.h"
 #include "tools/window/frmCal.h"
 #include "tools/window/frmConstant.h"
 #include "tools/window/frmUni.h"
+
+#include <QAction>
+#include <QEvent>
 
 namespace kelvarin
 {
@@ -45,8 +49,12 @@ QWidget* tool_windows::make(command tool)
 void tool_windows::show(command tool)
 {
     QPointer<QWidget>& window = windows_[tool];
-    if (!window) window = make(tool);
-    if (!window) return;
+    if (!window) {
+        window = make(tool);
+        if (!window) return;
+        close_by_key(*window);
+        restore_window(context_.registry, *window);
+    }
     if (window->isMinimized()) window->showNormal();
     window->show();
     window->raise();
@@ -57,6 +65,25 @@ void tool_windows::hide_all()
 {
     for (const auto& [tool, window] : windows_)
         if (window) window->hide();
+}
+
+void tool_windows::close_by_key(QWidget& window)
+{
+    auto* close = new QAction(tr("Close"), &window);
+    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
+    const QKeySequence usual(QStringLiteral("Ctrl+W"));
+    if (!keys.contains(usual)) keys.append(usual);
+    close->setShortcuts(keys);
+    connect(close, &QAction::triggered, &window, &QWidget::close);
+    window.addAction(close);
+    window.installEventFilter(this);
+}
+
+bool tool_windows::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Hide)
+        if (const auto* window = qobject_cast<const QWidget*>(watched)) remember_window(context_.registry, *window);
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace kelvarin

@@ -13,7 +13,7 @@ namespace kelvarin
 {
 
 /// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings.
-/// They are made when they are first asked for.
+/// They are made when they are first asked for, where they were when they were last shown.
 class tool_windows : public QObject
 {
     Q_OBJECT
@@ -26,11 +26,14 @@ public:
     void show(command tool);
     void hide_all();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 signals:
     void settings_changed();
 
 private:
     QWidget* make(command tool);
+    void close_by_key(QWidget& window);
 
     desktop_context& context_;
     std::map<command, QPointer<QWidget>> windows_;

@@ -54,8 +54,10 @@ QPalette solving_palette(const QPalette& palette)
 {
     QPalette solving = palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        solving.setColor(group, QPalette::Button, accent(palette));
-        solving.setColor(group, QPalette::ButtonText, palette.color(QPalette::Base));
+        // On dark ground the accent is a bright colour: as a whole button it would shout.
+        const double muted = is_dark(palette) ? 0.5 : 0.0;
+        solving.setColor(group, QPalette::Button, mixed(accent(palette), palette.color(QPalette::Window), muted));
+        solving.setColor(group, QPalette::ButtonText, QColor(Qt::white));
     }
     return solving;
 }

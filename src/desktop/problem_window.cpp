@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QPointer>
+#include <QPrinter>
 
 #include <ctime>
 
@@ -33,6 +34,7 @@ problem_window::problem_window(desktop_context& context, problem_kind kind)
     connect(&run_, &run_controller::started, this, &problem_window::run_started);
     connect(&run_, &run_controller::progressed, this, &problem_window::state_changed);
     connect(&run_, &run_controller::finished, this, &problem_window::run_finished);
+    connect(&run_, &run_controller::handed_over, this, &problem_window::close_if_asked);
     build_menus();
 }
 
@@ -44,8 +46,8 @@ void problem_window::build_menus()
     file_menu_ = new QMenu(tr("&File"), this);
     file_menu_->addMenu(frame.new_menu());
     // Opens into this window, whatever the file's extension; the main window's command looks for the right one.
-    QAction* open_here = file_menu_->addAction(tr("&Open..."), this, &problem_window::open_by_dialog);
-    open_here->setObjectName(QStringLiteral("mnuOpen"));
+    open_here_ = file_menu_->addAction(tr("&Open..."), this, &problem_window::open_by_dialog);
+    open_here_->setObjectName(QStringLiteral("mnuOpen"));
     for (const command which : {command::save, command::save_as})
         file_menu_->addAction(frame.action(which));
     file_menu_->addSeparator();
@@ -56,6 +58,9 @@ void problem_window::build_menus()
     for (const command which : {command::close, command::close_all, command::exit})
         file_menu_->addAction(frame.action(which));
     connect(file_menu_, &QMenu::aboutToShow, this, &problem_window::show_recent_files);
+
+    // The entries of recent files are shortened; their tips have the whole paths.
+    file_menu_->setToolTipsVisible(true);
 
     edit_menu_ = new QMenu(tr("&Edit"), this);
     for (const command which : {command::undo, command::redo})
@@ -219,7 +224,10 @@ void problem_window::show_title()
 {
     const QString caption = to_qstring(kind_.caption);
     const QString title = to_qstring(document().title());
-    setWindowTitle((title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title)) + QStringLiteral("[*]"));
+    QString shown = title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title);
+    // What a person wrote is no place for the mark of unsaved work.
+    shown.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(shown + QStringLiteral("[*]"));
     setWindowModified(!document().problem_saved());
 }
 
@@ -339,16 +347,24 @@ void problem_window::drop_recovery_copy()
 void problem_window::print(bool preview)
 {
     const QString name = to_qstring(document().title().empty() ? kind_.caption : document().title());
-    const auto paint = [this](QPrinter& printer) { print_text(printer, document().printed_listing()); };
+    bool failed = false;
+    const auto paint = [this, &failed](QPrinter& printer) {
+        print_text(printer, document().printed_listing());
+        failed = failed || printer.printerState() == QPrinter::Error;
+    };
     if (preview)
         context().user.print_preview(this, name, paint);
     else
         context().user.print(this, name, paint);
+    if (failed)
+        context().user.show(this,
+                            {.text = "Error while trying to print or setting printer.", .icon = box_icon::critical});
 }
 
 void problem_window::run_started()
 {
     enable_controls_for_run(true);
+    open_here_->setEnabled(false);
     setCursor(Qt::BusyCursor);
     emit state_changed();
 }
@@ -357,7 +373,12 @@ void problem_window::run_finished()
 {
     unsetCursor();
     enable_controls_for_run(false);
+    open_here_->setEnabled(true);
     emit state_changed();
+}
+
+void problem_window::close_if_asked()
+{
     if (!close_after_run_) return;
     close_after_run_ = false;
     QMetaObject::invokeMethod(this, &child_window::close_with_frame, Qt::QueuedConnection);

@@ -18,6 +18,9 @@ class QCloseEvent;
 namespace kelvarin
 {
 
+/// The property of a field whose every change is a step of the problem: undo and redo in it mean the problem.
+inline constexpr const char* undo_of_problem = "undo_of_problem";
+
 /// The texts in which the kinds of problem windows differ.
 struct problem_kind
 {
@@ -127,11 +130,13 @@ private:
     void step_back_or_forth(bool back);
     void run_started();
     void run_finished();
+    void close_if_asked();
 
     problem_kind kind_;
     run_controller run_;
     QMenu* file_menu_ = nullptr;
     QMenu* edit_menu_ = nullptr;
+    QAction* open_here_ = nullptr;
     QList<QAction*> recent_actions_;
     QAction* behind_recent_ = nullptr;
     std::vector<std::filesystem::path> recent_files_;

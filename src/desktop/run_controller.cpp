@@ -49,10 +49,11 @@ void run_controller::end_job(const std::function<void()>& done)
     worker_.join();
     progress_timer_.stop();
     running_ = false;
+    emit finished();
     // `done` may close the window, and with it this object.
     const QPointer<run_controller> self(this);
     done();
-    if (self) emit finished();
+    if (self) emit handed_over();
 }
 
 } // namespace kelvarin

@@ -33,7 +33,7 @@ public:
     /// Asks the job to stop; it ends soon after, in its own way.
     void stop();
 
-    /// Starts `job(listener)`; `done(outcome)` is called when it has ended, after running() has become false.
+    /// Starts `job(listener)`; `done(outcome)` is called when it has ended, behind finished().
     /// Nothing happens where a job is under way.
     template <class Job, class Done> void start(Job job, Done done)
     {
@@ -47,7 +47,10 @@ signals:
     void started();
     /// Up to 20 times a second while a job is under way.
     void progressed(double fraction);
+    /// The job has ended; its outcome is handed over next.
     void finished();
+    /// The outcome was handed over.
+    void handed_over();
 
 private:
     void start_job(std::function<void(run_listener&)> job, std::function<void()> done);

@@ -22,6 +22,8 @@ namespace
 constexpr std::string_view positive_suffix = " p";
 constexpr std::string_view absolute_suffix = "ap";
 
+constexpr const char* example_step = "Load example";
+
 /// A text for a field of one line.
 std::string one_line(std::string text)
 {
@@ -284,7 +286,14 @@ nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std
 
 void nle_problem::load_example(nle_content example)
 {
-    change("Load example", std::move(example));
+    change(example_step, std::move(example));
+    leave_path();
+}
+
+void nle_problem::leave_path()
+{
+    if (path_.empty()) return;
+    left_path_ = std::move(path_);
     path_.clear();
 }
 
@@ -295,12 +304,18 @@ void nle_problem::replace_content(nle_content content, std::string step)
 
 bool nle_problem::undo()
 {
-    return history_.undo(content_);
+    if (!history_.undo(content_)) return false;
+    // The saved content is back, and with it the file in which it is kept.
+    if (path_.empty() && history_.is_clean()) path_ = left_path_;
+    return true;
 }
 
 bool nle_problem::redo()
 {
-    return history_.redo(content_);
+    const bool to_example = history_.redo_step() == example_step;
+    if (!history_.redo(content_)) return false;
+    if (to_example) leave_path();
+    return true;
 }
 
 nle_problem::refusal nle_problem::nles_open(const std::filesystem::path& path)
@@ -310,6 +325,7 @@ nle_problem::refusal nle_problem::nles_open(const std::filesystem::path& path)
     if (!content) return message_box{"Error while trying to open file.", box_icon::critical};
     content_ = std::move(*content);
     path_ = path;
+    left_path_.clear();
     history_.clear();
     return std::nullopt;
 }
@@ -323,6 +339,7 @@ nle_problem::refusal nle_problem::save(const std::filesystem::path& path, bool o
         return failed;
     }
     path_ = path;
+    left_path_.clear();
     history_.mark_clean();
     return std::nullopt;
 }
@@ -331,6 +348,7 @@ void nle_problem::clear()
 {
     content_ = {};
     path_.clear();
+    left_path_.clear();
     history_.clear();
 }
 
@@ -345,6 +363,7 @@ bool nle_problem::restore(std::string_view recovery_text, const std::filesystem:
     if (!content) return false;
     content_ = std::move(*content);
     path_ = path;
+    left_path_.clear();
     history_.clear();
     history_.mark_unsaved();
     return true;

@@ -148,9 +148,12 @@ public:
 private:
     refusal put_row(equation_row next_row, int row);
     void change(std::string step, nle_content next);
+    void leave_path();
 
     nle_content content_;
     std::filesystem::path path_;
+    /// The file that an example, which has none, took the place of.
+    std::filesystem::path left_path_;
     history<nle_content> history_;
 };
 

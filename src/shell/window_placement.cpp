@@ -61,8 +61,8 @@ bool can_be_moved(const rectangle& place, std::span<const rectangle> screens)
     return std::ranges::any_of(screens, [&](const rectangle& screen) { return closeness(bar, screen) >= least; });
 }
 
-/// Large enough, at most as large as the screen that it shares most with, and moved into that one where nobody could
-/// reach it any more: screens go away between two sessions.
+/// Large enough, at most as large as the screen that it shares most with, and moved into that one where it had to
+/// shrink or nobody could reach it any more: screens go away between two sessions.
 rectangle fitted(rectangle place, std::span<const rectangle> screens)
 {
     // Smaller than this nobody means a main window to be.
@@ -73,9 +73,10 @@ rectangle fitted(rectangle place, std::span<const rectangle> screens)
     place.height = std::max(place.height, least_height);
     const rectangle& screen =
         *std::ranges::max_element(screens, {}, [&](const rectangle& each) { return closeness(place, each); });
+    const bool too_large = place.width > screen.width || place.height > screen.height;
     place.width = std::min(place.width, screen.width);
     place.height = std::min(place.height, screen.height);
-    if (can_be_moved(place, screens)) return place;
+    if (!too_large && can_be_moved(place, screens)) return place;
     place.left = std::clamp(place.left, screen.left, screen.left + screen.width - place.width);
     place.top = std::clamp(place.top, screen.top, screen.top + screen.height - place.height);
     return place;

@@ -45,7 +45,8 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
          "The file format of letter.kvr does not match any of the Kelvarin input files format."},
         {"curve2.kvg", "KVRGRF/V400//\nx\ny\n", "",
          "The file format of curve2.kvg does not match any of the Kelvarin input files format."},
-        {"empty.kvr", "", "", "The file format of empty.kvr does not match any of the Kelvarin input files format."},
+        {"empty.kvr", "", "", "Error while trying to open file."},
+        {"one-line.kvr", "Title alone\n", "", "Error while trying to open file."},
     };
     for (const row& each : rows) {
         SCOPED_TRACE(each.name);

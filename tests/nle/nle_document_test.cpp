@@ -174,6 +174,9 @@ TEST(NleDocument, AnExampleIsNotSavedOverTheFileThatWasOpen)
     EXPECT_EQ(problem.content(), nle_samples()[1]) << "with its bounds";
     ASSERT_TRUE(problem.undo());
     EXPECT_EQ(problem.content().rows, std::vector{explicit_row("a", "1")});
+    EXPECT_EQ(problem.path(), "p.kvr") << "the saved content came back without its file";
+    ASSERT_TRUE(problem.redo());
+    EXPECT_TRUE(problem.path().empty());
 }
 
 TEST(NleDocument, PrintsRowsWithTheirGuessesCommentsAndBounds)

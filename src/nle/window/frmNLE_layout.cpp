@@ -156,6 +156,7 @@ QWidget* frmNLE::build_bounds()
         field->setFixedWidth(letters * field->fontMetrics().horizontalAdvance(QLatin1Char('0')) + line_unit(*this));
         field->setToolTip(tip);
         field->installEventFilter(this);
+        field->setProperty(undo_of_problem, true);
         auto* label = named(new QLabel(caption), label_name);
         label->setBuddy(field);
         row->addWidget(label);

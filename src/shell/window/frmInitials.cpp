@@ -4,6 +4,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "platform/letter_case.h"
 #include "shell/window/setting_text.h"
 
 #include <QHBoxLayout>
@@ -196,7 +197,10 @@ void frmInitials::rebuild_leaf(QTreeWidgetItem& leaf)
     const std::string& value = context_.store.value(row.key);
     leaf.setText(0, leaf_text(row, value));
     QFont font = tvw_->font();
-    font.setBold(value != row.default_value);
+    // A boolean may be typed in any case.
+    const bool changed = row.type == setting_type::boolean ? lower_case(value) != lower_case(row.default_value)
+                                                           : value != row.default_value;
+    font.setBold(changed);
     leaf.setFont(0, font);
 }
 

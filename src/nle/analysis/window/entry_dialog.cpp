@@ -3,10 +3,9 @@
 
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "platform/run_time_text.h"
+#include "desktop/window_memory.h"
 
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -176,27 +175,12 @@ void entry_dialog::tint_check()
     lblCheck_->setPalette(tinted);
 }
 
-std::string entry_dialog::size_key() const
-{
-    return std::string(registry_root) + "\\windows\\" + to_text(objectName());
-}
-
-void entry_dialog::restore_size()
-{
-    const std::optional<std::string> width = context_.registry.read(size_key(), "width");
-    const std::optional<std::string> height = context_.registry.read(size_key(), "height");
-    if (!width || !height) return;
-    const QSize kept(static_cast<int>(std::clamp(val(*width), 0.0, 32767.0)),
-                     static_cast<int>(std::clamp(val(*height), 0.0, 32767.0)));
-    resize(kept.expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize()));
-}
-
 void entry_dialog::showEvent(QShowEvent* event)
 {
     if (!was_shown_) {
         was_shown_ = true;
         chain_tab_order();
-        restore_size();
+        restore_window(context_.registry, *this);
         txtVar_->setFocus(Qt::OtherFocusReason);
     }
     QDialog::showEvent(event);
@@ -210,8 +194,7 @@ void entry_dialog::changeEvent(QEvent* event)
 
 void entry_dialog::done(int result)
 {
-    context_.registry.write(size_key(), "width", std::to_string(width()));
-    context_.registry.write(size_key(), "height", std::to_string(height()));
+    remember_window(context_.registry, *this);
     QDialog::done(result);
 }
 

@@ -77,8 +77,6 @@ private:
     void chain_tab_order();
     void show_check();
     void tint_check();
-    std::string size_key() const;
-    void restore_size();
 
     desktop_context& context_;
     QFormLayout* form_ = nullptr;

@@ -25,11 +25,12 @@ namespace
 
 constexpr int lines_shown = 3;
 
+/// The functions of equations; others are variables there, and offering them would lead astray.
 QStringList function_names()
 {
     QStringList names;
     for (const operation_row& row : operation_rows())
-        if (is_function_name(row.spelling)) names.append(to_qstring(row.spelling));
+        if (is_function_name(row.spelling) && is_equation_word(row.spelling)) names.append(to_qstring(row.spelling));
     return names;
 }
 
@@ -198,7 +199,8 @@ void expression_edit::complete(const QString& name)
                        static_cast<int>(name_before_caret().size()));
     caret.insertText(name);
     const bool bracket = caret.block().text().mid(caret.positionInBlock()).trimmed().startsWith(QLatin1Char('('));
-    if (is_function_name(to_text(name)) && !bracket) caret.insertText(QStringLiteral("("));
+    if (is_function_name(to_text(name)) && is_equation_word(to_text(name)) && !bracket)
+        caret.insertText(QStringLiteral("("));
     setTextCursor(caret);
 }
 

@@ -78,7 +78,9 @@ TEST(ExpressionEdit, CompletesFunctionsAndVariables)
     const entry entries[] = {
         {"2*te", {"temperature"}, "2*temperature"},
         {"arcta", {"arctan", "arctanh"}, "arctan("},
-        {"v + FAC", {"fact"}, "v + fact("},
+        {"v + ARCSI", {"arcsin", "arcsinh"}, "v + arcsin("},
+        // A function of the calculator, and a variable in equations.
+        {"v + fac", {}, nullptr},
         {"v", {}, nullptr},
         {"3e", {}, nullptr},
         {"ln", {}, nullptr},
