@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+// Makes the pictures of the documentation from the real windows, without a screen:
+// kelvarin-screenshots PROBLEM.kvr FOLDER
+#include "app/frmMDIKelvarin.h"
+#include "desktop/qt_text.h"
+#include "shell/window/frmSolution.h"
+#include "tools/window/frmCal.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <stdexcept>
+
+namespace
+{
+
+using namespace kelvarin;
+
+constexpr QSize main_size(1280, 800);
+
+QPalette dark_palette()
+{
+    QPalette dark(QColor(43, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 31, 34));
+    dark.setColor(QPalette::AlternateBase, QColor(38, 40, 43));
+    return dark;
+}
+
+void wait_until(const std::function<bool()>& condition)
+{
+    constexpr int longest_ms = 20000;
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > longest_ms) throw std::runtime_error("a window did not come");
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+}
+
+void settle()
+{
+    QElapsedTimer timer;
+    timer.start();
+    wait_until([&] { return timer.elapsed() > 300; });
+}
+
+QWidget* shown_window(const char* name)
+{
+    QWidget* found = nullptr;
+    wait_until([&] {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->objectName() == QLatin1String(name)) found = window;
+        return found != nullptr;
+    });
+    return found;
+}
+
+template <class Widget> Widget& part(QWidget& window, const char* name)
+{
+    auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
+    if (!found) throw std::runtime_error(std::string("there is no ") + name);
+    return *found;
+}
+
+/// What the windows of one picture work with: nobody's settings, a fixed day.
+struct desk
+{
+    settings store;
+    memory_registry registry;
+    fixed_clock clock;
+    std::unique_ptr<user_interface> user = make_desktop_interface();
+    QTemporaryDir folder;
+    recovery_store recovery{to_path(folder.path())};
+};
+
+class photographer
+{
+public:
+    photographer(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
+
+    void take(QWidget& window, const char* name) const
+    {
+        settle();
+        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_, QString::fromLatin1(name), ending_);
+        if (!window.grab().save(file)) throw std::runtime_error("can not write " + to_text(file));
+    }
+
+private:
+    QString folder_;
+    QString ending_;
+};
+
+void take_problem(frmMDIKelvarin& window, const photographer& camera, const QString& problem)
+{
+    window.open_document(to_path(problem));
+    settle();
+    window.action(command::solve)->trigger();
+    wait_until([&] { return window.findChild<frmSolution*>() != nullptr; });
+    window.action(command::tile_vertically)->trigger();
+    camera.take(window, "main-window");
+    auto* report = window.findChild<frmSolution*>();
+    report->parentWidget()->showMaximized();
+    camera.take(*report, "report");
+}
+
+void take_calculator(frmMDIKelvarin& window, const photographer& camera)
+{
+    window.show_tool(command::calculator);
+    QWidget& calculator = *shown_window("frmCal");
+    for (const char* line :
+         {"d = 0.25", "area = 3.14159265358979*d^2/4", "q = 0.085", "v = q/area", "if v > 1.5 then 1 else 0"}) {
+        part<QWidget>(calculator, "txtExpression").setFocus();
+        if (auto* entry = calculator.findChild<QTextEdit*>(QStringLiteral("txtExpression")))
+            entry->setPlainText(QString::fromLatin1(line));
+        else
+            part<QPlainTextEdit>(calculator, "txtExpression").setPlainText(QString::fromLatin1(line));
+        part<QPushButton>(calculator, "cmdCalculate").click();
+    }
+    camera.take(calculator, "calculator");
+    calculator.close();
+}
+
+void take_settings(frmMDIKelvarin& window, const photographer& camera)
+{
+    window.show_tool(command::setup);
+    QWidget& shown = *shown_window("frmInitials");
+    auto& tree = part<QTreeWidget>(shown, "tvw");
+    const auto leaves = tree.findItems(QStringLiteral("Max # of iterations"), Qt::MatchContains | Qt::MatchRecursive);
+    if (!leaves.isEmpty()) tree.setCurrentItem(leaves.first());
+    camera.take(shown, "settings");
+    shown.close();
+}
+
+void take_all(const QString& problem, const photographer& camera)
+{
+    desk used;
+    frmMDIKelvarin window({used.store, used.registry, used.clock, *used.user, used.recovery});
+    window.resize(main_size);
+    window.show();
+    camera.take(window, "start-page");
+    take_problem(window, camera, problem);
+    take_calculator(window, camera);
+    take_settings(window, camera);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fputs("usage: kelvarin-screenshots PROBLEM.kvr FOLDER\n", stderr);
+        return 2;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const QString problem = QString::fromLocal8Bit(argv[1]);
+    const QString folder = QString::fromLocal8Bit(argv[2]);
+    try {
+        take_all(problem, {folder, QStringLiteral("light")});
+        QApplication::setPalette(dark_palette());
+        take_all(problem, {folder, QStringLiteral("dark")});
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "kelvarin-screenshots: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
