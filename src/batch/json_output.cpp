@@ -84,6 +84,19 @@ void write_numbers(json_writer& writer, std::string_view name, const std::vector
     writer.end_array();
 }
 
+void write_variables(json_writer& writer, const std::vector<std::string>& names, const std::vector<double>& values)
+{
+    writer.key("variables");
+    writer.begin_array();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        writer.begin_object();
+        writer.member("name", names[i]);
+        writer.member("value", values[i]);
+        writer.end_object();
+    }
+    writer.end_array();
+}
+
 /// What of an outcome without a report is told: nothing.
 const nle_outcome& told_part(const nle_outcome& outcome)
 {
@@ -184,16 +197,10 @@ std::string solved_leq_text(const std::string& file, const leq_content& content,
     writer.member("ok", outcome.has_report);
     writer.key("messages");
     write_messages(writer, outcome.boxes);
-    writer.key("variables");
-    writer.begin_array();
-    for (std::size_t i = 0; i < outcome.solution.size(); ++i) {
-        writer.begin_object();
-        writer.member("name", content.names[i]);
-        writer.member("value", outcome.solution[i]);
-        writer.end_object();
+    if (outcome.has_report) {
+        write_variables(writer, content.names, outcome.solution);
+        writer.member("residual", outcome.residual);
     }
-    writer.end_array();
-    if (outcome.has_report) writer.member("residual", outcome.residual);
     writer.member("report", report);
     writer.end_object();
     return writer.take();

@@ -159,7 +159,7 @@ TEST_F(SolveFiles, LinearEquationsAreSolvedCheckedOrRefused)
         const json refused = result.as_json();
         EXPECT_EQ(refused["ok"], false);
         EXPECT_EQ(refused["messages"][0]["text"], expected.text);
-        EXPECT_TRUE(refused["variables"].empty());
+        EXPECT_FALSE(refused.contains("variables"));
         EXPECT_FALSE(refused.contains("residual"));
     }
     const json checked = call({"--check", "linear.kvr", "gap.kvr"}).as_json();

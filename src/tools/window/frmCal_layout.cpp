@@ -51,7 +51,7 @@ void frmCal::build_ui()
     transcript->setStretchFactor(0, 1);
     transcript->setCollapsible(0, false);
     const int unit = line_unit(*this);
-    transcript->setSizes({unit * 18, unit * 11});
+    transcript->setSizes({unit * 21, unit * 9});
 
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(unit / 2, unit / 2, unit / 2, unit / 2);
