@@ -40,14 +40,21 @@ std::optional<int> read_count(std::string_view line)
     return static_cast<int>(count);
 }
 
-/// Names that the line lacks stay what they are.
-void read_names(std::string_view line, std::vector<std::string>& names)
+/// The names of the line for `count` unknowns. One that it lacks, or tells a second time, is the usual name of its
+/// column, or the next free one, so that no two columns have one name.
+std::vector<std::string> read_names(std::string_view line, std::size_t count)
 {
     const std::vector<std::string_view> pieces = split_at(line.substr(names_marker.size()), ',');
-    for (std::size_t i = 0; i < std::min(pieces.size(), names.size()); ++i) {
-        std::string name = cell_text(pieces[i]);
-        if (!name.empty()) names[i] = std::move(name);
+    std::vector<std::string> names;
+    const auto is_taken = [&names](const std::string& name) { return std::ranges::find(names, name) != names.end(); };
+    for (std::size_t i = 0; i < count; ++i) {
+        std::string name = i < pieces.size() ? cell_text(pieces[i]) : std::string();
+        if (name.empty() || is_taken(name)) name = default_leq_name(static_cast<int>(i));
+        while (is_taken(name))
+            name += '_';
+        names.push_back(std::move(name));
     }
+    return names;
 }
 
 void read_cells(std::span<const std::string_view> lines, leq_content& content)
@@ -77,7 +84,7 @@ std::optional<leq_content> read_leq(std::string_view text)
     content.title = cell_text(lines[0]);
     std::span<const std::string_view> rest = std::span(lines).subspan(2);
     if (!rest.empty() && rest.front().starts_with(names_marker)) {
-        read_names(rest.front(), content.names);
+        content.names = read_names(rest.front(), content.names.size());
         rest = rest.subspan(1);
     }
     read_cells(rest, content);

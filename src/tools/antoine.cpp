@@ -116,10 +116,16 @@ std::optional<message_box> antoine_tool::enter(std::string_view A, std::string_v
     return std::nullopt;
 }
 
-void antoine_tool::choose(const antoine_form& form)
+std::optional<message_box> antoine_tool::choose(const antoine_form& form)
 {
-    if (constants_) constants_ = convert_antoine(*constants_, form_, form);
+    if (constants_) {
+        const antoine_constants converted = convert_antoine(*constants_, form_, form);
+        if (!std::isfinite(converted.A) || !std::isfinite(converted.B) || !std::isfinite(converted.C))
+            return message_box{"A constant would be too large a number.", box_icon::exclamation};
+        constants_ = converted;
+    }
     form_ = form;
+    return std::nullopt;
 }
 
 std::array<std::string, 3> antoine_tool::field_texts() const

@@ -83,8 +83,9 @@ public:
 
     /// Takes typed constants, which belong to the form as it is; refused where one is no number as a whole.
     std::optional<message_box> enter(std::string_view A, std::string_view B, std::string_view C);
-    /// Rewrites the constants for another form; without constants the form alone changes.
-    void choose(const antoine_form& form);
+    /// Rewrites the constants for another form; without constants the form alone changes. Refused where one of
+    /// them would be too large a number.
+    std::optional<message_box> choose(const antoine_form& form);
 
     /// A, B and C as their fields show them, by the masks "#0.00000" and "#0.0000"; empty without constants.
     std::array<std::string, 3> field_texts() const;

@@ -25,6 +25,17 @@ TEST(Keyboard, MakesOneMoreWindowOfTheKindInFront)
     EXPECT_EQ(desk.window->active_child()->objectName(), QLatin1String("frmLEQ"));
 }
 
+TEST(Keyboard, ANewProblemOfLinearEquationsTakesNumbersAtOnce)
+{
+    main_desk desk;
+    desk.press_toolbar("leq");
+    robot::keys("7");
+    robot::press(Qt::Key_Return);
+    auto& problem = dynamic_cast<problem_window&>(*desk.window->active_child()).document();
+    EXPECT_FALSE(problem.problem_saved()) << "the number went elsewhere";
+    EXPECT_NE(problem.recovery_text().find("\"7\""), std::string::npos);
+}
+
 TEST(Keyboard, ReturnChoosesARowOfTheStartPage)
 {
     main_desk desk;

@@ -70,7 +70,7 @@ struct answer_of_program
 /// Runs the program itself; what it says on both channels comes back.
 answer_of_program run_program(const std::string& environment, const std::string& arguments)
 {
-    const std::string line = "env " + environment + " " KELVARIN_BIN "/kelvarin " + arguments + " 2>&1";
+    const std::string line = "env " + environment + " '" KELVARIN_BIN "/kelvarin' " + arguments + " 2>&1";
     answer_of_program answer;
     FILE* pipe = popen(line.c_str(), "r");
     if (!pipe) return answer;

@@ -69,6 +69,8 @@ TEST(LeqFile, MissingPartsAreEmptyAndFurtherOnesPassedOver)
         {"other texts", "\n1.0\n 1 \tabc\t\n3\t4\t\n5\t6\t\n", equations({{"1", "abc", "5"}, {"3", "4", "6"}})},
         {"names missing", "\n2\nvarsnames==a,,\n", named(leq_content(3), {"a", "x2", "x3"})},
         {"names over", "\n1\nvarsnames== a ,b,c\n", named(leq_content(2), {"a", "b"})},
+        {"a name twice", "\n2\nvarsnames==a,a,b\n", named(leq_content(3), {"a", "x2", "b"})},
+        {"a usual name elsewhere", "\n2\nvarsnames==x2\n", named(leq_content(3), {"x2", "x2_", "x3"})},
         {"no names", "\n1\nvarsnames==\n", leq_content(2)},
     };
     for (const row& given : cases) {

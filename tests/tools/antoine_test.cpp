@@ -117,4 +117,13 @@ TEST(Antoine, TypedTextsThatAreNoNumbersAreRefusedAndChangeNothing)
 }
 
 } // namespace
+TEST(Antoine, RefusesAFormInWhichAConstantIsTooLargeANumber)
+{
+    antoine_tool tool;
+    ASSERT_FALSE(tool.enter("1e308", "1", "1"));
+    EXPECT_TRUE(tool.choose({.log = antoine_log::ln}));
+    EXPECT_EQ(tool.form(), antoine_form{});
+    EXPECT_EQ(tool.constants()->A, 1e308);
+}
+
 } // namespace kelvarin

@@ -70,6 +70,7 @@ frmLEQ::frmLEQ(desktop_context& context) : problem_window(context, leq_kind())
     connect_controls();
     document_changed();
     // Typing begins at once.
+    setFocusProxy(grdMatrix_);
     grdMatrix_->setFocus();
 }
 

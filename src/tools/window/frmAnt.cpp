@@ -106,8 +106,16 @@ void frmAnt::set_entering(bool entering)
 
 void frmAnt::choice_Click()
 {
-    tool_.choose({static_cast<antoine_log>(optLog_->checkedId()), static_cast<antoine_pressure>(optP_->checkedId()),
-                  static_cast<antoine_temperature>(optT_->checkedId())});
+    const auto refusal =
+        tool_.choose({static_cast<antoine_log>(optLog_->checkedId()), static_cast<antoine_pressure>(optP_->checkedId()),
+                      static_cast<antoine_temperature>(optT_->checkedId())});
+    if (refusal) {
+        const antoine_form& kept = tool_.form();
+        optLog_->button(static_cast<int>(kept.log))->setChecked(true);
+        optP_->button(static_cast<int>(kept.pressure))->setChecked(true);
+        optT_->button(static_cast<int>(kept.temperature))->setChecked(true);
+        context_.user.show(this, *refusal);
+    }
     show_equation();
     show_constants();
 }
