@@ -129,15 +129,15 @@ std::optional<cell_block> decimal_comma_block(const cell_block& block)
     return converted;
 }
 
-int paste_block(leq_content& content, cell_range range, const cell_block& block)
+std::vector<std::string> paste_block(leq_content& content, cell_range range, const cell_block& block)
 {
     if (block.size() == 1 && block.front().size() == 1) {
         for (int row = range.row; row < range.row + range.rows; ++row)
             for (int column = range.column; column < range.column + range.columns; ++column)
                 content.cell(row, column) = cell_text(block.front().front());
-        return 0;
+        return {};
     }
-    int left_out = 0;
+    std::vector<std::string> left_out;
     int row = range.row;
     for (const std::vector<std::string>& cells : block) {
         int column = range.column;
@@ -145,7 +145,7 @@ int paste_block(leq_content& content, cell_range range, const cell_block& block)
             if (is_inside(content, row, column)) {
                 content.cell(row, column) = cell_text(cell);
             } else if (!trimmed(cell).empty()) {
-                ++left_out;
+                left_out.push_back(cell_text(cell));
             }
             ++column;
         }
@@ -154,10 +154,17 @@ int paste_block(leq_content& content, cell_range range, const cell_block& block)
     return left_out;
 }
 
-message_box left_out_box(int left_out)
+message_box left_out_box(const std::vector<std::string>& left_out)
 {
-    if (left_out == 1) return {"1 pasted cell lies outside the grid and was left out.", box_icon::information};
-    return {std::to_string(left_out) + " pasted cells lie outside the grid and were left out.", box_icon::information};
+    // As many as show which part of the block it is.
+    constexpr std::size_t most_shown = 4;
+    std::string text = left_out.size() == 1
+                           ? "1 pasted cell lies outside the grid and was left out: "
+                           : std::to_string(left_out.size()) + " pasted cells lie outside the grid and were left out: ";
+    for (std::size_t i = 0; i < std::min(left_out.size(), most_shown); ++i)
+        text += (i == 0 ? "'" : ", '") + left_out[i] + "'";
+    text += left_out.size() > most_shown ? ", ..." : ".";
+    return {text, box_icon::information};
 }
 
 void clear_block(leq_content& content, cell_range range)

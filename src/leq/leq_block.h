@@ -37,11 +37,11 @@ cell_block read_block(std::string_view text);
 std::optional<cell_block> decimal_comma_block(const cell_block& block);
 
 /// Puts a block into the grid from the range's first cell on; a block of one cell fills the range. Answers
-/// how many cells lay outside the grid.
-int paste_block(leq_content& content, cell_range range, const cell_block& block);
+/// the texts of the cells that lay outside the grid.
+std::vector<std::string> paste_block(leq_content& content, cell_range range, const cell_block& block);
 
 /// What is said of cells that did not fit.
-message_box left_out_box(int left_out);
+message_box left_out_box(const std::vector<std::string>& left_out);
 
 void clear_block(leq_content& content, cell_range range);
 

@@ -15,9 +15,16 @@
 namespace kelvarin
 {
 
+namespace
+{
+
+constexpr const char* sample_step = "Load sample";
+
+} // namespace
+
 bool leq_problem::is_blank() const
 {
-    return path_.empty() && content_ == leq_content(content_.count());
+    return path().empty() && content_ == leq_content(content_.count());
 }
 
 void leq_problem::set_cell(int row, int column, std::string_view text)
@@ -86,16 +93,31 @@ void leq_problem::clear_cells(cell_range range)
 leq_problem::refusal leq_problem::paste(cell_range range, const cell_block& block)
 {
     leq_content next = content_;
-    const int left_out = paste_block(next, range, block);
+    const std::vector<std::string> left_out = paste_block(next, range, block);
     change("Paste", std::move(next));
-    if (left_out == 0) return std::nullopt;
+    if (left_out.empty()) return std::nullopt;
     return left_out_box(left_out);
 }
 
 void leq_problem::load_sample(std::uint32_t seed)
 {
-    change("Load sample", sample_leq(seed));
-    path_.clear();
+    change(sample_step, sample_leq(seed));
+    place_.leave();
+}
+
+bool leq_problem::undo()
+{
+    if (!history_.undo(content_)) return false;
+    if (history_.is_clean()) place_.come_back();
+    return true;
+}
+
+bool leq_problem::redo()
+{
+    const bool to_sample = history_.redo_step() == sample_step;
+    if (!history_.redo(content_)) return false;
+    if (to_sample) place_.leave();
+    return true;
 }
 
 leq_problem::refusal leq_problem::leq_open(const std::filesystem::path& path)
@@ -104,7 +126,7 @@ leq_problem::refusal leq_problem::leq_open(const std::filesystem::path& path)
     std::optional<leq_content> content = file.ok() ? read_leq(file.text) : std::nullopt;
     if (!content) return message_box{"Error while trying to open file.", box_icon::critical};
     content_ = std::move(*content);
-    path_ = path;
+    place_.set(path);
     history_.clear();
     return std::nullopt;
 }
@@ -113,7 +135,7 @@ leq_problem::refusal leq_problem::save(const std::filesystem::path& path, bool o
 {
     if (save_file(path, write_leq(content_, older_format), calls))
         return message_box{"Error while trying to save file.", box_icon::critical};
-    path_ = path;
+    place_.set(path);
     history_.mark_clean();
     return std::nullopt;
 }
@@ -121,7 +143,7 @@ leq_problem::refusal leq_problem::save(const std::filesystem::path& path, bool o
 void leq_problem::clear()
 {
     content_ = leq_content();
-    path_.clear();
+    place_.set({});
     history_.clear();
 }
 
@@ -135,7 +157,7 @@ bool leq_problem::restore(std::string_view recovery_text, const std::filesystem:
     std::optional<leq_content> content = read_leq_recovery(recovery_text);
     if (!content) return false;
     content_ = std::move(*content);
-    path_ = path;
+    place_.set(path);
     history_.clear();
     history_.mark_unsaved();
     return true;
@@ -143,7 +165,7 @@ bool leq_problem::restore(std::string_view recovery_text, const std::filesystem:
 
 std::string leq_problem::printed_listing() const
 {
-    return leq_listing(content_, path_);
+    return leq_listing(content_, path());
 }
 
 void leq_problem::change(std::string step, leq_content next)

@@ -3,6 +3,7 @@
 
 #include "leq/leq_block.h"
 #include "leq/leq_content.h"
+#include "shell/document_path.h"
 #include "shell/history.h"
 #include "shell/problem_document.h"
 
@@ -21,7 +22,7 @@ public:
     std::string_view kind() const override { return "leq"; }
     const leq_content& content() const { return content_; }
     const std::string& title() const override { return content_.title; }
-    const std::filesystem::path& path() const override { return path_; }
+    const std::filesystem::path& path() const override { return place_.path(); }
     bool problem_saved() const override { return history_.is_clean(); }
     /// No cell, no title, no name, no file; the number of equations alone is nothing to lose.
     bool is_blank() const override;
@@ -48,8 +49,8 @@ public:
     /// that was open.
     void load_sample(std::uint32_t seed);
 
-    bool undo() override { return history_.undo(content_); }
-    bool redo() override { return history_.redo(content_); }
+    bool undo() override;
+    bool redo() override;
     std::string undo_step() const override { return history_.undo_step(); }
     std::string redo_step() const override { return history_.redo_step(); }
 
@@ -69,7 +70,7 @@ private:
     void change(std::string step, leq_content next);
 
     leq_content content_;
-    std::filesystem::path path_;
+    document_path place_;
     history<leq_content> history_;
 };
 

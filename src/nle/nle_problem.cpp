@@ -142,7 +142,7 @@ std::string guess_without_suffix(std::string_view guess)
 
 bool nle_problem::is_blank() const
 {
-    return content_.rows.empty() && content_.title.empty() && path_.empty();
+    return content_.rows.empty() && content_.title.empty() && path().empty();
 }
 
 nle_problem::refusal nle_problem::may_add() const
@@ -287,26 +287,13 @@ nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std
 void nle_problem::load_example(nle_content example)
 {
     change(example_step, std::move(example));
-    leave_path();
-}
-
-void nle_problem::leave_path()
-{
-    if (path_.empty()) return;
-    left_path_ = std::move(path_);
-    path_.clear();
-}
-
-void nle_problem::replace_content(nle_content content, std::string step)
-{
-    change(std::move(step), std::move(content));
+    place_.leave();
 }
 
 bool nle_problem::undo()
 {
     if (!history_.undo(content_)) return false;
-    // The saved content is back, and with it the file in which it is kept.
-    if (path_.empty() && history_.is_clean()) path_ = left_path_;
+    if (history_.is_clean()) place_.come_back();
     return true;
 }
 
@@ -314,7 +301,7 @@ bool nle_problem::redo()
 {
     const bool to_example = history_.redo_step() == example_step;
     if (!history_.redo(content_)) return false;
-    if (to_example) leave_path();
+    if (to_example) place_.leave();
     return true;
 }
 
@@ -324,8 +311,7 @@ nle_problem::refusal nle_problem::nles_open(const std::filesystem::path& path)
     std::optional<nle_content> content = file.ok() ? read_nle(file.text, content_.method) : std::nullopt;
     if (!content) return message_box{"Error while trying to open file.", box_icon::critical};
     content_ = std::move(*content);
-    path_ = path;
-    left_path_.clear();
+    place_.set(path);
     history_.clear();
     return std::nullopt;
 }
@@ -338,8 +324,7 @@ nle_problem::refusal nle_problem::save(const std::filesystem::path& path, bool o
     } catch (const runtime_failure&) {
         return failed;
     }
-    path_ = path;
-    left_path_.clear();
+    place_.set(path);
     history_.mark_clean();
     return std::nullopt;
 }
@@ -347,8 +332,7 @@ nle_problem::refusal nle_problem::save(const std::filesystem::path& path, bool o
 void nle_problem::clear()
 {
     content_ = {};
-    path_.clear();
-    left_path_.clear();
+    place_.set({});
     history_.clear();
 }
 
@@ -362,8 +346,7 @@ bool nle_problem::restore(std::string_view recovery_text, const std::filesystem:
     std::optional<nle_content> content = read_nle_recovery(recovery_text);
     if (!content) return false;
     content_ = std::move(*content);
-    path_ = path;
-    left_path_.clear();
+    place_.set(path);
     history_.clear();
     history_.mark_unsaved();
     return true;
@@ -371,7 +354,7 @@ bool nle_problem::restore(std::string_view recovery_text, const std::filesystem:
 
 std::string nle_problem::printed_listing() const
 {
-    return nle_listing(content_, path_);
+    return nle_listing(content_, path());
 }
 
 void nle_problem::change(std::string step, nle_content next)

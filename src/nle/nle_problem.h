@@ -5,6 +5,7 @@
 #include "numeric/NR_vbCNLE.h"
 #include "platform/message_box.h"
 #include "platform/saver.h"
+#include "shell/document_path.h"
 #include "shell/history.h"
 #include "shell/problem_document.h"
 
@@ -84,7 +85,7 @@ public:
     std::string_view kind() const override { return "nle"; }
     const nle_content& content() const { return content_; }
     const std::string& title() const override { return content_.title; }
-    const std::filesystem::path& path() const override { return path_; }
+    const std::filesystem::path& path() const override { return place_.path(); }
     bool problem_saved() const override { return history_.is_clean(); }
     /// No row, no title, no file; the method alone is nothing to lose.
     bool is_blank() const override;
@@ -112,16 +113,12 @@ public:
     void set_bounds(std::string lower, std::string upper);
     /// A choice by the user: any method but `constrained` strips the suffixes of the guesses.
     void choose_method(nle_method method);
-    /// The method alone, as a file or a command line gives it: no cell changes.
-    void set_method(nle_method method) { content_.method = method; }
     /// Renames a variable where it is defined and wherever right sides use it, in one step. Refused as in the
     /// entry dialogs where the new name is no valid one, is defined already, or would define itself.
     refusal rename_variable(std::string_view old_name, std::string_view new_name);
     /// Puts an example in place of the problem, in one step. The path goes, so that no save writes the example
     /// over the file that was open.
     void load_example(nle_content example);
-    /// Replaces the whole content in one step.
-    void replace_content(nle_content content, std::string step);
 
     bool undo() override;
     bool redo() override;
@@ -148,12 +145,9 @@ public:
 private:
     refusal put_row(equation_row next_row, int row);
     void change(std::string step, nle_content next);
-    void leave_path();
 
     nle_content content_;
-    std::filesystem::path path_;
-    /// The file that an example, which has none, took the place of.
-    std::filesystem::path left_path_;
+    document_path place_;
     history<nle_content> history_;
 };
 

@@ -86,17 +86,17 @@ TEST(LeqBlock, PasteSaysWhatDidNotFit)
         cell_range range;
         std::string text;
         leq_content expected;
-        int left_out;
+        std::vector<std::string> left_out;
     };
     const leq_content grid = equations({{"1", "2", "3"}, {"4", "5", "6"}});
     const std::vector<row> cases = {
-        {"inside", {0, 1, 1, 1}, "a\tb\nc\td", equations({{"1", "a", "b"}, {"4", "c", "d"}}), 0},
-        {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", equations({{"1", "2", "3"}, {"4", "5", "a"}}), 3},
-        {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", equations({{"1", "2", "3"}, {"4", "5", "a"}}), 0},
-        {"one cell fills the selection", {0, 0, 2, 2}, "0\n", equations({{"0", "0", "3"}, {"0", "0", "6"}}), 0},
-        {"a comma stays one", {0, 0, 1, 1}, "1,5\t2", equations({{"1,5", "2", "3"}, {"4", "5", "6"}}), 0},
-        {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", equations({{"1 2", "x", "3"}, {"4", "5", "6"}}), 0},
-        {"nothing", {0, 0, 2, 2}, "", grid, 0},
+        {"inside", {0, 1, 1, 1}, "a\tb\nc\td", equations({{"1", "a", "b"}, {"4", "c", "d"}}), {}},
+        {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", equations({{"1", "2", "3"}, {"4", "5", "a"}}), {"b", "c", "d"}},
+        {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", equations({{"1", "2", "3"}, {"4", "5", "a"}}), {}},
+        {"one cell fills the selection", {0, 0, 2, 2}, "0\n", equations({{"0", "0", "3"}, {"0", "0", "6"}}), {}},
+        {"a comma stays one", {0, 0, 1, 1}, "1,5\t2", equations({{"1,5", "2", "3"}, {"4", "5", "6"}}), {}},
+        {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", equations({{"1 2", "x", "3"}, {"4", "5", "6"}}), {}},
+        {"nothing", {0, 0, 2, 2}, "", grid, {}},
     };
     for (const row& given : cases) {
         SCOPED_TRACE(given.name);
@@ -104,7 +104,8 @@ TEST(LeqBlock, PasteSaysWhatDidNotFit)
         EXPECT_EQ(paste_block(content, given.range, read_block(given.text)), given.left_out);
         EXPECT_EQ(content, given.expected);
     }
-    EXPECT_EQ(left_out_box(3).text, "3 pasted cells lie outside the grid and were left out.");
+    EXPECT_EQ(left_out_box({"1", "2", "3", "4", "5"}).text,
+              "5 pasted cells lie outside the grid and were left out: '1', '2', '3', '4', ...");
 }
 
 } // namespace

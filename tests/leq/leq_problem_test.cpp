@@ -89,7 +89,7 @@ TEST(LeqProblem, CutPasteAndClearActOnTheSelection)
     EXPECT_EQ(problem.cut({0, 0, 2, 1}), "1\n4");
     EXPECT_EQ(problem.content().cells, equations({{"", "2", "3"}, {"", "5", "6"}}).cells);
     EXPECT_EQ(text_of(problem.paste({1, 1, 1, 1}, read_block("7\t8\t9"))),
-              "1 pasted cell lies outside the grid and was left out.");
+              "1 pasted cell lies outside the grid and was left out: '9'.");
     EXPECT_EQ(problem.content().cells, equations({{"", "2", "3"}, {"", "7", "8"}}).cells);
     problem.clear_cells({0, 0, 2, 3});
     EXPECT_EQ(problem.undo_step(), "Clear");
@@ -121,9 +121,12 @@ TEST(LeqProblem, FilesMoveThePathAndTheCleanMark)
     problem.set_cell(0, 0, "9");
     EXPECT_EQ(text_of(problem.save("a.kvr", false, full_disk)), "Error while trying to save file.");
     EXPECT_FALSE(problem.problem_saved());
+    ASSERT_TRUE(problem.undo());
     problem.load_sample(1);
     EXPECT_TRUE(problem.path().empty());
     EXPECT_EQ(problem.title(), "Sample random problem");
+    ASSERT_TRUE(problem.undo());
+    EXPECT_EQ(problem.path(), "a.kvr") << "the saved content came back without its file";
 }
 
 TEST(LeqProblem, RecoveryBringsEverythingBack)

@@ -23,7 +23,7 @@ using test::implicit_row;
 nle_problem problem_of(const nle_content& content)
 {
     nle_problem problem;
-    problem.replace_content(content, "test");
+    problem.load_example(content);
     return problem;
 }
 
@@ -66,7 +66,7 @@ TEST(NleRecovery, KeepsWhatAFileWouldLose)
     ASSERT_FALSE(problem.put_explicit("a", "2", "first"));
     ASSERT_FALSE(problem.put_implicit("x", "x - a", "7", 2, ""));
     problem.set_bounds("not yet", "");
-    problem.set_method(nle_method::constrained);
+    problem.choose_method(nle_method::constrained);
     nle_problem other;
     ASSERT_FALSE(other.put_explicit("b", "1", ""));
     ASSERT_TRUE(document_of(other).restore(problem.recovery_text(), "/tmp/p.kvr"));
@@ -98,7 +98,7 @@ TEST(NleRecovery, RefusesWhatItDidNotWrite)
         EXPECT_FALSE(problem.restore(text, "p.kvr"));
         EXPECT_EQ(problem.content(), before);
         EXPECT_TRUE(problem.path().empty());
-        EXPECT_TRUE(problem.undo_step() == "test");
+        EXPECT_TRUE(problem.undo_step() == "Load example");
     }
 }
 
@@ -254,7 +254,7 @@ TEST(RenameVariable, RefusesAsTheEntryDialogsDo)
     EXPECT_FALSE(problem.rename_variable("x", "x"));
     EXPECT_FALSE(problem.rename_variable("", "y"));
     EXPECT_FALSE(problem.rename_variable("nowhere", "y"));
-    EXPECT_EQ(problem.undo_step(), "test") << "nothing was renamed";
+    EXPECT_EQ(problem.undo_step(), "Load example") << "nothing was renamed";
     EXPECT_FALSE(problem.rename_variable("b", "y"));
     EXPECT_EQ(problem.content().rows[1].equation, "a = 2*y") << "a variable that no row defines";
 }

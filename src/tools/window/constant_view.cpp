@@ -101,6 +101,11 @@ const physical_constant* constant_view::selected() const
     return &constants_.at(item->data(constant_role).toUInt());
 }
 
+QString constant_view::selected_line() const
+{
+    return selected() ? currentItem()->text() : QString();
+}
+
 void constant_view::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) return emit copy_requested();

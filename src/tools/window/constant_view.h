@@ -24,6 +24,8 @@ public:
 
     /// The selected constant; null where there is none.
     const physical_constant* selected() const;
+    /// Its line, as it is shown.
+    QString selected_line() const;
 
 signals:
     void copy_requested();

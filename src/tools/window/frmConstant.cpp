@@ -119,8 +119,7 @@ void frmConstant::txtSearch_Change()
 
 void frmConstant::cmdCopy_Click()
 {
-    if (const physical_constant* selected = lstConst_->selected())
-        copy_plain_text(context().user, to_qstring(copied_line(*selected)));
+    if (const QString line = lstConst_->selected_line(); !line.isEmpty()) copy_plain_text(context().user, line);
 }
 
 void frmConstant::cmdCopyValue_Click()

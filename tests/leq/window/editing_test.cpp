@@ -118,7 +118,7 @@ TEST(LinearGrid, PastesBlocksOfSpreadsheetsInOneStep)
              row{"tabs and CR LF", 1, 1, "1\t2\t3\r\n4\t5\t6\r\n", "1 2 3\n4 5 6\n"},
              row{"LF alone, empty cells, quotation marks", 1, 2, "\t\"7\"\n1e-3", "_ _ 7\n_ 1e-3 _\n"},
              row{"too wide and too high", 2, 2, "1\t2\t3\n4\t5\t6\n", "_ _ _\n_ 1 2\n",
-                 "4 pasted cells lie outside the grid and were left out."},
+                 "4 pasted cells lie outside the grid and were left out: '3', '4', '5', '6'."},
              row{"decimal commas that are points", 1, 1, "1,5\t-2\t3,25", "1.5 -2 3.25\n_ _ _\n", "",
                  "'1,5' becomes '1.5'", answer::yes},
              row{"decimal commas that stay", 1, 1, "1\t2,5", "1 2,5 _\n_ _ _\n", "", "'2,5' becomes '2.5'", answer::no},

@@ -84,10 +84,10 @@ TEST_F(Constants_window, CopiesTheSelectedConstant)
     open();
     person.choose("cmbConstType", "Universal");
     person.click("cmdCopy");
-    EXPECT_EQ(desk.user.copied_text(), "speed of light = 299792458 m/s") << "the first is selected";
+    EXPECT_EQ(desk.user.copied_text(), "speed of light   299792458       m/s") << "the first is selected";
     select(1);
     robot::press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(desk.user.copied_text(), "Planck constant = 6.62607015E-34 J s");
+    EXPECT_EQ(desk.user.copied_text(), "Planck constant  6.62607015E-34  J s");
     person.click("cmdCopyValue");
     EXPECT_EQ(desk.user.copied_text(), "6.62607015E-34");
     person.find<QListWidget>("lstConst").clearSelection();
@@ -106,7 +106,7 @@ TEST_F(Constants_window, SearchesAllGroupsByKeyboard)
     person.find("lstConst").setFocus();
     robot::press(Qt::Key_Down);
     robot::press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(desk.user.copied_text(), "speed of light = 299792458 m/s") << "the group's name is passed over";
+    EXPECT_EQ(desk.user.copied_text(), "speed of light  299792458  m/s") << "the group's name is passed over";
 
     person.type("txtSearch", "furlong");
     EXPECT_EQ(lines(), std::vector<std::string>{"No constant has these words."});
