@@ -48,15 +48,17 @@ void take_lines(std::vector<std::string>& arguments, typed_options& typed)
     arguments.erase(eval, arguments.end());
 }
 
-/// Takes `--convert` and the three arguments behind it off, since the number may begin with "-".
+/// Takes `--convert` and what belongs to it off the arguments, since the number may begin with "-": number, two units
+/// and, unless an option stands there, the type of the units.
 void take_conversion(std::vector<std::string>& arguments, typed_options& typed)
 {
-    constexpr std::ptrdiff_t most = 3;
+    constexpr std::ptrdiff_t least = 3;
     const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
     const auto convert = std::find(arguments.begin(), options_end, "--convert");
     if (convert == options_end) return;
     typed.convert = true;
-    const auto end = convert + 1 + std::min(most, options_end - (convert + 1));
+    auto end = convert + 1 + std::min(least, options_end - (convert + 1));
+    if (end != options_end && !end->starts_with('-')) ++end;
     typed.lines.assign(convert + 1, end);
     arguments.erase(convert, end);
 }
@@ -78,7 +80,7 @@ void describe_options(CLI::App& app, typed_options& typed)
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
-    app.add_flag("--convert", typed.convert, "Convert a number: --convert 100 \"deg C\" \"deg F\"");
+    app.add_flag("--convert", typed.convert, "Convert a number: --convert 100 \"deg C\" \"deg F\" [TYPE]");
     app.add_flag("--units", typed.units, "List the units, or those that hold all words given in place of FILE");
     app.add_flag("--constants", typed.constants, "List the physical constants, or those that hold all words given");
     app.set_version_flag("--version", std::string(program_name) + " " + std::string(program_version()));
@@ -132,7 +134,7 @@ void check_files(const batch_request& request)
     if (!takes_files && !request.files.empty()) throw wrong_usage{"--eval, --convert and --settings take no FILE."};
     if (takes_files && request.files.empty()) throw wrong_usage{"No FILE is given."};
     if (request.action == batch_action::eval && request.lines.empty()) throw wrong_usage{"--eval: no line is given."};
-    if (request.action == batch_action::convert && request.lines.size() != 3)
+    if (request.action == batch_action::convert && request.lines.size() < 3)
         throw wrong_usage{"--convert: a number and two units are expected; --units lists them."};
 
     const bool one_output = request.output.find("{}") == std::string::npos;

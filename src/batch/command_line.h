@@ -49,7 +49,8 @@ struct batch_request
     std::vector<std::string> files;
     /// How many files are answered at a time.
     int jobs = 1;
-    /// The lines behind --eval; number and units behind --convert; what to look for in --units and --constants.
+    /// The lines behind --eval; number, units and perhaps their type behind --convert; what to look for in --units and
+    /// --constants.
     std::vector<std::string> lines;
 
     /// The output is a file for each problem file.

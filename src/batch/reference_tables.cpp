@@ -56,8 +56,11 @@ std::string words_of(const batch_request& request)
 }
 
 /// Why two units can not be converted into each other, where no type has both.
-std::string no_pair_text(const std::vector<unit>& units, const std::string& from, const std::string& to)
+std::string no_pair_text(const std::vector<unit>& units, const std::string& from, const std::string& to,
+                         const std::string& type)
 {
+    if (find_unit_pair(units, from, to))
+        return "The type '" + type + "' does not have both '" + from + "' and '" + to + "'.";
     for (const std::string& name : {from, to})
         if (!find_unit_pair(units, name, name)) return "There is no unit '" + name + "'; --units lists them.";
     return "No type of units has both '" + from + "' and '" + to + "'.";
@@ -66,8 +69,11 @@ std::string no_pair_text(const std::vector<unit>& units, const std::string& from
 int convert(const batch_request& request, const std::vector<unit>& units, std::ostream& out, std::ostream& err)
 {
     const std::string& number = request.lines[0];
-    const auto pair = find_unit_pair(units, request.lines[1], request.lines[2]);
-    if (!pair) return refused({no_pair_text(units, request.lines[1], request.lines[2])}, err);
+    const std::string& from = request.lines[1];
+    const std::string& to = request.lines[2];
+    const std::string type = request.lines.size() > 3 ? request.lines[3] : std::string();
+    const auto pair = find_unit_pair(units, from, to, type);
+    if (!pair) return refused({no_pair_text(units, from, to, type)}, err);
     const conversion typed = convert_typed(number, pair->first, pair->second);
     if (typed.refusal) return refused(*typed.refusal, err);
     const double x = val(number);

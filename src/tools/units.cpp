@@ -112,10 +112,11 @@ std::vector<unit> search_units(const std::vector<unit>& units, std::string_view 
 }
 
 std::optional<std::pair<unit, unit>> find_unit_pair(const std::vector<unit>& units, std::string_view from,
-                                                    std::string_view to)
+                                                    std::string_view to, std::string_view type)
 {
-    for (const std::string& type : unit_types(units)) {
-        const std::vector<unit> candidates = units_of_type(units, type);
+    for (const std::string& each : unit_types(units)) {
+        if (!type.empty() && each != type) continue;
+        const std::vector<unit> candidates = units_of_type(units, each);
         const auto named = [&](std::string_view name) { return std::ranges::find(candidates, name, &unit::unit_name); };
         if (named(from) != candidates.end() && named(to) != candidates.end())
             return std::pair(*named(from), *named(to));

@@ -46,9 +46,9 @@ std::vector<unit> units_of_type(const std::vector<unit>& units, std::string_view
 /// The units whose type, name or note hold each of the words, in any case; all of them where there is no word.
 std::vector<unit> search_units(const std::vector<unit>& units, std::string_view words);
 
-/// The two units of these names in the first type that has both.
+/// The two units of these names in the first type that has both, or in `type` where one is given.
 std::optional<std::pair<unit, unit>> find_unit_pair(const std::vector<unit>& units, std::string_view from,
-                                                    std::string_view to);
+                                                    std::string_view to, std::string_view type = {});
 
 /// A converted number, or why there is none.
 struct conversion
