@@ -40,9 +40,6 @@ public:
     virtual bool is_running() const { return false; }
     virtual double fraction_done() const { return 0.0; }
 
-    /// One of the problem windows, whose number is limited.
-    virtual bool is_problem_window() const { return false; }
-
     /// Closes this window with the frame around it, if it agrees; true where it did.
     bool close_with_frame();
 

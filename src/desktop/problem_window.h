@@ -61,7 +61,6 @@ public:
     QString title_panel() const override;
     bool is_running() const override { return run_.running(); }
     double fraction_done() const override { return run_.fraction(); }
-    bool is_problem_window() const override { return true; }
 
     virtual problem_document& document() = 0;
     const problem_document& document() const { return const_cast<problem_window*>(this)->document(); }

@@ -278,11 +278,8 @@ void frmLEQ::solve()
 
 void frmLEQ::show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number)
 {
-    auto* solution = new frmSolution(context());
-    solution->update_prog_sol(true, {}, problem.content.title);
-    solution->show_report(leq_report(problem, outcome, context().clock.today()),
-                          QStringLiteral("Linear Equations Solution #%1").arg(number));
-    context().frame.show_child(solution, true);
+    show_new_report(context(), leq_report(problem, outcome, context().clock.today()), problem.content.title,
+                    QStringLiteral("Linear Equations Solution #%1").arg(number));
 }
 
 } // namespace kelvarin

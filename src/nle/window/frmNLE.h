@@ -74,7 +74,6 @@ private:
 
     void update_num_vars();
     void enable_controls();
-    void show_bounds();
     /// Why the light is red, in one line; empty where it is green.
     QString what_is_missing() const;
 

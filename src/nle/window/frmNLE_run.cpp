@@ -60,11 +60,8 @@ void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& out
     }
     if (!show_boxes(outcome.boxes)) return;
     if (!outcome.has_report) return;
-    auto* solution = new frmSolution(context());
-    solution->update_prog_sol(true, {}, problem.content.title);
-    solution->show_report(nle_report(problem, outcome, store, context().clock.today()),
-                          QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
-    context().frame.show_child(solution, true);
+    show_new_report(context(), nle_report(problem, outcome, store, context().clock.today()), problem.content.title,
+                    QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
 }
 
 void frmNLE::mark_place(const text_place& place)

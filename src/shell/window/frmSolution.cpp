@@ -259,6 +259,14 @@ bool frmSolution::save_as()
     return chosen && write(chosen->path, format_of_report(chosen->path, chosen->filter_index));
 }
 
+void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption)
+{
+    auto* solution = new frmSolution(context);
+    solution->update_prog_sol(true, {}, title);
+    solution->show_report(std::move(rich_text), caption);
+    context.frame.show_child(solution, true);
+}
+
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path)
 {
     text_file read = read_text_file(path);

@@ -70,6 +70,9 @@ private:
     QMenu* edit_menu_ = nullptr;
 };
 
+/// Shows the report of a run in a new window beside its problem; the frame takes it over.
+void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption);
+
 /// Opens a report or text file in a new window, which the frame takes over. A file that can not be read is
 /// refused by a box.
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path);

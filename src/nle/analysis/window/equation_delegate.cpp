@@ -132,7 +132,7 @@ bool equation_delegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, co
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
-    QToolTip::showText(event->globalPos(), plain_tip(tip_at(event->pos().x(), item, index)), view->viewport());
+    QToolTip::showText(event->globalPos(), tip_text(tip_at(event->pos().x(), item, index)), view->viewport());
     return true;
 }
 

@@ -2,7 +2,7 @@
 #include "nle/analysis/window/link_label.h"
 
 #include "desktop/look.h"
-#include "nle/analysis/window/text_spans.h"
+#include "desktop/qt_text.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -70,7 +70,7 @@ void link_label::show_what_fits()
     }
     if (!whole) markup += QChar(0x2026);
     if (markup != QLabel::text()) setText(markup);
-    setToolTip(whole ? QString() : plain_tip(text_.trimmed()));
+    setToolTip(whole ? QString() : tip_text(text_.trimmed()));
 }
 
 void link_label::focusInEvent(QFocusEvent* event)

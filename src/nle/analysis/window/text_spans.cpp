@@ -60,10 +60,4 @@ QTextCharFormat span_format(text_meaning meaning, const QPalette& palette)
     return format;
 }
 
-QString plain_tip(const QString& text)
-{
-    if (!Qt::mightBeRichText(text)) return text;
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
-}
-
 } // namespace kelvarin

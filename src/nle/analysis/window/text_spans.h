@@ -44,7 +44,4 @@ std::vector<text_span> expression_spans(std::string_view text, std::size_t offse
 /// Tints for words, waves below faults.
 QTextCharFormat span_format(text_meaning meaning, const QPalette& palette);
 
-/// A text for a tool tip, which shows it as it is even where it looks like markup.
-QString plain_tip(const QString& text);
-
 } // namespace kelvarin

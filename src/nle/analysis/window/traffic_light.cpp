@@ -3,7 +3,7 @@
 
 #include "desktop/icons.h"
 #include "desktop/look.h"
-#include "nle/analysis/window/text_spans.h"
+#include "desktop/qt_text.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -41,7 +41,7 @@ traffic_light::traffic_light(QWidget* parent)
 
 void traffic_light::set_green(bool green, const QString& why)
 {
-    setToolTip(plain_tip(why));
+    setToolTip(tip_text(why));
     setAccessibleDescription(why);
     const QString word = green ? tr("ready") : tr("not ready");
     if (lblTraffic_->text() == word) return;
