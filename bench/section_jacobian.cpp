@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "compiled_formula.h"
-#include "numeric/NR_vbNLE.h"
+#include "numeric/nonlinear/NR_vbNLE.h"
 #include "sections.h"
 #include "table.h"
 #include "values.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "numeric/gauss_jordan.h"
+#include "numeric/linear/gauss_jordan.h"
 #include "sections.h"
 #include "table.h"
 #include "values.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "formulas.h"
-#include "numeric/matrix.h"
+#include "numeric/linear/matrix.h"
 
 #include <functional>
 #include <memory>

@@ -8,9 +8,14 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 
+option(KELVARIN_PRECOMPILE "Compile the headers of the toolkit and of the tests' library once for all" ON)
+
 find_program(KELVARIN_CCACHE ccache)
 if(KELVARIN_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${KELVARIN_CCACHE}")
+  # Sources that use a precompiled header are kept as well; -fpch-preprocess below belongs to that.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+    "${KELVARIN_CCACHE}")
 endif()
 
 option(KELVARIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
@@ -24,9 +29,12 @@ target_compile_options(kelvarin_flags INTERFACE
   -ffp-contract=off
   # Nothing reads errno behind a mathematical function; without it a square root is one instruction.
   -fno-math-errno)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND KELVARIN_PRECOMPILE)
+  target_compile_options(kelvarin_flags INTERFACE -fpch-preprocess)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # A false alarm of this compiler in the standard library's own string operations.
-  target_compile_options(kelvarin_flags INTERFACE -Wno-restrict)
+  # False alarms of this compiler in the string operations of the standard library.
+  target_compile_options(kelvarin_flags INTERFACE -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow)
 endif()
 if(KELVARIN_SANITIZE)
   target_compile_options(kelvarin_flags INTERFACE
@@ -41,63 +49,132 @@ if(KELVARIN_CHECKED)
   target_compile_definitions(kelvarin_flags INTERFACE KELVARIN_CHECKED=1)
 endif()
 
-# kelvarin_library(nle/analysis DEPENDS expr platform): a static library kelvarin_nle_analysis of all
-# sources in the current folder (not of its subfolders), whose headers are included as "nle/analysis/x.h".
-function(kelvarin_library folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS")
+# What everything with windows is compiled with.
+add_library(kelvarin_window_flags INTERFACE)
+target_compile_definitions(kelvarin_window_flags INTERFACE QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH)
+target_link_libraries(kelvarin_window_flags INTERFACE Qt6::Widgets Qt6::PrintSupport Qt6::Svg)
+
+# What the sources of tests are compiled with: those that are looked at with sanitizers are the libraries, and the tests
+# themselves, full of templates, took most of a build while they were optimized and checked for undefined behaviour too.
+add_library(kelvarin_test_flags INTERFACE)
+# The toolkit's test library names each target's own folders, and a macro that differs keeps a precompiled header from use.
+target_compile_options(kelvarin_test_flags INTERFACE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+if(KELVARIN_SANITIZE)
+  target_compile_options(kelvarin_test_flags INTERFACE -O0 -fno-sanitize=undefined)
+endif()
+
+include(precompiled)
+
+# kelvarin_headers(TARGET VISIBILITY FOLDER...): lets a target see the headers of the named folders, as "nle/x.h", and
+# of no others. Each folder of src/ has a view of its own, with a link to each of its headers.
+function(kelvarin_headers target visibility)
+  foreach(folder IN LISTS ARGN)
+    string(REPLACE "/" "_" name "${folder}")
+    target_include_directories(${target} ${visibility} "${PROJECT_BINARY_DIR}/include/${name}")
+  endforeach()
+endfunction()
+
+# kelvarin_view(FOLDER HEADER...): makes the view of a folder anew, so that it holds no link to a header that has gone.
+function(kelvarin_view folder)
   string(REPLACE "/" "_" name "${folder}")
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  set(view "${PROJECT_BINARY_DIR}/include/${name}")
+  set(wanted "")
+  foreach(header IN LISTS ARGN)
+    file(RELATIVE_PATH path "${PROJECT_SOURCE_DIR}/src" "${header}")
+    get_filename_component(parent "${view}/${path}" DIRECTORY)
+    file(MAKE_DIRECTORY "${parent}")
+    if(NOT EXISTS "${view}/${path}")
+      file(CREATE_LINK "${header}" "${view}/${path}" SYMBOLIC)
+    endif()
+    list(APPEND wanted "${view}/${path}")
+  endforeach()
+  file(GLOB_RECURSE have LIST_DIRECTORIES false "${view}/*.h")
+  list(REMOVE_ITEM have ${wanted})
+  if(have)
+    file(REMOVE ${have})
+  endif()
+endfunction()
+
+# kelvarin_library(nle/equations DEPENDS expr platform): a static library kelvarin_nle_equations of all sources in the
+# current folder, whose headers are included as "nle/equations/x.h". It sees the headers of the folders that it names and
+# nothing behind them: an include of any other does not compile. Subfolders are other libraries, except those named after
+# SORTED_IN, which only put the sources of this one in order.
+function(kelvarin_library folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SORTED_IN;DEPENDS")
+  string(REPLACE "/" "_" name "${folder}")
+  set(sources "")
+  set(headers "")
+  foreach(part IN ITEMS "." LISTS arg_SORTED_IN)
+    file(GLOB part_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.cpp")
+    file(GLOB part_headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.h")
+    list(APPEND sources ${part_sources})
+    list(APPEND headers ${part_headers})
+  endforeach()
   set(target "kelvarin_${name}")
   add_library(${target} STATIC ${sources})
-
-  set(view "${PROJECT_BINARY_DIR}/include/${name}")
-  get_filename_component(parent "${view}/${folder}" DIRECTORY)
-  file(MAKE_DIRECTORY "${parent}")
-  if(NOT EXISTS "${view}/${folder}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${view}/${folder}" SYMBOLIC)
-  endif()
-  target_include_directories(${target} PUBLIC "${view}")
+  kelvarin_view("${folder}" ${headers})
+  kelvarin_headers(${target} PRIVATE "${folder}" ${arg_DEPENDS})
   target_link_libraries(${target} PUBLIC kelvarin_flags)
   foreach(dependency IN LISTS arg_DEPENDS)
     string(REPLACE "/" "_" dependency "${dependency}")
     target_link_libraries(${target} PUBLIC kelvarin_${dependency})
   endforeach()
+  if(arg_WINDOWS)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${target} PUBLIC kelvarin_window_flags)
+    kelvarin_precompiled(${target} windows)
+  else()
+    kelvarin_precompiled(${target} core)
+  endif()
 endfunction()
 
 # kelvarin_window_library(nle/window DEPENDS nle desktop): the same for a folder of windows, which may use the
 # toolkit.
 function(kelvarin_window_library folder)
-  kelvarin_library(${folder} ${ARGN})
-  string(REPLACE "/" "_" name "${folder}")
-  set_target_properties(kelvarin_${name} PROPERTIES AUTOMOC ON)
-  target_compile_definitions(kelvarin_${name} PUBLIC QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH)
-  target_link_libraries(kelvarin_${name} PUBLIC Qt6::Widgets Qt6::PrintSupport Qt6::Svg)
+  kelvarin_library(${folder} WINDOWS ${ARGN})
+endfunction()
+
+# kelvarin_program(kelvarin SOURCE... DEPENDS app): a program, which sees the headers of the folders that it names.
+function(kelvarin_program target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "EXCLUDE_FROM_ALL" "" "DEPENDS")
+  set(excluded "")
+  if(arg_EXCLUDE_FROM_ALL)
+    set(excluded EXCLUDE_FROM_ALL)
+  endif()
+  add_executable(${target} ${excluded} ${arg_UNPARSED_ARGUMENTS})
+  kelvarin_headers(${target} PRIVATE ${arg_DEPENDS})
+  foreach(dependency IN LISTS arg_DEPENDS)
+    string(REPLACE "/" "_" dependency "${dependency}")
+    target_link_libraries(${target} PRIVATE kelvarin_${dependency})
+  endforeach()
 endfunction()
 
 # kelvarin_test(nle DEPENDS nle shell): a program kelvarin_nle_tests of all sources in the current
 # folder, each of its cases a test of CTest. With WINDOWS the tests act on windows, without a screen.
 function(kelvarin_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SORTED_IN;DEPENDS")
   string(REPLACE "/" "_" name "${folder}")
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  set(sources "")
+  foreach(part IN ITEMS "." LISTS arg_SORTED_IN)
+    file(GLOB part_sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${part}/*.cpp")
+    list(APPEND sources ${part_sources})
+  endforeach()
   set(target "kelvarin_${name}_tests")
-  add_executable(${target} ${sources})
-  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  kelvarin_program(${target} ${sources} DEPENDS ${arg_DEPENDS})
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_CURRENT_SOURCE_DIR}")
   target_compile_definitions(${target} PRIVATE
     KELVARIN_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     KELVARIN_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
     KELVARIN_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
     KELVARIN_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   if(arg_WINDOWS)
-    target_link_libraries(${target} PRIVATE kelvarin_window_testing)
+    target_link_libraries(${target} PRIVATE kelvarin_window_testing kelvarin_test_flags)
+    kelvarin_precompiled(${target} window_tests)
   else()
-    target_link_libraries(${target} PRIVATE GTest::gmock_main)
+    target_link_libraries(${target} PRIVATE GTest::gmock_main kelvarin_test_flags)
+    kelvarin_precompiled(${target} tests)
   endif()
   target_link_libraries(${target} PRIVATE rapidcheck rapidcheck_gtest)
-  foreach(dependency IN LISTS arg_DEPENDS)
-    string(REPLACE "/" "_" dependency "${dependency}")
-    target_link_libraries(${target} PRIVATE kelvarin_${dependency})
-  endforeach()
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120
     PROPERTIES TIMEOUT 300
     ENVIRONMENT "LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/test-config;QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96")

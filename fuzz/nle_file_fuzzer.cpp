@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "expr/basParse.h"
-#include "nle/analysis/equation_rows.h"
+#include "nle/equations/equation_rows.h"
 #include "nle/nle_file.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_run.h"
 #include "promise.h"
-#include "shell/recognition.h"
-#include "shell/rich_text.h"
+#include "shell/document/recognition.h"
+#include "shell/report/rich_text.h"
 #include "shell/settings.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/text_file.h"
 #include "promise.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <algorithm>
 #include <string>

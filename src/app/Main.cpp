@@ -6,7 +6,7 @@
 #include "app/start_request.h"
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <QApplication>
 

@@ -4,7 +4,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

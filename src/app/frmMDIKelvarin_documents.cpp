@@ -8,7 +8,7 @@
 #include "nle/window/frmNLE.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 #include "shell/window/frmSolution.h"
 
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/recovery.h"
+#include "shell/document/recovery.h"
 
 #include <QFrame>
 

@@ -3,7 +3,7 @@
 
 #include "desktop/commands.h"
 #include "desktop/problem_window.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 
 #include <memory>
 #include <optional>

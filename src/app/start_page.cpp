@@ -7,7 +7,7 @@
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 #include "nle/nle_samples.h"
-#include "shell/recent_files.h"
+#include "shell/document/recent_files.h"
 
 #include <QAction>
 #include <QHBoxLayout>

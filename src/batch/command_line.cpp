@@ -2,7 +2,7 @@
 #include "batch/command_line.h"
 
 #include "batch/exit_status.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "nle/nle_problem.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 #include "shell/settings.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/json_output.h"
 
-#include "batch/json_writer.h"
+#include "shell/report/json_writer.h"
 
 namespace kelvarin
 {

@@ -3,7 +3,7 @@
 
 #include "leq/leq_run.h"
 #include "nle/nle_run.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 #include "shell/settings.h"
 #include "tools/calculator.h"
 

@@ -5,7 +5,7 @@
 #include "leq/leq_content.h"
 #include "nle/nle_problem.h"
 #include "platform/message_box.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 
 #include <optional>
 #include <string>

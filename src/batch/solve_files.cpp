@@ -6,7 +6,7 @@
 #include "batch/problem_file.h"
 #include "leq/leq_run.h"
 #include "nle/nle_run.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <algorithm>
 #include <utility>

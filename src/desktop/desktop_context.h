@@ -5,7 +5,7 @@
 #include "desktop/user_interface.h"
 #include "platform/clock.h"
 #include "platform/registry_store.h"
-#include "shell/recovery.h"
+#include "shell/document/recovery.h"
 #include "shell/settings.h"
 
 #include <filesystem>

@@ -4,8 +4,8 @@
 #include "desktop/qt_text.h"
 #include "desktop/text_printing.h"
 #include "platform/text_file.h"
+#include "shell/document/recent_files.h"
 #include "shell/general_lib.h"
-#include "shell/recent_files.h"
 
 #include <QCloseEvent>
 #include <QMenu>

@@ -3,8 +3,8 @@
 
 #include "desktop/child_window.h"
 #include "desktop/run_controller.h"
-#include "shell/problem_document.h"
-#include "shell/recognition.h"
+#include "shell/document/problem_document.h"
+#include "shell/document/recognition.h"
 
 #include <QTimer>
 

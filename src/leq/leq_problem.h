@@ -3,9 +3,9 @@
 
 #include "leq/leq_block.h"
 #include "leq/leq_content.h"
-#include "shell/document_path.h"
-#include "shell/history.h"
-#include "shell/problem_document.h"
+#include "shell/document/document_path.h"
+#include "shell/document/history.h"
+#include "shell/document/problem_document.h"
 
 #include <cstdint>
 

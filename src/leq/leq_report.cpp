@@ -3,7 +3,7 @@
 #include "leq/leq_text.h"
 #include "platform/run_time_text.h"
 #include "shell/general_lib.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <initializer_list>
 #include <string_view>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_run.h"
 
-#include "numeric/condition.h"
-#include "numeric/gauss_jordan.h"
-#include "numeric/matrix.h"
-#include "numeric/residual.h"
+#include "numeric/linear/condition.h"
+#include "numeric/linear/gauss_jordan.h"
+#include "numeric/linear/matrix.h"
+#include "numeric/linear/residual.h"
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 

@@ -3,7 +3,7 @@
 
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <span>
 

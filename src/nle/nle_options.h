@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "numeric/NR_vbCNLE.h"
-#include "numeric/NR_vbNLE.h"
+#include "numeric/nonlinear/NR_vbCNLE.h"
+#include "numeric/nonlinear/NR_vbNLE.h"
 #include "shell/settings.h"
 
 namespace kelvarin

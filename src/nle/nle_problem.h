@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/analysis/set_analysis.h"
-#include "numeric/NR_vbCNLE.h"
+#include "nle/equations/set_analysis.h"
+#include "numeric/nonlinear/NR_vbCNLE.h"
 #include "platform/message_box.h"
 #include "platform/saver.h"
-#include "shell/document_path.h"
-#include "shell/history.h"
-#include "shell/problem_document.h"
+#include "shell/document/document_path.h"
+#include "shell/document/history.h"
+#include "shell/document/problem_document.h"
 
 #include <array>
 #include <filesystem>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "expr/program.h"
-#include "numeric/matrix.h"
-#include "numeric/sparse_places.h"
+#include "numeric/linear/matrix.h"
+#include "numeric/linear/sparsity.h"
 
 #include <cstdint>
 #include <memory>

@@ -4,7 +4,7 @@
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <array>
 #include <initializer_list>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "nle/nle_problem.h"
-#include "numeric/NR_vbCNLE.h"
+#include "numeric/nonlinear/NR_vbCNLE.h"
 #include "platform/clock.h"
 #include "platform/run_listener.h"
 #include "shell/settings.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/analysis/explicit_equations.h"
+#include "nle/equations/explicit_equations.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_program.h"
-#include "numeric/nonlinear_system.h"
+#include "numeric/nonlinear/nonlinear_system.h"
 #include "platform/run_listener.h"
 
 #include <memory>

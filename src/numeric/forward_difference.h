@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "numeric/matrix.h"
-#include "numeric/nonlinear_system.h"
+#include "numeric/linear/matrix.h"
+#include "numeric/nonlinear/nonlinear_system.h"
 
 #include <span>
 #include <vector>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "numeric/matrix.h"
+#include "numeric/linear/matrix.h"
 
 #include <limits>
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "batch/json_writer.h"
+#include "shell/report/json_writer.h"
 
 #include "batch_call.h"
 #include "support/scratch_folder.h"

@@ -2,7 +2,7 @@
 #include "desktop/problem_window.h"
 
 #include "desktop/qt_text.h"
-#include "shell/recent_files.h"
+#include "shell/document/recent_files.h"
 #include "support/robot.h"
 #include "support/test_desk.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_file.h"
 #include "platform/text_file.h"
-#include "shell/recognition.h"
+#include "shell/document/recognition.h"
 #include "support/leq_problems.h"
 
 #include <gtest/gtest.h>

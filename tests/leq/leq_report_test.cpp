@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_listing.h"
 #include "leq/leq_run.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 #include "support/golden.h"
 #include "support/leq_problems.h"
 

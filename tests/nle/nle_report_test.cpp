@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_run.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 #include "support/equation_rows.h"
 #include "support/golden.h"
 #include "support/nle_runs.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_run.h"
 #include "nle/nle_system.h"
-#include "numeric/NR_vbNLE.h"
+#include "numeric/nonlinear/NR_vbNLE.h"
 #include "support/equation_rows.h"
 #include "support/nle_runs.h"
 

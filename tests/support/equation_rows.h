@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/analysis/equation_rows.h"
+#include "nle/equations/equation_rows.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "nle/window/frmNLE.h"
 
+#include "desktop/link_label.h"
 #include "desktop/qt_text.h"
-#include "nle/analysis/window/equation_grid.h"
-#include "nle/analysis/window/link_label.h"
-#include "nle/analysis/window/problem_status.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/problem_status.h"
 #include "nle/nle_samples.h"
 
 #include <QAction>

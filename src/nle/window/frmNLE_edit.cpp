@@ -2,7 +2,7 @@
 // The gestures by which a problem is edited.
 
 #include "desktop/qt_text.h"
-#include "nle/analysis/window/equation_grid.h"
+#include "nle/equations/window/equation_grid.h"
 #include "nle/window/frmNLE.h"
 #include "nle/window/frmNleEE.h"
 #include "nle/window/frmNleNE.h"

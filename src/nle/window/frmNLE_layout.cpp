@@ -3,11 +3,11 @@
 
 #include "desktop/controls.h"
 #include "desktop/icons.h"
+#include "desktop/link_label.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "nle/analysis/window/equation_grid.h"
-#include "nle/analysis/window/link_label.h"
-#include "nle/analysis/window/problem_status.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/problem_status.h"
 #include "nle/nle_samples.h"
 #include "nle/window/frmNLE.h"
 

@@ -2,8 +2,8 @@
 // A run of the problem, from its start to its report.
 
 #include "desktop/qt_text.h"
-#include "nle/analysis/window/equation_grid.h"
-#include "nle/analysis/window/problem_status.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/problem_status.h"
 #include "nle/window/frmNLE.h"
 #include "shell/window/frmSolution.h"
 

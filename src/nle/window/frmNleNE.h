@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/analysis/window/entry_dialog.h"
+#include "nle/equations/window/entry_dialog.h"
 #include "nle/nle_problem.h"
 
 #include <QButtonGroup>

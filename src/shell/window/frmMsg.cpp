@@ -2,7 +2,7 @@
 #include "shell/window/frmMsg.h"
 
 #include "desktop/look.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 #include "shell/window/report_document.h"
 
 #include <QPushButton>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/child_window.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 #include "shell/window/report_format.h"
 #include "shell/window/report_view.h"
 

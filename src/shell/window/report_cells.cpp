@@ -4,7 +4,7 @@
 #include "desktop/qt_text.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/rich_text.h"
+#include "shell/report/rich_text.h"
 
 #include <QString>
 #include <QTextCursor>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "shell/styled_text.h"
+#include "shell/report/styled_text.h"
 
 #include <QTextBrowser>
 

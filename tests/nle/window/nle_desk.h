@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/analysis/window/equation_grid.h"
-#include "nle/analysis/window/problem_status.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/problem_status.h"
 #include "nle/window/frmNLE.h"
 #include "shell/window/frmSolution.h"
 #include "support/robot.h"

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/traffic_light.h"
+
+#include "desktop/icons.h"
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QHBoxLayout>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+void tell_name_changed(QWidget* widget)
+{
+    QAccessibleEvent changed(widget, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+} // namespace
+
+traffic_light::traffic_light(QWidget* parent)
+    : QWidget(parent), imgTraffic_(new QLabel(this)), lblTraffic_(new QLabel(this))
+{
+    imgTraffic_->setObjectName(QStringLiteral("imgTraffic"));
+    lblTraffic_->setObjectName(QStringLiteral("lblTraffic"));
+    // The longer word's room, so that nothing beside the light moves when it changes.
+    lblTraffic_->setMinimumWidth(lblTraffic_->fontMetrics().horizontalAdvance(tr("not ready")));
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(line_unit(*this) / 3);
+    layout->addWidget(imgTraffic_);
+    layout->addWidget(lblTraffic_);
+    set_green(false, {});
+    show_lamp();
+}
+
+void traffic_light::set_green(bool green, const QString& why)
+{
+    setToolTip(tip_text(why));
+    setAccessibleDescription(why);
+    const QString word = green ? tr("ready") : tr("not ready");
+    if (lblTraffic_->text() == word) return;
+    green_ = green;
+    show_lamp();
+    lblTraffic_->setText(word);
+    const QString spoken = tr("Traffic light: %1").arg(word);
+    setAccessibleName(spoken);
+    imgTraffic_->setAccessibleName(spoken);
+    tell_name_changed(imgTraffic_);
+    tell_name_changed(this);
+}
+
+void traffic_light::show_lamp()
+{
+    const int side = line_unit(*this) + line_unit(*this) / 4;
+    const QIcon lamp = icon(green_ ? "traffic_green" : "traffic_red");
+    imgTraffic_->setPixmap(lamp.pixmap(QSize(side, side), devicePixelRatioF()));
+}
+
+void traffic_light::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) show_lamp();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/explicit_equations.h"
+
+#include "platform/runtime_failure.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <numeric>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+bool is_letter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+/// The names of a list, ready to be looked for at any place of a text.
+class name_index
+{
+public:
+    explicit name_index(const std::vector<std::string>& names)
+    {
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            if (names[i].empty()) continue;
+            equations_[names[i]].push_back(i);
+            starts_[static_cast<unsigned char>(names[i].front())] = true;
+            lengths_.push_back(names[i].size());
+        }
+        std::sort(lengths_.begin(), lengths_.end());
+        lengths_.erase(std::unique(lengths_.begin(), lengths_.end()), lengths_.end());
+    }
+
+    /// Calls `found(i)` for every equation i whose name stands in `text` between two characters (or ends)
+    /// that are no letters; more than once where it stands there more than once.
+    template <class Found> void find_in(std::string_view text, Found found) const
+    {
+        for (std::size_t at = 0; at < text.size(); ++at) {
+            if (!starts_[static_cast<unsigned char>(text[at])]) continue;
+            if (at > 0 && is_letter(text[at - 1])) continue;
+            for (const std::size_t length : lengths_) {
+                const std::size_t end = at + length;
+                if (end > text.size()) break;
+                if (end < text.size() && is_letter(text[end])) continue;
+                const auto hit = equations_.find(text.substr(at, length));
+                if (hit == equations_.end()) continue;
+                for (const std::size_t equation : hit->second)
+                    found(equation);
+            }
+        }
+    }
+
+private:
+    std::unordered_map<std::string_view, std::vector<std::size_t>> equations_;
+    std::array<bool, 256> starts_{};
+    std::vector<std::size_t> lengths_;
+};
+
+/// Which right side uses which name: element name * n + text.
+std::vector<std::uint8_t> table_of_uses(const equation_list& equations)
+{
+    const std::size_t n = equations.names.size();
+    const name_index names(equations.names);
+    std::vector<std::uint8_t> uses(n * n, 0);
+    for (std::size_t text = 0; text < n; ++text) {
+        names.find_in(equations.right_sides[text], [&](std::size_t name) { uses[name * n + text] = 1; });
+    }
+    return uses;
+}
+
+/// Swaps entries of `order` until no entry's name is used by an earlier entry. A pass looks for the last
+/// entry whose name is used, and for the nearest earlier user, swaps the two and starts over.
+///
+/// A pass need not look again at the entries behind the one that was swapped last: none of their names was
+/// used in front of them, and a swap in front of them changes nothing about that.
+void order_by_swapping(std::vector<std::size_t>& order, const std::vector<std::uint8_t>& uses)
+{
+    const std::size_t n = order.size();
+    std::size_t passes = 0;
+    const auto begin_pass = [&] {
+        if (passes > n * n) nrerror("Circular definition of explicit variables not allowed.");
+        ++passes;
+    };
+
+    begin_pass();
+    for (std::size_t i = n; i-- > 1;) {
+        std::size_t j = i;
+        while (j-- > 0) {
+            if (uses[order[i] * n + order[j]] == 0) continue;
+            std::swap(order[i], order[j]);
+            begin_pass();
+            j = i;
+        }
+    }
+}
+
+template <class T> void rearrange(std::vector<T>& values, const std::vector<std::size_t>& order)
+{
+    std::vector<T> moved;
+    moved.reserve(order.size());
+    for (const std::size_t from : order)
+        moved.push_back(std::move(values[from]));
+    values = std::move(moved);
+}
+
+} // namespace
+
+void equation_list::add(std::string name, std::string right_side, int row)
+{
+    names.push_back(std::move(name));
+    right_sides.push_back(std::move(right_side));
+    rows.push_back(row);
+}
+
+void sort_explicit_equations(equation_list& explicit_equations)
+{
+    std::vector<std::size_t> order(explicit_equations.names.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    order_by_swapping(order, table_of_uses(explicit_equations));
+    rearrange(explicit_equations.names, order);
+    rearrange(explicit_equations.right_sides, order);
+    rearrange(explicit_equations.rows, order);
+    explicit_equations.trees.clear();
+}
+
+std::optional<refused_equation> compile_list(equation_list& equations, clsParse& store)
+{
+    equations.trees.clear();
+    equations.trees.reserve(equations.names.size());
+    int number = 0;
+    for (const std::string& text : equations.right_sides) {
+        ++number;
+        check_result checked = check_expression(text, &store);
+        if (!checked.ok) return refused_equation{number, std::move(checked.message), false, checked.place};
+        built_tree built = build_tree(checked.tokens, store);
+        if (!built.ok()) return refused_equation{number, std::move(built.message), built.fatal, std::nullopt};
+        equations.trees.push_back(std::move(built.tree));
+    }
+    return std::nullopt;
+}
+
+} // namespace kelvarin

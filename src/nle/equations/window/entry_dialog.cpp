@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/window/entry_dialog.h"
+
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+#include "desktop/window_memory.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+entry_dialog::entry_dialog(desktop_context& context, QWidget* parent, const char* name, const QString& caption)
+    : QDialog(parent), context_(context)
+{
+    setObjectName(QString::fromLatin1(name));
+    setWindowTitle(caption);
+    setAttribute(Qt::WA_DeleteOnClose);
+    pause_.setSingleShot(true);
+    pause_.setInterval(333);
+    build_ui();
+    connect(&pause_, &QTimer::timeout, this, &entry_dialog::show_check);
+    connect(txtEquation_, &expression_edit::paused, this, &entry_dialog::show_check);
+    connect(txtEquation_, &expression_edit::done_asked, this, &entry_dialog::done_clicked);
+}
+
+void entry_dialog::build_ui()
+{
+    const int unit = line_unit(*this);
+    txtVar_ = new QLineEdit(this);
+    txtVar_->setObjectName(QStringLiteral("txtVar"));
+    txtVar_->setFont(fixed_font(*this));
+    txtEquation_ = new expression_edit(this);
+    txtEquation_->setObjectName(QStringLiteral("txtEquation"));
+    txtComment_ = new QLineEdit(this);
+    txtComment_->setObjectName(QStringLiteral("txtComment"));
+    lblCheck_ = new QLabel(this);
+    lblCheck_->setObjectName(QStringLiteral("lblCheck"));
+    lblCheck_->setTextFormat(Qt::PlainText);
+    lblCheck_->setWordWrap(true);
+    lblCheck_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // Room for two lines from the start, so that nothing moves when the line fills.
+    lblCheck_->setMinimumHeight(2 * unit);
+    tint_check();
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(unit, unit, unit, unit);
+    layout->setSpacing(unit);
+    form_ = new QFormLayout;
+    form_->setVerticalSpacing(unit / 2);
+    form_->setHorizontalSpacing(unit);
+    form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form_->addRow(tr("Varia&ble"), txtVar_);
+    form_->addRow(tr("E&xpression"), txtEquation_);
+    form_->addRow(static_cast<QWidget*>(nullptr), lblCheck_);
+    form_->addRow(tr("Co&mment"), txtComment_);
+    layout->addLayout(form_, 1);
+    layout->addLayout(build_buttons());
+    watch(txtVar_);
+}
+
+QLayout* entry_dialog::build_buttons()
+{
+    const auto make = [this](const char* name, const QString& caption, auto handler) {
+        auto* button = new QPushButton(caption, this);
+        button->setObjectName(QString::fromLatin1(name));
+        connect(button, &QPushButton::clicked, this, handler);
+        return button;
+    };
+    auto* listing = make("cmdShowallvars", tr("Show list of &variables"), &entry_dialog::listing_asked);
+    auto* clear = make("cmdClear", tr("C&lear"), &entry_dialog::clear_clicked);
+    auto* done_button = make("cmdDone", tr("&Done"), &entry_dialog::done_clicked);
+    auto* cancel = make("cmdCancel", tr("Cancel"), &entry_dialog::cancel_clicked);
+    done_button->setDefault(true);
+    const int width_of_pair = std::max(done_button->sizeHint().width(), cancel->sizeHint().width());
+    done_button->setMinimumWidth(width_of_pair);
+    cancel->setMinimumWidth(width_of_pair);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(line_unit(*this) / 2);
+    row->addWidget(listing);
+    row->addStretch();
+    for (QPushButton* button : {clear, done_button, cancel})
+        row->addWidget(button);
+    return row;
+}
+
+void entry_dialog::watch(QLineEdit* field)
+{
+    connect(field, &QLineEdit::textChanged, &pause_, qOverload<>(&QTimer::start));
+}
+
+void entry_dialog::insert_row(const QString& label, QWidget* field)
+{
+    form_->insertRow(form_->rowCount() - 1, label, field);
+    if (auto* line = qobject_cast<QLineEdit*>(field)) watch(line);
+}
+
+void entry_dialog::chain_tab_order()
+{
+    // Rows that were inserted later come later by themselves; the order is that of the form.
+    QWidget* last = txtVar_;
+    const auto append = [&last](QWidget* widget) {
+        if (!widget || !(widget->focusPolicy() & Qt::TabFocus)) return;
+        if (widget != last) setTabOrder(last, widget);
+        last = widget;
+    };
+    for (int row = 0; row < form_->rowCount(); ++row) {
+        const QLayoutItem* item = form_->itemAt(row, QFormLayout::FieldRole);
+        QWidget* field = item ? item->widget() : nullptr;
+        append(field);
+        if (!field || field == txtEquation_) continue;
+        const auto children = field->findChildren<QWidget*>();
+        for (QWidget* child : children)
+            append(child);
+    }
+    for (const char* button : {"cmdShowallvars", "cmdClear", "cmdDone", "cmdCancel"})
+        append(findChild<QWidget*>(QString::fromLatin1(button)));
+}
+
+QWidget* entry_dialog::field_about(const message_box& refused) const
+{
+    const bool about_expression = refused.place || refused.text.starts_with("Syntax Error");
+    return about_expression ? static_cast<QWidget*>(txtEquation_) : txtVar_;
+}
+
+void entry_dialog::done_clicked()
+{
+    const std::optional<message_box> refused = take_over();
+    if (!refused) {
+        dialog_result_ = QStringLiteral("done");
+        accept();
+        return;
+    }
+    // The field is shown before the box is, so that the box is read with its reason behind it.
+    QWidget* field = field_about(*refused);
+    txtEquation_->mark_place(refused->place);
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+    context_.user.show(this, *refused);
+}
+
+void entry_dialog::cancel_clicked()
+{
+    reject();
+}
+
+void entry_dialog::clear_clicked()
+{
+    txtVar_->clear();
+    txtEquation_->clear();
+    txtComment_->clear();
+    clear_fields();
+    txtEquation_->mark_place(std::nullopt);
+    lblCheck_->clear();
+    txtVar_->setFocus(Qt::OtherFocusReason);
+}
+
+void entry_dialog::show_check()
+{
+    const std::optional<message_box> fault = check_now();
+    QString text = fault ? to_qstring(fault->text) : QString();
+    text.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    lblCheck_->setText(text);
+}
+
+void entry_dialog::tint_check()
+{
+    QPalette tinted = palette();
+    const QColor text = tinted.color(QPalette::WindowText);
+    tinted.setColor(QPalette::WindowText, mixed(text, tinted.color(QPalette::Window), 0.35));
+    lblCheck_->setPalette(tinted);
+}
+
+void entry_dialog::showEvent(QShowEvent* event)
+{
+    if (!was_shown_) {
+        was_shown_ = true;
+        chain_tab_order();
+        restore_window(context_.registry, *this);
+        txtVar_->setFocus(Qt::OtherFocusReason);
+    }
+    QDialog::showEvent(event);
+}
+
+void entry_dialog::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && lblCheck_) tint_check();
+}
+
+void entry_dialog::done(int result)
+{
+    remember_window(context_.registry, *this);
+    QDialog::done(result);
+}
+
+} // namespace kelvarin

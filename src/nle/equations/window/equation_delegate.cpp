@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/window/equation_delegate.h"
+
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTextLayout>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+const QStyle& style_of(const QStyleOptionViewItem& item)
+{
+    return item.widget ? *item.widget->style() : *QApplication::style();
+}
+
+/// Where the style puts a cell's text.
+QRect text_area(const QStyleOptionViewItem& item)
+{
+    const int margin = style_of(item).pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
+    return item.rect.adjusted(margin, 0, -margin, 0);
+}
+
+QString elided(const QStyleOptionViewItem& item)
+{
+    return item.fontMetrics.elidedText(item.text, Qt::ElideRight, text_area(item).width());
+}
+
+/// One line with its spans; those behind the end of an elided text are cut.
+void lay_out(QTextLayout& layout, const std::vector<text_span>& spans, const QPalette& palette)
+{
+    const auto end = static_cast<int>(layout.text().size());
+    QList<QTextLayout::FormatRange> formats;
+    for (const text_span& span : spans) {
+        const int length = std::min(span.length, end - span.start);
+        if (length > 0) formats.append({span.start, length, span_format(span.meaning, palette)});
+    }
+    layout.setFormats(formats);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+}
+
+} // namespace
+
+equation_delegate::equation_delegate(const equation_grid_model& model, QObject* parent)
+    : QStyledItemDelegate(parent), model_(model)
+{
+}
+
+void equation_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    // A selection that leaves the tints readable: a wash of the accent below the text in its own colours.
+    QPalette& palette = option->palette;
+    palette.setColor(QPalette::Highlight, mixed(palette.color(QPalette::Base), accent(palette), 0.25));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    if (index.column() == equation_grid_model::guess_column && option->text == to_qstring(no_guess)) {
+        const QColor quiet = mixed(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.45);
+        palette.setColor(QPalette::Text, quiet);
+        palette.setColor(QPalette::HighlightedText, quiet);
+    }
+}
+
+void equation_delegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    if (index.column() != equation_grid_model::equation_column) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    QTextLayout layout(elided(item), item.font);
+    lay_out(layout, model_.spans(index.row()), item.palette);
+
+    item.text.clear();
+    style_of(item).drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+
+    const QRect area = text_area(item);
+    const double height = layout.boundingRect().height();
+    const bool enabled = item.state & QStyle::State_Enabled;
+    painter->save();
+    painter->setClipRect(area);
+    painter->setPen(item.palette.color(enabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text));
+    layout.draw(painter, QPointF(area.left(), area.top() + (area.height() - height) / 2));
+    painter->restore();
+}
+
+QWidget* equation_delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(QStringLiteral("txtCellComment"));
+    field->setAccessibleName(tr("Comment of equation %1").arg(index.row() + 1));
+    field->setFrame(false);
+    return field;
+}
+
+QString equation_delegate::tip_at(int x, const QStyleOptionViewItem& item, const QModelIndex& index) const
+{
+    const QString shown = elided(item);
+    if (index.column() == equation_grid_model::equation_column) {
+        QTextLayout layout(shown, item.font);
+        lay_out(layout, {}, item.palette);
+        const QTextLine line = layout.lineAt(0);
+        const int within = x - text_area(item).left();
+        if (within >= 0 && within < line.naturalTextWidth()) {
+            const int letter = line.xToCursor(within, QTextLine::CursorOnCharacter);
+            if (const QString tip = model_.explanation(index.row(), letter); !tip.isEmpty()) return tip;
+        }
+    }
+    return shown == item.text ? QString() : item.text;
+}
+
+bool equation_delegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                  const QModelIndex& index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    QToolTip::showText(event->globalPos(), tip_text(tip_at(event->pos().x(), item, index)), view->viewport());
+    return true;
+}
+
+} // namespace kelvarin

@@ -1,0 +1,332 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/window/equation_grid.h"
+
+#include "desktop/look.h"
+#include "nle/equations/window/equation_delegate.h"
+#include "nle/equations/window/equation_grid_model.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+using grid = equation_grid_model;
+
+/// The keys of the numeric pad mean the same as the others.
+Qt::KeyboardModifiers modifiers_of(const QKeyEvent& event)
+{
+    return event.modifiers() & ~Qt::KeypadModifier;
+}
+
+} // namespace
+
+equation_grid::equation_grid(const QStringList& heads, QWidget* parent)
+    : QTableView(parent), model_(new equation_grid_model(heads, this))
+{
+    setAccessibleName(tr("Equations"));
+    QFont words = font();
+    setFont(fixed_font(*this));
+    setModel(model_);
+    setItemDelegate(new equation_delegate(*model_, this));
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    // Set piece by piece: what a font does not set itself it takes from the grid.
+    words.setFamilies({words.family()});
+    words.setPointSizeF(words.pointSizeF());
+    horizontalHeader()->setFont(words);
+    build_heads();
+    connect(model_, &equation_grid_model::comment_edited, this, &equation_grid::comment_edited);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &equation_grid::column_dragged);
+}
+
+void equation_grid::build_heads()
+{
+    const int unit = line_unit(*this);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setMinimumSectionSize(4 * unit);
+    const int letters_of_a_guess = 14;
+    guess_width_ = std::max(letters_of_a_guess * fontMetrics().horizontalAdvance(QLatin1Char('0')),
+                            horizontalHeader()->sectionSizeHint(grid::guess_column));
+
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    // Rows of one height need no measuring, and room for three digits keeps the columns in place.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(unit);
+    verticalHeader()->setDefaultSectionSize(unit + unit / 2);
+    verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000")) + unit);
+}
+
+void equation_grid::show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows)
+{
+    const int row_before = current_row();
+    const bool had_rows = model_->filled_rows() > 0;
+    showing_rows_ = true;
+    if (model_->show_rows(rows, marks, empty_rows)) model_->set_mark(std::nullopt);
+    set_current_row(std::clamp(row_before, std::min(1, model_->rowCount()), model_->rowCount()));
+    showing_rows_ = false;
+    // Rows that go take their selection with them.
+    if (!selectionModel()->hasSelection() && currentIndex().isValid()) make_current(currentIndex());
+    if (current_row() != row_before) emit current_row_changed();
+    if ((model_->filled_rows() > 0) != had_rows) refresh_hint();
+}
+
+void equation_grid::set_hint(const QString& hint)
+{
+    hint_ = hint;
+    refresh_hint();
+}
+
+void equation_grid::refresh_hint()
+{
+    setAccessibleDescription(model_->filled_rows() > 0 ? QString() : hint_);
+    viewport()->update();
+}
+
+void equation_grid::show_comments(bool shown)
+{
+    setColumnHidden(grid::comment_column, !shown);
+    share_width();
+}
+
+int equation_grid::current_row() const
+{
+    return currentIndex().row() + 1;
+}
+
+void equation_grid::set_current_row(int row)
+{
+    if (row < 1 || row > model_->rowCount() || row == current_row()) return;
+    make_current(model_->index(row - 1, std::max(currentIndex().column(), 0)));
+}
+
+void equation_grid::make_current(const QModelIndex& index)
+{
+    // Not as the view does it by itself, which looks at the keys that are held down: Ctrl of a shortcut that
+    // changes the rows would keep the selection where it was.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+std::vector<int> equation_grid::selected_rows() const
+{
+    std::vector<int> rows;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    for (const QModelIndex& index : selected)
+        if (model_->is_filled(index.row())) rows.push_back(index.row() + 1);
+    std::ranges::sort(rows);
+    return rows;
+}
+
+void equation_grid::select_rows(const std::vector<int>& rows)
+{
+    QItemSelection selection;
+    for (const int row : rows) {
+        if (!model_->is_filled(row - 1)) continue;
+        selection.select(model_->index(row - 1, 0), model_->index(row - 1, grid::column_count - 1));
+    }
+    if (selection.isEmpty()) return;
+    set_current_row(selection.first().top() + 1);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    scrollTo(currentIndex());
+}
+
+void equation_grid::mark_place(const text_place& place)
+{
+    if (!model_->is_filled(place.row - 1)) return;
+    select_rows({place.row});
+    model_->set_mark(place);
+}
+
+int equation_grid::row_defining(std::string_view name) const
+{
+    return model_->row_defining(name);
+}
+
+void equation_grid::set_editable(bool editable)
+{
+    // A comment that is being typed is kept, not locked in.
+    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (editor && !editable) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+    editable_ = editable;
+    model_->set_editable(editable);
+}
+
+void equation_grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (showing_rows_ || current.row() == previous.row()) return;
+    model_->set_mark(std::nullopt);
+    emit current_row_changed();
+}
+
+void equation_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    // Tab ends an edit as Enter does; it does not wander through the cells.
+    const bool wanders = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
+    QTableView::closeEditor(editor, wanders ? QAbstractItemDelegate::NoHint : hint);
+}
+
+int equation_grid::row_to_change() const
+{
+    return editable_ && model_->is_filled(currentIndex().row()) ? current_row() : 0;
+}
+
+void equation_grid::edit_comment()
+{
+    if (!row_to_change() || isColumnHidden(grid::comment_column)) return;
+    const QModelIndex comment = model_->index(currentIndex().row(), grid::comment_column);
+    make_current(comment);
+    edit(comment);
+}
+
+bool equation_grid::take_key(const QKeyEvent& event)
+{
+    const int row = row_to_change();
+    const Qt::KeyboardModifiers modifiers = modifiers_of(event);
+    const bool up = event.key() == Qt::Key_Up;
+    if (modifiers == Qt::AltModifier && (up || event.key() == Qt::Key_Down)) {
+        if (row) emit move_asked(row, up);
+        return true;
+    }
+    if (modifiers != Qt::NoModifier) return false;
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (row && currentIndex().column() == grid::comment_column)
+            edit_comment();
+        else if (row)
+            emit edit_asked(row);
+        return true;
+    case Qt::Key_F2:
+        edit_comment();
+        return true;
+    case Qt::Key_Delete:
+        if (row) emit remove_asked(row);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void equation_grid::keyPressEvent(QKeyEvent* event)
+{
+    if (state() != EditingState && take_key(*event)) {
+        event->accept();
+        return;
+    }
+    // Copying is the window's; the view by itself would put one cell on the clipboard.
+    if (event == QKeySequence::Copy)
+        event->ignore();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void equation_grid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !index.isValid() || !row_to_change()) return;
+    if (index.column() == grid::comment_column)
+        edit_comment();
+    else
+        emit edit_asked(index.row() + 1);
+}
+
+QMenu* equation_grid::build_context_menu()
+{
+    const int row = row_to_change();
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("mnuGrid"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [this, menu](const QString& caption, const QKeySequence& key, bool enabled, auto gesture) {
+        QAction* item = menu->addAction(caption, this, gesture);
+        // Shown beside the caption; the keys themselves are taken by the grid.
+        item->setShortcut(key);
+        item->setShortcutContext(Qt::WidgetShortcut);
+        item->setShortcutVisibleInContextMenu(true);
+        item->setEnabled(enabled);
+    };
+    add(tr("Add &NLE"), {}, editable_, [this] { emit new_implicit_asked(); });
+    add(tr("&Add EE"), {}, editable_, [this] { emit new_explicit_asked(); });
+    menu->addSeparator();
+    add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row); });
+    add(tr("Edit comment"), Qt::Key_F2, row > 0 && !isColumnHidden(grid::comment_column), [this] { edit_comment(); });
+    add(tr("Remove"), Qt::Key_Delete, row > 0, [this, row] { emit remove_asked(row); });
+    menu->addSeparator();
+    add(tr("Move up"), Qt::ALT | Qt::Key_Up, row > 1, [this, row] { emit move_asked(row, true); });
+    add(tr("Move down"), Qt::ALT | Qt::Key_Down, row > 0 && row < model_->filled_rows(),
+        [this, row] { emit move_asked(row, false); });
+    return menu;
+}
+
+void equation_grid::contextMenuEvent(QContextMenuEvent* event)
+{
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        place = viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
+    build_context_menu()->popup(place);
+}
+
+void equation_grid::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (model_->filled_rows() > 0 || hint_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setFont(horizontalHeader()->font());
+    const int unit = line_unit(*this);
+    const QRect room = viewport()->rect().adjusted(2 * unit, 2 * unit, -2 * unit, -2 * unit);
+    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRect area = painter.boundingRect(room, flags, hint_).adjusted(-unit, -unit / 2, unit, unit / 2);
+    painter.fillRect(area, palette().base());
+    painter.setPen(mixed(palette().color(QPalette::Text), palette().color(QPalette::Base), 0.4));
+    painter.drawText(area, flags, hint_);
+}
+
+void equation_grid::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    share_width();
+}
+
+void equation_grid::share_width()
+{
+    const bool comments = !isColumnHidden(grid::comment_column);
+    const int room = viewport()->width() - guess_width_;
+    sharing_width_ = true;
+    horizontalHeader()->resizeSection(grid::equation_column,
+                                      comments ? static_cast<int>(room * equation_share_) : room);
+    // Without comments the guesses are the last column, which takes what is left.
+    if (comments) horizontalHeader()->resizeSection(grid::guess_column, guess_width_);
+    sharing_width_ = false;
+}
+
+void equation_grid::column_dragged(int column, int, int width)
+{
+    if (sharing_width_ || isColumnHidden(grid::comment_column)) return;
+    const int room = viewport()->width() - guess_width_;
+    if (column == grid::guess_column) guess_width_ = width;
+    if (column == grid::equation_column && room > 0)
+        equation_share_ = std::clamp(static_cast<double>(width) / room, 0.1, 0.9);
+}
+
+} // namespace kelvarin

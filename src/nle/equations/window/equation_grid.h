@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/equations/equation_rows.h"
+#include "nle/equations/set_analysis.h"
+
+#include <QTableView>
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+class QMenu;
+
+namespace kelvarin
+{
+
+class equation_grid_model;
+
+/// The table of equations of a problem window: number, equation, guess, comment. It shows rows and reports
+/// gestures; what they do is the window's matter. Rows count from 1.
+///
+/// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context
+/// menu offers the same. Comments are edited in place: by a double click or Enter on them, or by F2. Empty
+/// rows may stand at the end; no gesture is about them.
+class equation_grid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    /// `heads` are those of columns 1 to 3.
+    explicit equation_grid(const QStringList& heads, QWidget* parent = nullptr);
+
+    /// Shows the rows, then `empty_rows` empty ones; the current row stays where it is as far as there is one, and
+    /// is the first where there was none. Places of `marks` are underlined in waves.
+    void show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows = 0);
+    /// The text stands in the middle while there is no equation.
+    void set_hint(const QString& hint);
+    void show_comments(bool shown);
+
+    /// The current row, 0 where there is none; it may be an empty one.
+    int current_row() const;
+    void set_current_row(int row);
+    /// The selected rows in their order, empty ones left out.
+    std::vector<int> selected_rows() const;
+    /// Selects these rows and makes the first of them current.
+    void select_rows(const std::vector<int>& rows);
+    /// Selects a row and marks a part of its text until the rows change or another row becomes current.
+    void mark_place(const text_place& place);
+    /// The row that defines the name, for tool tips and links; 0 where none does.
+    int row_defining(std::string_view name) const;
+
+    /// With false nothing can be changed: for the time of a run.
+    void set_editable(bool editable);
+
+signals:
+    void current_row_changed();
+    void edit_asked(int row);
+    void remove_asked(int row);
+    void move_asked(int row, bool up);
+    void new_implicit_asked();
+    void new_explicit_asked();
+    void comment_edited(int row, const QString& comment);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void build_heads();
+    void refresh_hint();
+    /// The row that a gesture is about, 0 where nothing may be changed or the row is empty.
+    int row_to_change() const;
+    bool take_key(const QKeyEvent& event);
+    void make_current(const QModelIndex& index);
+    void edit_comment();
+    QMenu* build_context_menu();
+    void share_width();
+    void column_dragged(int column, int width_before, int width);
+
+    equation_grid_model* model_;
+    QString hint_;
+    bool editable_ = true;
+    bool showing_rows_ = false;
+    bool sharing_width_ = false;
+    int guess_width_ = 0;
+    /// The equations' part of the width that equations and comments have together.
+    double equation_share_ = 0.64;
+};
+
+} // namespace kelvarin

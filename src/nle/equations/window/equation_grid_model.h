@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/text_spans.h"
+#include "nle/equations/equation_rows.h"
+#include "nle/equations/set_analysis.h"
+
+#include <QAbstractTableModel>
+#include <QStringList>
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// The rows of an equation grid as they are shown, with the parts of their texts that are tinted or marked.
+/// Rows count from 0 here. An edited comment is reported and not kept: the rows change by show_rows alone.
+class equation_grid_model : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum column
+    {
+        equation_column,
+        guess_column,
+        comment_column,
+        column_count
+    };
+
+    explicit equation_grid_model(const QStringList& heads, QObject* parent);
+
+    /// Takes the rows over and reports what changed, and no more; false where nothing did.
+    bool show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows);
+    int filled_rows() const { return static_cast<int>(rows_.size()); }
+    bool is_filled(int row) const { return row >= 0 && row < filled_rows(); }
+
+    /// Everything to be tinted or marked in a row's equation; later spans go over earlier ones.
+    std::vector<text_span> spans(int row) const;
+    void set_mark(const std::optional<text_place>& place);
+    void set_editable(bool editable) { editable_ = editable; }
+
+    /// The row, from 1, that defines a name; 0 where none does.
+    int row_defining(std::string_view name) const;
+    /// What can be said of the name at a letter of a row's equation: the rows that define it, that none does, or
+    /// what the function computes.
+    QString explanation(int row, int letter) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+signals:
+    void comment_edited(int row, const QString& comment);
+
+private:
+    struct shown_row
+    {
+        equation_row row;
+        std::vector<text_span> words;
+        std::vector<text_span> faults;
+
+        friend bool operator==(const shown_row&, const shown_row&) = default;
+    };
+
+    std::vector<shown_row> read_rows(std::span<const equation_row> rows, const equation_set& marks) const;
+    void set_row_count(int count);
+    bool report_changes(const std::vector<shown_row>& before);
+    QString cell_text(const QModelIndex& index) const;
+    QString spoken_text(const QModelIndex& index) const;
+    QString spoken_faults(int row) const;
+    std::string_view name_at(int row, int letter) const;
+    QString rows_defining(std::string_view name) const;
+
+    QStringList heads_;
+    std::vector<shown_row> rows_;
+    int row_count_ = 0;
+    std::optional<text_place> mark_;
+    bool editable_ = true;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/traffic_light.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+class link_label;
+
+/// The three panels of a problem's status; the names in the third are links.
+class problem_status : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit problem_status(QWidget* parent = nullptr);
+
+    /// `names` are those that stand in panel 3 and become links.
+    void show_panels(const std::array<std::string, 3>& texts, const std::vector<std::string>& names);
+    /// The whole text of a panel (from 1), without what is made of it for the screen.
+    QString panel_text(int panel) const;
+
+signals:
+    void name_clicked(const QString& name);
+
+private:
+    std::array<QLabel*, 2> counts_{};
+    link_label* message_ = nullptr;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "numeric/linear/matrix.h"
+#include "numeric/linear/sparsity.h"
+
+#include <functional>
+#include <span>
+
+namespace kelvarin
+{
+
+/// A system F(x) = 0 of n equations in n unknowns, as the solvers see it.
+class nonlinear_system
+{
+public:
+    virtual ~nonlinear_system() = default;
+
+    /// n
+    virtual int size() const = 0;
+    /// f = F(x); both of n elements.
+    virtual void evaluate(std::span<const double> x, std::span<double> f) = 0;
+
+    /// Forward differences: column j of df is (F(x with moved[j] in place of x[j]) - f) / divisors[j], where
+    /// f = F(x). The plain loop over the columns, one evaluation each; a system that knows which equation
+    /// depends on which unknown may save evaluations as long as the bits stay.
+    virtual void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
+                                    std::span<const double> divisors, matrix& df);
+
+    /// The same for a matrix that is kept from one call to the next. Gives the places outside of which df is
+    /// zero, or nothing where it may differ from zero anywhere; they stay valid as long as the system.
+    /// `left`, where it is given, is what the last call with this df gave, and df is still as it left it:
+    /// then the zeros need not be written again.
+    virtual const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
+                                                   std::span<const double> moved, std::span<const double> divisors,
+                                                   matrix& df, const sparse_places* left);
+};
+
+/// A system given by a callable (x, f); for tests and for systems that are no typed equations.
+class function_system final : public nonlinear_system
+{
+public:
+    using function = std::function<void(std::span<const double>, std::span<double>)>;
+
+    function_system(int size, function evaluate) : size_(size), evaluate_(std::move(evaluate)) {}
+
+    int size() const override { return size_; }
+    void evaluate(std::span<const double> x, std::span<double> f) override
+    {
+        ++evaluations;
+        evaluate_(x, f);
+    }
+
+    int evaluations = 0;
+
+private:
+    int size_;
+    function evaluate_;
+};
+
+/// Tells iteration k of at most `limit`, before it is made.
+using iteration_hook = std::function<void(int iteration, int limit)>;
+
+} // namespace kelvarin

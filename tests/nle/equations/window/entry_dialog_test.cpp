@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/window/entry_dialog.h"
+
+#include "support/robot.h"
+#include "support/test_desk.h"
+#include "support/window_walk.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QPointer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::robot;
+using testing::ElementsAre;
+
+/// A dialog with a field of its own, whose rules a test gives.
+class guess_dialog final : public entry_dialog
+{
+public:
+    using rule = std::function<std::optional<message_box>(const std::string& name, const std::string& expression)>;
+
+    guess_dialog(desktop_context& desk, rule given)
+        : entry_dialog(desk, nullptr, "frmTest", QStringLiteral("Test")), rule_(std::move(given))
+    {
+        txtGuess = new QLineEdit(this);
+        txtGuess->setObjectName(QStringLiteral("txtGuess"));
+        insert_row(QStringLiteral("Guess"), txtGuess);
+    }
+
+    QLineEdit* txtGuess = nullptr;
+    int taken = 0;
+
+protected:
+    std::optional<message_box> take_over() override
+    {
+        auto refused = check_now();
+        if (!refused) ++taken;
+        return refused;
+    }
+    std::optional<message_box> check_now() const override
+    {
+        return rule_(txtVar()->text().toStdString(), txtEquation()->expression());
+    }
+    void clear_fields() override { txtGuess->clear(); }
+    QWidget* field_about(const message_box& refused) const override
+    {
+        return refused.text == "guess" ? txtGuess : entry_dialog::field_about(refused);
+    }
+
+private:
+    rule rule_;
+};
+
+/// An open dialog and the person before it.
+class desk
+{
+public:
+    explicit desk(guess_dialog::rule rule)
+    {
+        dialog = new guess_dialog(user_desk.context, std::move(rule));
+        QObject::connect(dialog, &QDialog::finished, dialog, [this] { result = dialog->dialog_result(); });
+        dialog->open();
+        dialog->activateWindow();
+        test::settle();
+    }
+    ~desk()
+    {
+        if (dialog) dialog->close();
+        test::settle();
+    }
+
+    test::test_desk user_desk;
+    QPointer<guess_dialog> dialog;
+    QString result;
+};
+
+std::optional<message_box> accept_all(const std::string&, const std::string&)
+{
+    return std::nullopt;
+}
+
+TEST(EntryDialog, ShowsARefusalInTheFieldItIsAbout)
+{
+    struct refusal
+    {
+        message_box box;
+        const char* field;
+        const char* marked;
+    };
+    const refusal refusals[] = {
+        {{.text = "Syntax Error: x y", .place = text_place{0, 0, 3}}, "txtEquation", "x y"},
+        {{.text = "Syntax Error: No expression entered."}, "txtEquation", ""},
+        {{.text = "Circular definition", .place = text_place{0, 2, 1}}, "txtEquation", "y"},
+        {{.text = "The variable 'x' has already been defined."}, "txtVar", ""},
+        {{.text = "guess"}, "txtGuess", ""},
+    };
+    for (const refusal& made : refusals) {
+        SCOPED_TRACE(made.box.text);
+        desk at([&](const std::string&, const std::string&) { return std::optional(made.box); });
+        const robot person(*at.dialog);
+        person.type("txtEquation", "x y");
+        at.user_desk.user.expect_box(made.box.text);
+        person.click("cmdDone");
+        ASSERT_TRUE(at.dialog && at.dialog->isVisible());
+        EXPECT_EQ(at.dialog->taken, 0);
+        EXPECT_EQ(QApplication::focusWidget(), &person.find(made.field));
+        std::string marked;
+        for (const QTextEdit::ExtraSelection& mark : at.dialog->txtEquation()->extraSelections())
+            marked += mark.cursor.selectedText().toStdString();
+        EXPECT_EQ(marked, made.marked);
+    }
+}
+
+TEST(EntryDialog, IsDoneOrCancelledByButtonsAndKeys)
+{
+    struct way
+    {
+        const char* field;
+        std::function<void(const robot&)> act;
+        const char* result;
+    };
+    const auto key = [](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+        return [=](const robot&) { robot::press(code, modifiers); };
+    };
+    const auto click = [](const char* name) { return [=](const robot& person) { person.click(name); }; };
+    const way ways[] = {
+        {"txtVar", key(Qt::Key_Return), "done"},     {"txtGuess", key(Qt::Key_Enter, Qt::KeypadModifier), "done"},
+        {"txtComment", key(Qt::Key_Return), "done"}, {"txtEquation", key(Qt::Key_Return, Qt::ControlModifier), "done"},
+        {"txtEquation", key(Qt::Key_Return), ""},    {"txtEquation", key(Qt::Key_Escape), "cancel"},
+        {"txtVar", click("cmdDone"), "done"},        {"txtVar", click("cmdCancel"), "cancel"},
+    };
+    for (const way& taken : ways) {
+        SCOPED_TRACE(std::string(taken.field) + " " + taken.result);
+        desk at(accept_all);
+        const robot person(*at.dialog);
+        person.type(taken.field, "x");
+        taken.act(person);
+        EXPECT_EQ(at.result.toStdString(), taken.result);
+        EXPECT_EQ(at.dialog.isNull(), taken.result[0] != '\0') << "the dialog deletes itself";
+    }
+}
+
+TEST(EntryDialog, TellsFaultsBelowTheExpressionWithoutABox)
+{
+    desk at([](const std::string& name, const std::string&) {
+        return name == "2x" ? std::optional(message_box{.text = "not\rvalid"}) : std::nullopt;
+    });
+    const robot person(*at.dialog);
+    person.type("txtVar", "2x");
+    EXPECT_EQ(person.text("lblCheck"), "");
+    EXPECT_TRUE(test::wait_until([&] { return person.text("lblCheck") == "not valid"; }));
+    person.type("txtVar", "x2");
+    EXPECT_TRUE(test::wait_until([&] { return person.text("lblCheck").empty(); }));
+}
+
+TEST(EntryDialog, ClearsEveryField)
+{
+    desk at(accept_all);
+    const robot person(*at.dialog);
+    const char* fields[] = {"txtVar", "txtEquation", "txtGuess", "txtComment"};
+    for (const char* field : fields)
+        person.type(field, "x");
+    person.click("cmdClear");
+    for (const char* field : fields)
+        EXPECT_EQ(person.text(field), "") << field;
+    EXPECT_EQ(QApplication::focusWidget(), at.dialog->txtVar());
+}
+
+TEST(EntryDialog, TabGoesDownTheForm)
+{
+    desk at(accept_all);
+    std::vector<std::string> order;
+    for (int stop = 0; stop < 8; ++stop) {
+        order.push_back(QApplication::focusWidget()->objectName().toStdString());
+        robot::press(Qt::Key_Tab);
+    }
+    EXPECT_THAT(order, ElementsAre("txtVar", "txtEquation", "txtGuess", "txtComment", "cmdShowallvars", "cmdClear",
+                                   "cmdDone", "cmdCancel"));
+    EXPECT_EQ(QApplication::focusWidget(), at.dialog->txtVar());
+}
+
+TEST(EntryDialog, HasNamesAndKeysForAllControls)
+{
+    desk at(accept_all);
+    EXPECT_THAT(test::faults_of(*at.dialog), testing::IsEmpty());
+}
+
+TEST(EntryDialog, AsksForTheListing)
+{
+    desk at(accept_all);
+    int asked = 0;
+    QObject::connect(at.dialog, &entry_dialog::listing_asked, at.dialog, [&] { ++asked; });
+    robot(*at.dialog).click("cmdShowallvars");
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(at.dialog && at.dialog->isVisible());
+}
+
+TEST(EntryDialog, KeepsItsSizeWithinTheScreen)
+{
+    test::test_desk user_desk;
+    const auto size_of_next = [&] {
+        auto* dialog = new guess_dialog(user_desk.context, accept_all);
+        dialog->open();
+        test::settle();
+        const QSize size = dialog->size();
+        dialog->resize(size.width() + 60, size.height() + 40);
+        dialog->close();
+        test::settle();
+        return size;
+    };
+    const QSize first = size_of_next();
+    EXPECT_EQ(size_of_next(), first + QSize(60, 40));
+
+    user_desk.registry.write("Software\\WinKlvn\\windows\\frmTest", "width", "1e9");
+    user_desk.registry.write("Software\\WinKlvn\\windows\\frmTest", "height", "-3");
+    const QSize kept = size_of_next();
+    EXPECT_LE(kept.width(), QApplication::primaryScreen()->availableSize().width());
+    EXPECT_GT(kept.height(), 0);
+}
+
+} // namespace
+} // namespace kelvarin
