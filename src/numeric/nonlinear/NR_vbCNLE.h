@@ -2,20 +2,13 @@
 #pragma once
 
 #include "numeric/nonlinear/nonlinear_system.h"
+#include "numeric/nonlinear/sign_constraint.h"
 
 #include <functional>
 #include <span>
 
 namespace kelvarin
 {
-
-/// The sign condition of an unknown.
-enum class sign_constraint
-{
-    any = 0,
-    physically_positive = 1,
-    absolutely_positive = 2
-};
 
 /// How the constrained solver ended.
 enum class cnle_code
