@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "expr/basParse.h"
 #include "nle/equations/equation_rows.h"
+#include "nle/nle_analysis.h"
 #include "nle/nle_file.h"
-#include "nle/nle_problem.h"
 #include "nle/nle_run.h"
 #include "promise.h"
 #include "shell/document/recognition.h"

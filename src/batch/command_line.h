@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/nle_problem.h"
+#include "nle/nle_content.h"
 #include "shell/document/recognition.h"
 #include "shell/settings.h"
 

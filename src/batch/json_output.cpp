@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/json_output.h"
 
+#include "nle/nle_analysis.h"
 #include "shell/report/json_writer.h"
 
 namespace kelvarin

@@ -3,7 +3,7 @@
 
 #include "batch/command_line.h"
 #include "leq/leq_content.h"
-#include "nle/nle_problem.h"
+#include "nle/nle_content.h"
 #include "platform/message_box.h"
 #include "shell/document/recognition.h"
 

@@ -134,7 +134,7 @@ std::vector<std::string> paste_block(leq_content& content, cell_range range, con
     if (block.size() == 1 && block.front().size() == 1) {
         for (int row = range.row; row < range.row + range.rows; ++row)
             for (int column = range.column; column < range.column + range.columns; ++column)
-                content.cell(row, column) = cell_text(block.front().front());
+                content.cell(row, column) = field_text(block.front().front());
         return {};
     }
     std::vector<std::string> left_out;
@@ -143,9 +143,9 @@ std::vector<std::string> paste_block(leq_content& content, cell_range range, con
         int column = range.column;
         for (const std::string& cell : cells) {
             if (is_inside(content, row, column)) {
-                content.cell(row, column) = cell_text(cell);
+                content.cell(row, column) = field_text(cell);
             } else if (!trimmed(cell).empty()) {
-                left_out.push_back(cell_text(cell));
+                left_out.push_back(field_text(cell));
             }
             ++column;
         }

@@ -95,12 +95,4 @@ int fill_empty_cells(leq_content& content)
     return filled;
 }
 
-std::string cell_text(std::string_view text)
-{
-    std::string line(text);
-    std::ranges::replace_if(
-        line, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
-    return std::string(trimmed(line));
-}
-
 } // namespace kelvarin

@@ -75,7 +75,4 @@ leq_content with_count(const leq_content& content, int count);
 /// Puts 0 into empty cells; answers how many there were.
 int fill_empty_cells(leq_content& content);
 
-/// A text as a cell or a name can hold it: line ends and tabs are blanks, and none stand around it.
-std::string cell_text(std::string_view text);
-
 } // namespace kelvarin

@@ -48,7 +48,7 @@ std::vector<std::string> read_names(std::string_view line, std::size_t count)
     std::vector<std::string> names;
     const auto is_taken = [&names](const std::string& name) { return std::ranges::find(names, name) != names.end(); };
     for (std::size_t i = 0; i < count; ++i) {
-        std::string name = i < pieces.size() ? cell_text(pieces[i]) : std::string();
+        std::string name = i < pieces.size() ? field_text(pieces[i]) : std::string();
         if (name.empty() || is_taken(name)) name = default_leq_name(static_cast<int>(i));
         while (is_taken(name))
             name += '_';
@@ -66,7 +66,7 @@ void read_cells(std::span<const std::string_view> lines, leq_content& content)
             if (place == n) break;
             // The last line holds the betas, one below the other in the grid.
             std::string& cell = row < n ? content.cell(row, place) : content.cell(place, n);
-            cell = cell_text(piece);
+            cell = field_text(piece);
             ++place;
         }
     }
@@ -81,7 +81,7 @@ std::optional<leq_content> read_leq(std::string_view text)
     const std::optional<int> count = read_count(lines[1]);
     if (!count) return std::nullopt;
     leq_content content(*count);
-    content.title = cell_text(lines[0]);
+    content.title = field_text(lines[0]);
     std::span<const std::string_view> rest = std::span(lines).subspan(2);
     if (!rest.empty() && rest.front().starts_with(names_marker)) {
         content.names = read_names(rest.front(), content.names.size());
@@ -94,7 +94,7 @@ std::optional<leq_content> read_leq(std::string_view text)
 std::string write_leq(const leq_content& content, bool older_format)
 {
     const int n = content.count();
-    std::string text = cell_text(content.title);
+    std::string text = field_text(content.title);
     text.append(line_end).append(std::to_string(n - 1)).append(line_end);
     if (!older_format) {
         text += names_marker;

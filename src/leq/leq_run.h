@@ -3,6 +3,7 @@
 
 #include "leq/leq_content.h"
 #include "platform/clock.h"
+#include "platform/message_box.h"
 #include "platform/stopwatch.h"
 
 #include <filesystem>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "nle/nle_problem.h"
+#include "nle/nle_analysis.h"
 
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"

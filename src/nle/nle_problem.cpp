@@ -2,15 +2,16 @@
 #include "nle/nle_problem.h"
 
 #include "expr/basParse.h"
+#include "nle/equations/equation_rows.h"
 #include "nle/nle_file.h"
 #include "nle/nle_listing.h"
 #include "nle/nle_recovery.h"
 #include "platform/run_time_text.h"
-#include "platform/runtime_failure.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kelvarin
@@ -19,10 +20,14 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::string_view positive_suffix = " p";
-constexpr std::string_view absolute_suffix = "ap";
-
-constexpr const char* example_step = "Load example";
+constexpr content_format<nle_content> nle_format = {
+    .kind = "nle",
+    .example_step = "Load example",
+    .read = [](std::string_view text, const nle_content& current) { return read_nle(text, current.method); },
+    .write = write_nle,
+    .recovery_text = nle_recovery_text,
+    .read_recovery = read_nle_recovery,
+    .listing = nle_listing};
 
 /// A text for a field of one line.
 std::string one_line(std::string text)
@@ -113,36 +118,11 @@ void rename_in(equation_row& row, std::string_view old_name, std::string_view ne
 
 } // namespace
 
-std::string_view method_text(nle_method method)
-{
-    return nle_method_items[static_cast<std::size_t>(method)];
-}
-
-std::optional<nle_method> method_named(std::string_view text)
-{
-    for (std::size_t i = 0; i < nle_method_items.size(); ++i) {
-        if (text == nle_method_items[i] || text == std::to_string(i)) return static_cast<nle_method>(i);
-    }
-    return std::nullopt;
-}
-
-sign_constraint constraint_of(std::string_view guess)
-{
-    if (guess.ends_with(absolute_suffix)) return sign_constraint::absolutely_positive;
-    if (guess.ends_with(positive_suffix)) return sign_constraint::physically_positive;
-    return sign_constraint::any;
-}
-
-std::string guess_without_suffix(std::string_view guess)
-{
-    std::size_t end = guess.find(absolute_suffix);
-    if (end == std::string_view::npos) end = guess.find('p');
-    return end == std::string_view::npos ? std::string(guess) : std::string(trimmed(guess.substr(0, end)));
-}
+nle_problem::nle_problem() : value_document(nle_format) {}
 
 bool nle_problem::is_blank() const
 {
-    return content_.rows.empty() && content_.title.empty() && path().empty();
+    return content().rows.empty() && content().title.empty() && path().empty();
 }
 
 nle_problem::refusal nle_problem::may_add() const
@@ -158,13 +138,13 @@ nle_problem::refusal nle_problem::check_implicit(std::string_view name, std::str
 {
     if (refusal refused = check_text(expression)) return refused;
     if (!is_numeric(guess)) return refusal_box("Please enter a valid numeric value for initial guess.");
-    return check_name(name, content_.rows, row);
+    return check_name(name, content().rows, row);
 }
 
 nle_problem::refusal nle_problem::check_explicit(std::string_view name, std::string_view expression, int row) const
 {
     if (refusal refused = check_text(expression)) return refused;
-    if (refusal refused = check_name(name, content_.rows, row)) return refused;
+    if (refusal refused = check_name(name, content().rows, row)) return refused;
     return check_circle(trimmed(name), expression);
 }
 
@@ -194,15 +174,15 @@ nle_problem::refusal nle_problem::put_explicit(std::string_view name, std::strin
 
 nle_problem::refusal nle_problem::put_row(equation_row next_row, int row)
 {
-    nle_content next = content_;
+    nle_content next = content();
     if (row > 0) {
         next.rows.at(static_cast<std::size_t>(row - 1)) = std::move(next_row);
-        change("Edit equation", std::move(next));
+        change_rows("Edit equation", std::move(next));
         return std::nullopt;
     }
     if (refusal refused = may_add()) return refused;
     next.rows.push_back(std::move(next_row));
-    change("Add equation", std::move(next));
+    change_rows("Add equation", std::move(next));
     return std::nullopt;
 }
 
@@ -210,9 +190,9 @@ nle_problem::refusal nle_problem::remove(int row)
 {
     if (equation_count() == 1) return message_box{"Can not remove last equation.", box_icon::exclamation};
     if (row < 1 || row > equation_count()) return std::nullopt;
-    nle_content next = content_;
+    nle_content next = content();
     next.rows.erase(next.rows.begin() + (row - 1));
-    change("Remove equation", std::move(next));
+    change_rows("Remove equation", std::move(next));
     return std::nullopt;
 }
 
@@ -220,51 +200,30 @@ bool nle_problem::move(int row, bool up)
 {
     const int other = up ? row - 1 : row + 1;
     if (std::min(row, other) < 1 || std::max(row, other) > equation_count()) return false;
-    nle_content next = content_;
+    nle_content next = content();
     std::swap(next.rows[static_cast<std::size_t>(row - 1)], next.rows[static_cast<std::size_t>(other - 1)]);
-    change("Move equation", std::move(next));
+    change_rows("Move equation", std::move(next));
     return true;
 }
 
 void nle_problem::set_comment(int row, std::string comment)
 {
-    nle_content next = content_;
+    nle_content next = content();
     next.rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(std::move(comment));
-    change("Edit comment", std::move(next));
-}
-
-void nle_problem::set_title(std::string title)
-{
-    nle_content next = content_;
-    next.title = trimmed(one_line(std::move(title)));
-    change("Change title", std::move(next));
+    change_rows("Edit comment", std::move(next));
 }
 
 void nle_problem::set_bounds(std::string lower, std::string upper)
 {
-    static constexpr std::string_view step = "Change bounds";
-    nle_content next = content_;
+    nle_content next = content();
     next.lower_bound = one_line(std::move(lower));
     next.upper_bound = one_line(std::move(upper));
-    const bool goes_on = history_.undo_step() == step && !history_.can_redo() && !history_.is_clean();
-    if (goes_on) {
-        content_ = std::move(next);
-    } else {
-        change(std::string(step), std::move(next));
-    }
+    change_on("Change bounds", without_unused_bounds(std::move(next)));
 }
 
 void nle_problem::choose_method(nle_method method)
 {
-    nle_content next = content_;
-    next.method = method;
-    if (method != nle_method::constrained) {
-        for (equation_row& row : next.rows) {
-            if (trimmed(row.guess).empty()) break;
-            row.guess = guess_without_suffix(row.guess);
-        }
-    }
-    change("Choose method", std::move(next));
+    change("Choose method", with_method(content(), method));
 }
 
 nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std::string_view new_name)
@@ -272,102 +231,26 @@ nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std
     const std::string_view from = trimmed(old_name);
     const std::string_view to = trimmed(new_name);
     if (from == to || !is_valid_name(from)) return std::nullopt;
-    if (refusal refused = check_name(to, content_.rows, 0)) return refused;
-    nle_content next = content_;
+    if (refusal refused = check_name(to, content().rows, 0)) return refused;
+    nle_content next = content();
     for (equation_row& row : next.rows) {
         rename_in(row, from, to);
         const equation_parts parts = parts_of(row.equation);
         if (parts.implicit || parts.name != to) continue;
         if (refusal refused = check_circle(to, parts.right_side)) return refused;
     }
-    change("Rename variable", std::move(next));
+    change_rows("Rename variable", std::move(next));
     return std::nullopt;
 }
 
 void nle_problem::load_example(nle_content example)
 {
-    change(example_step, std::move(example));
-    place_.leave();
+    change_to_example(without_unused_bounds(std::move(example)));
 }
 
-bool nle_problem::undo()
+void nle_problem::change_rows(std::string_view step, nle_content next)
 {
-    if (!history_.undo(content_)) return false;
-    if (history_.is_clean()) place_.come_back();
-    return true;
-}
-
-bool nle_problem::redo()
-{
-    const bool to_example = history_.redo_step() == example_step;
-    if (!history_.redo(content_)) return false;
-    if (to_example) place_.leave();
-    return true;
-}
-
-nle_problem::refusal nle_problem::nles_open(const std::filesystem::path& path)
-{
-    const text_file file = read_text_file(path);
-    std::optional<nle_content> content = file.ok() ? read_nle(file.text, content_.method) : std::nullopt;
-    if (!content) return message_box{"Error while trying to open file.", box_icon::critical};
-    content_ = std::move(*content);
-    place_.set(path);
-    history_.clear();
-    return std::nullopt;
-}
-
-nle_problem::refusal nle_problem::save(const std::filesystem::path& path, bool older_format, const save_calls& calls)
-{
-    const message_box failed = {"Error while trying to save file.", box_icon::critical};
-    try {
-        if (save_file(path, write_nle(content_, older_format), calls)) return failed;
-    } catch (const runtime_failure&) {
-        return failed;
-    }
-    place_.set(path);
-    history_.mark_clean();
-    return std::nullopt;
-}
-
-void nle_problem::clear()
-{
-    content_ = {};
-    place_.set({});
-    history_.clear();
-}
-
-std::string nle_problem::recovery_text() const
-{
-    return nle_recovery_text(content_);
-}
-
-bool nle_problem::restore(std::string_view recovery_text, const std::filesystem::path& path)
-{
-    std::optional<nle_content> content = read_nle_recovery(recovery_text);
-    if (!content) return false;
-    content_ = std::move(*content);
-    place_.set(path);
-    history_.clear();
-    history_.mark_unsaved();
-    return true;
-}
-
-std::string nle_problem::printed_listing() const
-{
-    return nle_listing(content_, path());
-}
-
-void nle_problem::change(std::string step, nle_content next)
-{
-    // The fields of the bounds are emptied when they disappear.
-    const auto implicit_rows = std::count_if(next.rows.begin(), next.rows.end(),
-                                             [](const equation_row& row) { return is_implicit(row.equation); });
-    if (implicit_rows != 1) {
-        next.lower_bound.clear();
-        next.upper_bound.clear();
-    }
-    if (next == content_) return;
-    history_.record(std::exchange(content_, std::move(next)), std::move(step));
+    change(step, without_unused_bounds(std::move(next)));
 }
 
 } // namespace kelvarin

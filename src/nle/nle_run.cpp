@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_run.h"
 
+#include "nle/nle_analysis.h"
 #include "nle/nle_options.h"
 #include "nle/nle_solve.h"
 #include "nle/nle_system.h"

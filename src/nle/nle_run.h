@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/nle_problem.h"
+#include "nle/nle_content.h"
 #include "numeric/nonlinear/NR_vbCNLE.h"
 #include "platform/clock.h"
+#include "platform/message_box.h"
 #include "platform/run_listener.h"
 #include "shell/settings.h"
 

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "nle/equations/explicit_equations.h"
-#include "nle/nle_problem.h"
+#include "nle/nle_content.h"
 #include "nle/nle_program.h"
 #include "numeric/nonlinear/nonlinear_system.h"
+#include "platform/message_box.h"
 #include "platform/run_listener.h"
 
 #include <memory>

@@ -4,6 +4,7 @@
 #include "platform/posix_file.h"
 #include "platform/utf8.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 
@@ -99,6 +100,14 @@ std::string_view trimmed(std::string_view text)
     const std::size_t first = text.find_first_not_of(space);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(space) - first + 1);
+}
+
+std::string field_text(std::string_view text)
+{
+    std::string line(trimmed(text));
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+    return line;
 }
 
 } // namespace kelvarin

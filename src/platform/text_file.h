@@ -39,4 +39,7 @@ std::vector<std::string_view> split_lines(std::string_view text);
 /// `text` without the blanks, tabs, CR and LF at its ends.
 std::string_view trimmed(std::string_view text);
 
+/// `text` as a field of one line holds it: CR, LF and tabs are blanks, and none stand around it.
+std::string field_text(std::string_view text);
+
 } // namespace kelvarin

@@ -27,10 +27,10 @@ class note_document final : public problem_document
 public:
     std::string_view kind() const override { return "note"; }
     const std::string& title() const override { return title_; }
-    void set_title(std::string title) override
+    void set_title(std::string_view title) override
     {
         before_ = title_;
-        title_ = std::move(title);
+        title_ = title;
         saved_ = false;
     }
     const std::filesystem::path& path() const override { return path_; }
@@ -61,7 +61,6 @@ public:
         saved_ = true;
         return std::nullopt;
     }
-    void clear() override { *this = {}; }
     std::string recovery_text() const override { return title_; }
     bool restore(std::string_view recovery_text, const std::filesystem::path& path) override
     {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "nle/nle_problem.h"
+#include "nle/nle_analysis.h"
 #include "support/equation_rows.h"
 
 #include <gtest/gtest.h>

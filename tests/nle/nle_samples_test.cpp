@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "nle/nle_analysis.h"
 #include "nle/nle_file.h"
 #include "nle/nle_samples.h"
 #include "support/digits.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/problem_window.h"
+#include "nle/nle_analysis.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_run.h"
 

@@ -25,7 +25,8 @@ public:
     virtual std::string_view kind() const = 0;
     /// Without blanks around it.
     virtual const std::string& title() const = 0;
-    virtual void set_title(std::string title) = 0;
+    /// Line ends and tabs become blanks, and blanks around it go.
+    virtual void set_title(std::string_view title) = 0;
     /// Empty where the problem has no file.
     virtual const std::filesystem::path& path() const = 0;
     virtual bool problem_saved() const = 0;
@@ -38,13 +39,11 @@ public:
     virtual std::string undo_step() const = 0;
     virtual std::string redo_step() const = 0;
 
-    /// Reads a file into this document; undo starts anew.
+    /// Reads a file into this document; undo starts anew. Refused, the document stays as it was.
     virtual refusal open(const std::filesystem::path& path) = 0;
     /// Writes the document, in the kind's older format on demand; path and clean mark move.
     virtual refusal save(const std::filesystem::path& path, bool older_format,
                          const save_calls& calls = system_save_calls()) = 0;
-    /// Back to a new problem without path; undo starts anew.
-    virtual void clear() = 0;
 
     /// The whole content in a form of its own, from which `restore` makes it again with nothing lost.
     virtual std::string recovery_text() const = 0;

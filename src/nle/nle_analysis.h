@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "nle/equations/set_analysis.h"
+#include "nle/nle_content.h"
+#include "platform/message_box.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// What the window says of a problem after every edit.
+struct nle_analysis
+{
+    equation_set set;
+    bool bounds_ok = true;
+    /// The light: the problem may run.
+    bool green = false;
+    std::array<std::string, 3> panels;
+    bool single_controls_visible = false;
+};
+
+nle_analysis analyse_nle(const nle_content& content);
+
+/// The listing of variables with its warnings, as rich text without prolog.
+std::string show_all_vars(const nle_content& content);
+/// The listing's warnings as plain text, from "Warning: " on.
+std::vector<std::string> listing_warnings(const nle_content& content);
+
+/// Why a problem whose light is red does not run, as one box.
+message_box red_light_box(const nle_content& content);
+
+} // namespace kelvarin
