@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace kelvarin::test
+{
+
+/// A problem of [StRD] with its certified answer, from a file of tests/data/nist.
+struct certified_problem
+{
+    struct parameter
+    {
+        std::vector<double> starts;
+        double value = 0.0;
+        double standard_deviation = 0.0;
+    };
+
+    std::vector<parameter> parameters;
+    double rss = 0.0;
+    /// The columns of the data, y first.
+    std::vector<std::vector<double>> columns;
+
+    const std::vector<double>& y() const { return columns.front(); }
+    const std::vector<double>& x() const { return columns.at(1); }
+    std::vector<double> start(std::size_t which) const
+    {
+        std::vector<double> a;
+        for (const parameter& each : parameters)
+            a.push_back(each.starts.at(which));
+        return a;
+    }
+};
+
+inline std::vector<std::string> fields_of(const std::string& line)
+{
+    std::vector<std::string> fields;
+    std::istringstream rest(line);
+    for (std::string field; std::getline(rest, field, '\t');)
+        fields.push_back(field);
+    return fields;
+}
+
+inline certified_problem read_certified(const std::string& name)
+{
+    certified_problem problem;
+    std::ifstream file(std::string(KELVARIN_TEST_DATA) + "/nist/" + name + ".txt");
+    EXPECT_TRUE(file.is_open()) << name;
+    const auto number = [](const std::string& text) { return std::strtod(text.c_str(), nullptr); };
+    for (std::string line; std::getline(file, line);) {
+        const std::vector<std::string> fields = fields_of(line);
+        if (fields.empty() || line.front() == '#' || fields.front() == "model" || fields.front() == "n") continue;
+        if (fields.front() == "parameter") {
+            certified_problem::parameter read;
+            for (std::size_t i = 2; i + 2 < fields.size(); ++i)
+                read.starts.push_back(number(fields[i]));
+            read.value = number(fields[fields.size() - 2]);
+            read.standard_deviation = number(fields.back());
+            problem.parameters.push_back(read);
+        } else if (fields.front() == "rss") {
+            problem.rss = number(fields[1]);
+        } else if (fields.front() == "data") {
+            problem.columns.resize(fields.size() - 1);
+        } else {
+            for (std::size_t i = 0; i < fields.size(); ++i)
+                problem.columns.at(i).push_back(number(fields[i]));
+        }
+    }
+    EXPECT_FALSE(problem.columns.empty()) << name;
+    return problem;
+}
+
+} // namespace kelvarin::test

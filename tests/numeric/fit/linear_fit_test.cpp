@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "certified_problem.h"
+#include "failures.h"
+#include "numeric/fit/normal_equations.h"
+#include "numeric/fit/student_t.h"
+#include "numeric/linear/matrix_products.h"
+#include "support/digits.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::certified_problem;
+using test::digits_shown;
+using test::failure_of;
+using test::read_certified;
+
+TEST(StudentT, IsTheTableAndNoFormula)
+{
+    struct row
+    {
+        int df;
+        double t;
+    };
+    for (const row& expected :
+         {row{0, 0.0}, row{1, 12.707}, row{2, 4.303}, row{10, 2.228}, row{17, 2.11}, row{30, 2.042}, row{31, 2.038},
+          row{41, 1.997}, row{49, 1.964}, row{50, 1.96}, row{1000, 1.96}, row{-1, 1.96}})
+        EXPECT_EQ(Td(expected.df), expected.t) << expected.df;
+}
+
+struct linear_case
+{
+    const char* name;
+    /// Of a polynomial; 0 where the columns of the data are the design.
+    int degree;
+    bool constant_term;
+    /// What is left of the double's 16 digits by normal equations without scaling.
+    double digits;
+};
+
+/// Certified digits that the explicit inverse must still show, and may not by far exceed: nothing stands behind its
+/// back.
+TEST(LinearFit, ShowsTheDigitsThatNormalEquationsLeave)
+{
+    for (const linear_case& each : {linear_case{"noint1", 1, false, 14.0}, linear_case{"pontius", 2, true, 10.0},
+                                    linear_case{"wampler2", 5, true, 5.5}, linear_case{"wampler4", 5, true, 5.5},
+                                    linear_case{"longley", 0, true, 6.5}}) {
+        SCOPED_TRACE(each.name);
+        const certified_problem problem = read_certified(each.name);
+        const std::vector<std::span<const double>> columns(problem.columns.begin() + 1, problem.columns.end());
+        const matrix design = each.degree > 0 ? polynomial_design(problem.x(), each.degree, each.constant_term)
+                                              : columns_design(columns, each.constant_term);
+        const linear_fit fit = fit_linear(design, problem.y());
+        ASSERT_EQ(fit.coef.size(), problem.parameters.size());
+        const int df = static_cast<int>(problem.y().size() - fit.coef.size());
+        for (std::size_t j = 0; j < fit.coef.size(); ++j) {
+            EXPECT_GE(digits_shown(fit.coef[j], problem.parameters[j].value), each.digits) << j;
+            if (problem.parameters[j].standard_deviation == 0.0) continue;
+            EXPECT_GE(digits_shown(fit.conf[j], problem.parameters[j].standard_deviation * Td(df)), each.digits) << j;
+        }
+        if (problem.rss > 0.0) {
+            EXPECT_GE(digits_shown(fit.statistics.SSE, problem.rss), each.digits - 1.0);
+            EXPECT_DOUBLE_EQ(fit.statistics.Rmsd,
+                             std::sqrt(fit.statistics.SSE) / static_cast<double>(problem.y().size()));
+        }
+    }
+}
+
+TEST(LinearFit, StatisticsByHand)
+{
+    // y = 2, 4, 3 over x = 1, 2, 3: the line 2 + x/2 leaves -0.5, 1, -0.5, around the mean 3 there is 2.
+    const std::vector<double> x = {1.0, 2.0, 3.0};
+    const std::vector<double> y = {2.0, 4.0, 3.0};
+    const linear_fit line = fit_linear(polynomial_design(x, 1, true), y);
+    EXPECT_NEAR(line.coef[0], 2.0, 1e-13);
+    EXPECT_NEAR(line.coef[1], 0.5, 1e-13);
+    EXPECT_NEAR(line.statistics.SSE, 1.5, 1e-13);
+    EXPECT_NEAR(line.statistics.R2, 0.25, 1e-13);
+    EXPECT_NEAR(line.statistics.R2adj, -0.5, 1e-13);
+    EXPECT_NEAR(line.statistics.Rmsd, std::sqrt(1.5) / 3.0, 1e-13);
+    EXPECT_NEAR(line.statistics.Variance, 1.5, 1e-13);
+    // The normal matrix 3, 6, 6, 14 has the inverse 14/6, -1, -1, 3/6.
+    EXPECT_NEAR(line.conf[0], std::sqrt(1.5 * 14.0 / 6.0) * 12.707, 1e-11);
+    EXPECT_NEAR(line.conf[1], std::sqrt(1.5 / 2.0) * 12.707, 1e-11);
+
+    // As many parameters as observations: no degree of freedom is left.
+    const linear_fit parabola = fit_linear(polynomial_design(x, 2, true), y);
+    EXPECT_EQ(parabola.statistics.R2adj, 0.0);
+    EXPECT_EQ(parabola.statistics.Variance, 1e99);
+    EXPECT_EQ(parabola.conf, std::vector<double>(3, 0.0));
+
+    // Through the origin the mean stays the measure: 18 / 14 x leaves more than the mean does.
+    const linear_fit origin = fit_linear(polynomial_design(x, 1, false), y);
+    EXPECT_NEAR(origin.coef[0], 19.0 / 14.0, 1e-13);
+    EXPECT_NEAR(origin.statistics.R2, 1.0 - (29.0 - 19.0 * 19.0 / 14.0) / 2.0, 1e-12);
+}
+
+TEST(LinearFit, FailuresOfItsParts)
+{
+    const std::vector<double> x = {1.0, 2.0, 3.0};
+    const std::vector<std::span<const double>> twice = {x, x};
+    EXPECT_EQ(failure_of([&] { fit_linear(columns_design(twice, false), x); }),
+              "8888 Singular matrix when evaluating inverse matrix");
+    // The mean of four fives is exactly 5.
+    const std::vector<double> constant(4, 5.0);
+    EXPECT_EQ(failure_of([&] {
+                  fit_linear(polynomial_design(std::vector{1.0, 2.0, 3.0, 4.0}, 1, true), constant);
+              }),
+              "11");
+    EXPECT_EQ(failure_of([&] { matrix_multiply(matrix(2, 3), matrix(2, 3)); }),
+              "8888 impossible to multiple arrays - inconsistent dimentions !");
+    EXPECT_EQ(failure_of([] { half_width(-1.0, 1.0, -1); }), "5");
+}
+
+} // namespace
+} // namespace kelvarin
