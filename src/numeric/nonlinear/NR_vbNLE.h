@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "numeric/backtracking_search.h"
 #include "numeric/linear/matrix.h"
 #include "numeric/nonlinear/nonlinear_system.h"
 
@@ -89,13 +90,6 @@ void usrfun(nonlinear_system& system, std::span<const double> x, std::span<doubl
 
 /// fvec = F(x); returns half the sum of its squares.
 double fmin_nle(nonlinear_system& system, std::span<const double> x, std::span<double> fvec);
-
-struct line_search_result
-{
-    double f = 0.0;
-    /// The search ended at xold: no acceptable step.
-    bool check = false;
-};
 
 /// Backtracking line search from xold along p (scaled down to length stpmax) for f = fmin_nle, with g its
 /// gradient at xold and fold its value there; leaves the point in x and its residuals in fvec, which after
