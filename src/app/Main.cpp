@@ -45,7 +45,7 @@ void name_program()
     QCoreApplication::setApplicationName(QStringLiteral("kelvarin"));
     QCoreApplication::setApplicationVersion(to_qstring(program_version()));
     QGuiApplication::setDesktopFileName(QStringLiteral("kelvarin"));
-    QGuiApplication::setWindowIcon(icon("app"));
+    QGuiApplication::setWindowIcon(program_icon("app"));
 }
 
 std::vector<std::string> arguments_of(const QApplication& application)

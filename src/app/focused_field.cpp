@@ -46,38 +46,38 @@ template <class Edit> bool can_redo(const Edit& field)
     return field.document()->isRedoAvailable();
 }
 
-template <class Field> bool field_can(const Field& field, command which)
+template <class Field> bool field_can(const Field& field, window_command which)
 {
     switch (which) {
-    case command::undo:
+    case window_command::undo:
         return can_undo(field);
-    case command::redo:
+    case window_command::redo:
         return can_redo(field);
-    case command::cut:
-    case command::copy:
+    case window_command::cut:
+    case window_command::copy:
         return has_selection(field);
-    case command::paste:
-    case command::select_all:
+    case window_command::paste:
+    case window_command::select_all:
         return true;
     default:
         return false;
     }
 }
 
-template <class Field> void perform_in(Field& field, command which)
+template <class Field> void perform_in(Field& field, window_command which)
 {
     switch (which) {
-    case command::undo:
+    case window_command::undo:
         return field.undo();
-    case command::redo:
+    case window_command::redo:
         return field.redo();
-    case command::cut:
+    case window_command::cut:
         return field.cut();
-    case command::copy:
+    case window_command::copy:
         return field.copy();
-    case command::paste:
+    case window_command::paste:
         return field.paste();
-    case command::select_all:
+    case window_command::select_all:
         return field.selectAll();
     default:
         return;
@@ -85,9 +85,9 @@ template <class Field> void perform_in(Field& field, command which)
 }
 
 /// Fields that are part of a problem leave undo and redo to the problem, whose steps they are.
-bool leaves_to_problem(const QWidget& field, command which)
+bool leaves_to_problem(const QWidget& field, window_command which)
 {
-    return (which == command::undo || which == command::redo) && field.property(undo_of_problem).toBool();
+    return (which == window_command::undo || which == window_command::redo) && field.property(undo_of_problem).toBool();
 }
 
 /// Calls `visit` with the field as what it is; false where it is no field that can be edited.
@@ -124,7 +124,7 @@ void focused_field::take(QWidget* focused)
     emit changed();
 }
 
-bool focused_field::can(command which) const
+bool focused_field::can(window_command which) const
 {
     bool answer = false;
     if (field_ && field_->isVisible() && field_->isEnabled() && !leaves_to_problem(*field_, which))
@@ -132,7 +132,7 @@ bool focused_field::can(command which) const
     return answer;
 }
 
-void focused_field::perform(command which)
+void focused_field::perform(window_command which)
 {
     visit_field(field_, [&](auto& field) { perform_in(field, which); });
 }

@@ -19,8 +19,8 @@ class focused_field : public QObject
 public:
     explicit focused_field(QWidget& window);
 
-    bool can(command which) const;
-    void perform(command which);
+    bool can(window_command which) const;
+    void perform(window_command which);
 
 signals:
     /// What `can` answers may have changed.

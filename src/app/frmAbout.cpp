@@ -31,7 +31,7 @@ void frmAbout::build_ui()
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     auto* picture = new QLabel(this);
-    picture->setPixmap(icon("app").pixmap(4 * unit, 4 * unit));
+    picture->setPixmap(program_icon("app").pixmap(4 * unit, 4 * unit));
     picture->setAccessibleName(tr("Kelvarin"));
     layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
 

@@ -47,7 +47,7 @@ frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
 {
     setObjectName(QStringLiteral("frmMDIKelvarin"));
     setWindowTitle(tr("Kelvarin"));
-    setWindowIcon(icon("app"));
+    setWindowIcon(program_icon("app"));
     build_ui();
     connect_parts();
     restore_window_placement();
@@ -65,7 +65,7 @@ frmMDIKelvarin::~frmMDIKelvarin()
 
 void frmMDIKelvarin::build_ui()
 {
-    for (const command which : all_commands())
+    for (const window_command which : all_commands())
         addAction(action(which));
 
     auto* centre = new QWidget(this);
@@ -82,7 +82,7 @@ void frmMDIKelvarin::build_ui()
 
     addToolBar(new main_toolbar(*commands_, this));
     menus_ = new main_menus(*this, *commands_, *area_);
-    StbMDI_ = new main_status_bar(action(command::stop), this);
+    StbMDI_ = new main_status_bar(action(window_command::stop), this);
     setStatusBar(StbMDI_);
     field_ = new focused_field(*this);
 }
@@ -210,7 +210,7 @@ void frmMDIKelvarin::set_progress(double x, double x_start, double x_end)
 void frmMDIKelvarin::refresh_commands()
 {
     const child_window* front = active_child();
-    for (const command which : all_commands()) {
+    for (const window_command which : all_commands()) {
         QAction* shown = action(which);
         shown->setEnabled(can(which));
         const QString caption = front && !field_->can(which) ? front->caption_of(which) : QString();
@@ -221,28 +221,28 @@ void frmMDIKelvarin::refresh_commands()
     }
 }
 
-bool frmMDIKelvarin::can(command which) const
+bool frmMDIKelvarin::can(window_command which) const
 {
     switch (which) {
-    case command::close_all:
-    case command::cascade:
-    case command::tile_horizontally:
-    case command::tile_vertically:
-    case command::arrange_icons:
+    case window_command::close_all:
+    case window_command::cascade:
+    case window_command::tile_horizontally:
+    case window_command::tile_vertically:
+    case window_command::arrange_icons:
         return !area_->subWindowList().isEmpty();
-    case command::save:
-    case command::save_as:
-    case command::print:
-    case command::print_preview:
-    case command::close:
-    case command::solve:
-    case command::stop:
-    case command::undo:
-    case command::redo:
-    case command::cut:
-    case command::copy:
-    case command::paste:
-    case command::select_all: {
+    case window_command::save:
+    case window_command::save_as:
+    case window_command::print:
+    case window_command::print_preview:
+    case window_command::close:
+    case window_command::solve:
+    case window_command::stop:
+    case window_command::undo:
+    case window_command::redo:
+    case window_command::cut:
+    case window_command::copy:
+    case window_command::paste:
+    case window_command::select_all: {
         const child_window* front = active_child();
         return field_->can(which) || (front && front->can(which));
     }
@@ -251,7 +251,7 @@ bool frmMDIKelvarin::can(command which) const
     }
 }
 
-void frmMDIKelvarin::run_command(command which)
+void frmMDIKelvarin::run_command(window_command which)
 {
     if (const problem_window_kind* kind = kind_of_command(which))
         show_default_window(*kind);
@@ -259,41 +259,41 @@ void frmMDIKelvarin::run_command(command which)
         run_child_command(which);
 }
 
-bool frmMDIKelvarin::run_window_command(command which)
+bool frmMDIKelvarin::run_window_command(window_command which)
 {
     switch (which) {
-    case command::open:
+    case window_command::open:
         open_file_dialog();
         return true;
-    case command::exit:
+    case window_command::exit:
         close();
         return true;
-    case command::close_all:
+    case window_command::close_all:
         close_all();
         return true;
-    case command::calculator:
-    case command::units:
-    case command::antoine:
-    case command::constants:
-    case command::setup:
+    case window_command::calculator:
+    case window_command::units:
+    case window_command::antoine:
+    case window_command::constants:
+    case window_command::setup:
         show_tool(which);
         return true;
-    case command::cascade:
+    case window_command::cascade:
         area_->cascadeSubWindows();
         return true;
-    case command::tile_horizontally:
+    case window_command::tile_horizontally:
         area_->tile(tiling::horizontal);
         return true;
-    case command::tile_vertically:
+    case window_command::tile_vertically:
         area_->tile(tiling::vertical);
         return true;
-    case command::arrange_icons:
+    case window_command::arrange_icons:
         area_->arrange_icons();
         return true;
-    case command::contents:
+    case window_command::contents:
         show_contents();
         return true;
-    case command::about:
+    case window_command::about:
         (new frmAbout(this))->open();
         return true;
     default:
@@ -301,7 +301,7 @@ bool frmMDIKelvarin::run_window_command(command which)
     }
 }
 
-void frmMDIKelvarin::run_child_command(command which)
+void frmMDIKelvarin::run_child_command(window_command which)
 {
     if (field_->can(which))
         field_->perform(which);
@@ -315,7 +315,7 @@ void frmMDIKelvarin::new_window_of_this_kind()
     for (const problem_window_kind& kind : problem_window_kinds())
         if (front && front->objectName() == QLatin1String(kind.window_name)) return void(new_window(kind));
     // With a report in front, or nothing: the kind that most problems are of.
-    new_window(*kind_of_command(command::new_nle));
+    new_window(*kind_of_command(window_command::new_nle));
 }
 
 void frmMDIKelvarin::show_contents()
@@ -323,7 +323,7 @@ void frmMDIKelvarin::show_contents()
     show_message("There are no help pages in this version yet.");
 }
 
-void frmMDIKelvarin::show_tool(command tool)
+void frmMDIKelvarin::show_tool(window_command tool)
 {
     tools_->show(tool);
 }

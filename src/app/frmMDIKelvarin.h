@@ -55,7 +55,7 @@ public:
     explicit frmMDIKelvarin(const program_services& services);
     ~frmMDIKelvarin() override;
 
-    QAction* action(command which) override { return commands_->action(which); }
+    QAction* action(window_command which) override { return commands_->action(which); }
     QMenu* new_menu() override;
     QMenu* tools_menu() override;
     QMenu* window_menu() override;
@@ -79,7 +79,7 @@ public:
     problem_window_counts count_problem_windows() const;
 
     /// Shows a tool beside this window, which may be hidden.
-    void show_tool(command tool);
+    void show_tool(window_command tool);
     /// Offers what ended programs left behind, if there is anything.
     void offer_recovered_problems();
 
@@ -106,10 +106,10 @@ private:
     void show_front_child();
     void refresh_commands();
     void refresh_panels();
-    bool can(command which) const;
-    void run_command(command which);
-    bool run_window_command(command which);
-    void run_child_command(command which);
+    bool can(window_command which) const;
+    void run_command(window_command which);
+    bool run_window_command(window_command which);
+    void run_child_command(window_command which);
     void show_contents();
     void new_window_of_this_kind();
 
@@ -142,7 +142,7 @@ private:
     focused_field* field_ = nullptr;
     QPointer<frmRecovery> recovery_bar_;
     /// The window that File, New shows of each kind.
-    std::map<command, QPointer<problem_window>> default_windows_;
+    std::map<window_command, QPointer<problem_window>> default_windows_;
     bool close_after_runs_ = false;
     bool ended_ = false;
 };

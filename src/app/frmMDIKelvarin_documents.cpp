@@ -42,7 +42,7 @@ problem_window_counts frmMDIKelvarin::count_problem_windows() const
         for (const problem_window_kind& kind : problem_window_kinds()) {
             if (child->objectName() != QLatin1String(kind.window_name)) continue;
             ++counts.all;
-            if (kind.fresh == command::new_reg) ++counts.regressions;
+            if (kind.fresh == window_command::new_reg) ++counts.regressions;
         }
     return counts;
 }
@@ -55,7 +55,7 @@ bool frmMDIKelvarin::has_room_for(const problem_window_kind& kind)
             this, {"Only " + std::to_string(most_problem_windows) + " concurrent problem forms are allowed. "});
         return false;
     }
-    if (kind.fresh == command::new_reg && counts.regressions >= most_regressions) {
+    if (kind.fresh == window_command::new_reg && counts.regressions >= most_regressions) {
         context_.user.show(this, {"Only " + std::to_string(most_regressions) +
                                   " concurrent table regression and analysis problem forms are allowed. "});
         return false;
@@ -153,7 +153,7 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
 
 void frmMDIKelvarin::open_example(int number)
 {
-    const problem_window_kind* kind = kind_of_command(command::new_nle);
+    const problem_window_kind* kind = kind_of_command(window_command::new_nle);
     if (auto* window = qobject_cast<frmNLE*>(new_window(*kind))) window->load_sample(number);
 }
 
@@ -182,9 +182,9 @@ void frmMDIKelvarin::open_recovered(const recovery_store::found_problem& problem
 
 void frmMDIKelvarin::discard_recovered(const recovery_store::found_problem& problem)
 {
-    const question asked{.text = "Discard this problem? It can not be brought back afterwards.",
-                         .default_answer = answer::no};
-    if (context_.user.ask(this, asked) != answer::yes) return;
+    const user_question asked{.text = "Discard this problem? It can not be brought back afterwards.",
+                              .default_answer = user_answer::no};
+    if (context_.user.ask(this, asked) != user_answer::yes) return;
     context_.recovery.drop(problem.slot);
     if (recovery_bar_) recovery_bar_->remove(problem.slot);
 }

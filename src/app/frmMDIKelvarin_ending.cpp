@@ -34,7 +34,7 @@ bool frmMDIKelvarin::ask_runs_to_stop()
     for (child_window* child : area_->children()) {
         if (!child->is_running()) continue;
         any = true;
-        child->perform(command::stop);
+        child->perform(window_command::stop);
     }
     return any;
 }

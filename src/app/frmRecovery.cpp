@@ -67,7 +67,7 @@ void frmRecovery::build_ui()
 
     auto* close_button = new QToolButton(this);
     close_button->setObjectName(QStringLiteral("cmdKeepAll"));
-    close_button->setIcon(icon("close"));
+    close_button->setIcon(program_icon("close"));
     close_button->setAutoRaise(true);
     close_button->setToolTip(tr("Decide at the next start"));
     close_button->setAccessibleName(tr("Keep all for the next start"));
@@ -108,7 +108,7 @@ void frmRecovery::add_row(QGridLayout& grid, int row, const recovery_store::foun
     };
     auto* sign = new QLabel(this);
     const problem_window_kind* kind = kind_of_key(entry.kind);
-    sign->setPixmap(icon(kind ? kind->key : "report").pixmap(line_unit(*this), line_unit(*this)));
+    sign->setPixmap(program_icon(kind ? kind->key : "report").pixmap(line_unit(*this), line_unit(*this)));
     sign->setAccessibleName(kind_of(entry));
     sign->setToolTip(kind_of(entry));
     place(sign, picture);

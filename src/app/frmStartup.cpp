@@ -45,7 +45,7 @@ void frmStartup::build_ui()
 
     Picture1_ = new QLabel(this);
     Picture1_->setObjectName(QStringLiteral("Picture1"));
-    Picture1_->setPixmap(icon("app").pixmap(6 * unit, 6 * unit));
+    Picture1_->setPixmap(program_icon("app").pixmap(6 * unit, 6 * unit));
     Picture1_->setAccessibleName(tr("Kelvarin"));
     Picture1_->setAlignment(Qt::AlignCenter);
     Picture1_->installEventFilter(this);

@@ -14,8 +14,9 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::initializer_list<command> tool_commands{command::calculator, command::units, command::antoine,
-                                                       command::constants, command::setup};
+constexpr std::initializer_list<window_command> tool_commands{window_command::calculator, window_command::units,
+                                                              window_command::antoine, window_command::constants,
+                                                              window_command::setup};
 
 /// The list shows windows 1 to 9 with their number as key, and the others without.
 constexpr int last_number_with_key = 9;
@@ -25,26 +26,28 @@ constexpr int last_number_with_key = 9;
 main_menus::main_menus(QWidget& window, const command_actions& actions, child_area& area)
     : QObject(&window), actions_(actions), area_(area)
 {
-    const auto add = [&actions](QMenu* menu, std::initializer_list<command> commands) {
-        for (const command which : commands)
+    const auto add = [&actions](QMenu* menu, std::initializer_list<window_command> commands) {
+        for (const window_command which : commands)
             menu->addAction(actions.action(which));
     };
     new_menu_ = make(tr("&New"), "mnuFileItemP", window);
-    add(new_menu_, {command::new_leq, command::new_nle, command::new_deq, command::new_reg, command::new_opt});
+    add(new_menu_, {window_command::new_leq, window_command::new_nle, window_command::new_deq, window_command::new_reg,
+                    window_command::new_opt});
 
     file_menu_ = make(tr("&File"), "mnuFile", window);
     file_menu_->addMenu(new_menu_);
-    add(file_menu_, {command::open});
+    add(file_menu_, {window_command::open});
     file_menu_->addSeparator();
     add(file_menu_, tool_commands);
     file_menu_->addSeparator();
-    add(file_menu_, {command::exit});
+    add(file_menu_, {window_command::exit});
 
     tools_menu_ = make(tr("&Tools"), "mnuTools", window);
     add(tools_menu_, tool_commands);
 
     window_menu_ = make(tr("&Window"), "mnuWindow", window);
-    add(window_menu_, {command::cascade, command::tile_horizontally, command::tile_vertically, command::arrange_icons});
+    add(window_menu_, {window_command::cascade, window_command::tile_horizontally, window_command::tile_vertically,
+                       window_command::arrange_icons});
     QAction* more = window_menu_->addAction(tr("&New Window of This Kind"), this, &main_menus::new_window_asked);
     more->setObjectName(QStringLiteral("mnuNewWindow"));
     more->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
@@ -53,7 +56,7 @@ main_menus::main_menus(QWidget& window, const command_actions& actions, child_ar
     connect(window_menu_, &QMenu::aboutToShow, this, &main_menus::show_window_list);
 
     help_menu_ = make(tr("&Help"), "mnuHelp", window);
-    add(help_menu_, {command::contents, command::about});
+    add(help_menu_, {window_command::contents, window_command::about});
 }
 
 QMenu* main_menus::make(const QString& title, const char* name, QWidget& window)

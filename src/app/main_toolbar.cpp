@@ -20,8 +20,8 @@ main_toolbar::main_toolbar(const command_actions& actions, QWidget* parent) : QT
     toggleViewAction()->setEnabled(false);
     toggleViewAction()->setVisible(false);
 
-    add_button(actions.action(command::open), "open", tr("Open"));
-    add_button(actions.action(command::save), "save", tr("Save"));
+    add_button(actions.action(window_command::open), "open", tr("Open"));
+    add_button(actions.action(window_command::save), "save", tr("Save"));
     addSeparator();
     for (const problem_window_kind& kind : problem_window_kinds()) {
         const QAction* fresh = actions.action(kind.fresh);
@@ -32,11 +32,11 @@ main_toolbar::main_toolbar(const command_actions& actions, QWidget* parent) : QT
         add_button(more, kind.key, more->text());
     }
     addSeparator();
-    add_button(actions.action(command::calculator), "calculate", tr("Calculator"));
-    add_button(actions.action(command::units), "units", tr("Units"));
-    add_button(actions.action(command::constants), "const", tr("Constants"));
+    add_button(actions.action(window_command::calculator), "calculate", tr("Calculator"));
+    add_button(actions.action(window_command::units), "units", tr("Units"));
+    add_button(actions.action(window_command::constants), "const", tr("Constants"));
     addSeparator();
-    add_button(actions.action(command::setup), "setup", tr("Setup"));
+    add_button(actions.action(window_command::setup), "setup", tr("Setup"));
 }
 
 void main_toolbar::add_button(QAction* action, const char* key, const QString& caption)

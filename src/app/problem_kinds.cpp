@@ -22,35 +22,35 @@ template <class Window> std::unique_ptr<problem_window> make_window(desktop_cont
 
 constexpr std::array<problem_window_kind, 5> kinds{{
     {.key = "leq",
-     .fresh = command::new_leq,
+     .fresh = window_command::new_leq,
      .document = document_kind::leq,
      .window_name = "frmLEQ",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Linear Equations"),
      .recent_suffix = "\\files_leq",
      .make = make_window<frmLEQ>},
     {.key = "nle",
-     .fresh = command::new_nle,
+     .fresh = window_command::new_nle,
      .document = document_kind::nle,
      .window_name = "frmNLE",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Nonlinear Equations"),
      .recent_suffix = "\\files_nle",
      .make = make_window<frmNLE>},
     {.key = "deq",
-     .fresh = command::new_deq,
+     .fresh = window_command::new_deq,
      .document = document_kind::deq,
      .window_name = "frmDEQ",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Differential Equations"),
      .recent_suffix = "\\files_deq",
      .missing_text = "Differential equations are not yet solved by this version."},
     {.key = "reg",
-     .fresh = command::new_reg,
+     .fresh = window_command::new_reg,
      .document = document_kind::reg,
      .window_name = "frmRGT",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Regression"),
      .recent_suffix = "\\files_rgt",
      .missing_text = "Data tables are not yet solved by this version."},
     {.key = "opt",
-     .fresh = command::new_opt,
+     .fresh = window_command::new_opt,
      .document = std::nullopt,
      .window_name = "frmOPT",
      .caption = QT_TRANSLATE_NOOP("kelvarin", "Optimization"),
@@ -71,7 +71,7 @@ std::span<const problem_window_kind> problem_window_kinds()
     return kinds;
 }
 
-const problem_window_kind* kind_of_command(command which)
+const problem_window_kind* kind_of_command(window_command which)
 {
     return first_kind([which](const problem_window_kind& kind) { return kind.fresh == which; });
 }

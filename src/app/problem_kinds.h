@@ -18,7 +18,7 @@ struct problem_window_kind
 {
     /// "nle": the toolbar's key, the icon, and the kind in recovery files.
     const char* key = "";
-    command fresh{};
+    window_command fresh{};
     /// The kind by which its files are recognised, if they are.
     std::optional<document_kind> document;
     const char* window_name = "";
@@ -32,7 +32,7 @@ struct problem_window_kind
 std::span<const problem_window_kind> problem_window_kinds();
 
 /// The kind that something belongs to; null where none does.
-const problem_window_kind* kind_of_command(command which);
+const problem_window_kind* kind_of_command(window_command which);
 const problem_window_kind* kind_of_document(document_kind document);
 const problem_window_kind* kind_of_key(std::string_view key);
 

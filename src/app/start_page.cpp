@@ -75,7 +75,7 @@ void start_page::build_ui(const command_actions& actions)
     QBoxLayout* fresh = add_column(*columns, tr("New problem"));
     for (const problem_window_kind& kind : problem_window_kinds()) {
         const std::string name = std::string("cmdNew_") + kind.key;
-        QToolButton* row = add_row(*fresh, icon(kind.key), tr(kind.caption), name.c_str());
+        QToolButton* row = add_row(*fresh, program_icon(kind.key), tr(kind.caption), name.c_str());
         row->setEnabled(kind.make != nullptr);
         QAction* command = actions.action(kind.fresh);
         row->setToolTip(kind.make ? command->toolTip() : QString::fromLatin1(kind.missing_text));
@@ -91,7 +91,7 @@ void start_page::build_ui(const command_actions& actions)
     for (const nle_content& sample : nle_samples()) {
         ++number;
         const std::string name = "cmdExample_" + std::to_string(number);
-        QToolButton* row = add_row(*examples, icon("example"), to_qstring(sample.title), name.c_str());
+        QToolButton* row = add_row(*examples, program_icon("example"), to_qstring(sample.title), name.c_str());
         row->setToolTip(tr("Open this example in a new window"));
         connect(row, &QToolButton::clicked, this, [this, number] { emit example_chosen(number); });
     }
@@ -151,7 +151,7 @@ void start_page::show_recent_files()
                 ? to_qstring(file_name)
                 : QStringLiteral("%1 (%2)").arg(to_qstring(file_name), path_text(path.parent_path().filename()));
         const std::string name = "cmdRecent_" + std::to_string(i + 1);
-        QToolButton* row = add_row(*recent_column_, icon(files[i].kind->key), caption, name.c_str());
+        QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->key), caption, name.c_str());
         row->setToolTip(tip_text(path_text(path)));
         connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
         recent_rows_.append(row);

@@ -11,10 +11,10 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::array<std::pair<std::string_view, command>, 4> tool_words{{{"calc", command::calculator},
-                                                                          {"units", command::units},
-                                                                          {"const", command::constants},
-                                                                          {"ant", command::antoine}}};
+constexpr std::array<std::pair<std::string_view, window_command>, 4> tool_words{{{"calc", window_command::calculator},
+                                                                                 {"units", window_command::units},
+                                                                                 {"const", window_command::constants},
+                                                                                 {"ant", window_command::antoine}}};
 
 std::string_view without_quotes(std::string_view text)
 {

@@ -16,7 +16,7 @@ namespace kelvarin
 struct start_request
 {
     /// A tool that opens alone, the main window staying hidden.
-    std::optional<command> tool;
+    std::optional<window_command> tool;
     std::vector<std::filesystem::path> documents;
 
     friend bool operator==(const start_request&, const start_request&) = default;

@@ -22,21 +22,21 @@ tool_windows::~tool_windows()
         delete window;
 }
 
-QWidget* tool_windows::make(command tool)
+QWidget* tool_windows::make(window_command tool)
 {
     switch (tool) {
-    case command::calculator:
+    case window_command::calculator:
         return new frmCal(context_);
-    case command::units: {
+    case window_command::units: {
         auto* window = new frmUni(context_);
-        connect(window, &frmUni::antoine_asked, this, [this] { show(command::antoine); });
+        connect(window, &frmUni::antoine_asked, this, [this] { show(window_command::antoine); });
         return window;
     }
-    case command::antoine:
+    case window_command::antoine:
         return new frmAnt(context_);
-    case command::constants:
+    case window_command::constants:
         return new frmConstant(context_);
-    case command::setup: {
+    case window_command::setup: {
         auto* window = new frmInitials(context_);
         connect(window, &frmInitials::settings_changed, this, &tool_windows::settings_changed);
         return window;
@@ -46,7 +46,7 @@ QWidget* tool_windows::make(command tool)
     }
 }
 
-void tool_windows::show(command tool)
+void tool_windows::show(window_command tool)
 {
     QPointer<QWidget>& window = windows_[tool];
     if (!window) {

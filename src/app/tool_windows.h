@@ -23,7 +23,7 @@ public:
     ~tool_windows() override;
 
     /// Shows a tool in front.
-    void show(command tool);
+    void show(window_command tool);
     void hide_all();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -32,11 +32,11 @@ signals:
     void settings_changed();
 
 private:
-    QWidget* make(command tool);
+    QWidget* make(window_command tool);
     void close_by_key(QWidget& window);
 
     desktop_context& context_;
-    std::map<command, QPointer<QWidget>> windows_;
+    std::map<window_command, QPointer<QWidget>> windows_;
 };
 
 } // namespace kelvarin

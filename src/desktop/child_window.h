@@ -26,11 +26,11 @@ public:
     /// window or by the frame.
     virtual QList<QMenu*> menus() = 0;
     /// Whether a command makes sense now; those of the main window itself are never asked for.
-    virtual bool can(command) const { return false; }
-    virtual void perform(command) {}
+    virtual bool can(window_command) const { return false; }
+    virtual void perform(window_command) {}
     /// What a command is called while this window is in front ("&Undo Remove equation"); empty for its usual
     /// caption.
-    virtual QString caption_of(command) const { return {}; }
+    virtual QString caption_of(window_command) const { return {}; }
 
     /// Panels 1 and 2 of the main window's status bar.
     virtual QString file_panel() const;

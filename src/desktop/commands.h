@@ -11,9 +11,9 @@
 namespace kelvarin
 {
 
-/// What the main window and the windows in it can be told to do by menu, button or key. Each command is one
+/// What the main window and the windows in it do on demand of a menu, button or key. Each command is one
 /// action, owned by the main window: two actions with one shortcut would both stay silent.
-enum class command
+enum class window_command
 {
     new_leq,
     new_nle,
@@ -50,7 +50,7 @@ enum class command
 };
 
 /// All commands, in the order of the enumeration.
-const std::vector<command>& all_commands();
+const std::vector<window_command>& all_commands();
 
 /// The actions of all commands with their captions, tool tips, icons and shortcuts (the platform's, and a
 /// fallback of our own where it has none). Object names are the commands' names: "save_as".
@@ -61,15 +61,15 @@ class command_actions : public QObject
 public:
     explicit command_actions(QObject* parent);
 
-    QAction* action(command which) const { return actions_.at(which); }
+    QAction* action(window_command which) const { return actions_.at(which); }
     /// The caption without what a window put in its place.
-    void restore_caption(command which);
+    void restore_caption(window_command which);
 
 signals:
-    void triggered(kelvarin::command which);
+    void triggered(kelvarin::window_command which);
 
 private:
-    std::map<command, QAction*> actions_;
+    std::map<window_command, QAction*> actions_;
 };
 
 } // namespace kelvarin

@@ -25,7 +25,7 @@ class main_frame
 public:
     virtual ~main_frame() = default;
 
-    virtual QAction* action(command which) = 0;
+    virtual QAction* action(window_command which) = 0;
     /// The submenu of new problems, the menu of tools, the window list with cascade and tile, and help: menus
     /// that every window shows, owned by the frame.
     virtual QMenu* new_menu() = 0;

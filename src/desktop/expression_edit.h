@@ -21,7 +21,7 @@ namespace kelvarin
 class expression_highlighter;
 
 /// A field for an expression: three lines tall at least, fixed-width, functions and keywords tinted, names
-/// completed (functions, and what set_names told): by itself from the second letter on, with Ctrl+Space from the
+/// completed (functions, and the names of set_names): by itself from the second letter on, with Ctrl+Space from the
 /// first. Tab leaves it; Ctrl+Enter reports done_asked.
 class expression_edit : public QPlainTextEdit
 {

@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// Tints the functions and keywords of an expression in the colours of the palette it was last told.
+/// Tints the functions and keywords of an expression in the colours of the palette it was last given.
 class expression_highlighter : public QSyntaxHighlighter
 {
     Q_OBJECT

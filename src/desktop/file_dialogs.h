@@ -9,7 +9,7 @@ namespace kelvarin
 {
 
 /// The filters of a file question ("Kelvarin (*.kvr)|*.kvr|...") in the toolkit's form ("Kelvarin (*.kvr)"), one
-/// for each pair, told apart where two have one pattern.
+/// for each pair, made distinct where two have one pattern.
 QStringList dialog_filters(const std::string& filter);
 
 /// The toolkit's file dialog for a question; nothing where it was cancelled.

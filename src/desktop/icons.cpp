@@ -99,7 +99,7 @@ private:
 
 } // namespace
 
-QIcon icon(std::string_view name)
+QIcon program_icon(std::string_view name)
 {
     load_icon_files();
     const QString wanted = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));

@@ -11,6 +11,6 @@ namespace kelvarin
 /// One of the program's own icons by its file's name ("save", "nle", "traffic_green"), in the colours of the
 /// palette: it is drawn anew when the palette turns from light to dark. Asking for one that there is not is
 /// a programming error.
-QIcon icon(std::string_view name);
+QIcon program_icon(std::string_view name);
 
 } // namespace kelvarin

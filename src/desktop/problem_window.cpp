@@ -48,14 +48,14 @@ void problem_window::build_menus()
     // Opens into this window, whatever the file's extension; the main window's command looks for the right one.
     open_here_ = file_menu_->addAction(tr("&Open..."), this, &problem_window::open_by_dialog);
     open_here_->setObjectName(QStringLiteral("mnuOpen"));
-    for (const command which : {command::save, command::save_as})
+    for (const window_command which : {window_command::save, window_command::save_as})
         file_menu_->addAction(frame.action(which));
     file_menu_->addSeparator();
-    for (const command which : {command::print, command::print_preview})
+    for (const window_command which : {window_command::print, window_command::print_preview})
         file_menu_->addAction(frame.action(which));
     file_menu_->addSeparator();
     behind_recent_ = file_menu_->addSeparator();
-    for (const command which : {command::close, command::close_all, command::exit})
+    for (const window_command which : {window_command::close, window_command::close_all, window_command::exit})
         file_menu_->addAction(frame.action(which));
     connect(file_menu_, &QMenu::aboutToShow, this, &problem_window::show_recent_files);
 
@@ -63,7 +63,7 @@ void problem_window::build_menus()
     file_menu_->setToolTipsVisible(true);
 
     edit_menu_ = new QMenu(tr("&Edit"), this);
-    for (const command which : {command::undo, command::redo})
+    for (const window_command which : {window_command::undo, window_command::redo})
         edit_menu_->addAction(frame.action(which));
     edit_menu_->addSeparator();
     show_recent_files();
@@ -97,57 +97,57 @@ void problem_window::remember_file()
     show_recent_files();
 }
 
-bool problem_window::can(command which) const
+bool problem_window::can(window_command which) const
 {
     const problem_document& shown = document();
     switch (which) {
-    case command::save:
-    case command::save_as:
-    case command::print:
-    case command::print_preview:
-    case command::close:
+    case window_command::save:
+    case window_command::save_as:
+    case window_command::print:
+    case window_command::print_preview:
+    case window_command::close:
         return true;
-    case command::undo:
+    case window_command::undo:
         return !is_running() && !shown.undo_step().empty();
-    case command::redo:
+    case window_command::redo:
         return !is_running() && !shown.redo_step().empty();
-    case command::solve:
+    case window_command::solve:
         return !is_running() && can_solve();
-    case command::stop:
+    case window_command::stop:
         return is_running();
     default:
         return false;
     }
 }
 
-void problem_window::perform(command which)
+void problem_window::perform(window_command which)
 {
     switch (which) {
-    case command::save:
+    case window_command::save:
         save();
         break;
-    case command::save_as:
+    case window_command::save_as:
         save_as();
         break;
-    case command::print:
+    case window_command::print:
         print(false);
         break;
-    case command::print_preview:
+    case window_command::print_preview:
         print(true);
         break;
-    case command::close:
+    case window_command::close:
         close_with_frame();
         break;
-    case command::undo:
+    case window_command::undo:
         step_back_or_forth(true);
         break;
-    case command::redo:
+    case window_command::redo:
         step_back_or_forth(false);
         break;
-    case command::solve:
+    case window_command::solve:
         solve();
         break;
-    case command::stop:
+    case window_command::stop:
         run_.stop();
         break;
     default:
@@ -155,13 +155,13 @@ void problem_window::perform(command which)
     }
 }
 
-QString problem_window::caption_of(command which) const
+QString problem_window::caption_of(window_command which) const
 {
-    const std::string step = which == command::undo   ? document().undo_step()
-                             : which == command::redo ? document().redo_step()
-                                                      : std::string();
+    const std::string step = which == window_command::undo   ? document().undo_step()
+                             : which == window_command::redo ? document().redo_step()
+                                                             : std::string();
     if (step.empty()) return {};
-    return (which == command::undo ? tr("&Undo %1") : tr("&Redo %1")).arg(to_qstring(step));
+    return (which == window_command::undo ? tr("&Undo %1") : tr("&Redo %1")).arg(to_qstring(step));
 }
 
 QString problem_window::file_panel() const
@@ -236,11 +236,11 @@ bool problem_window::may_replace(const std::string& text)
     take_over_typing();
     if (document().problem_saved()) return true;
     switch (context().user.ask(this, {.text = text, .with_cancel = true})) {
-    case answer::yes:
+    case user_answer::yes:
         return save();
-    case answer::no:
+    case user_answer::no:
         return true;
-    case answer::cancel:
+    case user_answer::cancel:
         break;
     }
     return false;
@@ -299,7 +299,7 @@ bool problem_window::save_as()
                                                                   .default_extension = QStringLiteral("kvr")});
     if (!chosen) return false;
     const bool older = chosen->filter_index == kind_.older_format_filter;
-    if (older && context().user.ask(this, {.text = kind_.older_format_question}) != answer::yes) return false;
+    if (older && context().user.ask(this, {.text = kind_.older_format_question}) != user_answer::yes) return false;
     return write(chosen->path, older);
 }
 

@@ -54,9 +54,9 @@ public:
     problem_window(desktop_context& context, problem_kind kind);
     ~problem_window() override;
 
-    bool can(command which) const override;
-    void perform(command which) override;
-    QString caption_of(command which) const override;
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
+    QString caption_of(window_command which) const override;
     QString file_panel() const override;
     QString title_panel() const override;
     bool is_running() const override { return run_.running(); }

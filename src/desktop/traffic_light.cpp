@@ -15,7 +15,7 @@ namespace kelvarin
 namespace
 {
 
-void tell_name_changed(QWidget* widget)
+void announce_name(QWidget* widget)
 {
     QAccessibleEvent changed(widget, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&changed);
@@ -51,14 +51,14 @@ void traffic_light::set_green(bool green, const QString& why)
     const QString spoken = tr("Traffic light: %1").arg(word);
     setAccessibleName(spoken);
     imgTraffic_->setAccessibleName(spoken);
-    tell_name_changed(imgTraffic_);
-    tell_name_changed(this);
+    announce_name(imgTraffic_);
+    announce_name(this);
 }
 
 void traffic_light::show_lamp()
 {
     const int side = line_unit(*this) + line_unit(*this) / 4;
-    const QIcon lamp = icon(green_ ? "traffic_green" : "traffic_red");
+    const QIcon lamp = program_icon(green_ ? "traffic_green" : "traffic_red");
     imgTraffic_->setPixmap(lamp.pixmap(QSize(side, side), devicePixelRatioF()));
 }
 

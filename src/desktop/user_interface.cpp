@@ -36,10 +36,10 @@ QMessageBox::Icon box_icon_of(box_icon icon)
     return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButton button_of(answer given)
+QMessageBox::StandardButton button_of(user_answer given)
 {
-    if (given == answer::yes) return QMessageBox::Yes;
-    return given == answer::no ? QMessageBox::No : QMessageBox::Cancel;
+    if (given == user_answer::yes) return QMessageBox::Yes;
+    return given == user_answer::no ? QMessageBox::No : QMessageBox::Cancel;
 }
 
 /// The window that a box stands over: the parent's, as long as it is shown.
@@ -60,7 +60,7 @@ public:
         shown.exec();
     }
 
-    answer ask(QWidget* parent, const question& asked) override
+    user_answer ask(QWidget* parent, const user_question& asked) override
     {
         QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
         if (asked.with_cancel) buttons |= QMessageBox::Cancel;
@@ -71,11 +71,11 @@ public:
         shown.setEscapeButton(asked.with_cancel ? QMessageBox::Cancel : QMessageBox::No);
         switch (shown.exec()) {
         case QMessageBox::Yes:
-            return answer::yes;
+            return user_answer::yes;
         case QMessageBox::No:
-            return answer::no;
+            return user_answer::no;
         default:
-            return answer::cancel;
+            return user_answer::cancel;
         }
     }
 

@@ -19,7 +19,7 @@ class QWidget;
 namespace kelvarin
 {
 
-enum class answer
+enum class user_answer
 {
     yes,
     no,
@@ -28,13 +28,13 @@ enum class answer
 
 /// A question with Yes and No, and Cancel where one may draw back. Enter takes `default_answer`; Esc is Cancel,
 /// or No where there is none.
-struct question
+struct user_question
 {
     std::string text;
     std::string title = guide_title;
     bool with_cancel = false;
     box_icon icon = box_icon::question;
-    answer default_answer = answer::yes;
+    user_answer default_answer = user_answer::yes;
 };
 
 /// What a file dialog shows.
@@ -64,7 +64,7 @@ public:
     virtual ~user_interface() = default;
 
     virtual void show(QWidget* parent, const message_box& box) = 0;
-    virtual answer ask(QWidget* parent, const question& asked) = 0;
+    virtual user_answer ask(QWidget* parent, const user_question& asked) = 0;
     /// One line of text; nothing where it was cancelled (an empty text is an answer).
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& proposed) = 0;
@@ -89,7 +89,7 @@ public:
 /// The real one: the toolkit's dialogs, the desktop's clipboard and printers.
 std::unique_ptr<user_interface> make_desktop_interface();
 
-/// A told text with its lines (separated by CR) as the toolkit's labels want them.
+/// A box's text with its lines (separated by CR) as the labels of the toolkit want them.
 QString box_text(const std::string& text);
 
 } // namespace kelvarin

@@ -92,12 +92,12 @@ TEST(OpenDocument, TheWindowInFrontTakesAFileOfItsKind)
 
     // What is unsaved is asked for, and can be kept.
     desk.front_problem().load_sample(1);
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::cancel);
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::cancel);
     desk.window->open_document("gas.kvr");
     EXPECT_NE(desk.front_problem().document().title(), "Gas");
     EXPECT_EQ(desk.user.questions().size(), 1u);
-    desk.user.expect_question(unsaved_question, answer::no);
-    desk.run(command::close);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.run(window_command::close);
 }
 
 TEST(OpenDocument, SeveralFilesGetAWindowEach)
@@ -113,7 +113,7 @@ TEST(OpenDocument, TheDialogHasItsFilterAndAnEmptyNameAndMayBeLeft)
 {
     main_desk desk;
     desk.user.expect_file(std::nullopt);
-    desk.run(command::open);
+    desk.run(window_command::open);
     EXPECT_TRUE(desk.children().empty());
     ASSERT_EQ(desk.user.file_questions().size(), 1u);
     EXPECT_EQ(desk.user.file_questions()[0].filter,

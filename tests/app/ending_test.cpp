@@ -14,7 +14,7 @@ TEST(Ending, WritesTheStateThenThePlaceThenAllSettings)
     main_desk desk;
     desk.window->resize(500, 400);
     desk.registry.take_written();
-    desk.run(command::exit);
+    desk.run(window_command::exit);
     EXPECT_EQ(desk.exit_status, 0);
     EXPECT_FALSE(desk.window->isVisible());
 
@@ -33,7 +33,7 @@ TEST(Ending, AMaximisedWindowKeepsItsLastPlace)
     settle();
     const auto width = desk.registry.read(registry_root, "Window Width");
     desk.registry.take_written();
-    desk.run(command::exit);
+    desk.run(window_command::exit);
     EXPECT_EQ(desk.registry.take_written()[1], "Software\\WinKlvn\\settings\\general_show_status_bar");
     EXPECT_EQ(desk.registry.read(registry_root, "Window State"), "2");
     EXPECT_EQ(desk.registry.read(registry_root, "Window Width"), width);
@@ -52,7 +52,7 @@ TEST(Ending, FirstStartTakesMostOfTheScreenAndWritesItAtOnce)
               (std::vector<std::string>{"Window Width", "Window Height", "Window Top", "Window Left", "Window State"}));
     desk.window->move(20, 30);
     desk.window->resize(640, 480);
-    desk.run(command::exit);
+    desk.run(window_command::exit);
     desk.start();
     EXPECT_EQ(desk.window->size(), QSize(640, 480));
     EXPECT_EQ(desk.window->pos(), QPoint(20, 30));
@@ -64,9 +64,9 @@ TEST(Ending, ARefusedQuestionKeepsAllWindowsAndTheirWork)
     const QPointer<child_window> first = &desk.new_unsaved_problem();
     const QPointer<child_window> second = &desk.new_unsaved_problem();
     // The last window is asked first; its work could go, but then the other one is not let go.
-    desk.user.expect_question(unsaved_question, answer::no);
-    desk.user.expect_question(unsaved_question, answer::cancel);
-    desk.run(command::exit);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.user.expect_question(unsaved_question, user_answer::cancel);
+    desk.run(window_command::exit);
     EXPECT_TRUE(desk.user.is_done());
     EXPECT_EQ(desk.exit_status, -1);
     EXPECT_TRUE(desk.window->isVisible());
@@ -76,9 +76,9 @@ TEST(Ending, ARefusedQuestionKeepsAllWindowsAndTheirWork)
     // Both are still protected: one lock and two problems.
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 3);
 
-    desk.user.expect_question(unsaved_question, answer::no);
-    desk.user.expect_question(unsaved_question, answer::no);
-    desk.run(command::exit);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.run(window_command::exit);
     EXPECT_EQ(desk.exit_status, 0);
     EXPECT_FALSE(desk.window->isVisible());
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 1);
@@ -90,8 +90,8 @@ TEST(Ending, CloseAllAsksFromTheLastAndKeepsTheOneThatRefuses)
     const QPointer<child_window> first = &desk.new_problem();
     const QPointer<child_window> second = &desk.new_unsaved_problem();
     const QPointer<child_window> third = &desk.new_problem();
-    desk.user.expect_question(unsaved_question, answer::cancel);
-    desk.run(command::close_all);
+    desk.user.expect_question(unsaved_question, user_answer::cancel);
+    desk.run(window_command::close_all);
     EXPECT_FALSE(first);
     EXPECT_TRUE(second);
     EXPECT_FALSE(third);
@@ -103,7 +103,7 @@ TEST(Ending, RunsAreAskedToStopFirst)
     stand_in& runner = desk.show_stand_in("frmNLE");
     runner.set_running(true);
     desk.window->close();
-    EXPECT_EQ(runner.performed, QList<command>{command::stop});
+    EXPECT_EQ(runner.performed, QList<window_command>{window_command::stop});
     EXPECT_TRUE(wait_until([&] { return desk.exit_status == 0; }));
     EXPECT_FALSE(desk.window->isVisible());
 }

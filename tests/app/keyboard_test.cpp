@@ -66,7 +66,7 @@ TEST(Keyboard, UndoInABoundTakesBackTheProblemsStepAndKeepsWhatCanBeRedone)
 TEST(Keyboard, ClosesAToolWhichComesBackInItsSize)
 {
     main_desk desk;
-    desk.window->show_tool(command::calculator);
+    desk.window->show_tool(window_command::calculator);
     QWidget& calculator = top_window("frmCal");
     const QSize larger = calculator.size() + QSize(40, 30);
     calculator.resize(larger);
@@ -76,7 +76,7 @@ TEST(Keyboard, ClosesAToolWhichComesBackInItsSize)
     EXPECT_FALSE(calculator.isVisible());
     desk.window.reset();
     desk.start();
-    desk.window->show_tool(command::calculator);
+    desk.window->show_tool(window_command::calculator);
     EXPECT_EQ(top_window("frmCal").size(), larger);
 }
 

@@ -45,13 +45,16 @@ public:
     stand_in(desktop_context& context, const char* kind) : child_window(context, kind) {}
 
     QList<QMenu*> menus() override { return {&menu}; }
-    bool can(command which) const override { return possible.contains(which); }
-    void perform(command which) override
+    bool can(window_command which) const override { return possible.contains(which); }
+    void perform(window_command which) override
     {
         performed.append(which);
-        if (which == command::stop) set_running(false);
+        if (which == window_command::stop) set_running(false);
     }
-    QString caption_of(command which) const override { return which == command::undo ? undo_caption : QString(); }
+    QString caption_of(window_command which) const override
+    {
+        return which == window_command::undo ? undo_caption : QString();
+    }
     bool is_running() const override { return running; }
     double fraction_done() const override { return 0.25; }
 
@@ -59,16 +62,16 @@ public:
     {
         running = now;
         if (now)
-            possible.append(command::stop);
+            possible.append(window_command::stop);
         else
-            possible.removeAll(command::stop);
+            possible.removeAll(window_command::stop);
         emit state_changed();
     }
     void tell() { emit state_changed(); }
 
     QMenu menu{QStringLiteral("&Report")};
-    QList<command> possible;
-    QList<command> performed;
+    QList<window_command> possible;
+    QList<window_command> performed;
     QString undo_caption;
     bool running = false;
 };
@@ -125,7 +128,7 @@ struct main_desk
         person().click(key);
         settle();
     }
-    void run(command which)
+    void run(window_command which)
     {
         ASSERT_TRUE(window->action(which)->isEnabled());
         window->action(which)->trigger();

@@ -37,15 +37,15 @@ TEST(MainWindow, EachPressOfTheToolbarMakesOneMoreWindowUpToTen)
     EXPECT_TRUE(desk.user.is_done());
 
     // The File menu shows the one window of its own, whatever the number.
-    desk.run(command::new_nle);
+    desk.run(window_command::new_nle);
     EXPECT_EQ(desk.window->count_problem_windows().all, 11);
     child_window* shown = desk.window->active_child();
     desk.area().bring_to_front(*desk.children().front());
-    desk.run(command::new_nle);
+    desk.run(window_command::new_nle);
     EXPECT_EQ(desk.window->count_problem_windows().all, 11);
     EXPECT_EQ(desk.window->active_child(), shown);
     shown->close_with_frame();
-    desk.run(command::new_nle);
+    desk.run(window_command::new_nle);
     EXPECT_EQ(desk.window->count_problem_windows().all, 11);
 }
 
@@ -60,7 +60,7 @@ TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
     desk.user.expect_box("Only 3 concurrent table regression and analysis problem forms are allowed. ");
     desk.press_toolbar("reg");
     desk.user.expect_box("Please remove some Kelvarin problem documents before choosing this option.");
-    desk.run(command::open);
+    desk.run(window_command::open);
     EXPECT_TRUE(desk.user.file_questions().empty());
     desk.press_toolbar("nle");
     EXPECT_EQ(desk.window->count_problem_windows().all, 4);
@@ -71,12 +71,13 @@ TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
     main_desk desk;
     struct row
     {
-        command which;
+        window_command which;
         const char* text;
     };
-    for (const row& each : {row{command::new_deq, "Differential equations are not yet solved by this version."},
-                            row{command::new_reg, "Data tables are not yet solved by this version."},
-                            row{command::new_opt, "Optimization problems are not yet solved by this version."}}) {
+    for (const row& each :
+         {row{window_command::new_deq, "Differential equations are not yet solved by this version."},
+          row{window_command::new_reg, "Data tables are not yet solved by this version."},
+          row{window_command::new_opt, "Optimization problems are not yet solved by this version."}}) {
         SCOPED_TRACE(each.text);
         desk.user.expect_box(each.text);
         desk.run(each.which);
@@ -122,32 +123,32 @@ TEST(MainWindow, TheMenusOfTheWindowInFrontTakeTheBar)
 TEST(MainWindow, CommandsGoToTheWindowInFrontAndAreOffWhereItCanNot)
 {
     main_desk desk;
-    EXPECT_FALSE(desk.window->action(command::save)->isEnabled());
+    EXPECT_FALSE(desk.window->action(window_command::save)->isEnabled());
     EXPECT_FALSE(desk.person().is_enabled("save"));
-    EXPECT_FALSE(desk.window->action(command::cascade)->isEnabled());
+    EXPECT_FALSE(desk.window->action(window_command::cascade)->isEnabled());
 
     auto* child = new stand_in(*desk.context, "frmSolution");
-    child->possible = {command::save, command::undo};
+    child->possible = {window_command::save, window_command::undo};
     child->undo_caption = QStringLiteral("&Undo Remove equation");
     desk.window->show_child(child);
     desk.press_toolbar("save");
     robot::press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(child->performed, (QList<command>{command::save, command::undo}));
-    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo Remove equation"));
-    EXPECT_FALSE(desk.window->action(command::copy)->isEnabled());
+    EXPECT_EQ(child->performed, (QList<window_command>{window_command::save, window_command::undo}));
+    EXPECT_EQ(desk.window->action(window_command::undo)->text(), QStringLiteral("&Undo Remove equation"));
+    EXPECT_FALSE(desk.window->action(window_command::copy)->isEnabled());
 
     child->possible = {};
     child->undo_caption.clear();
     child->tell();
-    EXPECT_FALSE(desk.window->action(command::save)->isEnabled());
-    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo"));
+    EXPECT_FALSE(desk.window->action(window_command::save)->isEnabled());
+    EXPECT_EQ(desk.window->action(window_command::undo)->text(), QStringLiteral("&Undo"));
 }
 
 TEST(MainWindow, EditingMeansTheFocusedFieldBeforeTheWindowAroundIt)
 {
     main_desk desk;
     auto* child = new stand_in(*desk.context, "frmSolution");
-    child->possible = {command::undo, command::copy, command::select_all};
+    child->possible = {window_command::undo, window_command::copy, window_command::select_all};
     child->undo_caption = QStringLiteral("&Undo Remove equation");
     auto* field = new QLineEdit(child);
     auto* read_only = new QLineEdit(QStringLiteral("fixed"), child);
@@ -159,20 +160,20 @@ TEST(MainWindow, EditingMeansTheFocusedFieldBeforeTheWindowAroundIt)
 
     field->setFocus();
     robot::keys("abc");
-    desk.run(command::select_all);
+    desk.run(window_command::select_all);
     EXPECT_EQ(field->selectedText(), QStringLiteral("abc"));
-    EXPECT_EQ(desk.window->action(command::undo)->text(), QStringLiteral("&Undo"));
-    desk.run(command::undo);
+    EXPECT_EQ(desk.window->action(window_command::undo)->text(), QStringLiteral("&Undo"));
+    desk.run(window_command::undo);
     EXPECT_EQ(field->text(), QString());
     EXPECT_TRUE(child->performed.isEmpty());
 
     // What the field can not do any more goes to the window, and so does all where the field is only read.
-    desk.run(command::undo);
-    EXPECT_EQ(child->performed, QList<command>{command::undo});
+    desk.run(window_command::undo);
+    EXPECT_EQ(child->performed, QList<window_command>{window_command::undo});
     read_only->setFocus();
     read_only->selectAll();
-    desk.run(command::copy);
-    EXPECT_EQ(child->performed, (QList<command>{command::undo, command::copy}));
+    desk.run(window_command::copy);
+    EXPECT_EQ(child->performed, (QList<window_command>{window_command::undo, window_command::copy}));
 }
 
 TEST(MainWindow, StatusBarShowsFileTitleAndTheRunOfTheWindowInFront)
@@ -199,7 +200,7 @@ TEST(MainWindow, StatusBarShowsFileTitleAndTheRunOfTheWindowInFront)
     desk.area().bring_to_front(*runner);
     EXPECT_TRUE(progress.isVisible());
     robot::press(Qt::Key_Escape);
-    EXPECT_EQ(runner->performed, QList<command>{command::stop});
+    EXPECT_EQ(runner->performed, QList<window_command>{window_command::stop});
     EXPECT_FALSE(progress.isVisible());
 }
 
@@ -230,7 +231,7 @@ TEST(MainWindow, TheStatusBarFollowsItsSettingAtOnce)
     EXPECT_FALSE(desk.person().is_shown("StbMDI"));
     // There is one window of the settings, also when it is asked for again.
     setup.close();
-    desk.run(command::setup);
+    desk.run(window_command::setup);
     EXPECT_EQ(&top_window("frmInitials"), &setup);
 }
 
@@ -239,14 +240,15 @@ TEST(MainWindow, EachToolIsOneWindowBesideTheMainOne)
     main_desk desk;
     struct row
     {
-        command which;
+        window_command which;
         /// The toolbar's button, if there is one.
         const char* key;
         const char* window;
     };
-    for (const row& each : {row{command::calculator, "calculate", "frmCal"}, row{command::units, "units", "frmUni"},
-                            row{command::constants, "const", "frmConstant"}, row{command::antoine, "", "frmAnt"},
-                            row{command::setup, "setup", "frmInitials"}}) {
+    for (const row& each :
+         {row{window_command::calculator, "calculate", "frmCal"}, row{window_command::units, "units", "frmUni"},
+          row{window_command::constants, "const", "frmConstant"}, row{window_command::antoine, "", "frmAnt"},
+          row{window_command::setup, "setup", "frmInitials"}}) {
         SCOPED_TRACE(each.window);
         desk.run(each.which);
         QWidget& tool = top_window(each.window);
@@ -262,7 +264,7 @@ TEST(MainWindow, EachToolIsOneWindowBesideTheMainOne)
     }
     EXPECT_TRUE(desk.children().empty());
     desk.window->activateWindow();
-    desk.run(command::exit);
+    desk.run(window_command::exit);
     for (const char* name : {"frmCal", "frmUni", "frmConstant", "frmAnt", "frmInitials"})
         for (const QWidget* window : QApplication::topLevelWidgets())
             EXPECT_FALSE(window->objectName() == QLatin1String(name) && window->isVisible()) << name;
@@ -271,7 +273,7 @@ TEST(MainWindow, EachToolIsOneWindowBesideTheMainOne)
 TEST(MainWindow, KeysCloseTheWindowInFrontThoughItsFrameKnowsThemToo)
 {
     main_desk desk;
-    const QList<QKeySequence> keys = desk.window->action(command::close)->shortcuts();
+    const QList<QKeySequence> keys = desk.window->action(window_command::close)->shortcuts();
     ASSERT_FALSE(keys.isEmpty());
     for (const QKeySequence& key : keys) {
         SCOPED_TRACE(key.toString().toStdString());
@@ -288,7 +290,7 @@ TEST(MainWindow, HasNoControlWithoutNameNorClashNorCutCaption)
     EXPECT_EQ(faults_of(*desk.window), std::vector<std::string>{});
     desk.new_problem();
     EXPECT_EQ(faults_of(*desk.window), std::vector<std::string>{});
-    desk.run(command::about);
+    desk.run(window_command::about);
     EXPECT_EQ(faults_of(top_window("frmAbout")), std::vector<std::string>{});
     top_window("frmAbout").close();
 }
@@ -304,12 +306,12 @@ TEST(MainWindow, StartPageOpensProblemsFilesAndExamples)
     desk.person().click("cmdNew_nle");
     EXPECT_FALSE(desk.person().is_shown("start_page"));
     desk.front_problem().open(file);
-    desk.run(command::close);
+    desk.run(window_command::close);
 
     EXPECT_EQ(desk.person().text("cmdRecent_1"), "gas.kvr");
     desk.person().click("cmdRecent_1");
     EXPECT_EQ(desk.front_problem().document().title(), "Gas");
-    desk.run(command::close);
+    desk.run(window_command::close);
 
     desk.person().click("cmdExample_2");
     EXPECT_EQ(desk.front_problem().document().title(), desk.front_problem().title_panel().toStdString());
@@ -351,7 +353,7 @@ TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
     desk.person().trigger(menu, "mnuWindowList_1");
     EXPECT_EQ(desk.window->active_child(), &first);
 
-    for (const command which : {command::tile_horizontally, command::tile_vertically}) {
+    for (const window_command which : {window_command::tile_horizontally, window_command::tile_vertically}) {
         desk.run(which);
         QRect together;
         for (const child_window* child : desk.children()) {
@@ -361,7 +363,7 @@ TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
         EXPECT_EQ(together.width(), desk.area().viewport()->width());
         EXPECT_EQ(desk.window->active_child(), &first);
     }
-    desk.run(command::cascade);
+    desk.run(window_command::cascade);
     std::set<std::pair<int, int>> corners;
     for (const child_window* child : desk.children())
         corners.emplace(child->parentWidget()->x(), child->parentWidget()->y());
@@ -370,7 +372,7 @@ TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
     for (child_window* child : desk.children())
         child->parentWidget()->showMinimized();
     desk.children().front()->parentWidget()->move(50, 50);
-    desk.run(command::arrange_icons);
+    desk.run(window_command::arrange_icons);
     for (const child_window* child : desk.children())
         EXPECT_GT(child->parentWidget()->y(), desk.area().viewport()->height() / 2);
     desk.person().trigger(menu, "mnuWindowList_1");

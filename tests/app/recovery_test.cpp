@@ -101,8 +101,8 @@ TEST(Recovery, TheProblemOfAKilledProgramComesBackOnce)
     EXPECT_EQ(desk.person().text("pnlTitle"), problem.document().title());
 
     // It is kept on until it is saved or given up.
-    desk.user.expect_question(unsaved_question, answer::no);
-    desk.run(command::exit);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.run(window_command::exit);
     desk.start_again();
     EXPECT_FALSE(desk.has_bar());
 }
@@ -120,10 +120,10 @@ TEST(Recovery, WhatIsKeptIsOfferedAtTheNextStartAndWhatIsDiscardedIsGone)
     EXPECT_FALSE(desk.has_bar());
     desk.start_again();
     ASSERT_TRUE(desk.has_bar());
-    desk.user.expect_question("Discard this problem? It can not be brought back afterwards.", answer::no);
+    desk.user.expect_question("Discard this problem? It can not be brought back afterwards.", user_answer::no);
     desk.person().click("cmdDiscard_1");
     EXPECT_TRUE(desk.has_bar());
-    desk.user.expect_question("Discard this problem? It can not be brought back afterwards.", answer::yes);
+    desk.user.expect_question("Discard this problem? It can not be brought back afterwards.", user_answer::yes);
     desk.person().click("cmdDiscard_1");
     EXPECT_FALSE(desk.has_bar());
     desk.start_again();

@@ -22,10 +22,10 @@ TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
     };
     const std::vector<row> rows{
         {{}, {}},
-        {{"calc"}, {.tool = command::calculator, .documents = {}}},
-        {{"units"}, {.tool = command::units, .documents = {}}},
-        {{"const"}, {.tool = command::constants, .documents = {}}},
-        {{"ant"}, {.tool = command::antoine, .documents = {}}},
+        {{"calc"}, {.tool = window_command::calculator, .documents = {}}},
+        {{"units"}, {.tool = window_command::units, .documents = {}}},
+        {{"const"}, {.tool = window_command::constants, .documents = {}}},
+        {{"ant"}, {.tool = window_command::antoine, .documents = {}}},
         {{"Calc"}, {.tool = {}, .documents = {"Calc"}}},
         {{"calc", "a.kvr"}, {.tool = {}, .documents = {"calc", "a.kvr"}}},
         {{"my work/a b.kvr"}, {.tool = {}, .documents = {"my work/a b.kvr"}}},

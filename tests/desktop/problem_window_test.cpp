@@ -140,14 +140,14 @@ struct note_test : testing::Test
 TEST_F(note_test, AsksOnClosingAndLosesNothingUnlessTold)
 {
     window->write("first");
-    desk.user.expect_question("Save before closing ?", answer::cancel);
+    desk.user.expect_question("Save before closing ?", user_answer::cancel);
     EXPECT_FALSE(window->close_with_frame());
     // Yes, but then no file is chosen: the window stays.
-    desk.user.expect_question("Save before closing ?", answer::yes);
+    desk.user.expect_question("Save before closing ?", user_answer::yes);
     desk.user.expect_file(std::nullopt);
     EXPECT_FALSE(window->close_with_frame());
     EXPECT_FALSE(window->document().problem_saved());
-    desk.user.expect_question("Save before closing ?", answer::yes);
+    desk.user.expect_question("Save before closing ?", user_answer::yes);
     desk.user.expect_file(chosen_file{desk.folder / "note.kvr"});
     EXPECT_TRUE(window->close_with_frame());
     settle();
@@ -165,10 +165,10 @@ TEST_F(note_test, StaysUnsavedWhereSavingFails)
     EXPECT_TRUE(window->isWindowModified());
     // Over it another file is opened only after the question.
     std::ofstream(desk.folder / "other.kvr") << "other";
-    desk.user.expect_question("Save now ?", answer::cancel);
+    desk.user.expect_question("Save now ?", user_answer::cancel);
     EXPECT_FALSE(window->open(desk.folder / "other.kvr"));
     EXPECT_EQ(window->document().title(), "first");
-    desk.user.expect_question("Save now ?", answer::no);
+    desk.user.expect_question("Save now ?", user_answer::no);
     EXPECT_TRUE(window->open(desk.folder / "other.kvr"));
     EXPECT_FALSE(window->isWindowModified());
 }
@@ -177,11 +177,11 @@ TEST_F(note_test, WritesTheOlderFormatOnlyAfterItsQuestion)
 {
     window->write("first");
     desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question("Older ?", answer::no);
+    desk.user.expect_question("Older ?", user_answer::no);
     EXPECT_FALSE(window->save_as());
     EXPECT_FALSE(std::filesystem::exists(desk.folder / "old.kvr"));
     desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question("Older ?", answer::yes);
+    desk.user.expect_question("Older ?", user_answer::yes);
     EXPECT_TRUE(window->save_as());
     EXPECT_EQ(content("old.kvr"), "old first");
 }
@@ -203,7 +203,7 @@ TEST_F(note_test, KeepsARecoveryCopyExactlyWhileUnsaved)
     window->write("second");
     window->keep_recovery_copy();
     EXPECT_EQ(kept(), 1);
-    desk.user.expect_question("Save before closing ?", answer::no);
+    desk.user.expect_question("Save before closing ?", user_answer::no);
     EXPECT_TRUE(window->close_with_frame());
     EXPECT_EQ(kept(), 0);
 }
@@ -224,10 +224,10 @@ TEST_F(note_test, NamesTheStepThatUndoTakesBack)
 {
     window->write("first");
     window->write("second");
-    EXPECT_EQ(to_text(window->caption_of(command::undo)), "&Undo Change title");
+    EXPECT_EQ(to_text(window->caption_of(window_command::undo)), "&Undo Change title");
     robot::press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window->document().title(), "first");
-    EXPECT_FALSE(window->can(command::undo));
+    EXPECT_FALSE(window->can(window_command::undo));
 }
 
 TEST_F(note_test, ARunCanBeStoppedByEscAndByClosing)
@@ -235,7 +235,7 @@ TEST_F(note_test, ARunCanBeStoppedByEscAndByClosing)
     robot::press(Qt::Key_F5);
     ASSERT_TRUE(window->is_running());
     EXPECT_TRUE(window->controls_off);
-    EXPECT_FALSE(window->can(command::solve));
+    EXPECT_FALSE(window->can(window_command::solve));
     robot::press(Qt::Key_Escape);
     ASSERT_TRUE(wait_until([&] { return !window->is_running(); }));
     EXPECT_FALSE(window->controls_off);

@@ -9,7 +9,7 @@
 namespace kelvarin::test
 {
 
-/// Whether a program that ends with its last window does so when `act` is done inside it: the toolkit tells of a last
+/// Whether a program that ends with its last window does so when `act` is done inside it: the toolkit reports a last
 /// window only while the program runs. Waits the time when it does not end.
 inline bool ends_program(const std::function<void()>& act, int milliseconds = 300)
 {

@@ -168,7 +168,7 @@ private:
         }
     }
 
-    /// A function whose value is not told here: for comparisons of two evaluations of the engine.
+    /// A function of unspecified value: for comparisons of two evaluations of the engine.
     random_expression wild_function(int depth)
     {
         static constexpr std::array<std::string_view, 16> names = {

@@ -45,7 +45,7 @@ void scripted_user::expect_box(std::string text, std::string title)
     expected_boxes_.push_back({.text = std::move(text), .title = std::move(title)});
 }
 
-void scripted_user::expect_question(std::string text, answer given)
+void scripted_user::expect_question(std::string text, user_answer given)
 {
     expected_questions_.push_back({std::move(text), given});
 }
@@ -85,11 +85,11 @@ void scripted_user::show(QWidget*, const message_box& box)
     EXPECT_EQ(box.title, expected->title);
 }
 
-answer scripted_user::ask(QWidget*, const question& asked)
+answer scripted_user::ask(QWidget*, const user_question& asked)
 {
     questions_.push_back(asked);
     const auto expected = next(expected_questions_, "the question: " + asked.text);
-    if (!expected) return answer::cancel;
+    if (!expected) return user_answer::cancel;
     EXPECT_EQ(asked.text, expected->text);
     return expected->given;
 }

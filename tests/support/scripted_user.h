@@ -10,7 +10,7 @@
 namespace kelvarin::test
 {
 
-/// A person who was told beforehand what will be asked. What nobody expected fails the test, and so does what
+/// A person who knows beforehand what will be asked. What nobody expected fails the test, and so does what
 /// was expected and did not come.
 class scripted_user final : public user_interface
 {
@@ -20,7 +20,7 @@ public:
     /// The next box has this text (lines separated by CR).
     void expect_box(std::string text, std::string title = guide_title);
     /// The next question has this text, and gets this answer.
-    void expect_question(std::string text, answer given);
+    void expect_question(std::string text, user_answer given);
     /// The next input box contains this text in its prompt, and gets this answer (nothing: Cancel).
     void expect_input(std::string prompt, std::optional<std::string> given);
     /// The next file dialog gets this answer (nothing: Cancel).
@@ -33,7 +33,7 @@ public:
 
     /// What came, in order.
     const std::vector<message_box>& boxes() const { return boxes_; }
-    const std::vector<question>& questions() const { return questions_; }
+    const std::vector<user_question>& questions() const { return questions_; }
     const std::vector<file_question>& file_questions() const { return file_questions_; }
     /// What the last input box proposed.
     const QString& proposed_input() const { return proposed_input_; }
@@ -41,7 +41,7 @@ public:
     QString copied_text() const { return clipboard_->text(); }
 
     void show(QWidget* parent, const message_box& box) override;
-    answer ask(QWidget* parent, const question& asked) override;
+    user_answer ask(QWidget* parent, const user_question& asked) override;
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& proposed) override;
     std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) override;
@@ -60,7 +60,7 @@ private:
     struct expected_question
     {
         std::string text;
-        answer given;
+        user_answer given;
     };
     struct expected_input
     {
@@ -76,7 +76,7 @@ private:
     std::deque<std::filesystem::path> expected_prints_;
 
     std::vector<message_box> boxes_;
-    std::vector<question> questions_;
+    std::vector<user_question> questions_;
     std::vector<file_question> file_questions_;
     QString proposed_input_;
     std::unique_ptr<QMimeData> clipboard_ = std::make_unique<QMimeData>();

@@ -10,9 +10,9 @@ namespace kelvarin::test
 
 test_frame::test_frame() : actions_(std::make_unique<command_actions>(&owner_))
 {
-    for (const command which : all_commands())
+    for (const window_command which : all_commands())
         owner_.addAction(action(which));
-    QObject::connect(actions_.get(), &command_actions::triggered, &owner_, [this](command which) {
+    QObject::connect(actions_.get(), &command_actions::triggered, &owner_, [this](window_command which) {
         child_window* active = active_child();
         if (active && active->can(which)) active->perform(which);
     });
@@ -30,7 +30,7 @@ void test_frame::show_child(child_window* window, bool)
     children_.emplace_back(window);
     QObject::connect(window, &child_window::state_changed, &owner_, [this] { refresh_actions(); });
     // The shortcuts of the commands work in this window too.
-    for (const command which : all_commands())
+    for (const window_command which : all_commands())
         window->addAction(action(which));
     window->show();
     window->activateWindow();
@@ -57,7 +57,7 @@ std::vector<child_window*> test_frame::children() const
 void test_frame::refresh_actions()
 {
     const child_window* active = active_child();
-    for (const command which : all_commands())
+    for (const window_command which : all_commands())
         action(which)->setEnabled(active && active->can(which));
 }
 

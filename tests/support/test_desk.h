@@ -24,7 +24,7 @@ public:
     test_frame();
     ~test_frame() override;
 
-    QAction* action(command which) override { return actions_->action(which); }
+    QAction* action(window_command which) override { return actions_->action(which); }
     QMenu* new_menu() override { return &new_menu_; }
     QMenu* tools_menu() override { return &tools_menu_; }
     QMenu* window_menu() override { return &window_menu_; }

@@ -87,7 +87,7 @@ public:
         const QKeySequence mnemonic = QKeySequence::mnemonic(caption);
         if (!mnemonic.isEmpty()) captions_[mnemonic.toString().toStdString()].push_back(caption.toStdString());
     }
-    void tell_clashes(std::vector<std::string>& faults) const
+    void add_clashes(std::vector<std::string>& faults) const
     {
         for (const auto& [letter, captions] : captions_) {
             if (captions.size() < 2) continue;
@@ -103,15 +103,15 @@ private:
     std::map<std::string, std::vector<std::string>> captions_;
 };
 
-void tell_clashes_inside(const QMenu& menu, std::vector<std::string>& faults)
+void add_clashes_inside(const QMenu& menu, std::vector<std::string>& faults)
 {
     letter_table letters("menu " + menu.title().toStdString());
     for (const QAction* action : menu.actions()) {
         if (!action->isVisible()) continue;
         letters.add(action->text());
-        if (action->menu()) tell_clashes_inside(*action->menu(), faults);
+        if (action->menu()) add_clashes_inside(*action->menu(), faults);
     }
-    letters.tell_clashes(faults);
+    letters.add_clashes(faults);
 }
 
 } // namespace
@@ -140,14 +140,14 @@ std::vector<std::string> mnemonic_clashes(const QWidget& window, const QList<QMe
         if (const auto* bar = qobject_cast<const QMenuBar*>(&widget))
             for (const QAction* action : bar->actions()) {
                 letters.add(action->text());
-                if (action->menu()) tell_clashes_inside(*action->menu(), faults);
+                if (action->menu()) add_clashes_inside(*action->menu(), faults);
             }
     });
     for (const QMenu* menu : menus) {
         letters.add(menu->title());
-        tell_clashes_inside(*menu, faults);
+        add_clashes_inside(*menu, faults);
     }
-    letters.tell_clashes(faults);
+    letters.add_clashes(faults);
     return faults;
 }
 

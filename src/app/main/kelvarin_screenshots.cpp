@@ -105,9 +105,9 @@ void take_problem(frmMDIKelvarin& window, const photographer& camera, const QStr
 {
     window.open_document(to_path(problem));
     settle();
-    window.action(command::solve)->trigger();
+    window.action(window_command::solve)->trigger();
     wait_until([&] { return window.findChild<frmSolution*>() != nullptr; });
-    window.action(command::tile_vertically)->trigger();
+    window.action(window_command::tile_vertically)->trigger();
     camera.take(window, "main-window");
     auto* report = window.findChild<frmSolution*>();
     report->parentWidget()->showMaximized();
@@ -116,7 +116,7 @@ void take_problem(frmMDIKelvarin& window, const photographer& camera, const QStr
 
 void take_calculator(frmMDIKelvarin& window, const photographer& camera)
 {
-    window.show_tool(command::calculator);
+    window.show_tool(window_command::calculator);
     QWidget& calculator = *shown_window("frmCal");
     for (const char* line :
          {"d = 0.25", "area = 3.14159265358979*d^2/4", "q = 0.085", "v = q/area", "if v > 1.5 then 1 else 0"}) {
@@ -133,7 +133,7 @@ void take_calculator(frmMDIKelvarin& window, const photographer& camera)
 
 void take_settings(frmMDIKelvarin& window, const photographer& camera)
 {
-    window.show_tool(command::setup);
+    window.show_tool(window_command::setup);
     QWidget& shown = *shown_window("frmInitials");
     auto& tree = part<QTreeWidget>(shown, "tvw");
     const auto leaves = tree.findItems(QStringLiteral("Max # of iterations"), Qt::MatchContains | Qt::MatchRecursive);

@@ -124,33 +124,33 @@ void frmLEQ::show_current_cell()
             QStringLiteral("[%1] %2").arg(QString::number(cell.row + 1), to_qstring(equation_text(content, cell.row))));
 }
 
-bool frmLEQ::can(command which) const
+bool frmLEQ::can(window_command which) const
 {
     switch (which) {
-    case command::cut:
-    case command::copy:
-    case command::paste:
-    case command::select_all:
+    case window_command::cut:
+    case window_command::copy:
+    case window_command::paste:
+    case window_command::select_all:
         return true;
     default:
         return problem_window::can(which);
     }
 }
 
-void frmLEQ::perform(command which)
+void frmLEQ::perform(window_command which)
 {
     take_over_typing();
     switch (which) {
-    case command::cut:
+    case window_command::cut:
         cut();
         break;
-    case command::copy:
+    case window_command::copy:
         copy();
         break;
-    case command::paste:
+    case window_command::paste:
         paste();
         break;
-    case command::select_all:
+    case window_command::select_all:
         grdMatrix_->selectAll();
         break;
     default:
@@ -244,11 +244,11 @@ std::optional<cell_block> frmLEQ::with_decimal_points(cell_block block)
     const QString change = first_change(block, *converted);
     const QString asked = tr("The pasted numbers have decimal commas. Do you want decimal points instead ?\r%1");
     switch (context().user.ask(this, {.text = to_text(asked.arg(change)), .with_cancel = true})) {
-    case answer::yes:
+    case user_answer::yes:
         return converted;
-    case answer::no:
+    case user_answer::no:
         return block;
-    case answer::cancel:
+    case user_answer::cancel:
         break;
     }
     return std::nullopt;

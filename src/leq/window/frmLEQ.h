@@ -31,8 +31,8 @@ public:
     using problem_window::document;
     leq_problem& document() override { return problem_; }
     QList<QMenu*> menus() override;
-    bool can(command which) const override;
-    void perform(command which) override;
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
 
     /// Puts a random problem in place of the present one, asking first where that would be lost.
     void load_sample();

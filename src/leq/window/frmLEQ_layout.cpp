@@ -19,7 +19,7 @@ namespace kelvarin
 
 void frmLEQ::build_ui()
 {
-    setWindowIcon(icon("leq"));
+    setWindowIcon(program_icon("leq"));
     const int unit = line_unit(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
@@ -80,11 +80,11 @@ void frmLEQ::build_edit_menu()
     const auto add = [&](const QString& caption, const char* name, auto slot) {
         return named(menu->addAction(caption, this, slot), name);
     };
-    for (const command which : {command::cut, command::copy, command::paste})
+    for (const window_command which : {window_command::cut, window_command::copy, window_command::paste})
         menu->addAction(frame.action(which));
     clear_item_ = add(tr("C&lear"), "mnuClear", &frmLEQ::clear_cells);
-    clear_item_->setIcon(icon("clear"));
-    menu->addAction(frame.action(command::select_all));
+    clear_item_->setIcon(program_icon("clear"));
+    menu->addAction(frame.action(window_command::select_all));
     menu->addSeparator();
     add(tr("Enter Problem Title..."), "mnuTitle", &frmLEQ::change_title);
     rename_item_ =
@@ -97,7 +97,7 @@ void frmLEQ::build_edit_menu()
 QMenu* frmLEQ::build_program_menu()
 {
     auto* menu = new QMenu(tr("&Program"), this);
-    menu->addAction(context().frame.action(command::solve));
+    menu->addAction(context().frame.action(window_command::solve));
     return menu;
 }
 
@@ -115,8 +115,8 @@ QMenu* frmLEQ::build_cell_menu()
 {
     main_frame& frame = context().frame;
     auto* menu = named(new QMenu(this), "mnuCell");
-    menu->addActions(
-        {frame.action(command::cut), frame.action(command::copy), frame.action(command::paste), clear_item_});
+    menu->addActions({frame.action(window_command::cut), frame.action(window_command::copy),
+                      frame.action(window_command::paste), clear_item_});
     menu->addSeparator();
     menu->addAction(rename_item_);
     return menu;

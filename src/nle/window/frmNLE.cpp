@@ -150,25 +150,25 @@ void frmNLE::enable_controls_for_run(bool running)
     enable_controls();
 }
 
-bool frmNLE::can(command which) const
+bool frmNLE::can(window_command which) const
 {
     switch (which) {
-    case command::copy:
+    case window_command::copy:
         return !grdRoots_->selected_rows().empty();
-    case command::select_all:
+    case window_command::select_all:
         return problem_.equation_count() > 0;
     default:
         return problem_window::can(which);
     }
 }
 
-void frmNLE::perform(command which)
+void frmNLE::perform(window_command which)
 {
     switch (which) {
-    case command::copy:
+    case window_command::copy:
         copy_rows();
         break;
-    case command::select_all:
+    case window_command::select_all:
         grdRoots_->selectAll();
         break;
     default:

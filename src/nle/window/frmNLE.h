@@ -40,8 +40,8 @@ public:
     using problem_window::document;
     nle_problem& document() override { return problem_; }
     QList<QMenu*> menus() override;
-    bool can(command which) const override;
-    void perform(command which) override;
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
 
     /// Puts example 1 to 4 in place of the problem, asking first where one would be lost.
     void load_sample(int number);

@@ -97,8 +97,8 @@ QStringList frmNLE::variables() const
 void frmNLE::cmdRemove_Click()
 {
     const bool last_one = problem_.equation_count() == 1;
-    const question sure = {.text = "Are you sure you want to remove this equation ?"};
-    if (!last_one && context().user.ask(this, sure) != answer::yes) return;
+    const user_question sure = {.text = "Are you sure you want to remove this equation ?"};
+    if (!last_one && context().user.ask(this, sure) != user_answer::yes) return;
     changed_or_refused(problem_.remove(grdRoots_->current_row()));
 }
 

@@ -44,7 +44,7 @@ QToolButton* make_arrow(Qt::ArrowType arrow, const char* name, const QString& ti
 
 void frmNLE::build_ui()
 {
-    setWindowIcon(icon("nle"));
+    setWindowIcon(program_icon("nle"));
     const int unit = line_unit(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
@@ -190,8 +190,8 @@ void frmNLE::build_menu_bar()
 QMenu* frmNLE::build_edit_menu()
 {
     QMenu* menu = edit_menu();
-    menu->addAction(context().frame.action(command::copy));
-    menu->addAction(context().frame.action(command::select_all));
+    menu->addAction(context().frame.action(window_command::copy));
+    menu->addAction(context().frame.action(window_command::select_all));
     menu->addSeparator();
     const auto add = [&](const QString& caption, const char* name, auto slot) {
         QAction* item = menu->addAction(caption, this, slot);
@@ -216,8 +216,8 @@ QMenu* frmNLE::build_edit_menu()
 QMenu* frmNLE::build_solution_menu()
 {
     auto* menu = new QMenu(tr("&Solution"), this);
-    menu->addAction(context().frame.action(command::solve));
-    menu->addAction(context().frame.action(command::stop));
+    menu->addAction(context().frame.action(window_command::solve));
+    menu->addAction(context().frame.action(window_command::stop));
     menu->addSeparator();
     menu->addAction(tr("&Refresh"), this, [this] { document_changed(); })
         ->setObjectName(QStringLiteral("mnuSolutionItem_2"));

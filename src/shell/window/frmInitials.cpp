@@ -55,7 +55,7 @@ frmInitials::frmInitials(desktop_context& context, QWidget* parent) : QWidget(pa
 {
     setObjectName(QStringLiteral("frmInitials"));
     setWindowTitle(tr("Kelvarin Settings"));
-    setWindowIcon(icon("setup"));
+    setWindowIcon(program_icon("setup"));
     build_ui();
     build_tree();
     clear_value();
@@ -74,8 +74,9 @@ void frmInitials::build_ui()
     connect(txtFind_, &QLineEdit::textChanged, this, &frmInitials::filter_tree);
     connect(tvw_, &QTreeWidget::currentItemChanged, this, &frmInitials::show_current);
     connect(tvw_, &QTreeWidget::itemExpanded, this,
-            [](QTreeWidgetItem* item) { item->setIcon(0, icon("folder_open")); });
-    connect(tvw_, &QTreeWidget::itemCollapsed, this, [](QTreeWidgetItem* item) { item->setIcon(0, icon("folder")); });
+            [](QTreeWidgetItem* item) { item->setIcon(0, program_icon("folder_open")); });
+    connect(tvw_, &QTreeWidget::itemCollapsed, this,
+            [](QTreeWidgetItem* item) { item->setIcon(0, program_icon("folder")); });
     // Enter on a leaf goes where its value is entered.
     connect(tvw_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         if (row_of(item) != nullptr) txtTreeData_->setFocus();
@@ -168,7 +169,7 @@ void frmInitials::build_tree()
         if (rows[at].caption.empty()) continue;
         auto* leaf = new QTreeWidgetItem(folder_of(rows[at]));
         leaf->setData(0, row_role, static_cast<uint>(at));
-        leaf->setIcon(0, icon("data"));
+        leaf->setIcon(0, program_icon("data"));
         leaf->setToolTip(0, QStringLiteral("%1. %2").arg(setting_hint(rows[at]), default_hint(rows[at])));
         rebuild_leaf(*leaf);
     }
@@ -184,7 +185,7 @@ QTreeWidgetItem* frmInitials::folder_of(const setting_row& row)
         }
         if (found == nullptr) {
             found = new QTreeWidgetItem(folder, {name});
-            found->setIcon(0, icon("folder"));
+            found->setIcon(0, program_icon("folder"));
         }
         folder = found;
     }

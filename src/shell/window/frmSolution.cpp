@@ -27,7 +27,7 @@ constexpr const char* rich_text_mark = R"({\rtf)";
 
 frmSolution::frmSolution(desktop_context& context) : child_window(context, "frmSolution")
 {
-    setWindowIcon(icon("report"));
+    setWindowIcon(program_icon("report"));
     build_ui();
     build_menus();
 }
@@ -53,14 +53,14 @@ void frmSolution::build_menus()
     report_menu_ = new QMenu(tr("&Report"), this);
     report_menu_->addAction(tr("&Refresh"), this, &frmSolution::mnuRefresh_Click)
         ->setObjectName(QStringLiteral("mnuRefresh"));
-    report_menu_->addAction(frame.action(command::save_as));
-    for (const command which :
-         {command::print, command::print_preview, command::close, command::close_all, command::exit}) {
+    report_menu_->addAction(frame.action(window_command::save_as));
+    for (const window_command which : {window_command::print, window_command::print_preview, window_command::close,
+                                       window_command::close_all, window_command::exit}) {
         report_menu_->addAction(frame.action(which));
     }
 
     edit_menu_ = new QMenu(tr("&Edit"), this);
-    for (const command which : {command::copy, command::select_all})
+    for (const window_command which : {window_command::copy, window_command::select_all})
         edit_menu_->addAction(frame.action(which));
     edit_menu_->addSeparator();
     QList<QKeySequence> larger = QKeySequence::keyBindings(QKeySequence::ZoomIn);
@@ -141,45 +141,45 @@ void frmSolution::mnuRefresh_Click()
     txtSolution_->set_lines(given_text_ ? styled_plain_text(*given_text_) : read_rich_text(rich_text_));
 }
 
-bool frmSolution::can(command which) const
+bool frmSolution::can(window_command which) const
 {
     switch (which) {
-    case command::save:
-    case command::save_as:
-    case command::print:
-    case command::print_preview:
-    case command::select_all:
-    case command::close:
+    case window_command::save:
+    case window_command::save_as:
+    case window_command::print:
+    case window_command::print_preview:
+    case window_command::select_all:
+    case window_command::close:
         return true;
-    case command::copy:
+    case window_command::copy:
         return txtSolution_->textCursor().hasSelection();
     default:
         return false;
     }
 }
 
-void frmSolution::perform(command which)
+void frmSolution::perform(window_command which)
 {
     switch (which) {
-    case command::save:
+    case window_command::save:
         save();
         break;
-    case command::save_as:
+    case window_command::save_as:
         save_as();
         break;
-    case command::print:
+    case window_command::print:
         print(false);
         break;
-    case command::print_preview:
+    case window_command::print_preview:
         print(true);
         break;
-    case command::copy:
+    case window_command::copy:
         copy();
         break;
-    case command::select_all:
+    case window_command::select_all:
         txtSolution_->selectAll();
         break;
-    case command::close:
+    case window_command::close:
         close_with_frame();
         break;
     default:

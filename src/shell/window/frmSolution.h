@@ -39,8 +39,8 @@ public:
     bool save_as();
 
     QList<QMenu*> menus() override;
-    bool can(command which) const override;
-    void perform(command which) override;
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
     QString file_panel() const override;
     QString title_panel() const override;
 

@@ -27,7 +27,7 @@ constexpr int columns_of_tab = 8;
 /// Smaller print than that is of no use to anybody.
 constexpr double smallest_print = 0.4;
 
-/// What the toolkit takes for the resolution of every document that is not told otherwise.
+/// What the toolkit takes for the resolution of a document for which none was set.
 double pixels_per_inch()
 {
     const QScreen* screen = QGuiApplication::primaryScreen();

@@ -20,7 +20,8 @@ enum class report_format
 inline constexpr std::string_view report_save_filter =
     "Rich text (*.rtf)|*.rtf|Text (*.txt)|*.txt|All file (*.*)|*.*|PDF (*.pdf)|*.pdf|HTML (*.html)|*.html";
 
-/// The form by the chosen name where that tells one, else by the chosen part of the filter, counted from 1.
+/// The form by the extension of the chosen name where it has a known one, else by the chosen part of the filter,
+/// counted from 1.
 report_format format_of_report(const std::filesystem::path& path, int filter_index);
 
 } // namespace kelvarin

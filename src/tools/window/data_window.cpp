@@ -40,7 +40,7 @@ bool data_window::read_data()
     if (!path) return false;
     const text_file file = read_text_file(*path);
     if (!file.ok()) return false;
-    tell_faults(show_data(file.text));
+    show_faults(show_data(file.text));
     return true;
 }
 
@@ -52,7 +52,7 @@ void data_window::refuse()
     close();
 }
 
-void data_window::tell_faults(const std::vector<data_fault>& faults)
+void data_window::show_faults(const std::vector<data_fault>& faults)
 {
     lblFaults_->setVisible(!faults.empty());
     if (faults.empty()) return;

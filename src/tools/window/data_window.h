@@ -37,14 +37,14 @@ protected:
 
     desktop_context& context() const { return context_; }
     const std::vector<std::filesystem::path>& folders() const { return folders_; }
-    /// Tells of lines that were passed over, and is hidden where there are none.
+    /// Names the lines that were passed over; hidden where there are none.
     QLabel* faults_label() const { return lblFaults_; }
 
 private:
     /// False where there is no such file, or none that can be read.
     bool read_data();
     void refuse();
-    void tell_faults(const std::vector<data_fault>& faults);
+    void show_faults(const std::vector<data_fault>& faults);
 
     desktop_context& context_;
     std::string_view file_name_;

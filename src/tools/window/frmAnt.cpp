@@ -166,7 +166,7 @@ void frmAnt::show_pressure()
 
 void frmAnt::cmdHelp_Click()
 {
-    context_.frame.action(command::contents)->trigger();
+    context_.frame.action(window_command::contents)->trigger();
 }
 
 void frmAnt::tint_controls()

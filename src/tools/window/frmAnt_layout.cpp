@@ -39,7 +39,7 @@ void frmAnt::build_ui()
 {
     setObjectName(QStringLiteral("frmAnt"));
     setWindowTitle(tr("Antoine constants manipulator"));
-    setWindowIcon(icon("antoine"));
+    setWindowIcon(program_icon("antoine"));
     const int unit = line_unit(*this);
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(unit / 2, unit / 2, unit / 2, unit / 2);
@@ -158,7 +158,7 @@ QLayout* frmAnt::build_pressure()
     LblDisplayed_->setReadOnly(true);
     LblDisplayed_->setFont(fixed_font(*this));
     LblDisplayed_->setAccessibleName(tr("Equation with its constants"));
-    cmdCopy_ = named(new QPushButton(icon("copy"), QString(), this), "cmdCopy");
+    cmdCopy_ = named(new QPushButton(program_icon("copy"), QString(), this), "cmdCopy");
     cmdCopy_->setAccessibleName(tr("Copy the equation"));
     cmdCopy_->setToolTip(tr("Copy the equation"));
     txtT_ = named(new QLineEdit(this), "txtT");

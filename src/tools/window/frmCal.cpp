@@ -200,8 +200,8 @@ void frmCal::cmdDeleteVar_Click()
 {
     const std::string name = selected_variable();
     if (name.empty()) return;
-    const question asked{.text = "Are you sure you want to remove the variable '" + name + "' ?"};
-    if (context_.user.ask(this, asked) != answer::yes) return;
+    const user_question asked{.text = "Are you sure you want to remove the variable '" + name + "' ?"};
+    if (context_.user.ask(this, asked) != user_answer::yes) return;
     if (!calculator_.variables().Remove_var(name)) {
         context_.user.show(this, {.text = "Variable not removed."});
         return;
@@ -245,8 +245,8 @@ void frmCal::cmdCopyAnswer_Click()
 
 void frmCal::cmdClearHistory_Click()
 {
-    const question asked{.text = "This action will clear the history. Do you want to continue ?"};
-    if (context_.user.ask(this, asked) != answer::yes) return;
+    const user_question asked{.text = "This action will clear the history. Do you want to continue ?"};
+    if (context_.user.ask(this, asked) != user_answer::yes) return;
     history_.clear();
     txtHistory_->show_entries({});
     enable_controls();

@@ -34,7 +34,7 @@ void frmCal::build_ui()
 {
     setObjectName(QStringLiteral("frmCal"));
     setWindowTitle(tr("Calculator"));
-    setWindowIcon(icon("calculator"));
+    setWindowIcon(program_icon("calculator"));
 
     tabMore_ = named(new QTabWidget(this), "tabMore");
     tabMore_->addTab(build_functions_page(), tr("F&unctions"));
@@ -128,7 +128,7 @@ QLayout* frmCal::build_answer()
     txtAnswer_ = named(new QLineEdit(this), "txtAnswer");
     txtAnswer_->setReadOnly(true);
     txtAnswer_->setAlignment(Qt::AlignRight);
-    cmdCopyAnswer_ = named(new QPushButton(icon("copy"), QString(), this), "cmdCopyAnswer");
+    cmdCopyAnswer_ = named(new QPushButton(program_icon("copy"), QString(), this), "cmdCopyAnswer");
     cmdCopyAnswer_->setAccessibleName(tr("Copy the answer"));
     cmdCopyAnswer_->setToolTip(tr("Copy the answer (F9)"));
     cmbformat_ = named(new QComboBox(this), "cmbformat");

@@ -38,7 +38,7 @@ void frmConstant::build_ui()
 {
     setObjectName(QStringLiteral("frmConstant"));
     setWindowTitle(tr("Constants"));
-    setWindowIcon(icon("constants"));
+    setWindowIcon(program_icon("constants"));
 
     txtSearch_ = named(new QLineEdit(this), "txtSearch");
     txtSearch_->setPlaceholderText(tr("Words of a constant, its units or its group"));

@@ -53,7 +53,7 @@ void frmUni::build_ui()
 {
     setObjectName(QStringLiteral("frmUni"));
     setWindowTitle(tr("Unit conversions"));
-    setWindowIcon(icon("units"));
+    setWindowIcon(program_icon("units"));
     const int unit = line_unit(*this);
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(unit / 2, unit / 2, unit / 2, unit / 2);
@@ -84,7 +84,7 @@ QLayout* frmUni::build_units()
 {
     cmbUnitBefore_ = unit_box(this, "cmbUnitBefore");
     cmbUnitAfter_ = unit_box(this, "cmbUnitAfter");
-    cmdSwap_ = named(new QPushButton(icon("swap"), QString(), this), "cmdSwap");
+    cmdSwap_ = named(new QPushButton(program_icon("swap"), QString(), this), "cmdSwap");
     cmdSwap_->setAccessibleName(tr("Swap the units"));
     cmdSwap_->setToolTip(tr("Swap the units"));
     lblNoteBefore_ = named(new QLabel(this), "lblNoteBefore");
@@ -120,7 +120,7 @@ QLayout* frmUni::build_number()
     cmdConvert_ = named(new QPushButton(tr("&Convert"), this), "cmdConvert");
     txtResult_ = named(new QLineEdit(this), "txtResult");
     txtResult_->setReadOnly(true);
-    cmdCopyValue_ = named(new QPushButton(icon("copy"), QString(), this), "cmdCopyValue");
+    cmdCopyValue_ = named(new QPushButton(program_icon("copy"), QString(), this), "cmdCopyValue");
     cmdCopyValue_->setAccessibleName(tr("Copy the converted number"));
     cmdCopyValue_->setToolTip(tr("Copy the converted number alone"));
     for (QLineEdit* field : {txtNumToConvert_, txtResult_})

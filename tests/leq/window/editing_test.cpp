@@ -103,7 +103,7 @@ TEST(LinearGrid, LetsTheKeyboardOutAtBothEnds)
 
 TEST(LinearGrid, PastesBlocksOfSpreadsheetsInOneStep)
 {
-    using choice = std::optional<answer>;
+    using choice = std::optional<user_answer>;
     struct row
     {
         const char* name;
@@ -120,10 +120,11 @@ TEST(LinearGrid, PastesBlocksOfSpreadsheetsInOneStep)
              row{"too wide and too high", 2, 2, "1\t2\t3\n4\t5\t6\n", "_ _ _\n_ 1 2\n",
                  "4 pasted cells lie outside the grid and were left out: '3', '4', '5', '6'."},
              row{"decimal commas that are points", 1, 1, "1,5\t-2\t3,25", "1.5 -2 3.25\n_ _ _\n", "",
-                 "'1,5' becomes '1.5'", answer::yes},
-             row{"decimal commas that stay", 1, 1, "1\t2,5", "1 2,5 _\n_ _ _\n", "", "'2,5' becomes '2.5'", answer::no},
+                 "'1,5' becomes '1.5'", user_answer::yes},
+             row{"decimal commas that stay", 1, 1, "1\t2,5", "1 2,5 _\n_ _ _\n", "", "'2,5' becomes '2.5'",
+                 user_answer::no},
              row{"decimal commas, thought better of", 1, 1, "1\t2,5", nothing, "", "'2,5' becomes '2.5'",
-                 answer::cancel},
+                 user_answer::cancel},
              row{"commas and points are never guessed at", 1, 1, "1,5\t2.5", "1,5 2.5 _\n_ _ _\n"},
              row{"nothing", 1, 1, "", nothing},
          }) {
@@ -138,7 +139,7 @@ TEST(LinearGrid, PastesBlocksOfSpreadsheetsInOneStep)
         EXPECT_EQ(desk.cells(), expected.cells);
         EXPECT_TRUE(desk.user.is_done());
         if (std::string(expected.cells) == nothing) continue;
-        EXPECT_EQ(desk.window.caption_of(command::undo), "&Undo Paste");
+        EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Paste");
         robot::press(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(desk.cells(), nothing);
     }
@@ -158,7 +159,7 @@ TEST(LinearGrid, CutsCopiesAndFillsSelectedBlocks)
     robot::press(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(desk.user.copied_text(), "1\t-1\n-1\t2");
     EXPECT_EQ(desk.cells(), "2 _ _ 8\n-3 _ _ -11\n-2 1 2 -3\n");
-    EXPECT_EQ(desk.window.caption_of(command::undo), "&Undo Cut");
+    EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Cut");
 
     // One cell fills the block.
     desk.put_on_clipboard("9\r\n");
@@ -186,7 +187,7 @@ TEST(LinearGrid, KeepsBetaApartWhenTheNumberOfEquationsChanges)
     desk.person.choose("cmbNumEq", "3");
     EXPECT_EQ(desk.heads(), "x1 x2 x3 beta ");
     EXPECT_EQ(desk.cells(), "1 2 _ 3\n4 5 _ 6\n_ _ _ _\n");
-    EXPECT_EQ(desk.window.caption_of(command::undo), "&Undo Number of equations");
+    EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Number of equations");
     robot::press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(desk.cells(), "1 2 3\n4 5 6\n");
     EXPECT_EQ(desk.person.text("cmbNumEq"), "2");

@@ -142,7 +142,7 @@ TEST(LinearWindow, TakesOverWhatIsBeingTypedBeforeItSolvesSavesOrCloses)
     EXPECT_THAT(desk.folder.read("typed.kvr"), HasSubstr("7\t1\t\r\r\n"));
 
     leq_desk::keys("8");
-    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", answer::yes);
+    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", user_answer::yes);
     EXPECT_TRUE(desk.window.close_with_frame());
     EXPECT_THAT(desk.folder.read("typed.kvr"), HasSubstr("8\t1\t\r\r\n"));
 }
@@ -162,22 +162,22 @@ TEST(LinearWindow, AsksBeforeAnUnsavedProblemIsLost)
     const auto saved = desk.folder.write("saved.kvr", textbook_file);
     desk.click_cell(1, 1);
     leq_desk::keys("5\n");
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::cancel);
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::cancel);
     EXPECT_FALSE(desk.window.open(saved));
-    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::cancel);
+    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::cancel);
     desk.choose("Help", "mnuSample");
-    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", answer::cancel);
+    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", user_answer::cancel);
     EXPECT_FALSE(desk.window.close_with_frame());
     EXPECT_EQ(desk.cells(), "5 _ _ _\n_ _ _ _\n_ _ _ _\n");
 
-    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::no);
+    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::no);
     desk.choose("Help", "mnuSample");
     EXPECT_EQ(desk.window.title_panel(), "Sample random problem");
     desk.choose("Program", "solve");
     desk.report();
 
     desk.to_front();
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::no);
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
     desk.user.expect_file(chosen_file{saved, 1});
     desk.choose("File", "mnuOpen");
     EXPECT_EQ(desk.heads(), "x1 y x3 beta ");
@@ -213,7 +213,7 @@ TEST(LinearWindow, SavesTheOlderFormatAfterAQuestion)
     desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
     desk.user.expect_question(
         "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
-        answer::yes);
+        user_answer::yes);
     desk.choose("File", "save_as");
     std::string older = textbook_file;
     older.erase(older.find("varsnames"), std::string("varsnames==x1,y,x3\r\n").size());

@@ -91,14 +91,14 @@ TEST(Editing, RemovesAfterAskingAndNeverTheLastEquation)
     const std::string sure = "Are you sure you want to remove this equation ?";
     desk.grid().setFocus();
     desk.grid().set_current_row(2);
-    desk.user.expect_question(sure, answer::no);
+    desk.user.expect_question(sure, user_answer::no);
     robot::press(Qt::Key_Delete);
     EXPECT_EQ(desk.content().rows.size(), 3u);
-    desk.user.expect_question(sure, answer::yes);
+    desk.user.expect_question(sure, user_answer::yes);
     desk.person.click("cmdRemove");
     EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x-a", "a = 2"));
     EXPECT_EQ(desk.grid().current_row(), 2);
-    desk.user.expect_question(sure, answer::yes);
+    desk.user.expect_question(sure, user_answer::yes);
     desk.person.click("cmdRemove");
     desk.user.expect_box("Can not remove last equation.");
     desk.person.click("cmdRemove");
@@ -168,7 +168,7 @@ TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
     desk.choose("Edit", "mnuTitle");
     EXPECT_EQ(desk.window.title_panel(), "Two");
     const nle_content edited = desk.content();
-    EXPECT_EQ(desk.window.caption_of(command::undo), "&Undo Change title");
+    EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Change title");
 
     for (const char* step : {"Change title", "Rename variable", "Edit comment", "Change bounds"}) {
         EXPECT_EQ(desk.window.document().undo_step(), step);
@@ -177,7 +177,7 @@ TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
     EXPECT_EQ(desk.content(), opened);
     EXPECT_TRUE(desk.window.document().problem_saved());
     EXPECT_EQ(desk.person.text("txtnle_max_ini_guess"), "2");
-    EXPECT_FALSE(desk.window.can(command::undo));
+    EXPECT_FALSE(desk.window.can(window_command::undo));
     for (int i = 0; i < 4; ++i)
         robot::press(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(desk.content(), edited);
@@ -220,13 +220,13 @@ TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
     EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x-k", "k = 2-m"));
 
     ASSERT_NO_FATAL_FAILURE([&] {
-        desk.user.expect_question("Problem not saved. Do you wish to save it now ?", answer::no);
+        desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
         open_text(desk, "Double |KVRVER05_0\na = 1\nb = 2\na = 3\n");
     }());
     EXPECT_EQ(desk.third_panel(), "Variable defined more than once: a");
     emit panel.linkActivated(QStringLiteral("0"));
     EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1, 3));
-    EXPECT_TRUE(desk.window.can(command::copy));
+    EXPECT_TRUE(desk.window.can(window_command::copy));
     robot::press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(desk.user.copied_text(), "a = 1\tn.a.\na = 3\tn.a.\n");
 }
@@ -241,30 +241,30 @@ TEST(Editing, AsksBeforeAnythingUnsavedIsLost)
     desk.add_by_mouse({"a", "1"});
 
     // Drawing back, and a save that is called off, leave everything as it was.
-    desk.user.expect_question(on_close, answer::cancel);
+    desk.user.expect_question(on_close, user_answer::cancel);
     EXPECT_FALSE(desk.window.close_with_frame());
-    desk.user.expect_question(on_open, answer::yes);
+    desk.user.expect_question(on_open, user_answer::yes);
     desk.user.expect_file(std::nullopt);
     EXPECT_FALSE(desk.window.open(other));
-    desk.user.expect_question(on_sample, answer::cancel);
+    desk.user.expect_question(on_sample, user_answer::cancel);
     desk.choose("Examples", "mnuSample1");
     EXPECT_THAT(desk.equations(), ElementsAre("a = 1"));
 
     // A save that fails is no save.
-    desk.user.expect_question(on_open, answer::yes);
+    desk.user.expect_question(on_open, user_answer::yes);
     desk.user.expect_file(chosen_file{desk.folder.write("file", "") / "a.kvr", 1});
     desk.user.expect_box("Error while trying to save file.");
     EXPECT_FALSE(desk.window.open(other));
     EXPECT_FALSE(desk.window.document().problem_saved());
     EXPECT_TRUE(desk.window.isWindowModified());
 
-    desk.user.expect_question(on_sample, answer::yes);
+    desk.user.expect_question(on_sample, user_answer::yes);
     desk.user.expect_file(chosen_file{desk.folder / "a.kvr", 1});
     desk.choose("Examples", "mnuSample1");
     EXPECT_EQ(desk.folder.read("a.kvr"), " |KVRVER05_0\r\na = 1 #\r\n");
     EXPECT_EQ(desk.window.title_panel(), "Example 1 - Solution of a quadratic equation");
     EXPECT_EQ(desk.window.file_panel(), "No File  ");
-    desk.user.expect_question(on_open, answer::no);
+    desk.user.expect_question(on_open, user_answer::no);
     EXPECT_TRUE(desk.window.open(other));
     EXPECT_THAT(desk.equations(), ElementsAre("b = 2", "c = 3"));
 
@@ -272,11 +272,11 @@ TEST(Editing, AsksBeforeAnythingUnsavedIsLost)
     const std::string older = "Saving as older Kelvarin format may result in loosing some formating data. Do you want "
                               "to continue ?";
     desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question(older, answer::no);
+    desk.user.expect_question(older, user_answer::no);
     desk.choose("File", "save_as");
     EXPECT_FALSE(desk.folder.holds("old.kvr"));
     desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question(older, answer::yes);
+    desk.user.expect_question(older, user_answer::yes);
     desk.choose("File", "save_as");
     EXPECT_EQ(desk.folder.read("old.kvr"), "Other\r\nb = 2\r\nc = 3\r\n");
     EXPECT_TRUE(desk.window.close_with_frame());
@@ -289,7 +289,7 @@ TEST(Editing, SolvesEveryExampleFromItsMenu)
         const std::string item = "mnuSample" + std::to_string(i + 1);
         SCOPED_TRACE(item);
         if (i > 0)
-            desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", answer::no);
+            desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::no);
         desk.choose("Examples", item.c_str());
         EXPECT_EQ(desk.content(), nle_samples().at(i));
         EXPECT_EQ(desk.grid().current_row(), 1);

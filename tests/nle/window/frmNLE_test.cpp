@@ -187,7 +187,7 @@ TEST(NonlinearWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     desk.add_by_mouse({"x", "x^2-2", "1"});
     EXPECT_TRUE(desk.person.is_shown("lblUpper"));
     EXPECT_EQ(desk.third_panel(), "Warning: Lower/upper boundary guess is not a valid number");
-    EXPECT_FALSE(desk.window.can(command::solve));
+    EXPECT_FALSE(desk.window.can(window_command::solve));
     EXPECT_THAT(faults(), testing::IsEmpty());
     desk.bounds_by_mouse("1", "1.0");
     EXPECT_EQ(desk.third_panel(), "Warning: Lower/upper boundary guess are equall or not ascending");
@@ -196,7 +196,7 @@ TEST(NonlinearWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     EXPECT_TRUE(desk.person.is_shown("cmdRun"));
     EXPECT_FALSE(desk.person.is_shown("lblMissing"));
     EXPECT_EQ(desk.person.text("lblTraffic"), "ready");
-    EXPECT_TRUE(desk.window.can(command::solve));
+    EXPECT_TRUE(desk.window.can(window_command::solve));
     EXPECT_FALSE(desk.person.is_enabled("chkGraph"));
     EXPECT_THAT(faults(), testing::IsEmpty());
 

@@ -65,7 +65,7 @@ TEST(Runs, StayAliveStopByEscAndChangeNothing)
                                 "txtnle_min_ini_guess", "cmdUpDwn_0"})
         EXPECT_FALSE(desk.person.is_enabled(control)) << control;
     EXPECT_FALSE(robot::item_of(desk.menu("Examples"), "mnuSample1")->isEnabled());
-    EXPECT_FALSE(desk.window.can(command::solve));
+    EXPECT_FALSE(desk.window.can(window_command::solve));
     desk.grid().setFocus();
     for (const Qt::Key key : {Qt::Key_F5, Qt::Key_Delete, Qt::Key_Return})
         robot::press(key);
@@ -73,7 +73,7 @@ TEST(Runs, StayAliveStopByEscAndChangeNothing)
     desk.window.load_sample(1);
 
     ASSERT_TRUE(desk.window.is_running());
-    EXPECT_TRUE(desk.window.can(command::stop));
+    EXPECT_TRUE(desk.window.can(window_command::stop));
     QElapsedTimer stopping;
     stopping.start();
     robot::press(Qt::Key_Escape);
@@ -94,7 +94,7 @@ TEST(Runs, EndWhenTheirWindowIsClosedAndAskThen)
     desk.bounds_by_mouse("1", "800");
     desk.person.click("cmdRun");
     EXPECT_FALSE(desk.window.close_with_frame());
-    desk.user.expect_question("NLE Problem not saved. Do you want to save it before closing ?", answer::no);
+    desk.user.expect_question("NLE Problem not saved. Do you want to save it before closing ?", user_answer::no);
     EXPECT_TRUE(wait_until([&] { return desk.frame.children().empty(); }));
 }
 

@@ -94,7 +94,7 @@ TEST_F(ReportWindow, SavesTheReportAsItWasGiven)
         EXPECT_TRUE(window.isWindowModified());
         EXPECT_EQ(window.file_panel(), QStringLiteral("No File  "));
         desk.user.expect_file(chosen_file{desk.folder / "saved.rtf", 1});
-        window.perform(command::save_as);
+        window.perform(window_command::save_as);
         EXPECT_EQ(desk.folder.read("saved.rtf"), report);
         EXPECT_FALSE(window.isWindowModified());
 
@@ -113,7 +113,7 @@ TEST_F(ReportWindow, ShowsASavedTextInCourierNew)
 {
     frmSolution& window = show(small_report());
     desk.user.expect_file(chosen_file{desk.folder / "saved.txt", 1});
-    window.perform(command::save_as);
+    window.perform(window_command::save_as);
     EXPECT_EQ(desk.folder.read("saved.txt"),
               "KELVARIN Results\nPipe\n Variable      Value       f(x)       Ini Guess\n"
               " x           3           -2            3        \n Data file: pipe.kvr\n");
@@ -126,7 +126,7 @@ TEST_F(ReportWindow, ShowsASavedTextInCourierNew)
     }
     EXPECT_EQ(runs, 5);
     // A save without a question keeps the form.
-    text.perform(command::save);
+    text.perform(window_command::save);
     EXPECT_EQ(desk.folder.read("saved.txt"), window.plain_text());
 }
 
@@ -154,14 +154,14 @@ TEST_F(ReportWindow, WritesPdfAndHtml)
 {
     frmSolution& window = show(small_report());
     desk.user.expect_file(chosen_file{desk.folder / "saved.pdf", 4});
-    window.perform(command::save_as);
+    window.perform(window_command::save_as);
     const std::string pdf = desk.folder.read("saved.pdf");
     EXPECT_TRUE(pdf.starts_with("%PDF-"));
     EXPECT_THAT(pdf.substr(pdf.size() - 10), HasSubstr("%%EOF"));
     EXPECT_THAT(pdf, HasSubstr("/Count 1"));
 
     desk.user.expect_file(chosen_file{desk.folder / "saved.html", 5});
-    window.perform(command::save_as);
+    window.perform(window_command::save_as);
     const std::string html = desk.folder.read("saved.html");
     EXPECT_THAT(html, HasSubstr("<title>Nonlinear Equations Solution #1</title>"));
     EXPECT_THAT(html, HasSubstr("Data file: pipe.kvr"));
@@ -173,22 +173,22 @@ TEST_F(ReportWindow, StaysUnsavedWhereASaveFails)
     const std::filesystem::path nowhere = desk.folder / "missing/saved.rtf";
     desk.user.expect_file(chosen_file{nowhere, 1});
     desk.user.expect_box("Error\r" + save_file(nowhere, "x")->reason);
-    window.perform(command::save);
+    window.perform(window_command::save);
     EXPECT_TRUE(desk.user.is_done());
     EXPECT_TRUE(window.isWindowModified());
     EXPECT_EQ(window.file_panel(), QStringLiteral("No File  "));
 
     desk.user.expect_file(std::nullopt);
-    window.perform(command::save_as);
+    window.perform(window_command::save_as);
     EXPECT_TRUE(window.isWindowModified());
 }
 
 TEST_F(ReportWindow, CopiesWhatIsMarkedInAllForms)
 {
     frmSolution& window = show(small_report());
-    EXPECT_FALSE(window.can(command::copy));
+    EXPECT_FALSE(window.can(window_command::copy));
     mark(window, 2, 3);
-    EXPECT_TRUE(window.can(command::copy));
+    EXPECT_TRUE(window.can(window_command::copy));
     robot::press(Qt::Key_C, Qt::ControlModifier);
     const QMimeData& copied = *desk.user.clipboard();
     EXPECT_EQ(copied.text().toStdString(),
@@ -277,17 +277,17 @@ TEST_F(ReportWindow, Prints)
 {
     frmSolution& window = show(small_report());
     desk.user.expect_print(desk.folder / "printed.pdf");
-    window.perform(command::print);
+    window.perform(window_command::print);
     EXPECT_TRUE(desk.folder.read("printed.pdf").starts_with("%PDF-"));
     desk.user.expect_print(desk.folder / "preview.pdf");
-    window.perform(command::print_preview);
+    window.perform(window_command::print_preview);
     EXPECT_TRUE(desk.folder.holds("preview.pdf"));
 
     // The toolkit warns of a printer that can not begin; here it should.
     const QtMessageHandler before = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     desk.user.expect_print(desk.folder / "missing/printed.pdf");
     desk.user.expect_box("Error while trying to print or setting printer.");
-    window.perform(command::print);
+    window.perform(window_command::print);
     qInstallMessageHandler(before);
     EXPECT_TRUE(desk.user.is_done());
 }

@@ -56,7 +56,7 @@ protected:
         return {person.text("txtA"), person.text("txtB"), person.text("txtC")};
     }
     std::string shown() const { return person.text("LblDisplayed"); }
-    /// The pressure that the window tells for the temperature in its field.
+    /// The pressure that the window shows for the temperature in its field.
     double pressure() const
     {
         const std::string text = person.text("lblPressure");
@@ -202,7 +202,7 @@ TEST_F(Antoine_window, TellsOfTheSignOfB)
 
 TEST_F(Antoine_window, OpensTheHelpAndCloses)
 {
-    QSignalSpy asked(desk.frame.action(command::contents), &QAction::triggered);
+    QSignalSpy asked(desk.frame.action(window_command::contents), &QAction::triggered);
     person.click("cmdHelp");
     EXPECT_EQ(asked.count(), 1);
     person.click("cmdClose");

@@ -185,10 +185,10 @@ TEST_F(Calculator_window, DeletesAVariableOnlyAfterYes)
     solve("b = 2");
     EXPECT_FALSE(person.is_enabled("cmdDeleteVar"));
     select_variable(0);
-    desk.user.expect_question("Are you sure you want to remove the variable 'a' ?", answer::no);
+    desk.user.expect_question("Are you sure you want to remove the variable 'a' ?", user_answer::no);
     person.click("cmdDeleteVar");
     EXPECT_EQ(person.text("lblNum_vars"), "2");
-    desk.user.expect_question("Are you sure you want to remove the variable 'a' ?", answer::yes);
+    desk.user.expect_question("Are you sure you want to remove the variable 'a' ?", user_answer::yes);
     select_variable(0);
     robot::press(Qt::Key_Delete);
     EXPECT_EQ(variables(), std::vector<std::string>{"b =  2"});
@@ -243,10 +243,10 @@ TEST_F(Calculator_window, ClearsTheHistoryOnlyAfterYes)
     solve("x = 1");
     show_page(1);
     const std::string text = "This action will clear the history. Do you want to continue ?";
-    desk.user.expect_question(text, answer::no);
+    desk.user.expect_question(text, user_answer::no);
     person.click("cmdClearHistory");
     EXPECT_EQ(history(), "> x = 1\t = 1");
-    desk.user.expect_question(text, answer::yes);
+    desk.user.expect_question(text, user_answer::yes);
     person.click("cmdClearHistory");
     EXPECT_EQ(history(), "");
     EXPECT_FALSE(person.is_enabled("cmdClearHistory"));

@@ -360,7 +360,7 @@ TEST(EquationGrid, TellsWhatANameIs)
     {
         int row;
         const char* word;
-        QString told;
+        QString shown;
     };
     const place places[] = {
         {1, "a) -", "row 2: a = 3"},
@@ -377,7 +377,7 @@ TEST(EquationGrid, TellsWhatANameIs)
         SCOPED_TRACE(hovered.word);
         const QString text = at.model().index(hovered.row - 1, 0).data().toString();
         const auto letter = static_cast<int>(text.indexOf(QString::fromLatin1(hovered.word)));
-        EXPECT_EQ(at.model().explanation(hovered.row - 1, letter).toStdString(), hovered.told.toStdString());
+        EXPECT_EQ(at.model().explanation(hovered.row - 1, letter).toStdString(), hovered.shown.toStdString());
     }
     EXPECT_TRUE(at.model().explanation(0, 9).startsWith("sin: "));
     EXPECT_EQ(at.grid->row_defining("d"), 3);
