@@ -5,7 +5,6 @@
 #include "desktop/text_printing.h"
 #include "platform/text_file.h"
 #include "shell/document/recent_files.h"
-#include "shell/general_lib.h"
 
 #include <QCloseEvent>
 #include <QMenu>
@@ -26,7 +25,7 @@ constexpr int recovery_delay_ms = 500;
 } // namespace
 
 problem_window::problem_window(desktop_context& context, problem_kind kind)
-    : child_window(context, kind.window_name), kind_(std::move(kind)), run_(this)
+    : document_window(context, kind.window_name), kind_(std::move(kind)), run_(this)
 {
     recovery_timer_.setSingleShot(true);
     recovery_timer_.setInterval(recovery_delay_ms);
@@ -101,12 +100,6 @@ bool problem_window::can(window_command which) const
 {
     const problem_document& shown = document();
     switch (which) {
-    case window_command::save:
-    case window_command::save_as:
-    case window_command::print:
-    case window_command::print_preview:
-    case window_command::close:
-        return true;
     case window_command::undo:
         return !is_running() && !shown.undo_step().empty();
     case window_command::redo:
@@ -116,28 +109,13 @@ bool problem_window::can(window_command which) const
     case window_command::stop:
         return is_running();
     default:
-        return false;
+        return document_window::can(which);
     }
 }
 
 void problem_window::perform(window_command which)
 {
     switch (which) {
-    case window_command::save:
-        save();
-        break;
-    case window_command::save_as:
-        save_as();
-        break;
-    case window_command::print:
-        print(false);
-        break;
-    case window_command::print_preview:
-        print(true);
-        break;
-    case window_command::close:
-        close_with_frame();
-        break;
     case window_command::undo:
         step_back_or_forth(true);
         break;
@@ -151,7 +129,7 @@ void problem_window::perform(window_command which)
         run_.stop();
         break;
     default:
-        break;
+        document_window::perform(which);
     }
 }
 
@@ -162,12 +140,6 @@ QString problem_window::caption_of(window_command which) const
                                                              : std::string();
     if (step.empty()) return {};
     return (which == window_command::undo ? tr("&Undo %1") : tr("&Redo %1")).arg(to_qstring(step));
-}
-
-QString problem_window::file_panel() const
-{
-    const std::filesystem::path& path = document().path();
-    return path.empty() ? child_window::file_panel() : to_qstring(shorten_path(path.string()));
 }
 
 QString problem_window::title_panel() const
@@ -224,26 +196,7 @@ void problem_window::show_title()
 {
     const QString caption = to_qstring(kind_.caption);
     const QString title = to_qstring(document().title());
-    QString shown = title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title);
-    // What a person wrote is no place for the mark of unsaved work.
-    shown.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
-    setWindowTitle(shown + QStringLiteral("[*]"));
-    setWindowModified(!document().problem_saved());
-}
-
-bool problem_window::may_replace(const std::string& text)
-{
-    take_over_typing();
-    if (document().problem_saved()) return true;
-    switch (context().user.ask(this, {.text = text, .with_cancel = true})) {
-    case user_answer::yes:
-        return save();
-    case user_answer::no:
-        return true;
-    case user_answer::cancel:
-        break;
-    }
-    return false;
+    show_caption(title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title));
 }
 
 bool problem_window::open(const std::filesystem::path& path)
@@ -283,29 +236,19 @@ bool problem_window::is_foreign(const std::filesystem::path& path) const
     return file.ok() && recognise_document({}, file.text) != kind_.document;
 }
 
-bool problem_window::save()
+file_question problem_window::save_question() const
 {
-    take_over_typing();
-    const std::filesystem::path& path = document().path();
-    return path.empty() ? save_as() : write(path, false);
+    return {.caption = tr("Save As"),
+            .filter = kind_.save_filter,
+            .proposed = document().path(),
+            .default_extension = QStringLiteral("kvr")};
 }
 
-bool problem_window::save_as()
+bool problem_window::write_file(const std::filesystem::path& path, int filter_index)
 {
-    take_over_typing();
-    const auto chosen = context().user.choose_file_to_save(this, {.caption = tr("Save As"),
-                                                                  .filter = kind_.save_filter,
-                                                                  .proposed = document().path(),
-                                                                  .default_extension = QStringLiteral("kvr")});
-    if (!chosen) return false;
-    const bool older = chosen->filter_index == kind_.older_format_filter;
+    const bool older = filter_index != 0 && filter_index == kind_.older_format_filter;
     if (older && context().user.ask(this, {.text = kind_.older_format_question}) != user_answer::yes) return false;
-    return write(chosen->path, older);
-}
-
-bool problem_window::write(const std::filesystem::path& path, bool older_format)
-{
-    if (const auto refused = document().save(path, older_format)) {
+    if (const auto refused = document().save(path, older)) {
         context().user.show(this, *refused);
         return false;
     }
@@ -344,21 +287,14 @@ void problem_window::drop_recovery_copy()
     recovery_slot_ = 0;
 }
 
-void problem_window::print(bool preview)
+QString problem_window::printed_name() const
 {
-    const QString name = to_qstring(document().title().empty() ? kind_.caption : document().title());
-    bool failed = false;
-    const auto paint = [this, &failed](QPrinter& printer) {
-        print_text(printer, document().printed_listing());
-        failed = failed || printer.printerState() == QPrinter::Error;
-    };
-    if (preview)
-        context().user.print_preview(this, name, paint);
-    else
-        context().user.print(this, name, paint);
-    if (failed)
-        context().user.show(this,
-                            {.text = "Error while trying to print or setting printer.", .icon = box_icon::critical});
+    return to_qstring(document().title().empty() ? kind_.caption : document().title());
+}
+
+void problem_window::print_pages(QPrinter& printer) const
+{
+    print_text(printer, document().printed_listing());
 }
 
 void problem_window::run_started()
@@ -392,12 +328,8 @@ void problem_window::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    if (!may_replace(kind_.unsaved_on_close)) {
-        event->ignore();
-        return;
-    }
-    drop_recovery_copy();
-    event->accept();
+    document_window::closeEvent(event);
+    if (event->isAccepted()) drop_recovery_copy();
 }
 
 } // namespace kelvarin

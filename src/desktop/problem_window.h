@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/child_window.h"
+#include "desktop/document_window.h"
 #include "desktop/run_controller.h"
 #include "shell/document/problem_document.h"
 #include "shell/document/recognition.h"
@@ -39,14 +39,14 @@ struct problem_kind
     /// The questions about an unsaved problem: on closing, and before another file is opened over it.
     std::string unsaved_on_close;
     std::string unsaved_on_open;
-    /// What its files are recognised as. Where it is told, File, Open passes every other file on to the main
+    /// What its files are recognised as. Where it is given, File, Open passes every other file on to the main
     /// window.
     std::optional<document_kind> document = std::nullopt;
 };
 
-/// The common base of the problem windows: the File and Edit menus with their questions, recent files, title,
-/// recovery copy, undo, and the run. It talks to its document through problem_document alone.
-class problem_window : public child_window
+/// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy,
+/// undo, and the run. It talks to its document through problem_document alone.
+class problem_window : public document_window
 {
     Q_OBJECT
 
@@ -57,7 +57,6 @@ public:
     bool can(window_command which) const override;
     void perform(window_command which) override;
     QString caption_of(window_command which) const override;
-    QString file_panel() const override;
     QString title_panel() const override;
     bool is_running() const override { return run_.running(); }
     double fraction_done() const override { return run_.fraction(); }
@@ -69,13 +68,8 @@ public:
     bool open(const std::filesystem::path& path);
     /// The dialog of this kind's File, Open, then the same.
     bool open_by_dialog();
-    /// Each is true when the problem is saved afterwards.
-    bool save();
-    bool save_as();
     /// Takes over a problem that a crash left behind.
     bool recover(int slot, const recovery_entry& entry);
-    /// Asks what is to become of an unsaved problem (`text` as the question): true where one may go on.
-    bool may_replace(const std::string& text);
 
     /// Writes what is unsaved to its recovery file now, or removes the file.
     void keep_recovery_copy();
@@ -89,8 +83,6 @@ protected:
     virtual bool can_solve() const = 0;
     virtual void solve() = 0;
 
-    /// Takes over what is being typed into a cell: called before the problem is saved, replaced or closed.
-    virtual void take_over_typing() {}
     /// Shows the place that a run's box is about.
     virtual void mark_place(const text_place&) {}
 
@@ -113,6 +105,13 @@ protected:
     QMenu* edit_menu() const { return edit_menu_; }
     const problem_kind& kind() const { return kind_; }
 
+    const std::filesystem::path& file_path() const override { return document().path(); }
+    bool is_saved() const override { return document().problem_saved(); }
+    file_question save_question() const override;
+    bool write_file(const std::filesystem::path& path, int filter_index) override;
+    QString printed_name() const override;
+    void print_pages(QPrinter& printer) const override;
+    std::string question_on_close() const override { return kind_.unsaved_on_close; }
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -122,10 +121,8 @@ private:
     void remember_file();
     bool read(const std::filesystem::path& path);
     bool is_foreign(const std::filesystem::path& path) const;
-    bool write(const std::filesystem::path& path, bool older_format);
     void show_title();
     void drop_recovery_copy();
-    void print(bool preview);
     void step_back_or_forth(bool back);
     void run_started();
     void run_finished();

@@ -85,7 +85,7 @@ void scripted_user::show(QWidget*, const message_box& box)
     EXPECT_EQ(box.title, expected->title);
 }
 
-answer scripted_user::ask(QWidget*, const user_question& asked)
+user_answer scripted_user::ask(QWidget*, const user_question& asked)
 {
     questions_.push_back(asked);
     const auto expected = next(expected_questions_, "the question: " + asked.text);

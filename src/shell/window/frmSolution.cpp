@@ -6,7 +6,6 @@
 #include "platform/letter_case.h"
 #include "platform/saver.h"
 #include "platform/text_file.h"
-#include "shell/general_lib.h"
 #include "shell/window/report_cells.h"
 #include "shell/window/report_document.h"
 
@@ -25,7 +24,7 @@ constexpr const char* rich_text_mark = R"({\rtf)";
 
 } // namespace
 
-frmSolution::frmSolution(desktop_context& context) : child_window(context, "frmSolution")
+frmSolution::frmSolution(desktop_context& context) : document_window(context, "frmSolution")
 {
     setWindowIcon(program_icon("report"));
     build_ui();
@@ -126,8 +125,7 @@ void frmSolution::show_text(std::string text, const QString& caption)
 
 void frmSolution::show_title()
 {
-    setWindowTitle(caption_ + QStringLiteral("[*]"));
-    setWindowModified(changed_);
+    show_caption(caption_);
     emit state_changed();
 }
 
@@ -144,52 +142,27 @@ void frmSolution::mnuRefresh_Click()
 bool frmSolution::can(window_command which) const
 {
     switch (which) {
-    case window_command::save:
-    case window_command::save_as:
-    case window_command::print:
-    case window_command::print_preview:
     case window_command::select_all:
-    case window_command::close:
         return true;
     case window_command::copy:
         return txtSolution_->textCursor().hasSelection();
     default:
-        return false;
+        return document_window::can(which);
     }
 }
 
 void frmSolution::perform(window_command which)
 {
     switch (which) {
-    case window_command::save:
-        save();
-        break;
-    case window_command::save_as:
-        save_as();
-        break;
-    case window_command::print:
-        print(false);
-        break;
-    case window_command::print_preview:
-        print(true);
-        break;
     case window_command::copy:
         copy();
         break;
     case window_command::select_all:
         txtSolution_->selectAll();
         break;
-    case window_command::close:
-        close_with_frame();
-        break;
     default:
-        break;
+        document_window::perform(which);
     }
-}
-
-QString frmSolution::file_panel() const
-{
-    return file_.empty() ? child_window::file_panel() : to_qstring(shorten_path(file_.string()));
 }
 
 QString frmSolution::title_panel() const
@@ -203,18 +176,9 @@ void frmSolution::copy()
     if (!marked.empty()) context().user.copy(clipboard_content(marked));
 }
 
-void frmSolution::print(bool preview)
+void frmSolution::print_pages(QPrinter& printer) const
 {
-    bool failed = false;
-    const auto paint = [this, &failed](QPrinter& printer) {
-        print_lines(printer, txtSolution_->lines());
-        failed = printer.printerState() == QPrinter::Error;
-    };
-    if (preview)
-        context().user.print_preview(this, caption_, paint);
-    else
-        context().user.print(this, caption_, paint);
-    if (failed) context().user.show(this, {"Error while trying to print or setting printer.", box_icon::critical});
+    print_lines(printer, txtSolution_->lines());
 }
 
 std::string frmSolution::content_as(report_format format) const
@@ -232,8 +196,17 @@ std::string frmSolution::content_as(report_format format) const
     return rich_text_;
 }
 
-bool frmSolution::write(const std::filesystem::path& path, report_format format)
+file_question frmSolution::save_question() const
 {
+    return {.caption = tr("Save As"),
+            .filter = std::string(report_save_filter),
+            .proposed = file_,
+            .default_extension = QStringLiteral("rtf")};
+}
+
+bool frmSolution::write_file(const std::filesystem::path& path, int filter_index)
+{
+    const report_format format = filter_index == 0 ? file_format_ : format_of_report(path, filter_index);
     if (const auto failure = save_file(path, content_as(format))) {
         context().user.show(this, {"Error\r" + failure->reason, box_icon::critical});
         return false;
@@ -243,20 +216,6 @@ bool frmSolution::write(const std::filesystem::path& path, report_format format)
     changed_ = false;
     show_title();
     return true;
-}
-
-bool frmSolution::save()
-{
-    return file_.empty() ? save_as() : write(file_, file_format_);
-}
-
-bool frmSolution::save_as()
-{
-    const auto chosen = context().user.choose_file_to_save(this, {.caption = tr("Save As"),
-                                                                  .filter = std::string(report_save_filter),
-                                                                  .proposed = file_,
-                                                                  .default_extension = QStringLiteral("rtf")});
-    return chosen && write(chosen->path, format_of_report(chosen->path, chosen->filter_index));
 }
 
 void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/child_window.h"
+#include "desktop/document_window.h"
 #include "shell/report/rich_text.h"
 #include "shell/window/report_format.h"
 #include "shell/window/report_view.h"
@@ -15,14 +15,14 @@ namespace kelvarin
 
 /// The result window: shows a report, prints it, copies it and saves it. It holds the report's text as it was
 /// given; opened files are shown as they stand.
-class frmSolution : public child_window
+class frmSolution : public document_window
 {
     Q_OBJECT
 
 public:
     explicit frmSolution(desktop_context& context);
 
-    /// Told by the creator before the window is shown: whether the report is unsaved work, the file it stands
+    /// What the creator sets before the window is shown: whether the report is unsaved work, the file it stands
     /// in (empty for none) and the title that the status bar shows.
     void update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title);
     /// Shows a rich-text document. `caption` is the window's: "Nonlinear Equations Solution #1".
@@ -34,15 +34,18 @@ public:
     const std::string& rich_text() const { return rich_text_; }
     std::string plain_text() const;
 
-    /// Each is true when the report is saved afterwards. `save` asks for a file only where there is none.
-    bool save();
-    bool save_as();
-
     QList<QMenu*> menus() override;
     bool can(window_command which) const override;
     void perform(window_command which) override;
-    QString file_panel() const override;
     QString title_panel() const override;
+
+protected:
+    const std::filesystem::path& file_path() const override { return file_; }
+    bool is_saved() const override { return !changed_; }
+    file_question save_question() const override;
+    bool write_file(const std::filesystem::path& path, int filter_index) override;
+    QString printed_name() const override { return caption_; }
+    void print_pages(QPrinter& printer) const override;
 
 private:
     void build_ui();
@@ -52,9 +55,7 @@ private:
     void show_title();
     void mnuRefresh_Click();
     void copy();
-    void print(bool preview);
     std::string content_as(report_format format) const;
-    bool write(const std::filesystem::path& path, report_format format);
 
     std::string rich_text_;
     /// The text of a file that was opened as plain text.

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/document_window.h"
+
+#include "desktop/qt_text.h"
+#include "shell/general_lib.h"
+
+#include <QCloseEvent>
+#include <QPrinter>
+
+namespace kelvarin
+{
+
+bool document_window::can(window_command which) const
+{
+    switch (which) {
+    case window_command::save:
+    case window_command::save_as:
+    case window_command::print:
+    case window_command::print_preview:
+    case window_command::close:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void document_window::perform(window_command which)
+{
+    switch (which) {
+    case window_command::save:
+        save();
+        break;
+    case window_command::save_as:
+        save_as();
+        break;
+    case window_command::print:
+        print(false);
+        break;
+    case window_command::print_preview:
+        print(true);
+        break;
+    case window_command::close:
+        close_with_frame();
+        break;
+    default:
+        break;
+    }
+}
+
+QString document_window::file_panel() const
+{
+    const std::filesystem::path& path = file_path();
+    return path.empty() ? child_window::file_panel() : to_qstring(shorten_path(path.string()));
+}
+
+bool document_window::save()
+{
+    take_over_typing();
+    return file_path().empty() ? save_as() : write_file(file_path(), 0);
+}
+
+bool document_window::save_as()
+{
+    take_over_typing();
+    const auto chosen = context().user.choose_file_to_save(this, save_question());
+    return chosen && write_file(chosen->path, chosen->filter_index);
+}
+
+bool document_window::may_replace(const std::string& text)
+{
+    take_over_typing();
+    if (is_saved()) return true;
+    switch (context().user.ask(this, {.text = text, .with_cancel = true})) {
+    case user_answer::yes:
+        return save();
+    case user_answer::no:
+        return true;
+    case user_answer::cancel:
+        break;
+    }
+    return false;
+}
+
+void document_window::show_caption(QString caption)
+{
+    // What a person wrote is no place for the mark of unsaved work.
+    caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    setWindowTitle(caption + QStringLiteral("[*]"));
+    setWindowModified(!is_saved());
+}
+
+void document_window::print(bool preview)
+{
+    bool failed = false;
+    const auto paint = [this, &failed](QPrinter& printer) {
+        print_pages(printer);
+        failed = failed || printer.printerState() == QPrinter::Error;
+    };
+    if (preview)
+        context().user.print_preview(this, printed_name(), paint);
+    else
+        context().user.print(this, printed_name(), paint);
+    if (failed)
+        context().user.show(this,
+                            {.text = "Error while trying to print or setting printer.", .icon = box_icon::critical});
+}
+
+void document_window::closeEvent(QCloseEvent* event)
+{
+    const std::string question = question_on_close();
+    event->setAccepted(question.empty() || may_replace(question));
+}
+
+} // namespace kelvarin
