@@ -10,6 +10,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -116,23 +117,48 @@ std::vector<child_window*> child_area::children() const
     return all;
 }
 
-void child_area::tile(tiling direction)
+QList<QMdiSubWindow*> child_area::shown_frames(WindowOrder order, QRect& area) const
 {
-    QMdiSubWindow* in_front = activeSubWindow();
     QList<QMdiSubWindow*> shown;
-    QRect area = viewport()->rect();
-    for (QMdiSubWindow* frame : subWindowList(CreationOrder)) {
+    area = viewport()->rect();
+    for (QMdiSubWindow* frame : subWindowList(order)) {
         if (!frame->isMinimized())
             shown.append(frame);
         else
             area.setBottom(std::min(area.bottom(), frame->y() - 1));
     }
-    const QList<QRect> places = tiles(area, static_cast<int>(shown.size()), direction);
-    for (qsizetype i = 0; i < shown.size(); ++i) {
-        shown[i]->showNormal();
-        shown[i]->setGeometry(places[i]);
-    }
+    return shown;
+}
+
+void child_area::tile(tiling direction)
+{
+    QMdiSubWindow* in_front = activeSubWindow();
+    QRect area;
+    const QList<QMdiSubWindow*> shown = shown_frames(CreationOrder, area);
+    put(shown, tiles(area, static_cast<int>(shown.size()), direction));
     setActiveSubWindow(in_front);
+}
+
+void child_area::cascade()
+{
+    QMdiSubWindow* in_front = activeSubWindow();
+    QRect area;
+    // The one in front comes last, over all others.
+    const QList<QMdiSubWindow*> shown = shown_frames(StackingOrder, area);
+    const int title_height = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) +
+                             style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+    put(shown, cascade_places(area, static_cast<int>(shown.size()), title_height));
+    for (QMdiSubWindow* frame : shown)
+        frame->raise();
+    setActiveSubWindow(in_front);
+}
+
+void child_area::put(const QList<QMdiSubWindow*>& frames, const QList<QRect>& places)
+{
+    for (qsizetype i = 0; i < frames.size(); ++i) {
+        frames[i]->showNormal();
+        frames[i]->setGeometry(places[i]);
+    }
 }
 
 void child_area::arrange_icons()

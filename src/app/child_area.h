@@ -34,6 +34,8 @@ public:
     std::vector<child_window*> children() const;
 
     void tile(tiling direction);
+    /// One behind the other, in the order in which they were in front, so that all titles are seen.
+    void cascade();
     /// Lines up the minimised windows along the lower edge.
     void arrange_icons();
 
@@ -51,6 +53,9 @@ protected:
 private:
     /// Two places side by side where two windows can be used at once; makes room for the second one.
     bool make_room_beside(QMdiSubWindow& in_front, QRect& place);
+    /// The frames that are not minimised, and the part of the area that those leave free.
+    QList<QMdiSubWindow*> shown_frames(WindowOrder order, QRect& area) const;
+    static void put(const QList<QMdiSubWindow*>& frames, const QList<QRect>& places);
     void take_ground();
 
     bool background_picture_ = false;

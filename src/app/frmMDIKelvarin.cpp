@@ -279,7 +279,7 @@ bool frmMDIKelvarin::run_window_command(window_command which)
         show_tool(which);
         return true;
     case window_command::cascade:
-        area_->cascadeSubWindows();
+        area_->cascade();
         return true;
     case window_command::tile_horizontally:
         area_->tile(tiling::horizontal);

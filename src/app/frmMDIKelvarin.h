@@ -71,7 +71,7 @@ public:
     void open_documents(const std::vector<std::filesystem::path>& paths);
     /// The dialog of File, Open.
     void open_file_dialog();
-    /// Closes the children from the last to the first; one that refuses stays.
+    /// Closes the children from the last to the first, as far as the first that refuses.
     void close_all();
     /// How far something is, between a start and an end.
     void set_progress(double x, double x_start, double x_end);
@@ -103,6 +103,8 @@ private:
     placement present_placement() const;
     void apply_settings();
 
+    /// Brings a child to the front that will ask before it closes.
+    void show_what_would_ask(child_window& child);
     void show_front_child();
     void refresh_commands();
     void refresh_panels();

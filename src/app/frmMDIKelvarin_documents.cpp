@@ -147,8 +147,11 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
     auto* target = qobject_cast<problem_window*>(active_child());
     const bool takes_it =
         target && !in_new_window && !target->is_running() && target->objectName() == QLatin1String(kind.window_name);
-    if (!takes_it) target = new_window(kind);
-    if (target) target->open(path);
+    if (takes_it) return void(target->open(path));
+    target = new_window(kind);
+    // A refused file leaves no empty window behind its box.
+    const QPointer<problem_window> opened = target;
+    if (target && !target->open(path) && opened) opened->close_with_frame();
 }
 
 void frmMDIKelvarin::open_example(int number)

@@ -16,8 +16,19 @@ namespace kelvarin
 
 void frmMDIKelvarin::close_all()
 {
-    for (child_window* child : area_->children() | std::views::reverse)
-        child->close_with_frame();
+    for (child_window* child : area_->children() | std::views::reverse) {
+        // One that is busy closes by itself when it has stopped; it refuses nothing.
+        const bool is_running = child->is_running();
+        show_what_would_ask(*child);
+        if (!child->close_with_frame() && !is_running) return;
+    }
+}
+
+void frmMDIKelvarin::show_what_would_ask(child_window& child)
+{
+    const auto* problem = qobject_cast<const problem_window*>(&child);
+    // The question is about the window that one sees.
+    if (problem && !problem->document().problem_saved()) area_->bring_to_front(child);
 }
 
 std::vector<problem_window*> frmMDIKelvarin::problem_windows() const
@@ -52,9 +63,7 @@ void frmMDIKelvarin::close_when_runs_have_stopped()
 bool frmMDIKelvarin::may_end()
 {
     for (child_window* child : area_->children() | std::views::reverse) {
-        const auto* problem = qobject_cast<const problem_window*>(child);
-        // The question is about the window that one sees.
-        if (problem && !problem->document().problem_saved()) area_->bring_to_front(*child);
+        show_what_would_ask(*child);
         // Only asked, not closed: a later one may still refuse, and then all of them stay.
         QCloseEvent asked;
         QApplication::sendEvent(child, &asked);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window_tiles.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kelvarin
@@ -48,6 +49,19 @@ QList<QRect> tiles(const QRect& area, int count, tiling direction)
     QList<QRect> places = columns_of(transposed(area), count);
     for (QRect& place : places)
         place = transposed(place);
+    return places;
+}
+
+QList<QRect> cascade_places(const QRect& area, int count, int offset)
+{
+    const int most_steps = std::max(0, area.height() * 2 / 3 / std::max(1, offset));
+    const int steps = std::min(count - 1, most_steps);
+    const QSize size(std::max(1, area.width() - steps * offset), std::max(1, area.height() - steps * offset));
+    QList<QRect> places;
+    for (int i = 0; i < count; ++i) {
+        const int step = i % (most_steps + 1);
+        places.append(QRect(area.topLeft() + QPoint(step * offset, step * offset), size));
+    }
     return places;
 }
 

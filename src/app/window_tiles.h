@@ -19,4 +19,8 @@ enum class tiling
 /// more make a grid, so that none becomes a mere strip.
 QList<QRect> tiles(const QRect& area, int count, tiling direction);
 
+/// Places for `count` windows of one size, each a step of `offset` further down and to the right, so that the titles of
+/// all are seen. Where that would leave less than a third of the area's height, further windows start at the top again.
+QList<QRect> cascade_places(const QRect& area, int count, int offset);
+
 } // namespace kelvarin

@@ -72,6 +72,22 @@ TEST(OpenDocument, PassesOverMissingFilesAndRefusesWhatIsNoFile)
     EXPECT_TRUE(desk.children().empty());
 }
 
+TEST(OpenDocument, ARefusedFileLeavesNoEmptyWindow)
+{
+    main_desk desk;
+    // Recognised by the "=" of its second line, which is no equation of a nonlinear problem.
+    desk.folder.write("refused.kvr", "Title\n1 + 1 = 2\nx = 1\n");
+    desk.user.expect_box("Error while trying to open file.");
+    desk.window->open_document("refused.kvr");
+    settle();
+    EXPECT_TRUE(desk.children().empty());
+    // A window that was there stays.
+    desk.new_problem();
+    desk.user.expect_box("Error while trying to open file.");
+    desk.window->open_document("refused.kvr");
+    EXPECT_EQ(desk.children().size(), 1u);
+}
+
 TEST(OpenDocument, TheWindowInFrontTakesAFileOfItsKind)
 {
     main_desk desk;

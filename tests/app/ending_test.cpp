@@ -84,17 +84,25 @@ TEST(Ending, ARefusedQuestionKeepsAllWindowsAndTheirWork)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 1);
 }
 
-TEST(Ending, CloseAllAsksFromTheLastAndKeepsTheOneThatRefuses)
+TEST(Ending, CloseAllStopsAtTheFirstThatRefusesAndShowsIt)
 {
     main_desk desk;
-    const QPointer<child_window> first = &desk.new_problem();
+    const QPointer<child_window> first = &desk.new_unsaved_problem();
     const QPointer<child_window> second = &desk.new_unsaved_problem();
     const QPointer<child_window> third = &desk.new_problem();
+    desk.area().bring_to_front(*first);
+    settle();
     desk.user.expect_question(unsaved_question, user_answer::cancel);
     desk.run(window_command::close_all);
-    EXPECT_FALSE(first);
-    EXPECT_TRUE(second);
+    EXPECT_TRUE(desk.user.is_done());
     EXPECT_FALSE(third);
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(desk.window->active_child(), second);
+
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.user.expect_question(unsaved_question, user_answer::no);
+    desk.run(window_command::close_all);
+    EXPECT_TRUE(desk.children().empty());
 }
 
 TEST(Ending, RunsAreAskedToStopFirst)

@@ -368,6 +368,7 @@ TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
     for (const child_window* child : desk.children())
         corners.emplace(child->parentWidget()->x(), child->parentWidget()->y());
     EXPECT_EQ(corners.size(), 3u);
+    EXPECT_EQ(desk.window->active_child(), &first);
 
     for (child_window* child : desk.children())
         child->parentWidget()->showMinimized();
@@ -398,6 +399,24 @@ TEST(WindowTiles, FillTheAreaWithoutGapsOrOverlaps)
         }
     EXPECT_EQ(tiles(area, 3, tiling::horizontal).first().width(), area.width());
     EXPECT_EQ(tiles(area, 3, tiling::vertical).first().height(), area.height());
+}
+
+TEST(WindowTiles, ACascadeShowsTheBeginningOfEveryTitle)
+{
+    const QRect area(3, 5, 1001, 603);
+    constexpr int title = 28;
+    for (int count = 1; count <= 14; ++count) {
+        SCOPED_TRACE(count);
+        const QList<QRect> places = cascade_places(area, count, title);
+        ASSERT_EQ(places.size(), count);
+        for (qsizetype i = 0; i < places.size(); ++i) {
+            EXPECT_TRUE(area.contains(places[i]));
+            EXPECT_GE(places[i].height(), area.height() / 3);
+            const QRect beginning(places[i].topLeft(), QSize(title, title));
+            for (qsizetype j = i + 1; j < places.size(); ++j)
+                EXPECT_FALSE(places[j].intersects(beginning)) << i << " under " << j;
+        }
+    }
 }
 
 TEST(Splash, ClosesByItsTimerOrAClickOnThePicture)
