@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/focused_field.h"
 
-#include "desktop/problem_window.h"
+#include "desktop/problem_field.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -87,7 +87,8 @@ template <class Field> void perform_in(Field& field, window_command which)
 /// Fields that are part of a problem leave undo and redo to the problem, whose steps they are.
 bool leaves_to_problem(const QWidget& field, window_command which)
 {
-    return (which == window_command::undo || which == window_command::redo) && field.property(undo_of_problem).toBool();
+    return (which == window_command::undo || which == window_command::redo) &&
+           qobject_cast<const problem_field*>(&field);
 }
 
 /// Calls `visit` with the field as what it is; false where it is no field that can be edited.

@@ -18,9 +18,6 @@ class QCloseEvent;
 namespace kelvarin
 {
 
-/// The property of a field whose every change is a step of the problem: undo and redo in it mean the problem.
-inline constexpr const char* undo_of_problem = "undo_of_problem";
-
 /// The texts in which the kinds of problem windows differ.
 struct problem_kind
 {

@@ -206,10 +206,10 @@ bool nle_problem::move(int row, bool up)
     return true;
 }
 
-void nle_problem::set_comment(int row, std::string comment)
+void nle_problem::set_comment(int row, std::string_view comment)
 {
     nle_content next = content();
-    next.rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(std::move(comment));
+    next.rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(std::string(comment));
     change_rows("Edit comment", std::move(next));
 }
 

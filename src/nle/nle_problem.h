@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "nle/equations/equation_table.h"
 #include "nle/nle_analysis.h"
 #include "nle/nle_content.h"
 #include "platform/message_box.h"
 #include "shell/document/value_document.h"
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,7 +18,7 @@ namespace kelvarin
 /// A nonlinear problem as a document. Every operation that is refused returns the box to show and changes nothing. Undo
 /// names its steps "Add equation", "Edit equation", "Remove equation", "Move equation", "Edit comment", "Change title",
 /// "Change bounds", "Choose method", "Rename variable", "Load example".
-class nle_problem final : public value_document<nle_content>
+class nle_problem final : public value_document<nle_content>, public equation_table
 {
 public:
     nle_problem();
@@ -26,8 +28,8 @@ public:
     int equation_count() const { return static_cast<int>(content().rows.size()); }
     nle_analysis analyse() const { return analyse_nle(content()); }
 
-    /// Whether another equation may be added.
-    refusal may_add() const;
+    std::span<const equation_row> rows() const override { return content().rows; }
+    refusal may_add() const override;
     /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the
     /// texts are those of the fields. A box that is about the expression has a place in that field's text.
     refusal check_implicit(std::string_view name, std::string_view expression, std::string_view guess, int row) const;
@@ -38,18 +40,15 @@ public:
                          std::string_view comment, int row = 0);
     refusal put_explicit(std::string_view name, std::string_view expression, std::string_view comment, int row = 0);
 
-    /// Removing the last equation is refused.
-    refusal remove(int row);
-    /// Exchange with the neighbour above (up) or below; false at the ends.
-    bool move(int row, bool up);
-    void set_comment(int row, std::string comment);
+    refusal remove(int row) override;
+    bool move(int row, bool up) override;
+    void set_comment(int row, std::string_view comment) override;
     /// One step of undo for any number of changes in a row, as they come with every key typed.
     void set_bounds(std::string lower, std::string upper);
     /// A choice by the user, with what with_method does to the guesses.
     void choose_method(nle_method method);
-    /// Renames a variable where it is defined and wherever right sides use it, in one step. Refused as in the
-    /// entry dialogs where the new name is no valid one, is defined already, or would define itself.
-    refusal rename_variable(std::string_view old_name, std::string_view new_name);
+    /// Refused as in the entry dialogs where the new name is no valid one, is defined already, or would define itself.
+    refusal rename_variable(std::string_view old_name, std::string_view new_name) override;
     /// Puts an example in place of the problem, in one step, and leaves the file.
     void load_example(nle_content example);
 

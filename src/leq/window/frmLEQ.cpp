@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "leq/window/frmLEQ.h"
 
+#include "desktop/cell_grid.h"
 #include "desktop/elided_label.h"
 #include "desktop/qt_text.h"
 #include "leq/leq_text.h"
-#include "leq/window/leq_grid.h"
+#include "leq/window/leq_grid_model.h"
 #include "platform/text_file.h"
 #include "shell/window/frmSolution.h"
 
@@ -84,18 +85,19 @@ void frmLEQ::connect_controls()
 {
     connect(cmbNumEq_, &QComboBox::activated, this, &frmLEQ::cmbNumEq_Click);
     connect(cmdRun_, &QPushButton::clicked, this, &frmLEQ::solve);
-    connect(grdMatrix_, &leq_grid::cell_edited, this, &frmLEQ::cell_edited);
-    connect(grdMatrix_, &leq_grid::current_cell_changed, this, &frmLEQ::show_current_cell);
-    connect(grdMatrix_, &leq_grid::clear_asked, this, &frmLEQ::clear_cells);
-    connect(grdMatrix_, &leq_grid::rename_asked, this, &frmLEQ::rename_variable);
-    connect(grdMatrix_, &leq_grid::menu_asked, this, [this](const QPoint& place) { cell_menu_->popup(place); });
+    connect(grdMatrix_, &cell_grid::cell_edited, this, &frmLEQ::cell_edited);
+    connect(grdMatrix_, &cell_grid::current_cell_changed, this, &frmLEQ::show_current_cell);
+    connect(grdMatrix_, &cell_grid::clear_asked, this, &frmLEQ::clear_cells);
+    connect(grdMatrix_, &cell_grid::head_chosen, this, &frmLEQ::rename_variable);
+    connect(grdMatrix_, &cell_grid::menu_asked, this, [this](const QPoint& place) { cell_menu_->popup(place); });
 }
 
 void frmLEQ::show_document()
 {
     lblTitle_->show_text(problem_.title().empty() ? tr("Untitled problem") : to_qstring(problem_.title()));
     cmbNumEq_->setCurrentIndex(problem_.equation_count() - least_leq_count);
-    grdMatrix_->show_content(problem_.content());
+    cells_->show_content(problem_.content());
+    grdMatrix_->fit_columns();
     lblEmpty_->setText(count_of_cells_to_fill());
     apply_colours();
     show_current_cell();
@@ -112,16 +114,16 @@ QString frmLEQ::count_of_cells_to_fill() const
 void frmLEQ::show_current_cell()
 {
     const leq_content& content = problem_.content();
-    const leq_cell cell = grdMatrix_->current_cell();
-    rename_item_->setEnabled(cell.column >= 0 && cell.column < content.count());
+    const QModelIndex cell = grdMatrix_->currentIndex();
+    rename_item_->setEnabled(cell.column() >= 0 && cell.column() < content.count());
     const QString fault = grdMatrix_->fault_of_current_cell();
     if (!fault.isEmpty())
         lblCell_->show_text(fault);
     else if (problem_.is_blank())
         lblCell_->show_text(tr("Type a number and press Tab for the next cell, or paste cells of a spreadsheet."));
-    else if (cell.row >= 0)
-        lblCell_->show_text(
-            QStringLiteral("[%1] %2").arg(QString::number(cell.row + 1), to_qstring(equation_text(content, cell.row))));
+    else if (cell.isValid())
+        lblCell_->show_text(QStringLiteral("[%1] %2").arg(QString::number(cell.row() + 1),
+                                                          to_qstring(equation_text(content, cell.row()))));
 }
 
 bool frmLEQ::can(window_command which) const
@@ -170,9 +172,9 @@ void frmLEQ::cmbNumEq_Click(int index)
     document_changed();
 }
 
-void frmLEQ::cell_edited(leq_cell cell, const QString& text)
+void frmLEQ::cell_edited(int row, int column, const QString& text)
 {
-    problem_.set_cell(cell.row, cell.column, to_text(text));
+    problem_.set_cell(row, column, to_text(text));
     document_changed();
 }
 
@@ -207,21 +209,27 @@ void frmLEQ::put_on_clipboard(const std::string& text)
     context().user.copy(std::move(content));
 }
 
+cell_range frmLEQ::selected_range() const
+{
+    const QRect block = grdMatrix_->selected_block();
+    return {block.top(), block.left(), block.height(), block.width()};
+}
+
 void frmLEQ::cut()
 {
-    put_on_clipboard(problem_.cut(grdMatrix_->selected_block()));
+    put_on_clipboard(problem_.cut(selected_range()));
     document_changed();
 }
 
 void frmLEQ::copy()
 {
-    put_on_clipboard(problem_.copy(grdMatrix_->selected_block()));
+    put_on_clipboard(problem_.copy(selected_range()));
 }
 
 void frmLEQ::clear_cells()
 {
     take_over_typing();
-    problem_.clear_cells(grdMatrix_->selected_block());
+    problem_.clear_cells(selected_range());
     document_changed();
 }
 
@@ -230,10 +238,11 @@ void frmLEQ::paste()
     const std::optional<cell_block> block =
         with_decimal_points(read_block(to_text(context().user.clipboard()->text())));
     if (!block || block->empty()) return;
-    const cell_range range = grdMatrix_->selected_block();
+    const cell_range range = selected_range();
     const std::optional<message_box> left_out = problem_.paste(range, *block);
     document_changed();
-    grdMatrix_->select_block(landing_of(*block, range, problem_.content()));
+    const cell_range landing = landing_of(*block, range, problem_.content());
+    grdMatrix_->select_block({landing.column, landing.row, landing.columns, landing.rows});
     if (left_out) context().user.show(this, *left_out);
 }
 
@@ -259,7 +268,7 @@ void frmLEQ::load_sample()
     if (!may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
     problem_.load_sample(std::random_device{}());
     document_changed();
-    grdMatrix_->set_current_cell({});
+    grdMatrix_->set_current_cell(0, 0);
 }
 
 void frmLEQ::solve()
@@ -268,7 +277,7 @@ void frmLEQ::solve()
     const leq_run_problem problem = {problem_.content(), problem_.path()};
     const leq_outcome outcome = run_leq(problem.content);
     if (outcome.fault) {
-        grdMatrix_->set_current_cell(*outcome.fault);
+        grdMatrix_->set_current_cell(outcome.fault->row, outcome.fault->column);
         grdMatrix_->setFocus();
     }
     // What is refused before it starts is not counted.

@@ -15,8 +15,9 @@ class QStatusBar;
 namespace kelvarin
 {
 
+class cell_grid;
 class elided_label;
-class leq_grid;
+class leq_grid_model;
 
 /// "Linear Equations Solver": the window of a problem of linear equations. What may be done and what it means is
 /// the matter of leq_problem; the window shows it and forwards gestures.
@@ -43,7 +44,7 @@ protected:
     void show_document() override;
     /// A run is over before a control could be used.
     void enable_controls_for_run(bool) override {}
-    /// What is missing is told by the run.
+    /// What is missing is what the run says.
     bool can_solve() const override { return true; }
     void solve() override;
     void take_over_typing() override;
@@ -65,7 +66,7 @@ private:
     QString count_of_cells_to_fill() const;
 
     void cmbNumEq_Click(int index);
-    void cell_edited(leq_cell cell, const QString& text);
+    void cell_edited(int row, int column, const QString& text);
     void fill_with_zeros();
     void clean_grid();
     void rename_variable(int column);
@@ -73,6 +74,7 @@ private:
     void copy();
     void paste();
     void clear_cells();
+    cell_range selected_range() const;
     /// The block with points for commas, where that was asked for; nothing where the paste was cancelled.
     std::optional<cell_block> with_decimal_points(cell_block block);
     void put_on_clipboard(const std::string& text);
@@ -84,7 +86,8 @@ private:
     elided_label* lblTitle_ = nullptr;
     QComboBox* cmbNumEq_ = nullptr;
     QPushButton* cmdRun_ = nullptr;
-    leq_grid* grdMatrix_ = nullptr;
+    leq_grid_model* cells_ = nullptr;
+    cell_grid* grdMatrix_ = nullptr;
     elided_label* lblCell_ = nullptr;
     QLabel* lblEmpty_ = nullptr;
 

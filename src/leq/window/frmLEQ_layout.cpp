@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Where everything of the window stands.
 
+#include "desktop/cell_grid.h"
 #include "desktop/controls.h"
 #include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "leq/window/frmLEQ.h"
-#include "leq/window/leq_grid.h"
+#include "leq/window/leq_grid_model.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -25,7 +26,9 @@ void frmLEQ::build_ui()
     column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
     column->setSpacing(unit / 2);
     column->addLayout(build_title_row());
-    grdMatrix_ = named(new leq_grid(this), "grdMatrix");
+    cells_ = new leq_grid_model;
+    grdMatrix_ = named(new cell_grid(cells_, this), "grdMatrix");
+    grdMatrix_->setAccessibleName(tr("Coefficients and right sides"));
     column->addWidget(grdMatrix_, 1);
     // Tab leads from the last cell to the button, and then Enter solves.
     setTabOrder(cmbNumEq_, grdMatrix_);
@@ -88,7 +91,7 @@ void frmLEQ::build_edit_menu()
     menu->addSeparator();
     add(tr("Enter Problem Title..."), "mnuTitle", &frmLEQ::change_title);
     rename_item_ =
-        add(tr("&Variable Name..."), "mnuRename", [this] { rename_variable(grdMatrix_->current_cell().column); });
+        add(tr("&Variable Name..."), "mnuRename", [this] { rename_variable(grdMatrix_->currentIndex().column()); });
     menu->addSeparator();
     add(tr("Fill All Empty Cells With Zeros"), "mnuFill", &frmLEQ::fill_with_zeros);
     add(tr("Clean &Grid"), "mnuClean", &frmLEQ::clean_grid);

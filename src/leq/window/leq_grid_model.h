@@ -1,49 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/cell_grid_model.h"
 #include "leq/leq_content.h"
-
-#include <QAbstractTableModel>
-#include <QString>
 
 namespace kelvarin
 {
 
-/// The cells of a problem of linear equations as they are shown. A cell that was typed in is reported and not
-/// kept: cells change by show_content alone.
-class leq_grid_model : public QAbstractTableModel
+/// The coefficients and right sides of a problem of linear equations as they are shown, below the names of the
+/// unknowns.
+class leq_grid_model : public cell_grid_model
 {
     Q_OBJECT
 
 public:
-    explicit leq_grid_model(QObject* parent);
+    using cell_grid_model::cell_grid_model;
 
-    /// Takes the content over and reports what changed; true where the number of rows and columns did.
-    bool show_content(const leq_content& content);
-    const leq_content& content() const { return content_; }
-    int beta_column() const { return content_.count(); }
+    /// Takes the content over and reports what changed.
+    void show_content(const leq_content& content);
 
-    /// Neither empty nor a number.
-    bool is_faulty(leq_cell cell) const;
-    /// What is wrong with a faulty cell, in a sentence; empty for every other.
-    QString fault_of(leq_cell cell) const;
-    /// "row 2, column x3".
-    QString place_name(leq_cell cell) const;
+    QString cell_text(int row, int column) const override;
+    QString column_head(int column) const override;
+    QString column_tip(int column) const override;
+    bool is_faulty(int row, int column) const override;
+    QString fault_of(int row, int column) const override;
+    /// The right sides stand apart from the coefficients.
+    bool is_set_off(int column) const override { return column == content_.count(); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    Qt::ItemFlags flags(const QModelIndex& index) const override;
-    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
-
-signals:
-    void cell_edited(kelvarin::leq_cell cell, const QString& text);
 
 private:
-    void report_changes(const leq_content& before);
-    QString spoken_text(leq_cell cell) const;
-
     leq_content content_;
 };
 

@@ -1,20 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "nle/window/frmNLE.h"
 
-#include "desktop/link_label.h"
+#include "desktop/controls.h"
+#include "desktop/look.h"
+#include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
-#include "nle/equations/window/equation_grid.h"
-#include "nle/equations/window/problem_status.h"
 #include "nle/nle_samples.h"
+#include "nle/window/frmNleEE.h"
+#include "nle/window/frmNleNE.h"
+#include "shell/window/frmSolution.h"
 
-#include <QAction>
-#include <QKeyEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
 
 namespace kelvarin
 {
 
 namespace
 {
+
+/// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
+std::atomic<int> solution_counter = 0;
+
+/// What the methods are, beside their short names.
+constexpr std::array<const char*, 4> method_tips = {
+    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Newton's method with full steps"),
+    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Newton's method with a line search"),
+    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Broyden's method with a line search"),
+    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Damped steps that keep the signs asked for; systems only")};
 
 problem_kind nle_kind()
 {
@@ -30,172 +47,150 @@ problem_kind nle_kind()
             .unsaved_on_open = "Problem not saved. Do you wish to save it now ?"};
 }
 
-/// Shows a text without moving the caret of somebody who types it.
-void show_text(QLineEdit& field, const std::string& text)
+QList<equation_window_parts::method_item> method_items()
 {
-    const QString shown = to_qstring(text);
-    if (field.text() != shown) field.setText(shown);
+    QList<equation_window_parts::method_item> items;
+    for (std::size_t i = 0; i < nle_method_items.size(); ++i)
+        items.append({to_qstring(nle_method_items[i]), frmNLE::tr(method_tips[i])});
+    return items;
 }
+
+/// The titles of the examples, each with its number as the letter to press.
+QStringList example_captions()
+{
+    QStringList captions;
+    for (const nle_content& sample : nle_samples()) {
+        const QString number = QString::number(captions.size() + 1);
+        captions.append(to_qstring(sample.title).replace(number, QLatin1Char('&') + number));
+    }
+    return captions;
+}
+
+/// Whether the problem gets as far as a run; what is refused before that is not counted.
+bool is_startable(const nle_content& content, const equation_set& set)
+{
+    if (content.method == nle_method::constrained && set.implicit_count < 2) return false;
+    return set.implicit_count + set.explicit_count <= equation_limit;
+}
+
+/// What a run works on: copies, so that nothing can change under it.
+struct run_input
+{
+    nle_run_problem problem;
+    settings store;
+    int number = 0;
+};
 
 } // namespace
 
-frmNLE::frmNLE(desktop_context& context) : problem_window(context, nle_kind())
+frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
 {
-    build_ui();
-    connect_controls();
+    bounds_ = build_bounds();
+    build_ui({.icon_name = "nle",
+              .grid_name = "grdRoots",
+              .status_name = "stbNLE",
+              .new_implicit_name = "cmdNewRoot",
+              .new_implicit_caption = tr("Add &NLE"),
+              .new_implicit_tip = tr("New nonlinear (implicit) equation"),
+              .new_implicit_item_name = "mnuNewRoot",
+              .new_implicit_item = tr("New &nonlinear equation..."),
+              .heads = {tr("Implicit equations / explicit equations"), tr("Initial guess"), tr("Comments")},
+              .hint = tr("Add a nonlinear equation, f(x) = 0, with \"Add NLE\",\nor an explicit one, a = ..., with "
+                         "\"Add EE\"."),
+              .listing_caption = tr("NLE variables"),
+              .methods = method_items(),
+              .examples = example_captions(),
+              .below_grid = bounds_});
     document_changed();
-    setFocusProxy(grdRoots_);
 }
 
-frmNLE::~frmNLE()
+QWidget* frmNLE::build_bounds()
 {
-    // A field in which one is typing tells that this has ended when it goes, and then there is no window any more.
-    const auto children = findChildren<QObject*>();
-    for (QObject* child : children)
-        child->disconnect(this);
-}
+    auto* bounds = new QWidget(this);
+    auto* row = new QHBoxLayout(bounds);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(line_unit(*this) / 2);
+    const int digits = 12;
+    const auto add_field = [&](const QString& caption, const char* label_name, const char* name, const QString& tip) {
+        auto* field = new problem_field(digits, name, tip);
+        connect(field, &QLineEdit::textEdited, this, &frmNLE::bound_Change);
+        connect(field, &QLineEdit::editingFinished, this, &frmNLE::update_num_vars);
+        auto* label = named(new QLabel(caption), label_name);
+        label->setBuddy(field);
+        row->addWidget(label);
+        row->addWidget(field);
+        switch_off_in_run(field);
+        return field;
+    };
+    txtnle_min_ini_guess_ =
+        add_field(tr("&Lower bound"), "lblLower", "txtnle_min_ini_guess", tr("Where the search for roots begins"));
+    txtnle_max_ini_guess_ =
+        add_field(tr("&Upper bound"), "lblUpper", "txtnle_max_ini_guess", tr("Where the search for roots ends"));
+    row->addSpacing(line_unit(*this) / 2);
 
-void frmNLE::connect_controls()
-{
-    connect(cmdNewRoot_, &QPushButton::clicked, this, &frmNLE::cmdNewRoot_Click);
-    connect(cmdNewEquation_, &QPushButton::clicked, this, &frmNLE::cmdNewEquation_Click);
-    connect(cmdEdit_, &QPushButton::clicked, this, &frmNLE::cmdEdit_Click);
-    connect(cmdRemove_, &QPushButton::clicked, this, &frmNLE::cmdRemove_Click);
-    connect(cmdUpDwn_[0], &QToolButton::clicked, this, [this] { cmdUpDwn_Click(true); });
-    connect(cmdUpDwn_[1], &QToolButton::clicked, this, [this] { cmdUpDwn_Click(false); });
-    connect(cmdRun_, &QPushButton::clicked, this, [this] { solve(); });
-    connect(cmdShowallvars_, &QPushButton::clicked, this, &frmNLE::cmdShowallvars_Click);
-    // Only what a person chooses strips the guesses of their suffixes, not what a file brings.
-    connect(cmbMethod_, &QComboBox::activated, this, &frmNLE::cmbMethod_Click);
-    connect(chkComments_, &QCheckBox::toggled, this, [this](bool shown) { grdRoots_->show_comments(shown); });
-    for (QLineEdit* bound : {txtnle_min_ini_guess_, txtnle_max_ini_guess_}) {
-        connect(bound, &QLineEdit::textEdited, this, &frmNLE::bound_Change);
-        connect(bound, &QLineEdit::editingFinished, this, &frmNLE::update_num_vars);
+    chkGraph_ = named(new QCheckBox, "chkGraph");
+    auto* label = named(new QLabel(tr("Graph")), "lblGraph");
+    for (QWidget* part : std::initializer_list<QWidget*>{chkGraph_, label}) {
+        part->setEnabled(false);
+        part->setToolTip(tr("Graphs of the search come with a later version."));
+        row->addWidget(part);
     }
-
-    connect(grdRoots_, &equation_grid::current_row_changed, this, &frmNLE::enable_controls);
-    connect(grdRoots_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmNLE::state_changed);
-    connect(grdRoots_, &equation_grid::edit_asked, this, &frmNLE::edit_row);
-    connect(grdRoots_, &equation_grid::remove_asked, this, &frmNLE::cmdRemove_Click);
-    connect(grdRoots_, &equation_grid::move_asked, this, [this](int, bool up) { cmdUpDwn_Click(up); });
-    connect(grdRoots_, &equation_grid::new_implicit_asked, this, &frmNLE::cmdNewRoot_Click);
-    connect(grdRoots_, &equation_grid::new_explicit_asked, this, &frmNLE::cmdNewEquation_Click);
-    connect(grdRoots_, &equation_grid::comment_edited, this, &frmNLE::comment_edited);
-    connect(stbNLE_, &problem_status::name_clicked, this, &frmNLE::name_clicked);
+    chkGraph_->setAccessibleName(tr("Graph"));
+    return bounds;
 }
 
-void frmNLE::show_document()
+equation_status frmNLE::analyse() const
 {
-    if (shown_path_ != problem_.path()) {
-        shown_path_ = problem_.path();
-        empty_rows_ = 0;
-    }
-    lblTitle_->show_text(problem_.title().empty() ? tr("Untitled problem") : to_qstring(problem_.title()), {});
-    cmbMethod_->setCurrentIndex(static_cast<int>(problem_.content().method));
-    show_text(*txtnle_min_ini_guess_, problem_.content().lower_bound);
-    show_text(*txtnle_max_ini_guess_, problem_.content().upper_bound);
-    apply_colours();
-    update_num_vars();
+    const nle_analysis found = problem_.analyse();
+    std::string missing = found.green ? std::string() : red_light_box(problem_.content()).text;
+    std::ranges::replace(missing, '\r', ' ');
+    return {found.set, found.green, found.panels, missing};
 }
 
-void frmNLE::update_num_vars()
+void frmNLE::show_fields()
 {
-    analysis_ = problem_.analyse();
-    const equation_set& set = analysis_.set;
-    grdRoots_->show_rows(problem_.content().rows, set, empty_rows_);
-    stbNLE_->show_panels(analysis_.panels, set.undefined.empty() ? set.duplicates : set.undefined);
-    bounds_->setVisible(analysis_.single_controls_visible);
-    if (!analysis_.single_controls_visible) chkGraph_->setChecked(false);
-
-    const QString missing = what_is_missing();
-    light_->set_green(analysis_.green, analysis_.green ? tr("The problem may be solved.") : missing);
-    lblMissing_->show_text(missing, {});
-    lblMissing_->setVisible(!analysis_.green);
-    cmdRun_->setVisible(analysis_.green);
-    enable_controls();
+    const bool single = status().set.implicit_count == 1;
+    txtnle_min_ini_guess_->show_text(problem_.content().lower_bound);
+    txtnle_max_ini_guess_->show_text(problem_.content().upper_bound);
+    bounds_->setVisible(single);
+    if (!single) chkGraph_->setChecked(false);
 }
 
-QString frmNLE::what_is_missing() const
+void frmNLE::bound_Change()
 {
-    if (analysis_.green) return {};
-    if (problem_.equation_count() == 0) return tr("Add an equation to begin.");
-    return to_qstring(red_light_box(problem_.content()).text).replace(QLatin1Char('\r'), QLatin1Char(' '));
+    problem_.set_bounds(to_text(txtnle_min_ini_guess_->text()), to_text(txtnle_max_ini_guess_->text()));
+    document_changed();
 }
 
-void frmNLE::enable_controls()
+entry_dialog* frmNLE::make_entry_dialog(bool implicit, int row)
 {
-    const int count = problem_.equation_count();
-    const int row = grdRoots_->current_row();
-    const bool idle = !is_running();
-    const bool on_row = idle && row >= 1 && row <= count;
-    for (QPushButton* button : {cmdEdit_, cmdRemove_})
-        button->setEnabled(on_row);
-    for (QAction* item : row_items_)
-        item->setEnabled(on_row);
-    cmdUpDwn_[0]->setEnabled(on_row && row > 1);
-    cmdUpDwn_[1]->setEnabled(on_row && row < count);
-    item_up_->setEnabled(cmdUpDwn_[0]->isEnabled());
-    item_down_->setEnabled(cmdUpDwn_[1]->isEnabled());
-    emit state_changed();
+    if (implicit) return new frmNleNE(context(), this, problem_, row);
+    return new frmNleEE(context(), this, problem_, row);
 }
 
-void frmNLE::enable_controls_for_run(bool running)
+void frmNLE::put_example(int number)
 {
-    for (QWidget* control : std::initializer_list<QWidget*>{cmbMethod_, cmdNewRoot_, cmdNewEquation_, cmdRun_,
-                                                            txtnle_min_ini_guess_, txtnle_max_ini_guess_})
-        control->setEnabled(!running);
-    for (QAction* item : changing_items_)
-        item->setEnabled(!running);
-    grdRoots_->set_editable(!running);
-    enable_controls();
-}
-
-bool frmNLE::can(window_command which) const
-{
-    switch (which) {
-    case window_command::copy:
-        return !grdRoots_->selected_rows().empty();
-    case window_command::select_all:
-        return problem_.equation_count() > 0;
-    default:
-        return problem_window::can(which);
-    }
-}
-
-void frmNLE::perform(window_command which)
-{
-    switch (which) {
-    case window_command::copy:
-        copy_rows();
-        break;
-    case window_command::select_all:
-        grdRoots_->selectAll();
-        break;
-    default:
-        problem_window::perform(which);
-    }
-}
-
-bool frmNLE::eventFilter(QObject* watched, QEvent* event)
-{
-    // The keys for undo and redo mean the problem also in the fields of the bounds.
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            event->ignore();
-            return true;
-        }
-    }
-    return problem_window::eventFilter(watched, event);
-}
-
-void frmNLE::load_sample(int number)
-{
-    if (is_running() || !may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
     problem_.load_example(nle_samples().at(static_cast<std::size_t>(number - 1)));
-    empty_rows_ = 0;
-    document_changed();
-    grdRoots_->set_current_row(1);
+}
+
+void frmNLE::solve()
+{
+    if (!ready_to_run()) return;
+    const bool counts = is_startable(problem_.content(), status().set);
+    const auto input = std::make_shared<const run_input>(
+        run_input{{problem_.content(), problem_.path()}, context().store, counts ? ++solution_counter : 0});
+    start_run([input, &clock = context().clock](
+                  run_listener& listener) { return run_nle(input->problem, input->store, clock, listener); },
+              [this, input](const nle_outcome& outcome) {
+                  show_outcome(input->problem, outcome, input->store, input->number);
+              });
+}
+
+void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number)
+{
+    if (!show_end_of_run(outcome.stopped, outcome.boxes) || !outcome.has_report) return;
+    show_new_report(context(), nle_report(problem, outcome, store, context().clock.today()), problem.content.title,
+                    QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
 }
 
 } // namespace kelvarin

@@ -18,7 +18,7 @@ public:
 
 protected:
     std::optional<message_box> take_over() override;
-    std::optional<message_box> check_now() const override;
+    std::optional<message_box> check() const override;
 
 private:
     nle_problem& problem_;

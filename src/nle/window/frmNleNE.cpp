@@ -3,9 +3,7 @@
 
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "expr/basParse.h"
 #include "platform/run_time_text.h"
-#include "platform/text_file.h"
 
 #include <QHBoxLayout>
 #include <QRadioButton>
@@ -14,14 +12,19 @@ namespace kelvarin
 {
 
 frmNleNE::frmNleNE(desktop_context& context, QWidget* parent, nle_problem& problem, int row)
-    : entry_dialog(context, parent, "frmNleNE",
-                   row == 0 ? tr("New nonlinear equation") : tr("Edit nonlinear equation")),
+    : entry_dialog(context, parent, {.dialog = "frmNleNE"},
+                   row == 0 ? tr("New nonlinear equation") : tr("Edit nonlinear equation"),
+                   tr("f(x) is zero at the solution.")),
       problem_(problem), row_(row)
 {
     build_ui();
     connect(txtVar(), &QLineEdit::textChanged, this, &frmNleNE::txtVar_Change);
     txtVar_Change();
-    if (row > 0) fill_from(problem.content().rows.at(static_cast<std::size_t>(row - 1)));
+    if (row == 0) return;
+    const equation_row& present = problem.content().rows.at(static_cast<std::size_t>(row - 1));
+    fill_from(present);
+    txtGuess_->setText(to_qstring(guess_without_suffix(present.guess)));
+    optConstrained_->button(static_cast<int>(constraint_of(present.guess)))->setChecked(true);
 }
 
 QLabel* frmNleNE::add_row(const char* label_name, QWidget* field)
@@ -57,20 +60,6 @@ void frmNleNE::build_ui()
     optConstrained_->button(0)->setChecked(true);
     lblConstrained_ = add_row("lblConstrained", constraints_);
     form()->setRowVisible(constraints_, problem_.content().method == nle_method::constrained);
-
-    auto* hint = new QLabel(tr("f(x) is zero at the solution."));
-    hint->setObjectName(QStringLiteral("lblHint"));
-    form()->addRow(QString(), hint);
-}
-
-void frmNleNE::fill_from(const equation_row& row)
-{
-    const equation_parts parts = parts_of(row.equation);
-    txtVar()->setText(to_qstring(parts.name));
-    txtEquation()->set_expression(parts.right_side);
-    txtGuess_->setText(to_qstring(guess_without_suffix(row.guess)));
-    txtComment()->setText(to_qstring(row.comment));
-    optConstrained_->button(static_cast<int>(constraint_of(row.guess)))->setChecked(true);
 }
 
 void frmNleNE::txtVar_Change()
@@ -99,14 +88,15 @@ std::optional<message_box> frmNleNE::take_over()
                                  optConstrained_->checkedId(), to_text(txtComment()->text()), row_);
 }
 
-std::optional<message_box> frmNleNE::check_now() const
+std::optional<message_box> frmNleNE::check() const
 {
-    const std::string expression = txtEquation()->expression();
-    if (trimmed(expression).empty()) return std::nullopt;
-    const bool begun = txtVar()->text().trimmed().isEmpty() || txtGuess_->text().trimmed().isEmpty();
-    // What is not filled in yet is no fault while one types.
-    if (begun && check_expression(expression).ok) return std::nullopt;
-    return problem_.check_implicit(to_text(txtVar()->text()), expression, to_text(txtGuess_->text()), row_);
+    return problem_.check_implicit(to_text(txtVar()->text()), txtEquation()->expression(), to_text(txtGuess_->text()),
+                                   row_);
+}
+
+bool frmNleNE::is_filled_in() const
+{
+    return entry_dialog::is_filled_in() && !txtGuess_->text().trimmed().isEmpty();
 }
 
 } // namespace kelvarin

@@ -20,14 +20,14 @@ public:
 
 protected:
     std::optional<message_box> take_over() override;
-    std::optional<message_box> check_now() const override;
+    std::optional<message_box> check() const override;
+    bool is_filled_in() const override;
     void clear_fields() override;
     QWidget* field_about(const message_box& refused) const override;
 
 private:
     void build_ui();
     QLabel* add_row(const char* label_name, QWidget* field);
-    void fill_from(const equation_row& row);
     void txtVar_Change();
 
     nle_problem& problem_;

@@ -37,14 +37,13 @@ TEST(LinearWindow, MakesSolvesAndKeepsAProblemByKeysAlone)
     leq_desk desk;
     // Tab goes along a row and on to the next; behind the last cell it leads to the button, where Enter solves.
     leq_desk::keys("2\t1\t-1\t8\t-3\t-1\t2\t-11\t-2\t1\t2\t-3\t");
-    desk.user.expect_input("Enter problem title.", "Textbook");
-    desk.choose("Edit", "mnuTitle");
-    desk.grid().set_current_cell({1, 1});
+    desk.set_title("Textbook");
+    desk.grid().set_current_cell(1, 1);
     desk.user.expect_input("Enter variable name.", "y");
     desk.choose("Edit", "mnuRename");
-    robot::press(Qt::Key_Return);
-    expect_textbook_report(desk.report());
-    EXPECT_THAT(desk.report().windowTitle().toStdString(), HasSubstr("Linear Equations Solution #"));
+    const frmSolution& report = desk.report_of([] { robot::press(Qt::Key_Return); });
+    expect_textbook_report(report);
+    EXPECT_THAT(report.windowTitle().toStdString(), HasSubstr("Linear Equations Solution #"));
 
     desk.to_front();
     desk.user.expect_file(chosen_file{desk.folder / "made.kvr", 1});
@@ -53,13 +52,10 @@ TEST(LinearWindow, MakesSolvesAndKeepsAProblemByKeysAlone)
     EXPECT_EQ(desk.frame.children().size(), 1u) << "the window stays open";
     EXPECT_EQ(desk.folder.read("made.kvr"), textbook_file);
 
-    auto& reopened = *new frmLEQ(desk.context);
-    desk.frame.show_child(&reopened);
-    ASSERT_TRUE(reopened.open(desk.folder / "made.kvr"));
-    EXPECT_TRUE(reopened.document().problem_saved());
-    robot::press(Qt::Key_F5);
-    expect_textbook_report(desk.report());
-    EXPECT_THAT(desk.report().plain_text(), HasSubstr("made.kvr"));
+    EXPECT_TRUE(desk.open_again("made.kvr").document().problem_saved());
+    const frmSolution& again = desk.solve_by_key();
+    expect_textbook_report(again);
+    EXPECT_THAT(again.plain_text(), HasSubstr("made.kvr"));
 }
 
 TEST(LinearWindow, NamesWhatKeepsAProblemFromBeingSolvedAndGoesThere)
@@ -69,28 +65,23 @@ TEST(LinearWindow, NamesWhatKeepsAProblemFromBeingSolvedAndGoesThere)
         const char* name;
         const char* block;
         const char* box;
-        leq_cell place;
+        int row, column;
     };
     for (const row& expected : {
-             row{"empty",
-                 "1\t0\t0\t1\n0\t1\t\t2\n\t0\t1\t3",
-                 "The coefficients matrix contains one or more empty cells (2,3)",
-                 {1, 2}},
-             row{"empty beta",
-                 "1\t0\t0\t1\n0\t1\t0\t2\n0\t0\t1\t",
-                 "The coefficients matrix contains one or more empty cells (3,4)",
-                 {2, 3}},
-             row{"no number",
-                 "1\t0\t0\t1\n0\t12abc\t0\t2\n0\t0\t1\t3",
-                 "The coefficients matrix contains a cell that is not a number (2,2): '12abc'",
-                 {1, 1}},
+             row{"empty", "1\t0\t0\t1\n0\t1\t\t2\n\t0\t1\t3",
+                 "The coefficients matrix contains one or more empty cells (2,3)", 2, 3},
+             row{"empty beta", "1\t0\t0\t1\n0\t1\t0\t2\n0\t0\t1\t",
+                 "The coefficients matrix contains one or more empty cells (3,4)", 3, 4},
+             row{"no number", "1\t0\t0\t1\n0\t12abc\t0\t2\n0\t0\t1\t3",
+                 "The coefficients matrix contains a cell that is not a number (2,2): '12abc'", 2, 2},
          }) {
         SCOPED_TRACE(expected.name);
         leq_desk desk;
         desk.paste_at(1, 1, expected.block);
         desk.user.expect_box(expected.box);
         desk.person.click("cmdRun");
-        EXPECT_EQ(desk.grid().current_cell(), expected.place);
+        EXPECT_EQ(desk.grid().currentIndex().row() + 1, expected.row);
+        EXPECT_EQ(desk.grid().currentIndex().column() + 1, expected.column);
         EXPECT_TRUE(desk.grid().hasFocus());
         EXPECT_EQ(desk.frame.children().size(), 1u);
     }
@@ -98,14 +89,10 @@ TEST(LinearWindow, NamesWhatKeepsAProblemFromBeingSolvedAndGoesThere)
 
 TEST(LinearWindow, CountsTheSolutionsOfAllWindowsThroughRefusalsAndSingularMatrices)
 {
-    const auto number_of = [](const frmSolution& report) {
-        return report.windowTitle().remove(QStringLiteral("Linear Equations Solution #")).remove("[*]").toInt();
-    };
     leq_desk desk;
     desk.person.choose("cmbNumEq", "2");
     desk.paste_at(1, 1, "1\t2\t3\n4\t5\t6");
-    desk.choose("Program", "solve");
-    const int first = number_of(desk.report());
+    const int first = test::number_of(desk.report_of([&] { desk.choose("Program", "solve"); }));
     EXPECT_GT(first, 0);
 
     desk.to_front();
@@ -121,8 +108,7 @@ TEST(LinearWindow, CountsTheSolutionsOfAllWindowsThroughRefusalsAndSingularMatri
     robot::press(Qt::Key_F5);
 
     leq_desk::keys("1\n");
-    robot::press(Qt::Key_F5);
-    EXPECT_EQ(number_of(desk.report()), first + 2);
+    EXPECT_EQ(test::number_of(desk.solve_by_key()), first + 2);
 }
 
 TEST(LinearWindow, TakesOverWhatIsBeingTypedBeforeItSolvesSavesOrCloses)
@@ -156,89 +142,11 @@ TEST(LinearWindow, GoesWhileACellIsBeingTypedIn)
     EXPECT_TRUE(desk.frame.children().empty());
 }
 
-TEST(LinearWindow, AsksBeforeAnUnsavedProblemIsLost)
-{
-    leq_desk desk;
-    const auto saved = desk.folder.write("saved.kvr", textbook_file);
-    desk.click_cell(1, 1);
-    leq_desk::keys("5\n");
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::cancel);
-    EXPECT_FALSE(desk.window.open(saved));
-    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::cancel);
-    desk.choose("Help", "mnuSample");
-    desk.user.expect_question("LEQ Problem not saved. Do you want to save it before closing ?", user_answer::cancel);
-    EXPECT_FALSE(desk.window.close_with_frame());
-    EXPECT_EQ(desk.cells(), "5 _ _ _\n_ _ _ _\n_ _ _ _\n");
-
-    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::no);
-    desk.choose("Help", "mnuSample");
-    EXPECT_EQ(desk.window.title_panel(), "Sample random problem");
-    desk.choose("Program", "solve");
-    desk.report();
-
-    desk.to_front();
-    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
-    desk.user.expect_file(chosen_file{saved, 1});
-    desk.choose("File", "mnuOpen");
-    EXPECT_EQ(desk.heads(), "x1 y x3 beta ");
-    EXPECT_THAT(desk.window.file_panel().toStdString(), HasSubstr("saved.kvr"));
-    EXPECT_TRUE(desk.window.close_with_frame());
-}
-
-TEST(LinearWindow, PassesFilesOfOtherKindsOn)
-{
-    leq_desk desk;
-    const auto foreign = desk.folder.write("other.kvr", "Root\nf(x) = x^2-2 #\nx(min)=1, x(max)=2\n");
-    desk.user.expect_file(chosen_file{foreign, 1});
-    desk.choose("File", "mnuOpen");
-    EXPECT_EQ(desk.frame.opened(), std::vector{foreign});
-
-    // A problem kept as a text is one of this window's own.
-    const auto text = desk.folder.write("own.txt", textbook_file);
-    desk.user.expect_file(chosen_file{text, 2});
-    desk.choose("File", "mnuOpen");
-    EXPECT_EQ(desk.frame.opened().size(), 1u);
-    EXPECT_EQ(desk.window.title_panel(), "Textbook");
-
-    desk.user.expect_file(chosen_file{desk.folder.write("bad.kvr", "Too many\n99\n1\t2\t\n"), 1});
-    desk.user.expect_box("Error while trying to open file.");
-    desk.choose("File", "mnuOpen");
-    EXPECT_EQ(desk.window.title_panel(), "Textbook");
-}
-
-TEST(LinearWindow, SavesTheOlderFormatAfterAQuestion)
-{
-    leq_desk desk;
-    ASSERT_TRUE(desk.window.open(desk.folder.write("new.kvr", textbook_file)));
-    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question(
-        "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
-        user_answer::yes);
-    desk.choose("File", "save_as");
-    std::string older = textbook_file;
-    older.erase(older.find("varsnames"), std::string("varsnames==x1,y,x3\r\n").size());
-    EXPECT_EQ(desk.folder.read("old.kvr"), older);
-}
-
-TEST(LinearWindow, ComesBackAfterACrashCellByCell)
-{
-    leq_desk desk;
-    desk.paste_at(1, 1, "1,5x\t2");
-    auto& recovered = *new frmLEQ(desk.context);
-    desk.frame.show_child(&recovered);
-    recovery_entry left;
-    left.content = desk.window.document().recovery_text();
-    ASSERT_TRUE(recovered.recover(1, left));
-    EXPECT_EQ(recovered.document().content(), desk.content());
-    EXPECT_FALSE(recovered.document().problem_saved());
-}
-
 TEST(LinearWindow, HasNoFaultOfLayoutAndSpeaksItsCells)
 {
     leq_desk desk;
     const auto faults = [&] { return test::faults_of(desk.window, desk.window.menus()); };
     EXPECT_THAT(faults(), testing::IsEmpty());
-    EXPECT_EQ(desk.window.windowTitle(), "Linear Equations Solver[*]");
     EXPECT_EQ(desk.person.text("lblEmpty"), "12 empty cells");
 
     desk.paste_at(1, 1, three_equations_block);

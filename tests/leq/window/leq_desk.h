@@ -1,40 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/cell_grid.h"
 #include "leq/window/frmLEQ.h"
-#include "leq/window/leq_grid.h"
-#include "shell/window/frmSolution.h"
-#include "support/robot.h"
-#include "support/test_desk.h"
-
-#include <gtest/gtest.h>
+#include "support/problem_desk.h"
 
 #include <QHeaderView>
 #include <QTest>
 
-#include <memory>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace kelvarin::test
 {
 
 /// A window of linear equations, and what a person does in it.
-struct leq_desk : test_desk
+struct leq_desk : problem_desk<frmLEQ>
 {
-    frmLEQ& window;
-    robot person;
-
-    leq_desk() : window(*new frmLEQ(context)), person(window)
-    {
-        frame.show_child(&window);
-        window.resize(window.sizeHint());
-        settle();
-    }
-
-    leq_grid& grid() const { return person.find<leq_grid>("grdMatrix"); }
-    const leq_content& content() const { return window.document().content(); }
+    cell_grid& grid() const { return person.find<cell_grid>("grdMatrix"); }
     /// The shown cells, row by row, separated by blanks; an empty one is "_".
     std::string cells() const
     {
@@ -56,14 +38,6 @@ struct leq_desk : test_desk
             all += grid().model()->headerData(column, Qt::Horizontal).toString().toStdString() + ' ';
         return all;
     }
-    QMenu& menu(const char* title)
-    {
-        for (QMenu* found : window.menus())
-            if (QString(found->title()).remove(QLatin1Char('&')) == QLatin1String(title)) return *found;
-        throw std::runtime_error(std::string("no menu ") + title);
-    }
-    void choose(const char* menu_title, const char* item) { person.trigger(menu(menu_title), item); }
-
     /// Letter by letter: the first opens the field that gets the others. "\t" is Tab, "\n" is Enter.
     static void keys(const std::string& text)
     {
@@ -89,29 +63,11 @@ struct leq_desk : test_desk
         QTest::mouseDClick(head.viewport(), Qt::LeftButton, {}, middle);
         settle();
     }
-    void put_on_clipboard(const std::string& text)
-    {
-        auto content = std::make_unique<QMimeData>();
-        content->setText(QString::fromStdString(text));
-        user.copy(std::move(content));
-    }
     void paste_at(int row, int column, const std::string& text)
     {
         put_on_clipboard(text);
         click_cell(row, column);
         robot::press(Qt::Key_V, Qt::ControlModifier);
-    }
-    void to_front() const
-    {
-        window.activateWindow();
-        settle();
-    }
-    /// The report that the last key or click brought.
-    frmSolution& report() const
-    {
-        auto* shown = dynamic_cast<frmSolution*>(frame.children().back());
-        if (!shown) throw std::runtime_error("no report came");
-        return *shown;
     }
 };
 

@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QCloseEvent>
-#include <QLineEdit>
 #include <QTextBrowser>
 
 namespace
@@ -18,7 +16,6 @@ using kelvarin::test::nle_desk;
 using kelvarin::test::robot;
 using kelvarin::test::settle;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const char* const three_rows = "Three |KVRVER05_3\nf(x) = x-a #\nf(y) = y-x #\na = 2 #two\nx(0)=1 p\ny(0)=3 ap\n";
 
@@ -33,7 +30,7 @@ std::string rows_up_to(int count)
 TEST(Editing, RefusesTheEquationBeyondTheLimitAlsoWithFreeRows)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, rows_up_to(199)));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(rows_up_to(199)));
     desk.add_by_mouse({"b", "1"});
     EXPECT_EQ(desk.content().rows.size(), 200u);
     for (const char* button : {"cmdNewRoot", "cmdNewEquation"}) {
@@ -87,7 +84,7 @@ TEST(Editing, AddsEmptyRowsThatNewEquationsFill)
 TEST(Editing, RemovesAfterAskingAndNeverTheLastEquation)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(three_rows));
     const std::string sure = "Are you sure you want to remove this equation ?";
     desk.grid().setFocus();
     desk.grid().set_current_row(2);
@@ -109,7 +106,7 @@ TEST(Editing, RemovesAfterAskingAndNeverTheLastEquation)
 TEST(Editing, MovesARowWithItsSelectionAndStopsAtTheEnds)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(three_rows));
     desk.grid().set_current_row(1);
     EXPECT_FALSE(desk.person.is_enabled("cmdUpDwn_0"));
     desk.person.click("cmdUpDwn_1");
@@ -128,11 +125,11 @@ TEST(Editing, MovesARowWithItsSelectionAndStopsAtTheEnds)
 TEST(Editing, StripsSuffixesOnlyWhenAPersonChoosesAMethod)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, three_rows));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(three_rows));
     EXPECT_EQ(desk.person.text("cmbMethod"), "constrained");
     EXPECT_EQ(desk.cell(2, 2), "3 ap");
     // A file may bring suffixes under any method.
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Plain |KVRVER05_0\nf(x) = x-1 #\nf(y) = y-x #\nx(0)=1 p\ny(0)=3 ap\n"));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Plain |KVRVER05_0\nf(x) = x-1 #\nf(y) = y-x #\nx(0)=1 p\ny(0)=3 ap\n"));
     EXPECT_EQ(desk.person.text("cmbMethod"), "fastnewt");
     EXPECT_EQ(desk.cell(2, 2), "3 ap");
     desk.person.choose("cmbMethod", "constrained");
@@ -148,7 +145,7 @@ TEST(Editing, StripsSuffixesOnlyWhenAPersonChoosesAMethod)
 TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "One |KVRVER05_0\nf(x) = x^2-a #\na = 2 #\nx(min)=1, x(max)=2\n"));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("One |KVRVER05_0\nf(x) = x^2-a #\na = 2 #\nx(min)=1, x(max)=2\n"));
     const nle_content opened = desk.content();
     desk.bounds_by_mouse("0.5", "3.25");
     desk.grid().setFocus();
@@ -164,8 +161,7 @@ TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
     desk.user.expect_input("'b'", "x");
     desk.user.expect_box("The variable 'x' has already been defined.");
     desk.choose("Edit", "mnuRename");
-    desk.user.expect_input("Enter problem title.", "Two");
-    desk.choose("Edit", "mnuTitle");
+    desk.set_title("Two");
     EXPECT_EQ(desk.window.title_panel(), "Two");
     const nle_content edited = desk.content();
     EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Change title");
@@ -221,7 +217,7 @@ TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
 
     ASSERT_NO_FATAL_FAILURE([&] {
         desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
-        open_text(desk, "Double |KVRVER05_0\na = 1\nb = 2\na = 3\n");
+        desk.open_text("Double |KVRVER05_0\na = 1\nb = 2\na = 3\n");
     }());
     EXPECT_EQ(desk.third_panel(), "Variable defined more than once: a");
     emit panel.linkActivated(QStringLiteral("0"));
@@ -229,57 +225,6 @@ TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
     EXPECT_TRUE(desk.window.can(window_command::copy));
     robot::press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(desk.user.copied_text(), "a = 1\tn.a.\na = 3\tn.a.\n");
-}
-
-TEST(Editing, AsksBeforeAnythingUnsavedIsLost)
-{
-    const std::string on_close = "NLE Problem not saved. Do you want to save it before closing ?";
-    const std::string on_open = "Problem not saved. Do you wish to save it now ?";
-    const std::string on_sample = "Previous problem was not saved. Do you wish to save it now ?";
-    nle_desk desk;
-    const auto other = desk.folder.write("other.kvr", "Other\nb = 2\nc = 3\n");
-    desk.add_by_mouse({"a", "1"});
-
-    // Drawing back, and a save that is called off, leave everything as it was.
-    desk.user.expect_question(on_close, user_answer::cancel);
-    EXPECT_FALSE(desk.window.close_with_frame());
-    desk.user.expect_question(on_open, user_answer::yes);
-    desk.user.expect_file(std::nullopt);
-    EXPECT_FALSE(desk.window.open(other));
-    desk.user.expect_question(on_sample, user_answer::cancel);
-    desk.choose("Examples", "mnuSample1");
-    EXPECT_THAT(desk.equations(), ElementsAre("a = 1"));
-
-    // A save that fails is no save.
-    desk.user.expect_question(on_open, user_answer::yes);
-    desk.user.expect_file(chosen_file{desk.folder.write("file", "") / "a.kvr", 1});
-    desk.user.expect_box("Error while trying to save file.");
-    EXPECT_FALSE(desk.window.open(other));
-    EXPECT_FALSE(desk.window.document().problem_saved());
-    EXPECT_TRUE(desk.window.isWindowModified());
-
-    desk.user.expect_question(on_sample, user_answer::yes);
-    desk.user.expect_file(chosen_file{desk.folder / "a.kvr", 1});
-    desk.choose("Examples", "mnuSample1");
-    EXPECT_EQ(desk.folder.read("a.kvr"), " |KVRVER05_0\r\na = 1 #\r\n");
-    EXPECT_EQ(desk.window.title_panel(), "Example 1 - Solution of a quadratic equation");
-    EXPECT_EQ(desk.window.file_panel(), "No File  ");
-    desk.user.expect_question(on_open, user_answer::no);
-    EXPECT_TRUE(desk.window.open(other));
-    EXPECT_THAT(desk.equations(), ElementsAre("b = 2", "c = 3"));
-
-    // The older format is asked about; No writes nothing.
-    const std::string older = "Saving as older Kelvarin format may result in loosing some formating data. Do you want "
-                              "to continue ?";
-    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question(older, user_answer::no);
-    desk.choose("File", "save_as");
-    EXPECT_FALSE(desk.folder.holds("old.kvr"));
-    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question(older, user_answer::yes);
-    desk.choose("File", "save_as");
-    EXPECT_EQ(desk.folder.read("old.kvr"), "Other\r\nb = 2\r\nc = 3\r\n");
-    EXPECT_TRUE(desk.window.close_with_frame());
 }
 
 TEST(Editing, SolvesEveryExampleFromItsMenu)

@@ -19,7 +19,7 @@ using testing::IsEmpty;
 const std::string bad_name = "Variable format for '2x' not valid.\rAll variables must start with a string character "
                              "and may contain the chars A..Z, a..z, 0..9, or underscore";
 
-TEST(EntryDialogs, RefuseAnImplicitEquationInTheToldOrderAndStayOpen)
+TEST(EntryDialogs, ShowARefusalInItsFieldAndStayOpen)
 {
     struct row
     {
@@ -62,38 +62,6 @@ TEST(EntryDialogs, RefuseAnImplicitEquationInTheToldOrderAndStayOpen)
     EXPECT_THAT(desk.equations(), ElementsAre("a = 2", "f(y) = y-a", "f(x) = x^2-y"));
     EXPECT_EQ(desk.content().rows[2].guess, "3");
     EXPECT_EQ(desk.grid().current_row(), 3);
-}
-
-TEST(EntryDialogs, RefuseAnExplicitEquationInTheToldOrderAndStayOpen)
-{
-    struct row
-    {
-        test::typed_equation typed;
-        std::string box;
-    };
-    const row rows[] = {
-        {{"2x", "(b+1"}, "Syntax Error: unequal number of parantheses. Too many '('"},
-        {{"2x", "2*b"}, bad_name},
-        {{"a", "a+1"}, "The variable 'a' has already been defined."},
-        {{"b", "1+b"},
-         "Circular definition of 'b'\rThe explicit varible being defined can not appear on the left hand side of the "
-         "equation."},
-    };
-    nle_desk desk;
-    desk.add_by_mouse({"a", "2"});
-    desk.person.click("cmdNewEquation");
-    const robot dialog(dialog_in_front("frmNleEE"));
-    for (const row& tried : rows) {
-        SCOPED_TRACE(tried.box);
-        dialog.type("txtVar", tried.typed.variable);
-        dialog.type("txtEquation", tried.typed.expression);
-        desk.user.expect_box(tried.box);
-        dialog.click("cmdDone");
-    }
-    dialog.type("txtEquation", "1+bb");
-    dialog.click("cmdDone");
-    EXPECT_THAT(desk.equations(), ElementsAre("a = 2", "b = 1+bb"));
-    EXPECT_EQ(desk.content().rows[1].guess, "n.a.");
 }
 
 TEST(EntryDialogs, AskForTheSignOnlyWhereTheMethodLooksAtIt)
@@ -170,29 +138,6 @@ TEST(EntryDialogs, EditARowWithItsCommentFromAnyGesture)
     EXPECT_THAT(desk.content().rows,
                 ElementsAre(equation_row{"f(x) = x-2*a", "1", "first"}, equation_row{"a = 3", "n.a.", "changed"}));
     EXPECT_EQ(desk.window.document().undo_step(), "Edit equation");
-}
-
-TEST(EntryDialogs, SayWhileOneTypesWhatDoneWouldSay)
-{
-    nle_desk desk;
-    desk.add_by_mouse({"a", "2"});
-    desk.person.click("cmdNewRoot");
-    const robot dialog(dialog_in_front("frmNleNE"));
-    const auto line_becomes = [&](const std::string& text) {
-        return test::wait_until([&] { return dialog.text("lblCheck") == text; }, 3000);
-    };
-    // The name and the guess are still to come: no fault.
-    dialog.type("txtEquation", "x+a");
-    EXPECT_TRUE(line_becomes(""));
-    dialog.type("txtEquation", "x+");
-    EXPECT_TRUE(line_becomes("Syntax Error: extra operator at the end of the expression; +"))
-        << dialog.text("lblCheck");
-    dialog.type("txtEquation", "x+a");
-    EXPECT_TRUE(line_becomes(""));
-    dialog.type("txtVar", "a");
-    dialog.type("txtGuess", "1");
-    EXPECT_TRUE(line_becomes("The variable 'a' has already been defined."));
-    dialog.click("cmdCancel");
 }
 
 } // namespace

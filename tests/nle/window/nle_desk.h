@@ -4,11 +4,7 @@
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/problem_status.h"
 #include "nle/window/frmNLE.h"
-#include "shell/window/frmSolution.h"
-#include "support/robot.h"
-#include "support/test_desk.h"
-
-#include <gtest/gtest.h>
+#include "support/problem_desk.h"
 
 #include <stdexcept>
 #include <string>
@@ -32,20 +28,9 @@ inline QWidget& dialog_in_front(const char* name)
 }
 
 /// A nonlinear window, and what a person does in it with the mouse.
-struct nle_desk : test_desk
+struct nle_desk : problem_desk<frmNLE>
 {
-    frmNLE& window;
-    robot person;
-
-    nle_desk() : window(*new frmNLE(context)), person(window)
-    {
-        frame.show_child(&window);
-        window.resize(window.sizeHint());
-        to_front();
-    }
-
     equation_grid& grid() const { return person.find<equation_grid>("grdRoots"); }
-    const nle_content& content() const { return window.document().content(); }
     std::vector<std::string> equations() const
     {
         std::vector<std::string> texts;
@@ -63,21 +48,7 @@ struct nle_desk : test_desk
     {
         return person.find<problem_status>("stbNLE").panel_text(3).trimmed().toStdString();
     }
-    QMenu& menu(const char* title)
-    {
-        for (QMenu* found : window.menus())
-            if (QString(found->title()).remove(QLatin1Char('&')) == QLatin1String(title)) return *found;
-        throw std::runtime_error(std::string("no menu ") + title);
-    }
-    void choose(const char* menu_title, const char* item) { person.trigger(menu(menu_title), item); }
 
-    /// Activates the window, as the desktop does when the one before it has closed.
-    void to_front() const
-    {
-        window.activateWindow();
-        if (!wait_until([this] { return window.isActiveWindow(); }))
-            throw std::runtime_error("the window stays behind");
-    }
     void add_by_mouse(const typed_equation& equation)
     {
         const bool implicit = !equation.guess.empty();
@@ -95,31 +66,6 @@ struct nle_desk : test_desk
         person.type("txtnle_min_ini_guess", lower);
         person.type("txtnle_max_ini_guess", upper);
     }
-
-    /// The report that comes next.
-    frmSolution& next_report(std::size_t children_before)
-    {
-        const bool came = wait_until([&] { return frame.children().size() > children_before; }, 60000);
-        if (!came) throw std::runtime_error("no report came");
-        return dynamic_cast<frmSolution&>(*frame.children().back());
-    }
-    frmSolution& solve_by_mouse()
-    {
-        const std::size_t before = frame.children().size();
-        person.click("cmdRun");
-        return next_report(before);
-    }
-    void wait_for_end_of_run()
-    {
-        ASSERT_TRUE(wait_until([this] { return !window.is_running(); }, 60000));
-    }
 };
-
-/// Writes a problem file and opens it in a new window.
-inline void open_text(nle_desk& desk, const std::string& text)
-{
-    ASSERT_TRUE(desk.window.open(desk.folder.write("problem.kvr", text)));
-    settle();
-}
 
 } // namespace kelvarin::test

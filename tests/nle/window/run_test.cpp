@@ -21,11 +21,10 @@ TEST(Runs, MarkTheRowAndThePlaceThatARefusalIsAbout)
 {
     nle_desk desk;
     // Alone at fault is a number that no analysis looks at: the light is green.
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Fault |KVRVER05_0\na = 1 #\nb = a+3x #\nc = 3 #\n"));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Fault |KVRVER05_0\na = 1 #\nb = a+3x #\nc = 3 #\n"));
     desk.grid().set_current_row(1);
     desk.user.expect_box("Explicit expression # 2\rSyntax Error: invalid number '3x'");
-    desk.person.click("cmdRun");
-    desk.wait_for_end_of_run();
+    desk.run_by_mouse();
     EXPECT_EQ(desk.grid().current_row(), 2);
     ASSERT_TRUE(desk.user.boxes().back().place);
     EXPECT_EQ(*desk.user.boxes().back().place, (text_place{2, 6, 2}));
@@ -38,11 +37,10 @@ TEST(Runs, EndTheProgramBehindAFatalBox)
 {
     nle_desk desk;
     // Passes all checks, and the builder of trees has no use for it.
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Fatal |KVRVER05_0\na = (1) (2) #\n"));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Fatal |KVRVER05_0\na = (1) (2) #\n"));
     const std::size_t boxes = desk.user.boxes().size();
     desk.user.expect_box("Internal error found ! Please contact KELVARIN support personal.", "Fatal Error");
-    desk.person.click("cmdRun");
-    desk.wait_for_end_of_run();
+    desk.run_by_mouse();
     ASSERT_EQ(desk.user.boxes().size(), boxes + 1);
     EXPECT_TRUE(desk.user.boxes().back().fatal);
     EXPECT_EQ(desk.frame.ended(), 1);
@@ -51,7 +49,7 @@ TEST(Runs, EndTheProgramBehindAFatalBox)
 TEST(Runs, StayAliveStopByEscAndChangeNothing)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, slow_problem));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(slow_problem));
     const nle_content before = desk.content();
     QTimer ticks;
     int ticked = 0;
@@ -77,7 +75,7 @@ TEST(Runs, StayAliveStopByEscAndChangeNothing)
     QElapsedTimer stopping;
     stopping.start();
     robot::press(Qt::Key_Escape);
-    desk.wait_for_end_of_run();
+    ASSERT_TRUE(wait_until([&] { return !desk.window.is_running(); }, 60000));
     // One evaluation under the sanitizers, with room for a busy machine.
     EXPECT_LT(stopping.elapsed(), 5000);
     EXPECT_EQ(desk.person.find<QStatusBar>("stbNLE").currentMessage(), "Solution stopped.");
@@ -87,38 +85,15 @@ TEST(Runs, StayAliveStopByEscAndChangeNothing)
     EXPECT_TRUE(desk.person.is_enabled("cmdEdit"));
 }
 
-TEST(Runs, EndWhenTheirWindowIsClosedAndAskThen)
-{
-    nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, slow_problem));
-    desk.bounds_by_mouse("1", "800");
-    desk.person.click("cmdRun");
-    EXPECT_FALSE(desk.window.close_with_frame());
-    desk.user.expect_question("NLE Problem not saved. Do you want to save it before closing ?", user_answer::no);
-    EXPECT_TRUE(wait_until([&] { return desk.frame.children().empty(); }));
-}
-
 TEST(Runs, SeeTheCommentThatIsStillBeingTyped)
 {
     nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Sum |KVRVER05_0\na = 1+1 #\n"));
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Sum |KVRVER05_0\na = 1+1 #\n"));
     desk.grid().setFocus();
     robot::press(Qt::Key_F2);
     robot::keys("two");
-    robot::press(Qt::Key_F5);
-    EXPECT_THAT(desk.next_report(1).plain_text(), testing::HasSubstr("two"));
+    EXPECT_THAT(desk.solve_by_key().plain_text(), testing::HasSubstr("two"));
     EXPECT_EQ(desk.cell(1, 3), "two");
-}
-
-TEST(Runs, TellALateFaultAndReportNothing)
-{
-    nle_desk desk;
-    ASSERT_NO_FATAL_FAILURE(open_text(desk, "Circle |KVRVER05_0\na = b+1 #\nb = a-1 #\n"));
-    desk.user.expect_box("Internal Error trapped.\r(8888) Numeric failure\rCircular "
-                         "definition of explicit variables not allowed.");
-    desk.person.click("cmdRun");
-    desk.wait_for_end_of_run();
-    EXPECT_EQ(desk.frame.children().size(), 1u);
 }
 
 } // namespace

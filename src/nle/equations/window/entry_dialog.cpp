@@ -4,6 +4,8 @@
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 #include "desktop/window_memory.h"
+#include "expr/basParse.h"
+#include "platform/text_file.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -13,30 +15,31 @@
 namespace kelvarin
 {
 
-entry_dialog::entry_dialog(desktop_context& context, QWidget* parent, const char* name, const QString& caption)
+entry_dialog::entry_dialog(desktop_context& context, QWidget* parent, const entry_dialog_names& names,
+                           const QString& caption, const QString& hint)
     : QDialog(parent), context_(context)
 {
-    setObjectName(QString::fromLatin1(name));
+    setObjectName(QString::fromLatin1(names.dialog));
     setWindowTitle(caption);
     setAttribute(Qt::WA_DeleteOnClose);
     pause_.setSingleShot(true);
     pause_.setInterval(333);
-    build_ui();
+    build_ui(names, hint);
     connect(&pause_, &QTimer::timeout, this, &entry_dialog::show_check);
     connect(txtEquation_, &expression_edit::paused, this, &entry_dialog::show_check);
     connect(txtEquation_, &expression_edit::done_asked, this, &entry_dialog::done_clicked);
 }
 
-void entry_dialog::build_ui()
+void entry_dialog::build_ui(const entry_dialog_names& names, const QString& hint)
 {
     const int unit = line_unit(*this);
     txtVar_ = new QLineEdit(this);
-    txtVar_->setObjectName(QStringLiteral("txtVar"));
+    txtVar_->setObjectName(QString::fromLatin1(names.variable));
     txtVar_->setFont(fixed_font(*this));
     txtEquation_ = new expression_edit(this);
-    txtEquation_->setObjectName(QStringLiteral("txtEquation"));
+    txtEquation_->setObjectName(QString::fromLatin1(names.expression));
     txtComment_ = new QLineEdit(this);
-    txtComment_->setObjectName(QStringLiteral("txtComment"));
+    txtComment_->setObjectName(QString::fromLatin1(names.comment));
     lblCheck_ = new QLabel(this);
     lblCheck_->setObjectName(QStringLiteral("lblCheck"));
     lblCheck_->setTextFormat(Qt::PlainText);
@@ -57,6 +60,9 @@ void entry_dialog::build_ui()
     form_->addRow(tr("E&xpression"), txtEquation_);
     form_->addRow(static_cast<QWidget*>(nullptr), lblCheck_);
     form_->addRow(tr("Co&mment"), txtComment_);
+    auto* lblHint = new QLabel(hint, this);
+    lblHint->setObjectName(QStringLiteral("lblHint"));
+    form_->addRow(QString(), lblHint);
     layout->addLayout(form_, 1);
     layout->addLayout(build_buttons());
     watch(txtVar_);
@@ -95,7 +101,9 @@ void entry_dialog::watch(QLineEdit* field)
 
 void entry_dialog::insert_row(const QString& label, QWidget* field)
 {
-    form_->insertRow(form_->rowCount() - 1, label, field);
+    int comment_row = 0;
+    form_->getWidgetPosition(txtComment_, &comment_row, nullptr);
+    form_->insertRow(comment_row, label, field);
     if (auto* line = qobject_cast<QLineEdit*>(field)) watch(line);
 }
 
@@ -159,9 +167,26 @@ void entry_dialog::clear_clicked()
     txtVar_->setFocus(Qt::OtherFocusReason);
 }
 
+void entry_dialog::fill_from(const equation_row& row)
+{
+    const equation_parts parts = parts_of(row.equation);
+    txtVar_->setText(to_qstring(parts.name));
+    txtEquation_->set_expression(parts.right_side);
+    txtComment_->setText(to_qstring(row.comment));
+}
+
+std::optional<message_box> entry_dialog::check_while_typing() const
+{
+    const std::string expression = txtEquation_->expression();
+    if (trimmed(expression).empty()) return std::nullopt;
+    // What is not filled in yet is no fault.
+    if (!is_filled_in() && check_expression(expression).ok) return std::nullopt;
+    return check();
+}
+
 void entry_dialog::show_check()
 {
-    const std::optional<message_box> fault = check_now();
+    const std::optional<message_box> fault = check_while_typing();
     QString text = fault ? to_qstring(fault->text) : QString();
     text.replace(QLatin1Char('\r'), QLatin1Char(' '));
     lblCheck_->setText(text);

@@ -3,6 +3,7 @@
 
 #include "desktop/desktop_context.h"
 #include "desktop/expression_edit.h"
+#include "nle/equations/equation_rows.h"
 
 #include <QDialog>
 #include <QFormLayout>
@@ -17,9 +18,18 @@
 namespace kelvarin
 {
 
-/// The base of the dialogs in which an equation is entered: a form with the variable (`txtVar`), the expression
-/// (`txtEquation`), what the derived dialog adds, a comment (`txtComment`), a line that shows what the checker
-/// says while one types, and the buttons `cmdDone`, `cmdClear`, `cmdCancel` and `cmdShowallvars`.
+/// The object names of a dialog and its fields.
+struct entry_dialog_names
+{
+    const char* dialog = "";
+    const char* variable = "txtVar";
+    const char* expression = "txtEquation";
+    const char* comment = "txtComment";
+};
+
+/// The base of the dialogs in which an equation is entered: a form with the variable, the expression, what the derived
+/// dialog adds, a comment, a line that shows what the checker says while one types, and the buttons `cmdDone`,
+/// `cmdClear`, `cmdCancel` and `cmdShowallvars`.
 ///
 /// Done asks the derived dialog to take the row over; a refusal is shown as its box, marked in the field it
 /// is about, and the dialog stays open. The dialog is shown by open(), deletes itself, and keeps its size between
@@ -29,7 +39,9 @@ class entry_dialog : public QDialog
     Q_OBJECT
 
 public:
-    entry_dialog(desktop_context& context, QWidget* parent, const char* name, const QString& caption);
+    /// `hint` stands below the fields.
+    entry_dialog(desktop_context& context, QWidget* parent, const entry_dialog_names& names, const QString& caption,
+                 const QString& hint);
 
     QLineEdit* txtVar() const { return txtVar_; }
     expression_edit* txtEquation() const { return txtEquation_; }
@@ -47,16 +59,18 @@ signals:
 protected:
     /// Checks and takes the row over; a refusal is the box to show.
     virtual std::optional<message_box> take_over() = 0;
-    /// What stands wrong in the fields as they are now, for the line below the expression; nothing where all is
-    /// well or the fields are still empty.
-    virtual std::optional<message_box> check_now() const = 0;
+    /// What take_over would refuse of the fields as they are now.
+    virtual std::optional<message_box> check() const = 0;
+    /// Whether the fields beside the expression hold something; until then only the expression is checked.
+    virtual bool is_filled_in() const { return !txtVar_->text().trimmed().isEmpty(); }
     /// Empties the fields that the derived dialog added.
     virtual void clear_fields() {}
     /// The field that a refusal is about: the expression where it has a place or is a fault of syntax, else
     /// the variable.
     virtual QWidget* field_about(const message_box& refused) const;
 
-    /// The form, to which rows can be added between the expression and the comment.
+    /// Fills variable, expression and comment.
+    void fill_from(const equation_row& row);
     QFormLayout* form() const { return form_; }
     /// Adds a row above the comment. A line edit in it is watched for the line that the checker fills.
     void insert_row(const QString& label, QWidget* field);
@@ -71,10 +85,12 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void build_ui();
+    void build_ui(const entry_dialog_names& names, const QString& hint);
     QLayout* build_buttons();
     void watch(QLineEdit* field);
     void chain_tab_order();
+    /// For the line below the expression; nothing where all is well or the expression is still empty.
+    std::optional<message_box> check_while_typing() const;
     void show_check();
     void tint_check();
 

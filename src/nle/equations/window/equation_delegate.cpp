@@ -69,7 +69,7 @@ void equation_delegate::initStyleOption(QStyleOptionViewItem* option, const QMod
     QPalette& palette = option->palette;
     palette.setColor(QPalette::Highlight, mixed(palette.color(QPalette::Base), accent(palette), 0.25));
     palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
-    if (index.column() == equation_grid_model::guess_column && option->text == to_qstring(no_guess)) {
+    if (index.column() == equation_grid_model::value_column && option->text == to_qstring(no_guess)) {
         const QColor quiet = mixed(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.45);
         palette.setColor(QPalette::Text, quiet);
         palette.setColor(QPalette::HighlightedText, quiet);

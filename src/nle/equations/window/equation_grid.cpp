@@ -30,11 +30,11 @@ Qt::KeyboardModifiers modifiers_of(const QKeyEvent& event)
 
 } // namespace
 
-equation_grid::equation_grid(const QStringList& heads, QWidget* parent)
-    : QTableView(parent), model_(new equation_grid_model(heads, this))
+equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
+    : QTableView(parent), words_(words), model_(new equation_grid_model(words.heads, this))
 {
     setAccessibleName(tr("Equations"));
-    QFont words = font();
+    QFont head_font = font();
     setFont(fixed_font(*this));
     setModel(model_);
     setItemDelegate(new equation_delegate(*model_, this));
@@ -45,9 +45,9 @@ equation_grid::equation_grid(const QStringList& heads, QWidget* parent)
     setCornerButtonEnabled(false);
     setHorizontalScrollMode(ScrollPerPixel);
     // Set piece by piece: what a font does not set itself it takes from the grid.
-    words.setFamilies({words.family()});
-    words.setPointSizeF(words.pointSizeF());
-    horizontalHeader()->setFont(words);
+    head_font.setFamilies({head_font.family()});
+    head_font.setPointSizeF(head_font.pointSizeF());
+    horizontalHeader()->setFont(head_font);
     build_heads();
     connect(model_, &equation_grid_model::comment_edited, this, &equation_grid::comment_edited);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &equation_grid::column_dragged);
@@ -61,9 +61,12 @@ void equation_grid::build_heads()
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(4 * unit);
-    const int letters_of_a_guess = 14;
-    guess_width_ = std::max(letters_of_a_guess * fontMetrics().horizontalAdvance(QLatin1Char('0')),
-                            horizontalHeader()->sectionSizeHint(grid::guess_column));
+    const int letters_of_a_value = 14;
+    const bool has_values = !words_.heads.value(grid::value_column).isEmpty();
+    setColumnHidden(grid::value_column, !has_values);
+    if (has_values)
+        value_width_ = std::max(letters_of_a_value * fontMetrics().horizontalAdvance(QLatin1Char('0')),
+                                horizontalHeader()->sectionSizeHint(grid::value_column));
 
     verticalHeader()->setHighlightSections(false);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
@@ -266,8 +269,8 @@ QMenu* equation_grid::build_context_menu()
         item->setShortcutVisibleInContextMenu(true);
         item->setEnabled(enabled);
     };
-    add(tr("Add &NLE"), {}, editable_, [this] { emit new_implicit_asked(); });
-    add(tr("&Add EE"), {}, editable_, [this] { emit new_explicit_asked(); });
+    add(words_.new_implicit, {}, editable_, [this] { emit new_implicit_asked(); });
+    add(words_.new_explicit, {}, editable_, [this] { emit new_explicit_asked(); });
     menu->addSeparator();
     add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row); });
     add(tr("Edit comment"), Qt::Key_F2, row > 0 && !isColumnHidden(grid::comment_column), [this] { edit_comment(); });
@@ -311,20 +314,20 @@ void equation_grid::resizeEvent(QResizeEvent* event)
 void equation_grid::share_width()
 {
     const bool comments = !isColumnHidden(grid::comment_column);
-    const int room = viewport()->width() - guess_width_;
+    const int room = viewport()->width() - value_width_;
     sharing_width_ = true;
     horizontalHeader()->resizeSection(grid::equation_column,
                                       comments ? static_cast<int>(room * equation_share_) : room);
-    // Without comments the guesses are the last column, which takes what is left.
-    if (comments) horizontalHeader()->resizeSection(grid::guess_column, guess_width_);
+    // Without comments the values are the last column, which takes what is left.
+    if (comments) horizontalHeader()->resizeSection(grid::value_column, value_width_);
     sharing_width_ = false;
 }
 
 void equation_grid::column_dragged(int column, int, int width)
 {
     if (sharing_width_ || isColumnHidden(grid::comment_column)) return;
-    const int room = viewport()->width() - guess_width_;
-    if (column == grid::guess_column) guess_width_ = width;
+    const int room = viewport()->width() - value_width_;
+    if (column == grid::value_column) value_width_ = width;
     if (column == grid::equation_column && room > 0)
         equation_share_ = std::clamp(static_cast<double>(width) / room, 0.1, 0.9);
 }

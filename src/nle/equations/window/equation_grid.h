@@ -4,6 +4,7 @@
 #include "nle/equations/equation_rows.h"
 #include "nle/equations/set_analysis.h"
 
+#include <QStringList>
 #include <QTableView>
 
 #include <optional>
@@ -18,8 +19,18 @@ namespace kelvarin
 
 class equation_grid_model;
 
-/// The table of equations of a problem window: number, equation, guess, comment. It shows rows and reports
-/// gestures; what they do is the window's matter. Rows count from 1.
+/// The words in a grid of equations that depend on the kind of problem.
+struct equation_grid_words
+{
+    /// Above the columns of equations, values and comments; a column of values without a head is not shown.
+    QStringList heads;
+    /// The captions that add a row: one of the problem's own kind, and an explicit one.
+    QString new_implicit;
+    QString new_explicit;
+};
+
+/// The table of equations of a problem window: number, equation, value (an initial guess, for instance), comment. It
+/// shows rows and reports gestures; what they do is the window's matter. Rows count from 1.
 ///
 /// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context
 /// menu offers the same. Comments are edited in place: by a double click or Enter on them, or by F2. Empty
@@ -29,8 +40,7 @@ class equation_grid : public QTableView
     Q_OBJECT
 
 public:
-    /// `heads` are those of columns 1 to 3.
-    explicit equation_grid(const QStringList& heads, QWidget* parent = nullptr);
+    explicit equation_grid(const equation_grid_words& words, QWidget* parent = nullptr);
 
     /// Shows the rows, then `empty_rows` empty ones; the current row stays where it is as far as there is one, and
     /// is the first where there was none. Places of `marks` are underlined in waves.
@@ -84,12 +94,14 @@ private:
     void share_width();
     void column_dragged(int column, int width_before, int width);
 
+    equation_grid_words words_;
     equation_grid_model* model_;
     QString hint_;
     bool editable_ = true;
     bool showing_rows_ = false;
     bool sharing_width_ = false;
-    int guess_width_ = 0;
+    /// 0 where there is no column of values.
+    int value_width_ = 0;
     /// The equations' part of the width that equations and comments have together.
     double equation_share_ = 0.64;
 };

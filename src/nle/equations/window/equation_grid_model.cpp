@@ -165,7 +165,7 @@ QString equation_grid_model::cell_text(const QModelIndex& index) const
     switch (index.column()) {
     case equation_column:
         return to_qstring(row.equation);
-    case guess_column:
+    case value_column:
         return to_qstring(row.guess);
     default:
         return to_qstring(row.comment);
@@ -179,8 +179,8 @@ QString equation_grid_model::spoken_text(const QModelIndex& index) const
     switch (index.column()) {
     case equation_column:
         return tr("equation %1: %2").arg(number, cell_text(index));
-    case guess_column:
-        return tr("initial guess %1: %2").arg(number, cell_text(index));
+    case value_column:
+        return tr("%1 %2: %3").arg(heads_.value(value_column).toLower(), number, cell_text(index));
     default:
         return tr("comment %1: %2").arg(number, cell_text(index));
     }

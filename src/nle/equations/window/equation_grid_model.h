@@ -26,7 +26,7 @@ public:
     enum column
     {
         equation_column,
-        guess_column,
+        value_column,
         comment_column,
         column_count
     };

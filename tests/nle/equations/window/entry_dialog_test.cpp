@@ -29,7 +29,8 @@ public:
     using rule = std::function<std::optional<message_box>(const std::string& name, const std::string& expression)>;
 
     guess_dialog(desktop_context& desk, rule given)
-        : entry_dialog(desk, nullptr, "frmTest", QStringLiteral("Test")), rule_(std::move(given))
+        : entry_dialog(desk, nullptr, {.dialog = "frmTest"}, QStringLiteral("Test"), QStringLiteral("Hint")),
+          rule_(std::move(given))
     {
         txtGuess = new QLineEdit(this);
         txtGuess->setObjectName(QStringLiteral("txtGuess"));
@@ -42,11 +43,11 @@ public:
 protected:
     std::optional<message_box> take_over() override
     {
-        auto refused = check_now();
+        auto refused = check();
         if (!refused) ++taken;
         return refused;
     }
-    std::optional<message_box> check_now() const override
+    std::optional<message_box> check() const override
     {
         return rule_(txtVar()->text().toStdString(), txtEquation()->expression());
     }
@@ -151,15 +152,27 @@ TEST(EntryDialog, IsDoneOrCancelledByButtonsAndKeys)
 
 TEST(EntryDialog, TellsFaultsBelowTheExpressionWithoutABox)
 {
-    desk at([](const std::string& name, const std::string&) {
+    desk at([](const std::string& name, const std::string& expression) -> std::optional<message_box> {
+        if (expression == "x+") return message_box{.text = "syntax"};
+        if (name.empty()) return message_box{.text = "no name"};
         return name == "2x" ? std::optional(message_box{.text = "not\rvalid"}) : std::nullopt;
     });
     const robot person(*at.dialog);
+    const auto line_becomes = [&](const std::string& text) {
+        return test::wait_until([&] { return person.text("lblCheck") == text; });
+    };
+    person.type("txtEquation", "1+x");
     person.type("txtVar", "2x");
     EXPECT_EQ(person.text("lblCheck"), "");
-    EXPECT_TRUE(test::wait_until([&] { return person.text("lblCheck") == "not valid"; }));
+    EXPECT_TRUE(line_becomes("not valid"));
     person.type("txtVar", "x2");
-    EXPECT_TRUE(test::wait_until([&] { return person.text("lblCheck").empty(); }));
+    EXPECT_TRUE(line_becomes(""));
+    // While the name is still to come only the expression can be at fault.
+    person.type("txtVar", "");
+    person.type("txtEquation", "x+");
+    EXPECT_TRUE(line_becomes("syntax"));
+    person.type("txtEquation", "x+1");
+    EXPECT_TRUE(line_becomes(""));
 }
 
 TEST(EntryDialog, ClearsEveryField)

@@ -40,7 +40,7 @@ public:
     {
         auto* layout = new QVBoxLayout(&window);
         layout->addWidget(new QLineEdit);
-        grid = new equation_grid({"Equations", "Initial guess", "Comments"});
+        grid = new equation_grid({{"Equations", "Initial guess", "Comments"}, "Add &NLE", "&Add EE"});
         layout->addWidget(grid);
         layout->addWidget(new QLineEdit);
         const auto note = [this](const char* gesture) {

@@ -2,17 +2,13 @@
 #include "nle/equations/window/problem_status.h"
 
 #include "desktop/traffic_light.h"
-#include "nle/equations/window/equation_grid.h"
-#include "support/equation_rows.h"
 #include "support/robot.h"
-#include "support/window_walk.h"
 
 #include <gmock/gmock.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QTextDocument>
-#include <QVBoxLayout>
 
 #include <string>
 #include <vector>
@@ -118,24 +114,6 @@ TEST(ProblemStatus, CutsALongMessageAndTellsItWhole)
     at.show("Undefined Variable: a ", {"a"});
     EXPECT_EQ(at.seen(), "Undefined Variable: a");
     EXPECT_EQ(at.panel().toolTip(), "");
-}
-
-TEST(ProblemStatus, HasNamesForAllControlsBesideGridAndLight)
-{
-    QWidget window;
-    auto* layout = new QVBoxLayout(&window);
-    auto* grid = new equation_grid({"Implicit equations / explicit equations", "Initial guess", "Comments"});
-    auto* status = new problem_status;
-    layout->addWidget(new traffic_light);
-    layout->addWidget(grid);
-    layout->addWidget(status);
-    const std::vector<equation_row> rows = {test::implicit_row("x", "x - a")};
-    grid->show_rows(rows, analyse_rows(rows), 1);
-    status->show_panels({"Nonlinear Equations: 1 ", "Auxiliary Equations: 0 ", "Undefined Variable: a "}, {"a"});
-    window.resize(700, 300);
-    window.show();
-    test::settle();
-    EXPECT_THAT(test::faults_of(window), IsEmpty());
 }
 
 TEST(TrafficLight, IsSpokenAndTellsWhy)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "leq/window/leq_cell_delegate.h"
+#include "desktop/cell_delegate.h"
 
 #include "desktop/look.h"
 
@@ -40,25 +40,23 @@ std::optional<bool> goes_upwards(const QKeyEvent& key)
 
 } // namespace
 
-leq_cell_delegate::leq_cell_delegate(const leq_grid_model& model, QObject* parent)
-    : QStyledItemDelegate(parent), model_(model)
+cell_delegate::cell_delegate(const cell_grid_model& model, QObject* parent) : QStyledItemDelegate(parent), model_(model)
 {
 }
 
-void leq_cell_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+void cell_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
     QPalette& palette = option->palette;
     palette.setColor(QPalette::Highlight, mixed(palette.color(QPalette::Base), accent(palette), 0.25));
     palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
-    // The right sides stand apart from the coefficients.
-    if (index.column() == model_.beta_column())
+    if (model_.is_set_off(index.column()))
         option->backgroundBrush = mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.06);
 }
 
-void leq_cell_delegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void cell_delegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    if (!model_.is_faulty({index.row(), index.column()})) {
+    if (!model_.is_faulty(index.row(), index.column())) {
         QStyledItemDelegate::paint(painter, option, index);
         return;
     }
@@ -70,7 +68,7 @@ void leq_cell_delegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     paint_fault(*painter, item);
 }
 
-void leq_cell_delegate::paint_fault(QPainter& painter, const QStyleOptionViewItem& item) const
+void cell_delegate::paint_fault(QPainter& painter, const QStyleOptionViewItem& item) const
 {
     const int margin = style_of(item).pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
     const QRect area = item.rect.adjusted(margin, 0, -margin, 0);
@@ -90,17 +88,17 @@ void leq_cell_delegate::paint_fault(QPainter& painter, const QStyleOptionViewIte
     painter.restore();
 }
 
-QWidget* leq_cell_delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+QWidget* cell_delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     auto* field = new QLineEdit(parent);
     field->setObjectName(QStringLiteral("txtCell"));
-    field->setAccessibleName(model_.place_name({index.row(), index.column()}));
+    field->setAccessibleName(model_.position_name(index.row(), index.column()));
     field->setAlignment(Qt::AlignRight);
     field->setFrame(false);
     return field;
 }
 
-bool leq_cell_delegate::eventFilter(QObject* editor, QEvent* event)
+bool cell_delegate::eventFilter(QObject* editor, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const std::optional<bool> upwards = goes_upwards(*static_cast<QKeyEvent*>(event));

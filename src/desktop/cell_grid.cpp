@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "leq/window/leq_grid.h"
+#include "desktop/cell_grid.h"
 
+#include "desktop/cell_delegate.h"
+#include "desktop/cell_grid_model.h"
 #include "desktop/look.h"
-#include "leq/window/leq_cell_delegate.h"
-#include "leq/window/leq_grid_model.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -14,12 +14,12 @@
 namespace kelvarin
 {
 
-leq_grid::leq_grid(QWidget* parent) : QTableView(parent), model_(new leq_grid_model(this))
+cell_grid::cell_grid(cell_grid_model* model, QWidget* parent) : QTableView(parent), model_(*model)
 {
-    setAccessibleName(tr("Coefficients and right sides"));
+    model_.setParent(this);
     setFont(fixed_font(*this));
-    setModel(model_);
-    auto* delegate = new leq_cell_delegate(*model_, this);
+    setModel(&model_);
+    auto* delegate = new cell_delegate(model_, this);
     setItemDelegate(delegate);
     setSelectionMode(ContiguousSelection);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
@@ -27,13 +27,26 @@ leq_grid::leq_grid(QWidget* parent) : QTableView(parent), model_(new leq_grid_mo
     setCornerButtonEnabled(false);
     setHorizontalScrollMode(ScrollPerPixel);
     build_heads();
-    set_current_cell({});
-    connect(model_, &leq_grid_model::cell_edited, this, &leq_grid::cell_edited);
-    connect(delegate, &leq_cell_delegate::row_left, this, &leq_grid::go_to_next_row);
-    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &leq_grid::rename_asked);
+    set_current_cell(0, 0);
+    watch_resets();
+    connect(&model_, &cell_grid_model::cell_edited, this, &cell_grid::cell_edited);
+    connect(delegate, &cell_delegate::row_left, this, &cell_grid::go_to_next_row);
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &cell_grid::head_chosen);
 }
 
-void leq_grid::build_heads()
+void cell_grid::watch_resets()
+{
+    connect(&model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        before_reset_ = {currentIndex().column(), currentIndex().row()};
+    });
+    connect(&model_, &QAbstractItemModel::modelReset, this, [this] {
+        set_current_cell(std::min(before_reset_.y(), model_.rowCount() - 1),
+                         std::min(before_reset_.x(), model_.columnCount() - 1));
+        fit_columns(true);
+    });
+}
+
+void cell_grid::build_heads()
 {
     const int unit = line_unit(*this);
     // Rows of one height need no measuring, and room for two digits keeps the columns in place.
@@ -45,15 +58,15 @@ void leq_grid::build_heads()
     fit_columns(true);
 }
 
-void leq_grid::fit_columns(bool anew)
+void cell_grid::fit_columns(bool anew)
 {
     constexpr qsizetype least_letters = 10;
     constexpr qsizetype most_letters = 24;
     const int letter = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    for (int column = 0; column < model_->columnCount(); ++column) {
-        qsizetype letters = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().size();
-        for (int row = 0; row < model_->rowCount(); ++row)
-            letters = std::max(letters, model_->index(row, column).data().toString().size());
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        qsizetype letters = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().size();
+        for (int row = 0; row < model_.rowCount(); ++row)
+            letters = std::max(letters, model_.index(row, column).data().toString().size());
         const int width =
             static_cast<int>(std::clamp(letters, least_letters, most_letters)) * letter + line_unit(*this);
         // Never narrower by itself: nothing moves under the pointer, and what was dragged wider stays so.
@@ -61,51 +74,37 @@ void leq_grid::fit_columns(bool anew)
     }
 }
 
-void leq_grid::show_content(const leq_content& content)
+void cell_grid::set_current_cell(int row, int column)
 {
-    const leq_cell before = current_cell();
-    const bool resized = model_->show_content(content);
-    if (resized)
-        set_current_cell(
-            {std::min(before.row, model_->rowCount() - 1), std::min(before.column, model_->beta_column())});
-    fit_columns(resized);
+    setCurrentIndex(model_.index(row, column));
 }
 
-leq_cell leq_grid::current_cell() const
-{
-    return {currentIndex().row(), currentIndex().column()};
-}
-
-void leq_grid::set_current_cell(leq_cell cell)
-{
-    setCurrentIndex(model_->index(cell.row, cell.column));
-}
-
-cell_range leq_grid::selected_block() const
+QRect cell_grid::selected_block() const
 {
     const QItemSelection selected = selectionModel()->selection();
-    if (selected.isEmpty()) return {current_cell().row, current_cell().column};
-    // One block, though it may be kept in parts.
+    if (selected.isEmpty()) return {currentIndex().column(), currentIndex().row(), 1, 1};
+    // One block, though it may be held in parts.
     QRect block;
     for (const QItemSelectionRange& part : selected)
         block |= QRect(QPoint(part.left(), part.top()), QPoint(part.right(), part.bottom()));
-    return {block.top(), block.left(), block.height(), block.width()};
+    return block;
 }
 
-void leq_grid::select_block(cell_range range)
+void cell_grid::select_block(const QRect& block)
 {
-    const QModelIndex first = model_->index(range.row, range.column);
-    const QModelIndex last = model_->index(range.row + range.rows - 1, range.column + range.columns - 1);
+    const QModelIndex first = model_.index(block.top(), block.left());
+    const QModelIndex last = model_.index(block.bottom(), block.right());
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
     selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
 }
 
-QString leq_grid::fault_of_current_cell() const
+QString cell_grid::fault_of_current_cell() const
 {
-    return currentIndex().isValid() ? model_->fault_of(current_cell()) : QString();
+    const QModelIndex cell = currentIndex();
+    return cell.isValid() ? model_.fault_of(cell.row(), cell.column()) : QString();
 }
 
-void leq_grid::take_over_typing()
+void cell_grid::take_over_typing()
 {
     QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
     if (!editor) return;
@@ -113,34 +112,34 @@ void leq_grid::take_over_typing()
     closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
-void leq_grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+void cell_grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
     row_begun_at_.reset();
     emit current_cell_changed();
 }
 
-bool leq_grid::go_along(bool forward)
+bool cell_grid::go_along(bool forward)
 {
-    const int columns = model_->columnCount();
-    const leq_cell cell = current_cell();
-    const int next = cell.row * columns + cell.column + (forward ? 1 : -1);
-    if (next < 0 || next >= model_->rowCount() * columns) return false;
-    const int begun_at = row_begun_at_.value_or(cell.column);
-    set_current_cell({next / columns, next % columns});
-    row_begun_at_ = current_cell().row == cell.row ? std::min(begun_at, current_cell().column) : 0;
+    const int columns = model_.columnCount();
+    const QModelIndex cell = currentIndex();
+    const int next = cell.row() * columns + cell.column() + (forward ? 1 : -1);
+    if (next < 0 || next >= model_.rowCount() * columns) return false;
+    const int begun_at = row_begun_at_.value_or(cell.column());
+    set_current_cell(next / columns, next % columns);
+    row_begun_at_ = next / columns == cell.row() ? std::min(begun_at, next % columns) : 0;
     return true;
 }
 
-void leq_grid::go_to_next_row(bool upwards)
+void cell_grid::go_to_next_row(bool upwards)
 {
-    const leq_cell cell = current_cell();
-    const int row = cell.row + (upwards ? -1 : 1);
-    if (row < 0 || row >= model_->rowCount()) return;
-    set_current_cell({row, upwards ? cell.column : row_begun_at_.value_or(cell.column)});
+    const QModelIndex cell = currentIndex();
+    const int row = cell.row() + (upwards ? -1 : 1);
+    if (row < 0 || row >= model_.rowCount()) return;
+    set_current_cell(row, upwards ? cell.column() : row_begun_at_.value_or(cell.column()));
 }
 
-void leq_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+void cell_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     const bool forward = hint == QAbstractItemDelegate::EditNextItem;
     const bool along = forward || hint == QAbstractItemDelegate::EditPreviousItem;
@@ -149,7 +148,7 @@ void leq_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
     if (along && !go_along(forward)) focusNextPrevChild(forward);
 }
 
-bool leq_grid::take_key(const QKeyEvent& event)
+bool cell_grid::take_key(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if ((modifiers & ~Qt::ShiftModifier) != Qt::NoModifier) return false;
@@ -170,7 +169,7 @@ bool leq_grid::take_key(const QKeyEvent& event)
     }
 }
 
-void leq_grid::keyPressEvent(QKeyEvent* event)
+void cell_grid::keyPressEvent(QKeyEvent* event)
 {
     if (state() != EditingState && take_key(*event)) {
         event->accept();
@@ -184,7 +183,7 @@ void leq_grid::keyPressEvent(QKeyEvent* event)
         QTableView::keyPressEvent(event);
 }
 
-void leq_grid::contextMenuEvent(QContextMenuEvent* event)
+void cell_grid::contextMenuEvent(QContextMenuEvent* event)
 {
     QPoint place = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())

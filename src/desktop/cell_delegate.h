@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "leq/window/leq_grid_model.h"
+#include "desktop/cell_grid_model.h"
 
 #include <QStyledItemDelegate>
 
 namespace kelvarin
 {
 
-/// Paints the cells of the matrix, with a wave below what is no number, and makes the field in which one types.
-class leq_cell_delegate : public QStyledItemDelegate
+/// Paints the cells of a grid, with a wave below what is at fault, and makes the field in which one types.
+class cell_delegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    leq_cell_delegate(const leq_grid_model& model, QObject* parent);
+    cell_delegate(const cell_grid_model& model, QObject* parent);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -30,7 +30,7 @@ protected:
 private:
     void paint_fault(QPainter& painter, const QStyleOptionViewItem& item) const;
 
-    const leq_grid_model& model_;
+    const cell_grid_model& model_;
 };
 
 } // namespace kelvarin

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "leq/leq_block.h"
-#include "leq/leq_content.h"
-
+#include <QPoint>
+#include <QRect>
 #include <QTableView>
 
 #include <optional>
@@ -11,27 +10,29 @@
 namespace kelvarin
 {
 
-class leq_grid_model;
+class cell_grid_model;
 
-/// The table of coefficients and right sides. It shows cells and reports gestures; what they do is the window's
-/// matter.
+/// A table of cells with one field to type in. It shows the cells of its model and reports gestures; what they do is
+/// the window's matter.
 ///
 /// The keys are those of spreadsheets: typing and F2 edit, Tab goes to the next cell and at the end of a row to
 /// the next row, Enter goes down to where the row was begun, Delete clears. Tab behind the last cell leaves the
 /// table. Selected is always one block.
-class leq_grid : public QTableView
+class cell_grid : public QTableView
 {
     Q_OBJECT
 
 public:
-    explicit leq_grid(QWidget* parent = nullptr);
+    /// Takes the model over.
+    explicit cell_grid(cell_grid_model* model, QWidget* parent = nullptr);
 
-    /// The current cell stays where it is as far as there is one.
-    void show_content(const leq_content& content);
-    leq_cell current_cell() const;
-    void set_current_cell(leq_cell cell);
-    cell_range selected_block() const;
-    void select_block(cell_range range);
+    void set_current_cell(int row, int column);
+    /// The selected cells, as columns from left to right and rows from top to bottom.
+    QRect selected_block() const;
+    void select_block(const QRect& block);
+    /// Columns are as wide as their heads and cells need, within bounds; what was dragged wider stays so, unless
+    /// `anew`.
+    void fit_columns(bool anew = false);
     /// What is wrong with the current cell; empty where nothing is.
     QString fault_of_current_cell() const;
 
@@ -39,10 +40,11 @@ public:
     void take_over_typing();
 
 signals:
-    void cell_edited(kelvarin::leq_cell cell, const QString& text);
+    void cell_edited(int row, int column, const QString& text);
     void current_cell_changed();
     void clear_asked();
-    void rename_asked(int column);
+    /// A head was double-clicked.
+    void head_chosen(int column);
     void menu_asked(const QPoint& global_position);
 
 protected:
@@ -53,13 +55,15 @@ protected:
 
 private:
     void build_heads();
-    void fit_columns(bool anew);
     bool take_key(const QKeyEvent& event);
     /// False where there is no cell any more.
     bool go_along(bool forward);
     void go_to_next_row(bool upwards);
+    /// The current cell stays where it is as far as there is one when all cells are replaced.
+    void watch_resets();
 
-    leq_grid_model* model_;
+    cell_grid_model& model_;
+    QPoint before_reset_;
     /// The column in which Tab was first pressed.
     std::optional<int> row_begun_at_;
 };

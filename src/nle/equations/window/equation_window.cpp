@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "nle/equations/window/equation_window.h"
+
+#include "desktop/link_label.h"
+#include "desktop/qt_text.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/problem_status.h"
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int message_time_ms = 8000;
+
+} // namespace
+
+equation_window::equation_window(desktop_context& context, problem_kind kind) : problem_window(context, std::move(kind))
+{
+}
+
+equation_window::~equation_window()
+{
+    // A field in which one is typing reports the end of it when it goes, and then there is no window any more.
+    const auto children = findChildren<QObject*>();
+    for (QObject* child : children)
+        child->disconnect(this);
+}
+
+void equation_window::connect_controls()
+{
+    connect(cmdNewImplicit_, &QPushButton::clicked, this, &equation_window::cmdNewImplicit_Click);
+    connect(cmdNewEquation_, &QPushButton::clicked, this, &equation_window::cmdNewEquation_Click);
+    connect(cmdEdit_, &QPushButton::clicked, this, &equation_window::cmdEdit_Click);
+    connect(cmdRemove_, &QPushButton::clicked, this, &equation_window::cmdRemove_Click);
+    connect(cmdUpDwn_[0], &QToolButton::clicked, this, [this] { cmdUpDwn_Click(true); });
+    connect(cmdUpDwn_[1], &QToolButton::clicked, this, [this] { cmdUpDwn_Click(false); });
+    connect(cmdRun_, &QPushButton::clicked, this, [this] { solve(); });
+    connect(cmdShowallvars_, &QPushButton::clicked, this, &equation_window::cmdShowallvars_Click);
+    // What a person chooses may change rows, what a file brings does not.
+    connect(cmbMethod_, &QComboBox::activated, this, &equation_window::cmbMethod_Click);
+    connect(chkComments_, &QCheckBox::toggled, this, [this](bool shown) { grid_->show_comments(shown); });
+
+    connect(grid_, &equation_grid::current_row_changed, this, &equation_window::enable_controls);
+    connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &equation_window::state_changed);
+    connect(grid_, &equation_grid::edit_asked, this, &equation_window::edit_row);
+    connect(grid_, &equation_grid::remove_asked, this, &equation_window::cmdRemove_Click);
+    connect(grid_, &equation_grid::move_asked, this, [this](int, bool up) { cmdUpDwn_Click(up); });
+    connect(grid_, &equation_grid::new_implicit_asked, this, &equation_window::cmdNewImplicit_Click);
+    connect(grid_, &equation_grid::new_explicit_asked, this, &equation_window::cmdNewEquation_Click);
+    connect(grid_, &equation_grid::comment_edited, this, &equation_window::comment_edited);
+    connect(panels_, &problem_status::name_clicked, this, &equation_window::name_clicked);
+}
+
+void equation_window::show_document()
+{
+    if (shown_path_ != document().path()) {
+        shown_path_ = document().path();
+        empty_rows_ = 0;
+    }
+    const std::string& title = document().title();
+    lblTitle_->show_text(title.empty() ? tr("Untitled problem") : to_qstring(title), {});
+    cmbMethod_->setCurrentIndex(method_index());
+    apply_colours();
+    update_num_vars();
+}
+
+void equation_window::update_num_vars()
+{
+    status_ = analyse();
+    const equation_set& set = status_.set;
+    grid_->show_rows(equations().rows(), set, empty_rows_);
+    panels_->show_panels(status_.panels, set.undefined.empty() ? set.duplicates : set.undefined);
+    show_fields();
+
+    const QString missing = what_is_missing();
+    light_->set_green(status_.green, status_.green ? tr("The problem may be solved.") : missing);
+    lblMissing_->show_text(missing, {});
+    lblMissing_->setVisible(!status_.green);
+    cmdRun_->setVisible(status_.green);
+    enable_controls();
+}
+
+QString equation_window::what_is_missing() const
+{
+    if (status_.green) return {};
+    return equation_count() == 0 ? tr("Add an equation to begin.") : to_qstring(status_.missing);
+}
+
+void equation_window::enable_controls()
+{
+    const int count = equation_count();
+    const int row = grid_->current_row();
+    const bool on_row = !is_running() && row >= 1 && row <= count;
+    for (QPushButton* button : {cmdEdit_, cmdRemove_})
+        button->setEnabled(on_row);
+    for (QAction* item : row_items_)
+        item->setEnabled(on_row);
+    cmdUpDwn_[0]->setEnabled(on_row && row > 1);
+    cmdUpDwn_[1]->setEnabled(on_row && row < count);
+    item_up_->setEnabled(cmdUpDwn_[0]->isEnabled());
+    item_down_->setEnabled(cmdUpDwn_[1]->isEnabled());
+    emit state_changed();
+}
+
+void equation_window::enable_controls_for_run(bool running)
+{
+    for (QWidget* control : run_controls_)
+        control->setEnabled(!running);
+    for (QAction* item : changing_items_)
+        item->setEnabled(!running);
+    grid_->set_editable(!running);
+    enable_controls();
+}
+
+bool equation_window::can(window_command which) const
+{
+    switch (which) {
+    case window_command::copy:
+        return !grid_->selected_rows().empty();
+    case window_command::select_all:
+        return equation_count() > 0;
+    default:
+        return problem_window::can(which);
+    }
+}
+
+void equation_window::perform(window_command which)
+{
+    switch (which) {
+    case window_command::copy:
+        copy_rows();
+        break;
+    case window_command::select_all:
+        grid_->selectAll();
+        break;
+    default:
+        problem_window::perform(which);
+    }
+}
+
+void equation_window::load_sample(int number)
+{
+    if (is_running() || !may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
+    put_example(number);
+    empty_rows_ = 0;
+    document_changed();
+    grid_->set_current_row(1);
+}
+
+bool equation_window::ready_to_run()
+{
+    if (is_running()) return false;
+    take_over_typing();
+    panels_->clearMessage();
+    return true;
+}
+
+bool equation_window::show_end_of_run(bool stopped, const std::vector<message_box>& boxes)
+{
+    if (stopped) panels_->showMessage(tr("Solution stopped."), message_time_ms);
+    return !stopped && show_boxes(boxes);
+}
+
+void equation_window::take_over_typing()
+{
+    // The grid takes the comment that is being typed over when it is locked.
+    grid_->set_editable(false);
+    grid_->set_editable(!is_running());
+}
+
+void equation_window::mark_place(const text_place& place)
+{
+    grid_->mark_place(place);
+}
+
+} // namespace kelvarin

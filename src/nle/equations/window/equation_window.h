@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/problem_window.h"
+#include "nle/equations/equation_table.h"
+#include "nle/equations/set_analysis.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QToolButton>
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+class QBoxLayout;
+
+namespace kelvarin
+{
+
+class entry_dialog;
+class equation_grid;
+class link_label;
+class problem_status;
+class traffic_light;
+
+/// What the windows of equation problems differ in: names of controls, captions, heads, methods and examples.
+struct equation_window_parts
+{
+    struct method_item
+    {
+        QString name;
+        QString tip;
+    };
+
+    const char* icon_name = "";
+    const char* grid_name = "";
+    const char* status_name = "";
+    /// The button, and the item of the Edit menu, that add a row which is not explicit.
+    const char* new_implicit_name = "";
+    QString new_implicit_caption;
+    QString new_implicit_tip;
+    const char* new_implicit_item_name = "";
+    QString new_implicit_item;
+    /// Of the columns, as equation_grid_words has them.
+    QStringList heads;
+    /// Stands in the grid while there is no equation.
+    QString hint;
+    /// The title of the listing of variables.
+    QString listing_caption;
+    QList<method_item> methods;
+    /// The captions of the examples.
+    QStringList examples;
+    /// What the kind shows between the buttons and the grid, and below the grid; null for nothing.
+    QWidget* above_grid = nullptr;
+    QWidget* below_grid = nullptr;
+};
+
+/// What the analysis of a problem says to its window.
+struct equation_status
+{
+    equation_set set;
+    /// The light: the problem may run.
+    bool green = false;
+    std::array<std::string, 3> panels;
+    /// Why the light of a problem with equations is red, in one line.
+    std::string missing;
+};
+
+/// The base of the windows of equation problems: title, method, light, grid with its gestures, entry dialogs, listing,
+/// panels and menus. What may be done with equations is the matter of equation_table; the derived window says what
+/// its analysis finds, shows the fields of its kind, and runs the problem.
+class equation_window : public problem_window
+{
+    Q_OBJECT
+
+public:
+    equation_window(desktop_context& context, problem_kind kind);
+    ~equation_window() override;
+
+    QList<QMenu*> menus() override;
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
+
+    /// Puts an example, from 1, in place of the problem, asking first where one would be lost.
+    void load_sample(int number);
+
+    QSize sizeHint() const override;
+
+protected:
+    /// To be called once by the derived window's constructor, with its own controls made.
+    void build_ui(const equation_window_parts& parts);
+
+    virtual equation_table& equations() = 0;
+    virtual equation_status analyse() const = 0;
+    /// The listing of variables as rich text.
+    virtual std::string variable_listing() const = 0;
+    virtual int method_index() const = 0;
+    virtual void choose_method(int index) = 0;
+    virtual void put_example(int number) = 0;
+    /// The dialog for a new row (row 0) or for the change of a row.
+    virtual entry_dialog* make_entry_dialog(bool implicit, int row) = 0;
+    /// Shows the fields of the kind, after each analysis.
+    virtual void show_fields() {}
+
+    /// Analyses the problem and shows what was found.
+    void update_num_vars();
+    /// A control of the kind that is switched off while the problem runs.
+    void switch_off_in_run(QWidget* control) { run_controls_.append(control); }
+    const equation_status& status() const { return status_; }
+    const equation_table& equations() const { return const_cast<equation_window*>(this)->equations(); }
+    int equation_count() const { return static_cast<int>(equations().rows().size()); }
+
+    /// Takes over what is being typed; false where a run is under way.
+    bool ready_to_run();
+    /// Shows that a run was stopped, or what it has to say; true where the window still stands behind a run that was
+    /// not stopped.
+    bool show_end_of_run(bool stopped, const std::vector<message_box>& boxes);
+
+    void show_document() override;
+    void enable_controls_for_run(bool running) override;
+    bool can_solve() const override { return status_.green; }
+    void take_over_typing() override;
+    void mark_place(const text_place& place) override;
+
+    void changeEvent(QEvent* event) override;
+
+private:
+    QBoxLayout* build_title_row(const equation_window_parts& parts);
+    QBoxLayout* build_button_row(const equation_window_parts& parts);
+    QWidget* build_run_place();
+    QBoxLayout* build_options_row(const equation_window_parts& parts);
+    void build_edit_menu(const equation_window_parts& parts);
+    QMenu* build_solution_menu();
+    QMenu* build_examples_menu(const QStringList& captions);
+    void connect_controls();
+    void apply_colours();
+
+    void enable_controls();
+    /// Why the light is red, in one line; empty where it is green.
+    QString what_is_missing() const;
+
+    void cmdNewImplicit_Click();
+    void cmdNewEquation_Click();
+    void cmdEdit_Click();
+    void cmdRemove_Click();
+    void cmdUpDwn_Click(bool up);
+    void cmdShowallvars_Click();
+    void cmbMethod_Click(int index);
+    void comment_edited(int row, const QString& comment);
+    void add_rows();
+    void ask_new_name();
+    void name_clicked(const QString& name);
+    void copy_rows();
+
+    /// Refuses where no equation may be added; else readies the first empty row for one.
+    bool ready_for_new_row();
+    void new_explicit(const QString& name);
+    void edit_row(int row);
+    void show_dialog(entry_dialog* dialog, int row);
+    void show_listing(QWidget* parent, bool with_links);
+    QStringList variables() const;
+
+    equation_status status_;
+    QString listing_caption_;
+    /// Empty rows at the end of the grid.
+    int empty_rows_ = 0;
+    std::filesystem::path shown_path_;
+
+    link_label* lblTitle_ = nullptr;
+    QComboBox* cmbMethod_ = nullptr;
+    QPushButton* cmdNewImplicit_ = nullptr;
+    QPushButton* cmdNewEquation_ = nullptr;
+    QPushButton* cmdEdit_ = nullptr;
+    QPushButton* cmdRemove_ = nullptr;
+    std::array<QToolButton*, 2> cmdUpDwn_{};
+    traffic_light* light_ = nullptr;
+    QPushButton* cmdRun_ = nullptr;
+    link_label* lblMissing_ = nullptr;
+    equation_grid* grid_ = nullptr;
+    QCheckBox* chkComments_ = nullptr;
+    QPushButton* cmdShowallvars_ = nullptr;
+    problem_status* panels_ = nullptr;
+
+    QMenu* solution_menu_ = nullptr;
+    QMenu* examples_menu_ = nullptr;
+    QWidgetList run_controls_;
+    /// Items that change the document, by what they need.
+    QList<QAction*> changing_items_;
+    QList<QAction*> row_items_;
+    QAction* item_up_ = nullptr;
+    QAction* item_down_ = nullptr;
+};
+
+} // namespace kelvarin

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+// The gestures by which a problem of equations is edited.
+
+#include "desktop/qt_text.h"
+#include "nle/equations/window/entry_dialog.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/equation_window.h"
+#include "platform/run_time_text.h"
+#include "shell/window/frmMsg.h"
+
+#include <QMimeData>
+
+#include <algorithm>
+#include <memory>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr int most_added_rows = 100;
+
+const QString input_title = QStringLiteral("Kelvarin");
+
+} // namespace
+
+bool equation_window::ready_for_new_row()
+{
+    if (is_running()) return false;
+    if (const auto refused = equations().may_add()) {
+        context().user.show(this, *refused);
+        return false;
+    }
+    empty_rows_ = std::max(empty_rows_, 1);
+    update_num_vars();
+    grid_->set_current_row(equation_count() + 1);
+    return true;
+}
+
+void equation_window::cmdNewImplicit_Click()
+{
+    if (ready_for_new_row()) show_dialog(make_entry_dialog(true, 0), 0);
+}
+
+void equation_window::cmdNewEquation_Click()
+{
+    new_explicit({});
+}
+
+void equation_window::new_explicit(const QString& name)
+{
+    if (!ready_for_new_row()) return;
+    entry_dialog* dialog = make_entry_dialog(false, 0);
+    dialog->txtVar()->setText(name);
+    show_dialog(dialog, 0);
+    if (!name.isEmpty()) dialog->txtEquation()->setFocus();
+}
+
+void equation_window::cmdEdit_Click()
+{
+    edit_row(grid_->current_row());
+}
+
+void equation_window::edit_row(int row)
+{
+    if (is_running() || row < 1 || row > equation_count()) return;
+    show_dialog(make_entry_dialog(is_implicit(equations().rows()[static_cast<std::size_t>(row - 1)].equation), row),
+                row);
+}
+
+void equation_window::show_dialog(entry_dialog* dialog, int row)
+{
+    dialog->txtEquation()->set_names(variables());
+    connect(dialog, &entry_dialog::listing_asked, this, [this, dialog] { show_listing(dialog, false); });
+    connect(dialog, &QDialog::accepted, this, [this, row] {
+        if (row == 0) --empty_rows_;
+        document_changed();
+        grid_->set_current_row(row == 0 ? equation_count() : row);
+    });
+    dialog->open();
+}
+
+QStringList equation_window::variables() const
+{
+    const equation_set& set = status_.set;
+    QStringList names;
+    for (const auto* list : {&set.implicit_names, &set.explicit_names, &set.undefined})
+        for (const std::string& name : *list)
+            names.append(to_qstring(name));
+    names.removeDuplicates();
+    return names;
+}
+
+void equation_window::cmdRemove_Click()
+{
+    const bool last_one = equation_count() == 1;
+    const user_question sure = {.text = "Are you sure you want to remove this equation ?"};
+    if (!last_one && context().user.ask(this, sure) != user_answer::yes) return;
+    changed_or_refused(equations().remove(grid_->current_row()));
+}
+
+void equation_window::cmdUpDwn_Click(bool up)
+{
+    const int row = grid_->current_row();
+    if (!equations().move(row, up)) return;
+    document_changed();
+    grid_->set_current_row(up ? row - 1 : row + 1);
+}
+
+void equation_window::cmbMethod_Click(int index)
+{
+    choose_method(index);
+    document_changed();
+}
+
+void equation_window::comment_edited(int row, const QString& comment)
+{
+    equations().set_comment(row, to_text(comment));
+    document_changed();
+}
+
+void equation_window::add_rows()
+{
+    const std::string limit = std::to_string(equation_limit);
+    const auto given = context().user.input(
+        this, input_title,
+        to_qstring("How many rows wouldyou like to add ? (value should be between 1-100).Note: total number of rows "
+                   "must be smaller than " +
+                   limit + "."),
+        QStringLiteral("10"));
+    if (!given) return;
+    const std::optional<double> number = numeric_value(to_text(*given));
+    if (!number || *number < 1 || *number > most_added_rows) {
+        context().user.show(this, {.text = "Data input not legal !", .title = "Kelvarin GUIDE"});
+        return;
+    }
+    const int rows = static_cast<int>(*number);
+    if (equation_count() + empty_rows_ + rows > equation_limit) {
+        context().user.show(this, {.text = "Number of rows must be smaller than " + limit + "."});
+        return;
+    }
+    empty_rows_ += rows;
+    update_num_vars();
+}
+
+void equation_window::ask_new_name()
+{
+    const auto row = static_cast<std::size_t>(grid_->current_row() - 1);
+    const std::string name(parts_of(equations().rows()[row].equation).name);
+    const auto given = context().user.input(
+        this, input_title, tr("New name of the variable '%1', in all equations:").arg(to_qstring(name)),
+        to_qstring(name));
+    if (given) changed_or_refused(equations().rename_variable(name, to_text(*given)));
+}
+
+void equation_window::cmdShowallvars_Click()
+{
+    show_listing(this, true);
+}
+
+void equation_window::show_listing(QWidget* parent, bool with_links)
+{
+    QStringList links;
+    if (with_links)
+        for (const std::string& name : status_.set.undefined)
+            links.append(to_qstring(name));
+    auto* listing = new frmMsg(parent);
+    connect(listing, &frmMsg::name_clicked, this, &equation_window::name_clicked);
+    listing->display_msg(listing_caption_, variable_listing(), links);
+}
+
+void equation_window::name_clicked(const QString& name)
+{
+    const std::string wanted = to_text(name);
+    if (std::ranges::count(status_.set.undefined, wanted) > 0) return new_explicit(name);
+    std::vector<int> rows;
+    int number = 0;
+    for (const equation_row& row : equations().rows()) {
+        ++number;
+        if (parts_of(row.equation).name == wanted) rows.push_back(number);
+    }
+    grid_->select_rows(rows);
+    grid_->setFocus();
+}
+
+void equation_window::copy_rows()
+{
+    std::string lines;
+    for (const int number : grid_->selected_rows()) {
+        const equation_row& row = equations().rows()[static_cast<std::size_t>(number - 1)];
+        lines += row.equation + '\t' + row.guess;
+        if (!row.comment.empty()) lines += '\t' + row.comment;
+        lines += '\n';
+    }
+    auto content = std::make_unique<QMimeData>();
+    content->setText(to_qstring(lines));
+    context().user.copy(std::move(content));
+}
+
+} // namespace kelvarin

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// Where everything of the window stands.
+
+#include "desktop/controls.h"
+#include "desktop/icons.h"
+#include "desktop/link_label.h"
+#include "desktop/look.h"
+#include "desktop/qt_text.h"
+#include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/equation_window.h"
+#include "nle/equations/window/problem_status.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+QToolButton* make_arrow(Qt::ArrowType arrow, const char* name, const QString& tip)
+{
+    auto* button = named(new QToolButton, name);
+    button->setArrowType(arrow);
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    return button;
+}
+
+} // namespace
+
+void equation_window::build_ui(const equation_window_parts& parts)
+{
+    setWindowIcon(program_icon(parts.icon_name));
+    listing_caption_ = parts.listing_caption;
+    const int unit = line_unit(*this);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
+    column->setSpacing(unit / 2);
+    column->addLayout(build_title_row(parts));
+    column->addLayout(build_button_row(parts));
+    if (parts.above_grid) column->addWidget(parts.above_grid);
+
+    grid_ = named(new equation_grid({parts.heads, parts.new_implicit_caption, tr("&Add EE")}, this), parts.grid_name);
+    grid_->set_hint(parts.hint);
+    column->addWidget(grid_, 1);
+
+    column->addLayout(build_options_row(parts));
+    panels_ = named(new problem_status(this), parts.status_name);
+    column->addWidget(panels_);
+
+    run_controls_.append({cmbMethod_, cmdNewImplicit_, cmdNewEquation_, cmdRun_});
+    apply_colours();
+    build_edit_menu(parts);
+    solution_menu_ = build_solution_menu();
+    examples_menu_ = build_examples_menu(parts.examples);
+    connect_controls();
+    setFocusProxy(grid_);
+}
+
+QBoxLayout* equation_window::build_title_row(const equation_window_parts& parts)
+{
+    auto* row = new QHBoxLayout;
+    lblTitle_ = named(new link_label, "lblTitle");
+    QFont font = lblTitle_->font();
+    font.setBold(true);
+    lblTitle_->setFont(font);
+    row->addWidget(lblTitle_, 1);
+
+    cmbMethod_ = named(new QComboBox, "cmbMethod");
+    for (const auto& method : parts.methods) {
+        cmbMethod_->addItem(method.name);
+        cmbMethod_->setItemData(cmbMethod_->count() - 1, method.tip, Qt::ToolTipRole);
+    }
+    auto* caption = new QLabel(tr("&Method"));
+    caption->setBuddy(cmbMethod_);
+    row->addWidget(caption);
+    row->addWidget(cmbMethod_);
+    return row;
+}
+
+QBoxLayout* equation_window::build_button_row(const equation_window_parts& parts)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(line_unit(*this) / 2);
+    cmdNewImplicit_ = make_button(parts.new_implicit_caption, parts.new_implicit_name, parts.new_implicit_tip);
+    cmdNewEquation_ = make_button(tr("&Add EE"), "cmdNewEquation", tr("New explicit equation"));
+    cmdEdit_ = make_button(tr("Edit"), "cmdEdit", tr("Change the equation (Enter)"));
+    cmdRemove_ = make_button(tr("Remove"), "cmdRemove", tr("Remove the equation (Delete)"));
+    for (QPushButton* button : {cmdNewImplicit_, cmdNewEquation_, cmdEdit_, cmdRemove_})
+        row->addWidget(button);
+    cmdUpDwn_ = {make_arrow(Qt::UpArrow, "cmdUpDwn_0", tr("Move up")),
+                 make_arrow(Qt::DownArrow, "cmdUpDwn_1", tr("Move down"))};
+    for (QToolButton* button : cmdUpDwn_)
+        row->addWidget(button);
+    row->addSpacing(line_unit(*this));
+    row->addWidget(build_run_place(), 1);
+    // All of one height, which is that of the tallest.
+    for (QPushButton* button : {cmdNewImplicit_, cmdNewEquation_, cmdEdit_, cmdRemove_, cmdRun_})
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
+    light_ = new traffic_light(this);
+    row->insertWidget(row->count() - 1, light_);
+    return row;
+}
+
+QWidget* equation_window::build_run_place()
+{
+    // The button and the line that says why it is not there take turns, and nothing else moves.
+    auto* area = new QWidget;
+    auto* row = new QHBoxLayout(area);
+    row->setContentsMargins(0, 0, 0, 0);
+    lblMissing_ = named(new link_label, "lblMissing");
+    row->addWidget(lblMissing_, 1);
+    row->addStretch();
+    cmdRun_ = make_button(tr("Solve it ..."), "cmdRun", tr("Solve the problem (F5)"));
+    row->addWidget(cmdRun_);
+    return area;
+}
+
+QBoxLayout* equation_window::build_options_row(const equation_window_parts& parts)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(line_unit(*this));
+    if (parts.below_grid) row->addWidget(parts.below_grid);
+    row->addStretch(1);
+    chkComments_ = named(new QCheckBox(tr("&Comments")), "chkComments");
+    chkComments_->setToolTip(tr("Show the column of comments"));
+    chkComments_->setChecked(true);
+    row->addWidget(chkComments_);
+    cmdShowallvars_ = make_button(tr("Show list of variables"), "cmdShowallvars",
+                                  tr("Which variables there are, and what is missing"));
+    row->addWidget(cmdShowallvars_);
+    return row;
+}
+
+void equation_window::build_edit_menu(const equation_window_parts& parts)
+{
+    QMenu* menu = edit_menu();
+    menu->addAction(context().frame.action(window_command::copy));
+    menu->addAction(context().frame.action(window_command::select_all));
+    menu->addSeparator();
+    const auto add = [&](const QString& caption, const char* name, auto slot) {
+        QAction* item = named(menu->addAction(caption, this, slot), name);
+        changing_items_.append(item);
+        return item;
+    };
+    add(tr("&Title..."), "mnuTitle", &equation_window::change_title);
+    add(tr("Add r&ows..."), "mnuAddRows", &equation_window::add_rows);
+    menu->addSeparator();
+    add(parts.new_implicit_item, parts.new_implicit_item_name, &equation_window::cmdNewImplicit_Click);
+    add(tr("New e&xplicit equation..."), "mnuNewEquation", &equation_window::cmdNewEquation_Click);
+    menu->addSeparator();
+    row_items_ = {add(tr("&Edit equation..."), "mnuEdit", &equation_window::cmdEdit_Click),
+                  add(tr("Re&move equation"), "mnuRemove", &equation_window::cmdRemove_Click),
+                  add(tr("Rename &variable..."), "mnuRename", &equation_window::ask_new_name)};
+    item_up_ = add(tr("Move u&p"), "mnuMoveUp", [this] { cmdUpDwn_Click(true); });
+    item_down_ = add(tr("Move &down"), "mnuMoveDown", [this] { cmdUpDwn_Click(false); });
+}
+
+QMenu* equation_window::build_solution_menu()
+{
+    auto* menu = new QMenu(tr("&Solution"), this);
+    menu->addAction(context().frame.action(window_command::solve));
+    menu->addAction(context().frame.action(window_command::stop));
+    menu->addSeparator();
+    named(menu->addAction(tr("&Refresh"), this, [this] { document_changed(); }), "mnuSolutionItem_2");
+    named(menu->addAction(tr("Show &list of variables"), this, &equation_window::cmdShowallvars_Click),
+          "mnuSolutionItem_3");
+    return menu;
+}
+
+QMenu* equation_window::build_examples_menu(const QStringList& captions)
+{
+    auto* menu = new QMenu(tr("E&xamples"), this);
+    int number = 0;
+    for (const QString& caption : captions) {
+        ++number;
+        QAction* item = menu->addAction(caption, this, [this, number] { load_sample(number); });
+        item->setObjectName(QStringLiteral("mnuSample%1").arg(number));
+        changing_items_.append(item);
+    }
+    return menu;
+}
+
+QList<QMenu*> equation_window::menus()
+{
+    main_frame& frame = context().frame;
+    return {file_menu(),        edit_menu(),         solution_menu_,   examples_menu_,
+            frame.tools_menu(), frame.window_menu(), frame.help_menu()};
+}
+
+void equation_window::apply_colours()
+{
+    cmdRun_->setPalette(solving_palette(palette()));
+    const QPalette quiet = quiet_palette(palette());
+    lblMissing_->setPalette(quiet);
+    lblTitle_->setPalette(document().title().empty() ? quiet : palette());
+}
+
+void equation_window::changeEvent(QEvent* event)
+{
+    problem_window::changeEvent(event);
+    // The palette turns from light to dark while the program runs.
+    if (event->type() == QEvent::PaletteChange && panels_) apply_colours();
+}
+
+QSize equation_window::sizeHint() const
+{
+    return QSize(52, 28) * line_unit(*this);
+}
+
+} // namespace kelvarin
