@@ -13,7 +13,8 @@ set(layers
   "nle deq opt leq reg tools"
   "kinds"
   "batch desktop"
-  "shell/window tools/window nle/equations/window graph/window"
+  "shell/window"
+  "tools/window nle/equations/window graph/window"
   "nle/window leq/window deq/window opt/window reg/window"
   "app")
 
