@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_recovery.h"
 
-#include <nlohmann/json.hpp>
+#include "shell/document/json_value.h"
+#include "shell/report/json_writer.h"
 
 namespace kelvarin
 {
@@ -9,36 +10,40 @@ namespace kelvarin
 namespace
 {
 
-using nlohmann::json;
-
 /// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
 constexpr int recovery_format = 1;
+
+leq_content content_of(const json_value& text)
+{
+    text.at("format").whole_number(recovery_format, recovery_format);
+    std::vector<std::string> names = text.at("names").texts();
+    std::vector<std::string> cells = text.at("cells").texts();
+    if (names.size() < least_leq_count || names.size() > largest_leq_count) throw json_mismatch("no number of names");
+    leq_content content(static_cast<int>(names.size()));
+    if (cells.size() != content.cells.size()) throw json_mismatch("no number of cells");
+    content.title = text.at("title").text();
+    content.names = std::move(names);
+    content.cells = std::move(cells);
+    return content;
+}
 
 } // namespace
 
 std::string leq_recovery_text(const leq_content& content)
 {
-    const json text = {
-        {"format", recovery_format}, {"title", content.title}, {"names", content.names}, {"cells", content.cells}};
-    // Bytes that are no text must not keep the rest from being kept.
-    return text.dump(1, ' ', false, json::error_handler_t::replace);
+    json_writer text;
+    text.begin_object();
+    text.member("format", recovery_format);
+    text.member("title", content.title);
+    text.member("names", content.names);
+    text.member("cells", content.cells);
+    text.end_object();
+    return text.take();
 }
 
 std::optional<leq_content> read_leq_recovery(std::string_view text)
-try {
-    const json kept = json::parse(text);
-    if (kept.at("format").get<int>() != recovery_format) return std::nullopt;
-    const auto names = kept.at("names").get<std::vector<std::string>>();
-    const auto cells = kept.at("cells").get<std::vector<std::string>>();
-    if (names.size() < least_leq_count || names.size() > largest_leq_count) return std::nullopt;
-    leq_content content(static_cast<int>(names.size()));
-    if (cells.size() != content.cells.size()) return std::nullopt;
-    content.title = kept.at("title").get<std::string>();
-    content.names = names;
-    content.cells = cells;
-    return content;
-} catch (const json::exception&) {
-    return std::nullopt;
+{
+    return read_json(text, content_of);
 }
 
 } // namespace kelvarin

@@ -2,10 +2,8 @@
 #include "shell/document/recovery_file.h"
 
 #include "platform/utf8.h"
-
-#include <nlohmann/json.hpp>
-
-#include <cstdint>
+#include "shell/document/json_value.h"
+#include "shell/report/json_writer.h"
 
 namespace kelvarin
 {
@@ -13,51 +11,62 @@ namespace kelvarin
 namespace
 {
 
-using nlohmann::json;
-
 /// Raised whenever a field changes its meaning, so that no older program misreads a newer one's file.
 constexpr int recovery_format = 1;
 
-/// A path is text as a rule, but the file system asks only for bytes, and JSON only takes text.
-json path_json(const std::string& path)
+/// A path is text as a rule, but the file system asks only for bytes, and JSON only takes text: any other path is
+/// written as an array of its bytes.
+void write_path(json_writer& file, const std::string& path)
 {
-    if (is_utf8(path)) return path;
-    return std::vector<std::uint8_t>(path.begin(), path.end());
+    file.key("path");
+    if (is_utf8(path)) return file.value(path);
+    file.begin_array();
+    for (const char byte : path)
+        file.value(static_cast<int>(static_cast<unsigned char>(byte)));
+    file.end_array();
 }
 
-std::string path_of(const json& path)
+std::string path_of(const json_value& path)
 {
-    if (path.is_string()) return path.get<std::string>();
+    if (path.is_text()) return path.text();
+    constexpr int largest_byte = 255;
     std::string bytes;
-    for (const json& byte : path)
-        bytes += static_cast<char>(byte.get_ref<const json::number_unsigned_t&>());
+    for (const json_value& byte : path.items())
+        bytes += static_cast<char>(byte.whole_number(0, largest_byte));
     return bytes;
+}
+
+recovery_entry entry_of(const json_value& file)
+{
+    file.at("format").whole_number(recovery_format, recovery_format);
+    recovery_entry entry;
+    entry.kind = file.at("kind").text();
+    entry.title = file.at("title").text();
+    entry.path = path_of(file.at("path"));
+    entry.kept_at = file.at("kept_at").whole_number();
+    entry.content = file.at("content").text();
+    return entry;
 }
 
 } // namespace
 
 std::string recovery_file_text(const recovery_entry& entry)
 {
-    const json file = {{"format", recovery_format}, {"kind", entry.kind},
-                       {"title", entry.title},      {"path", path_json(entry.path.string())},
-                       {"kept_at", entry.kept_at},  {"content", entry.content}};
-    // Bytes that are no text must not keep the rest from being kept.
-    return file.dump(1, ' ', false, json::error_handler_t::replace) + '\n';
+    json_writer file;
+    file.begin_object();
+    file.member("format", recovery_format);
+    file.member("kind", entry.kind);
+    file.member("title", entry.title);
+    write_path(file, entry.path.string());
+    file.member("kept_at", entry.kept_at);
+    file.member("content", entry.content);
+    file.end_object();
+    return file.take() + '\n';
 }
 
 std::optional<recovery_entry> read_recovery_file(std::string_view text)
-try {
-    const json file = json::parse(text);
-    if (file.at("format") != recovery_format) return std::nullopt;
-    recovery_entry entry;
-    entry.kind = file.at("kind").get<std::string>();
-    entry.title = file.at("title").get<std::string>();
-    entry.path = path_of(file.at("path"));
-    entry.kept_at = file.at("kept_at").get_ref<const json::number_integer_t&>();
-    entry.content = file.at("content").get<std::string>();
-    return entry;
-} catch (const json::exception&) {
-    return std::nullopt;
+{
+    return read_json(text, entry_of);
 }
 
 } // namespace kelvarin

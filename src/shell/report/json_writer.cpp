@@ -135,12 +135,20 @@ void json_writer::value(bool truth)
     text_ += truth ? "true" : "false";
 }
 
-void json_writer::value(int number)
+void json_writer::value(std::int64_t number)
 {
     separate();
-    std::array<char, 16> digits;
+    std::array<char, 24> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     text_.append(digits.data(), end);
+}
+
+void json_writer::value(std::span<const std::string> texts)
+{
+    begin_array();
+    for (const std::string& text : texts)
+        value(text);
+    end_array();
 }
 
 void json_writer::value(double number)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,9 +31,12 @@ public:
     void value(std::string_view text);
     void value(const char* text) { value(std::string_view(text)); }
     void value(bool truth);
-    void value(int number);
+    void value(std::int64_t number);
+    void value(int number) { value(static_cast<std::int64_t>(number)); }
     /// The digits that give the same double back; one that is not finite is null.
     void value(double number);
+    /// An array of texts.
+    void value(std::span<const std::string> texts);
     template <class Value> void member(std::string_view name, const Value& content)
     {
         key(name);
