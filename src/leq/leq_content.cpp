@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstddef>
 
 namespace kelvarin
 {
@@ -44,7 +45,7 @@ std::string default_leq_name(int column)
     return "x" + std::to_string(column + 1);
 }
 
-leq_content::leq_content(int count) : cells(static_cast<std::size_t>(count) * (static_cast<std::size_t>(count) + 1))
+leq_content::leq_content(int count) : cells(count, count + 1)
 {
     name_further_columns(names, count);
 }
@@ -76,23 +77,31 @@ leq_content with_count(const leq_content& content, int count)
     const int kept = std::min(count, content.count());
     next.names.assign(content.names.begin(), content.names.begin() + kept);
     name_further_columns(next.names, count);
-    for (int row = 0; row < kept; ++row) {
-        for (int column = 0; column < kept; ++column)
-            next.cell(row, column) = content.cell(row, column);
-        next.cell(row, count) = content.cell(row, content.count());
-    }
+    const auto move_column = [&](int from, int to) {
+        std::vector<std::string> cells = content.cells.cells_of(from);
+        cells.resize(static_cast<std::size_t>(count));
+        next.cells.set_column(to, std::move(cells));
+    };
+    for (int column = 0; column < kept; ++column)
+        move_column(column, column);
+    move_column(content.count(), count);
     return next;
 }
 
-int fill_empty_cells(leq_content& content)
+int count_empty_cells(const leq_content& content)
 {
-    int filled = 0;
-    for (std::string& cell : content.cells) {
-        if (!is_empty(cell)) continue;
-        cell = "0";
-        ++filled;
-    }
-    return filled;
+    std::ptrdiff_t empty = 0;
+    for (int column = 0; column <= content.count(); ++column)
+        empty += std::ranges::count_if(content.cells.cells_of(column), is_empty);
+    return static_cast<int>(empty);
+}
+
+leq_content with_zeros(leq_content content)
+{
+    for (int column = 0; column <= content.count(); ++column)
+        content.cells.edit_column(
+            column, [](std::vector<std::string>& cells) { std::ranges::replace_if(cells, is_empty, "0"); });
+    return content;
 }
 
 } // namespace kelvarin

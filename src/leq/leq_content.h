@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/message_box.h"
+#include "shell/document/cell_columns.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,23 +28,16 @@ struct leq_content
     std::string title;
     /// One for each unknown.
     std::vector<std::string> names;
-    /// The texts of the cells, row by row, each row with its beta.
-    std::vector<std::string> cells;
+    /// A column for each unknown, and beta.
+    cell_columns cells;
 
     /// Empty cells and default names.
     explicit leq_content(int count = first_leq_count);
 
     int count() const { return static_cast<int>(names.size()); }
-    const std::string& cell(int row, int column) const { return cells[index(row, column)]; }
-    std::string& cell(int row, int column) { return cells[index(row, column)]; }
+    const std::string& cell(int row, int column) const { return cells.cell(row, column); }
 
     friend bool operator==(const leq_content&, const leq_content&) = default;
-
-private:
-    std::size_t index(int row, int column) const
-    {
-        return static_cast<std::size_t>(row) * (names.size() + 1) + static_cast<std::size_t>(column);
-    }
 };
 
 struct leq_cell
@@ -72,7 +65,8 @@ bool ok_to_run(const leq_content& content, std::optional<leq_cell> edited = std:
 /// The problem with another number of equations (2 to 64): what fits is kept, beta as beta.
 leq_content with_count(const leq_content& content, int count);
 
-/// Puts 0 into empty cells; answers how many there were.
-int fill_empty_cells(leq_content& content);
+int count_empty_cells(const leq_content& content);
+/// The problem with 0 in its empty cells.
+leq_content with_zeros(leq_content content);
 
 } // namespace kelvarin

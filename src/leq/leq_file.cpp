@@ -65,8 +65,7 @@ void read_cells(std::span<const std::string_view> lines, leq_content& content)
         for (const std::string_view piece : split_at(lines[static_cast<std::size_t>(row)], '\t')) {
             if (place == n) break;
             // The last line holds the betas, one below the other in the grid.
-            std::string& cell = row < n ? content.cell(row, place) : content.cell(place, n);
-            cell = field_text(piece);
+            content.cells.set_cell(row < n ? row : place, row < n ? place : n, field_text(piece));
             ++place;
         }
     }

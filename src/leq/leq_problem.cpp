@@ -39,7 +39,7 @@ bool leq_problem::is_blank() const
 void leq_problem::set_cell(int row, int column, std::string_view text)
 {
     leq_content next = content();
-    next.cell(row, column) = field_text(text);
+    next.cells.set_cell(row, column, field_text(text));
     change("Edit cell", std::move(next));
 }
 
@@ -51,16 +51,13 @@ void leq_problem::init_grids(int n)
 void leq_problem::clean_grid()
 {
     leq_content next = content();
-    std::ranges::fill(next.cells, std::string());
+    next.cells = cell_columns(next.cells.rows(), next.cells.columns());
     change("Clean grid", std::move(next));
 }
 
-int leq_problem::fill_empty_cells_with_zeros()
+void leq_problem::fill_empty_cells_with_zeros()
 {
-    leq_content next = content();
-    const int filled = fill_empty_cells(next);
-    change("Fill with zeros", std::move(next));
-    return filled;
+    change("Fill with zeros", with_zeros(content()));
 }
 
 leq_problem::refusal leq_problem::rename_variable(int column, std::string_view name)
@@ -80,7 +77,7 @@ std::string leq_problem::cut(cell_range range)
 {
     std::string text = copy(range);
     leq_content next = content();
-    clear_block(next, range);
+    clear_block(next.cells, range);
     change("Cut", std::move(next));
     return text;
 }
@@ -88,14 +85,14 @@ std::string leq_problem::cut(cell_range range)
 void leq_problem::clear_cells(cell_range range)
 {
     leq_content next = content();
-    clear_block(next, range);
+    clear_block(next.cells, range);
     change("Clear", std::move(next));
 }
 
 leq_problem::refusal leq_problem::paste(cell_range range, const cell_block& block)
 {
     leq_content next = content();
-    const std::vector<std::string> left_out = paste_block(next, range, block);
+    const std::vector<std::string> left_out = paste_block(next.cells, range, block);
     change("Paste", std::move(next));
     if (left_out.empty()) return std::nullopt;
     return left_out_box(left_out);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "leq/leq_block.h"
 #include "leq/leq_content.h"
+#include "shell/document/cell_block.h"
 #include "shell/document/value_document.h"
 
 #include <cstdint>
@@ -30,12 +30,11 @@ public:
     void init_grids(int n);
     /// Empties the cells.
     void clean_grid();
-    /// Answers how many cells were empty.
-    int fill_empty_cells_with_zeros();
+    void fill_empty_cells_with_zeros();
     /// Refused where the name is not valid, or given to another column.
     refusal rename_variable(int column, std::string_view name);
 
-    std::string copy(cell_range range) const { return block_text(content(), range); }
+    std::string copy(cell_range range) const { return block_text(content().cells, range); }
     std::string cut(cell_range range);
     void clear_cells(cell_range range);
     /// Puts a block in; the box, if any, tells of cells that lay outside the grid.

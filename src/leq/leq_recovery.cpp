@@ -17,13 +17,15 @@ leq_content content_of(const json_value& text)
 {
     text.at("format").whole_number(recovery_format, recovery_format);
     std::vector<std::string> names = text.at("names").texts();
-    std::vector<std::string> cells = text.at("cells").texts();
+    const std::vector<std::string> cells = text.at("cells").texts();
     if (names.size() < least_leq_count || names.size() > largest_leq_count) throw json_mismatch("no number of names");
     leq_content content(static_cast<int>(names.size()));
-    if (cells.size() != content.cells.size()) throw json_mismatch("no number of cells");
+    const std::size_t columns = names.size() + 1;
+    if (cells.size() != names.size() * columns) throw json_mismatch("no number of cells");
     content.title = text.at("title").text();
     content.names = std::move(names);
-    content.cells = std::move(cells);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        content.cells.set_cell(static_cast<int>(i / columns), static_cast<int>(i % columns), cells[i]);
     return content;
 }
 
@@ -36,7 +38,13 @@ std::string leq_recovery_text(const leq_content& content)
     text.member("format", recovery_format);
     text.member("title", content.title);
     text.member("names", content.names);
-    text.member("cells", content.cells);
+    // Row by row, each row with its beta.
+    text.key("cells");
+    text.begin_array();
+    for (int row = 0; row < content.count(); ++row)
+        for (int column = 0; column <= content.count(); ++column)
+            text.value(content.cell(row, column));
+    text.end_array();
     text.end_object();
     return text.take();
 }

@@ -66,10 +66,10 @@ leq_content sample_leq(std::uint32_t seed)
         int beta = 0;
         for (int column = 0; column < n; ++column) {
             const int coefficient = coefficients[static_cast<std::size_t>(column)];
-            content.cell(row, column) = std::to_string(coefficient);
+            content.cells.set_cell(row, column, std::to_string(coefficient));
             beta += coefficient * solution[static_cast<std::size_t>(column)];
         }
-        content.cell(row, n) = std::to_string(beta);
+        content.cells.set_cell(row, n, std::to_string(beta));
     }
     return content;
 }

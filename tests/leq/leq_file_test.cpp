@@ -96,8 +96,11 @@ TEST(LeqFile, WhatWasWrittenReadsBack)
         for (std::string& name : content.names)
             name += *rc::gen::element<std::string>("", "_a", "B");
         const auto cell = rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "1,5", "abc", "0", "\"");
-        for (std::string& text : content.cells)
-            text = *cell;
+        for (int column = 0; column <= content.count(); ++column)
+            content.cells.edit_column(column, [&](std::vector<std::string>& cells) {
+                for (std::string& text : cells)
+                    text = *cell;
+            });
         RC_ASSERT(read_leq(write_leq(content)) == content);
         content.names = leq_content(content.count()).names;
         RC_ASSERT(read_leq(write_leq(content, true)) == content);

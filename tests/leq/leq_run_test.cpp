@@ -88,8 +88,8 @@ leq_content hilbert(int n)
     leq_content content(n);
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column)
-            content.cell(row, column) = std::to_string(360360 / (row + column + 1));
-        content.cell(row, n) = "360360";
+            content.cells.set_cell(row, column, std::to_string(360360 / (row + column + 1)));
+        content.cells.set_cell(row, n, "360360");
     }
     return content;
 }
@@ -144,10 +144,10 @@ RC_GTEST_PROP(LeqRun, RowsOfAPermutationComeOutExactly, ())
     std::iota(order.begin(), order.end(), 0);
     std::shuffle(order.begin(), order.end(), random);
     leq_content content(n);
-    std::ranges::fill(content.cells, "0");
+    content = with_zeros(content);
     for (int row = 0; row < n; ++row) {
-        content.cell(row, order[static_cast<std::size_t>(row)]) = "1";
-        content.cell(row, n) = std::to_string(row) + ".1";
+        content.cells.set_cell(row, order[static_cast<std::size_t>(row)], "1");
+        content.cells.set_cell(row, n, std::to_string(row) + ".1");
     }
     const leq_outcome outcome = run_leq(content);
     RC_ASSERT(outcome.has_report);
@@ -169,10 +169,10 @@ RC_GTEST_PROP(LeqRun, FindsWholeSolutionsOfLargeSystems, ())
         int beta = 0;
         for (int column = 0; column < n; ++column) {
             const int coefficient = whole();
-            content.cell(row, column) = std::to_string(coefficient);
+            content.cells.set_cell(row, column, std::to_string(coefficient));
             beta += coefficient * x[static_cast<std::size_t>(column)];
         }
-        content.cell(row, n) = std::to_string(beta);
+        content.cells.set_cell(row, n, std::to_string(beta));
     }
     const leq_outcome outcome = run_leq(content);
     RC_ASSERT(outcome.has_report);

@@ -16,7 +16,7 @@ inline leq_content equations(const std::vector<std::vector<std::string>>& rows)
     leq_content content(static_cast<int>(rows.size()));
     for (int row = 0; row < content.count(); ++row)
         for (int column = 0; column <= content.count(); ++column)
-            content.cell(row, column) = rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+            content.cells.set_cell(row, column, rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
     return content;
 }
 

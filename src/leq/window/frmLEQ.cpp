@@ -6,7 +6,7 @@
 #include "desktop/qt_text.h"
 #include "leq/leq_text.h"
 #include "leq/window/leq_grid_model.h"
-#include "platform/text_file.h"
+#include "shell/document/cell_block.h"
 #include "shell/window/frmSolution.h"
 
 #include <QMenu>
@@ -37,19 +37,6 @@ problem_kind leq_kind()
             .unsaved_on_close = "LEQ Problem not saved. Do you want to save it before closing ?",
             .unsaved_on_open = "Problem not saved. Do you wish to save it now ?",
             .document = document_kind::leq};
-}
-
-/// Where the block lands in the grid when it is pasted from the range's first cell on.
-cell_range landing_of(const cell_block& block, cell_range range, const leq_content& content)
-{
-    std::size_t columns = 1;
-    for (const std::vector<std::string>& row : block)
-        columns = std::max(columns, row.size());
-    // A single cell fills what is selected.
-    if (block.size() == 1 && columns == 1) return range;
-    range.rows = std::min(static_cast<int>(block.size()), content.count() - range.row);
-    range.columns = std::min(static_cast<int>(columns), content.count() + 1 - range.column);
-    return range;
 }
 
 /// The first cell in which two blocks differ, as both write it: "'1,5' becomes '1.5'".
@@ -105,8 +92,7 @@ void frmLEQ::show_document()
 
 QString frmLEQ::count_of_cells_to_fill() const
 {
-    const auto empty =
-        std::ranges::count_if(problem_.content().cells, [](const std::string& cell) { return trimmed(cell).empty(); });
+    const int empty = count_empty_cells(problem_.content());
     if (empty == 0) return {};
     return empty == 1 ? tr("1 empty cell") : tr("%1 empty cells").arg(empty);
 }
@@ -241,8 +227,8 @@ void frmLEQ::paste()
     const cell_range range = selected_range();
     const std::optional<message_box> left_out = problem_.paste(range, *block);
     document_changed();
-    const cell_range landing = landing_of(*block, range, problem_.content());
-    grdMatrix_->select_block({landing.column, landing.row, landing.columns, landing.rows});
+    const cell_range pasted = pasted_range(problem_.content().cells, range, *block);
+    grdMatrix_->select_block({pasted.column, pasted.row, pasted.columns, pasted.rows});
     if (left_out) context().user.show(this, *left_out);
 }
 

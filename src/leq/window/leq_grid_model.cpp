@@ -2,10 +2,10 @@
 #include "leq/window/leq_grid_model.h"
 
 #include "desktop/qt_text.h"
-#include "leq/leq_block.h"
 #include "leq/leq_text.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
+#include "shell/document/cell_block.h"
 
 #include <utility>
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "leq/leq_block.h"
+#include "shell/document/cell_block.h"
 
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvarin
 {
@@ -77,21 +78,21 @@ bool is_whole(std::string_view cell)
     return is_numeric(cell) && cell.find('.') == std::string_view::npos;
 }
 
-bool is_inside(const leq_content& content, int row, int column)
+bool is_single_cell(const cell_block& block)
 {
-    return row >= 0 && row < content.count() && column >= 0 && column <= content.count();
+    return block.size() == 1 && block.front().size() == 1;
 }
 
 } // namespace
 
-std::string block_text(const leq_content& content, cell_range range)
+std::string block_text(const cell_columns& cells, cell_range range)
 {
     std::string text;
     for (int row = range.row; row < range.row + range.rows; ++row) {
         if (row > range.row) text += '\n';
         for (int column = range.column; column < range.column + range.columns; ++column) {
             if (column > range.column) text += '\t';
-            text += quoted_where_needed(content.cell(row, column));
+            text += quoted_where_needed(cells.cell(row, column));
         }
     }
     return text;
@@ -129,28 +130,39 @@ std::optional<cell_block> decimal_comma_block(const cell_block& block)
     return converted;
 }
 
-std::vector<std::string> paste_block(leq_content& content, cell_range range, const cell_block& block)
+cell_range pasted_range(const cell_columns& cells, cell_range range, const cell_block& block)
 {
-    if (block.size() == 1 && block.front().size() == 1) {
-        for (int row = range.row; row < range.row + range.rows; ++row)
-            for (int column = range.column; column < range.column + range.columns; ++column)
-                content.cell(row, column) = field_text(block.front().front());
-        return {};
-    }
-    std::vector<std::string> left_out;
-    int row = range.row;
-    for (const std::vector<std::string>& cells : block) {
-        int column = range.column;
-        for (const std::string& cell : cells) {
-            if (is_inside(content, row, column)) {
-                content.cell(row, column) = field_text(cell);
-            } else if (!trimmed(cell).empty()) {
-                left_out.push_back(field_text(cell));
+    if (is_single_cell(block)) return range;
+    std::size_t columns = 1;
+    for (const std::vector<std::string>& row : block)
+        columns = std::max(columns, row.size());
+    range.rows = std::min(static_cast<int>(block.size()), cells.rows() - range.row);
+    range.columns = std::min(static_cast<int>(columns), cells.columns() - range.column);
+    return range;
+}
+
+std::vector<std::string> paste_block(cell_columns& cells, cell_range range, const cell_block& block)
+{
+    const cell_range pasted = pasted_range(cells, range, block);
+    for (int column = 0; column < pasted.columns; ++column) {
+        cells.edit_column(pasted.column + column, [&](std::vector<std::string>& column_cells) {
+            for (int row = 0; row < pasted.rows; ++row) {
+                const std::vector<std::string>& from = block[is_single_cell(block) ? 0 : static_cast<std::size_t>(row)];
+                const std::size_t place = is_single_cell(block) ? 0 : static_cast<std::size_t>(column);
+                if (place < from.size())
+                    column_cells[static_cast<std::size_t>(pasted.row + row)] = field_text(from[place]);
             }
-            ++column;
-        }
-        ++row;
+        });
     }
+
+    std::vector<std::string> left_out;
+    for (std::size_t row = 0; row < block.size(); ++row)
+        for (std::size_t column = 0; column < block[row].size(); ++column) {
+            std::string text = field_text(block[row][column]);
+            if (text.empty()) continue;
+            if (!cells.is_inside(range.row + static_cast<int>(row), range.column + static_cast<int>(column)))
+                left_out.push_back(std::move(text));
+        }
     return left_out;
 }
 
@@ -167,11 +179,12 @@ message_box left_out_box(const std::vector<std::string>& left_out)
     return {text, box_icon::information};
 }
 
-void clear_block(leq_content& content, cell_range range)
+void clear_block(cell_columns& cells, cell_range range)
 {
-    for (int row = range.row; row < range.row + range.rows; ++row)
-        for (int column = range.column; column < range.column + range.columns; ++column)
-            content.cell(row, column).clear();
+    for (int column = range.column; column < range.column + range.columns; ++column)
+        cells.edit_column(column, [&](std::vector<std::string>& column_cells) {
+            std::fill_n(column_cells.begin() + range.row, range.rows, std::string());
+        });
 }
 
 } // namespace kelvarin

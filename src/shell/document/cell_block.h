@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "leq/leq_content.h"
+#include "platform/message_box.h"
+#include "shell/document/cell_columns.h"
 
 #include <optional>
 #include <string>
@@ -26,7 +27,7 @@ struct cell_range
 using cell_block = std::vector<std::vector<std::string>>;
 
 /// The selected cells as text; between rows stands LF, behind the last one nothing.
-std::string block_text(const leq_content& content, cell_range range);
+std::string block_text(const cell_columns& cells, cell_range range);
 
 /// Reads a block, whatever its line ends; one at the very end opens no further row.
 cell_block read_block(std::string_view text);
@@ -36,13 +37,16 @@ cell_block read_block(std::string_view text);
 /// as 1500.
 std::optional<cell_block> decimal_comma_block(const cell_block& block);
 
-/// Puts a block into the grid from the range's first cell on; a block of one cell fills the range. Answers
-/// the texts of the cells that lay outside the grid.
-std::vector<std::string> paste_block(leq_content& content, cell_range range, const cell_block& block);
+/// The cells that a block covers when it is pasted from the range's first cell on, as far as they are inside the grid.
+/// A block of one cell fills the range.
+cell_range pasted_range(const cell_columns& cells, cell_range range, const cell_block& block);
 
-/// What is said of cells that did not fit.
+/// Pastes a block in that way. Returns the texts, other than blank ones, that lay outside the grid, row by row.
+std::vector<std::string> paste_block(cell_columns& cells, cell_range range, const cell_block& block);
+
+/// The box that names cells which did not fit.
 message_box left_out_box(const std::vector<std::string>& left_out);
 
-void clear_block(leq_content& content, cell_range range);
+void clear_block(cell_columns& cells, cell_range range);
 
 } // namespace kelvarin

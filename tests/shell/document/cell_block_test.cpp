@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "leq/leq_block.h"
-#include "support/leq_problems.h"
+#include "shell/document/cell_block.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -10,9 +9,16 @@ namespace kelvarin
 namespace
 {
 
-using test::equations;
+cell_columns grid_of(const std::vector<std::vector<std::string>>& rows)
+{
+    cell_columns cells(static_cast<int>(rows.size()), static_cast<int>(rows.front().size()));
+    for (int row = 0; row < cells.rows(); ++row)
+        for (int column = 0; column < cells.columns(); ++column)
+            cells.set_cell(row, column, rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+    return cells;
+}
 
-TEST(LeqBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
+TEST(CellBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
 {
     struct row
     {
@@ -36,25 +42,26 @@ TEST(LeqBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
     }
 }
 
-TEST(LeqBlock, WhatWasCopiedReadsBack)
+TEST(CellBlock, WhatWasCopiedReadsBack)
 {
     EXPECT_TRUE(rc::check("whatever the cells hold", [] {
-        leq_content content(4);
+        cell_columns cells(4, 5);
         const auto cell = rc::gen::element<std::string>("", "1", "a\tb", "\"", "\"\"x", "\n", "2,5");
-        for (std::string& text : content.cells)
-            text = *cell;
+        for (int row = 0; row < cells.rows(); ++row)
+            for (int column = 0; column < cells.columns(); ++column)
+                cells.set_cell(row, column, *cell);
         const cell_range range = {1, 2, *rc::gen::inRange(1, 4), *rc::gen::inRange(1, 4)};
         cell_block expected(static_cast<std::size_t>(range.rows));
         for (int row = 0; row < range.rows; ++row)
             for (int column = 0; column < range.columns; ++column)
-                expected[static_cast<std::size_t>(row)].push_back(content.cell(1 + row, 2 + column));
+                expected[static_cast<std::size_t>(row)].push_back(cells.cell(1 + row, 2 + column));
         // An empty row at the very end of a text is none: that of one column.
         if (range.columns == 1 && expected.back().front().empty()) expected.pop_back();
-        RC_ASSERT(read_block(block_text(content, range)) == expected);
+        RC_ASSERT(read_block(block_text(cells, range)) == expected);
     }));
 }
 
-TEST(LeqBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
+TEST(CellBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
 {
     struct row
     {
@@ -78,31 +85,31 @@ TEST(LeqBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
     }
 }
 
-TEST(LeqBlock, PasteSaysWhatDidNotFit)
+TEST(CellBlock, PasteSaysWhatDidNotFit)
 {
     struct row
     {
         std::string name;
         cell_range range;
         std::string text;
-        leq_content expected;
+        cell_columns expected;
         std::vector<std::string> left_out;
     };
-    const leq_content grid = equations({{"1", "2", "3"}, {"4", "5", "6"}});
+    const cell_columns grid = grid_of({{"1", "2", "3"}, {"4", "5", "6"}});
     const std::vector<row> cases = {
-        {"inside", {0, 1, 1, 1}, "a\tb\nc\td", equations({{"1", "a", "b"}, {"4", "c", "d"}}), {}},
-        {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", equations({{"1", "2", "3"}, {"4", "5", "a"}}), {"b", "c", "d"}},
-        {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", equations({{"1", "2", "3"}, {"4", "5", "a"}}), {}},
-        {"one cell fills the selection", {0, 0, 2, 2}, "0\n", equations({{"0", "0", "3"}, {"0", "0", "6"}}), {}},
-        {"a comma stays one", {0, 0, 1, 1}, "1,5\t2", equations({{"1,5", "2", "3"}, {"4", "5", "6"}}), {}},
-        {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", equations({{"1 2", "x", "3"}, {"4", "5", "6"}}), {}},
+        {"inside", {0, 1, 1, 1}, "a\tb\nc\td", grid_of({{"1", "a", "b"}, {"4", "c", "d"}}), {}},
+        {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", grid_of({{"1", "2", "3"}, {"4", "5", "a"}}), {"b", "c", "d"}},
+        {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", grid_of({{"1", "2", "3"}, {"4", "5", "a"}}), {}},
+        {"one cell fills the selection", {0, 0, 2, 2}, "0\n", grid_of({{"0", "0", "3"}, {"0", "0", "6"}}), {}},
+        {"a comma stays one", {0, 0, 1, 1}, "1,5\t2", grid_of({{"1,5", "2", "3"}, {"4", "5", "6"}}), {}},
+        {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", grid_of({{"1 2", "x", "3"}, {"4", "5", "6"}}), {}},
         {"nothing", {0, 0, 2, 2}, "", grid, {}},
     };
     for (const row& given : cases) {
         SCOPED_TRACE(given.name);
-        leq_content content = grid;
-        EXPECT_EQ(paste_block(content, given.range, read_block(given.text)), given.left_out);
-        EXPECT_EQ(content, given.expected);
+        cell_columns cells = grid;
+        EXPECT_EQ(paste_block(cells, given.range, read_block(given.text)), given.left_out);
+        EXPECT_EQ(cells, given.expected);
     }
     EXPECT_EQ(left_out_box({"1", "2", "3", "4", "5"}).text,
               "5 pasted cells lie outside the grid and were left out: '1', '2', '3', '4', ...");
