@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "leq/leq_problem.h"
+#include "nle/nle_problem.h"
+#include "nle/nle_samples.h"
+
+#include <rapidcheck.h>
+
+#include <cstdint>
+#include <string>
+
+/// What a property needs to know of each kind of document: `change_at_random` is one operation with random arguments,
+/// where a refusal is as good as a change, and `put_example` another example each time.
+namespace kelvarin::test
+{
+
+/// A text as a person may type or paste it.
+inline std::string any_text()
+{
+    const auto piece = rc::gen::element<std::string>("a", " ", "#", "=", "\"", "\\", "\n", "\r", "\t", "\x01", "{", "&",
+                                                     "\xC3\xA9", "\xF0\x9F\x98\x80", "x(0)=1", "1,5");
+    std::string text;
+    for (int pieces = *rc::gen::inRange(0, 5); pieces > 0; --pieces)
+        text += *piece;
+    return text;
+}
+
+inline void put_example(nle_problem& problem)
+{
+    problem.load_example(nle_samples()[*rc::gen::inRange<std::size_t>(0, nle_sample_count)]);
+}
+
+inline void change_at_random(nle_problem& problem)
+{
+    const int row = *rc::gen::inRange(1, 5);
+    const auto name = *rc::gen::element<std::string>("x", "y", "a", "f", "2x");
+    const auto bound = rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "p");
+    switch (*rc::gen::inRange(0, 9)) {
+    case 0:
+        problem.put_implicit(name, "x + 1", "2", *rc::gen::inRange(0, 3), any_text());
+        break;
+    case 1:
+        problem.put_explicit(name, "3*x", any_text());
+        break;
+    case 2:
+        if (row <= problem.equation_count()) problem.put_explicit(name, "if (0)==x then 1 else 2", any_text(), row);
+        break;
+    case 3:
+        problem.remove(row);
+        break;
+    case 4:
+        problem.move(row, *rc::gen::arbitrary<bool>());
+        break;
+    case 5:
+        if (row <= problem.equation_count()) problem.set_comment(row, any_text());
+        break;
+    case 6:
+        problem.set_bounds(*bound, *bound);
+        break;
+    case 7:
+        problem.choose_method(static_cast<nle_method>(*rc::gen::inRange(0, 4)));
+        break;
+    default:
+        problem.rename_variable(name, *rc::gen::element<std::string>("x", "z", "a", "min", "2x"));
+    }
+}
+
+inline void put_example(leq_problem& problem)
+{
+    problem.load_sample(*rc::gen::arbitrary<std::uint32_t>());
+}
+
+inline void change_at_random(leq_problem& problem)
+{
+    const auto cell = rc::gen::inRange(0, problem.equation_count());
+    switch (*rc::gen::inRange(0, 8)) {
+    case 0:
+        problem.set_cell(*cell, *cell + 1, *rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "abc"));
+        break;
+    case 1:
+        problem.set_cell(*cell, *cell, any_text());
+        break;
+    case 2:
+        problem.init_grids(*rc::gen::inRange(2, 6));
+        break;
+    case 3:
+        problem.fill_empty_cells_with_zeros();
+        break;
+    case 4:
+        problem.rename_variable(*cell, *rc::gen::element<std::string>("a", "x1", "x_", "3"));
+        break;
+    case 5:
+        problem.paste({*cell, *cell, 1, 1}, {{"1", "2"}, {"3", any_text()}});
+        break;
+    case 6:
+        problem.cut({*cell, 0, 1, 2});
+        break;
+    default:
+        problem.clean_grid();
+    }
+}
+
+} // namespace kelvarin::test
