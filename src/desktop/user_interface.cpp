@@ -152,4 +152,11 @@ QString box_text(const std::string& text)
     return shown;
 }
 
+void user_interface::copy_text(const QString& text)
+{
+    auto content = std::make_unique<QMimeData>();
+    content->setText(text);
+    copy(std::move(content));
+}
+
 } // namespace kelvarin

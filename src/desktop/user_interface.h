@@ -74,6 +74,7 @@ public:
     virtual std::optional<QFont> choose_font(QWidget* parent, const QFont& present) = 0;
 
     virtual void copy(std::unique_ptr<QMimeData> content) = 0;
+    void copy_text(const QString& text);
     /// What the clipboard holds; never null.
     virtual const QMimeData* clipboard() const = 0;
 

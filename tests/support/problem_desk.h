@@ -8,10 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QMenu>
-#include <QMimeData>
 #include <QString>
 
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -46,12 +44,7 @@ template <class Window> struct problem_desk : test_desk
         user.expect_input("Enter problem title.", title);
         choose("Edit", "mnuTitle");
     }
-    void put_on_clipboard(const std::string& text)
-    {
-        auto copied = std::make_unique<QMimeData>();
-        copied->setText(QString::fromStdString(text));
-        user.copy(std::move(copied));
-    }
+    void put_on_clipboard(const std::string& text) { user.copy_text(QString::fromStdString(text)); }
 
     /// Activates the window, as the desktop does when the one before it has closed.
     void to_front() const

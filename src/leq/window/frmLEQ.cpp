@@ -188,13 +188,6 @@ void frmLEQ::rename_variable(int column)
     if (name) changed_or_refused(problem_.rename_variable(column, to_text(*name)));
 }
 
-void frmLEQ::put_on_clipboard(const std::string& text)
-{
-    auto content = std::make_unique<QMimeData>();
-    content->setText(to_qstring(text));
-    context().user.copy(std::move(content));
-}
-
 cell_range frmLEQ::selected_range() const
 {
     const QRect block = grdMatrix_->selected_block();
@@ -203,13 +196,13 @@ cell_range frmLEQ::selected_range() const
 
 void frmLEQ::cut()
 {
-    put_on_clipboard(problem_.cut(selected_range()));
+    context().user.copy_text(to_qstring(problem_.cut(selected_range())));
     document_changed();
 }
 
 void frmLEQ::copy()
 {
-    put_on_clipboard(problem_.copy(selected_range()));
+    context().user.copy_text(to_qstring(problem_.copy(selected_range())));
 }
 
 void frmLEQ::clear_cells()

@@ -77,7 +77,6 @@ private:
     cell_range selected_range() const;
     /// The block with points for commas, where that was asked for; nothing where the paste was cancelled.
     std::optional<cell_block> with_decimal_points(cell_block block);
-    void put_on_clipboard(const std::string& text);
 
     void show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number);
 

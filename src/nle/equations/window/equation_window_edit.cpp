@@ -8,10 +8,7 @@
 #include "platform/run_time_text.h"
 #include "shell/window/frmMsg.h"
 
-#include <QMimeData>
-
 #include <algorithm>
-#include <memory>
 
 namespace kelvarin
 {
@@ -193,9 +190,7 @@ void equation_window::copy_rows()
         if (!row.comment.empty()) lines += '\t' + row.comment;
         lines += '\n';
     }
-    auto content = std::make_unique<QMimeData>();
-    content->setText(to_qstring(lines));
-    context().user.copy(std::move(content));
+    context().user.copy_text(to_qstring(lines));
 }
 
 } // namespace kelvarin
