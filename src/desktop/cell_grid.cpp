@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QRect>
 
 #include <algorithm>
 
@@ -40,8 +41,8 @@ void cell_grid::watch_resets()
         before_reset_ = {currentIndex().column(), currentIndex().row()};
     });
     connect(&model_, &QAbstractItemModel::modelReset, this, [this] {
-        set_current_cell(std::min(before_reset_.y(), model_.rowCount() - 1),
-                         std::min(before_reset_.x(), model_.columnCount() - 1));
+        set_current_cell(std::clamp(before_reset_.y(), 0, std::max(model_.rowCount() - 1, 0)),
+                         std::clamp(before_reset_.x(), 0, std::max(model_.columnCount() - 1, 0)));
         fit_columns(true);
     });
 }
@@ -79,21 +80,21 @@ void cell_grid::set_current_cell(int row, int column)
     setCurrentIndex(model_.index(row, column));
 }
 
-QRect cell_grid::selected_block() const
+cell_range cell_grid::selected_block() const
 {
     const QItemSelection selected = selectionModel()->selection();
-    if (selected.isEmpty()) return {currentIndex().column(), currentIndex().row(), 1, 1};
+    if (selected.isEmpty()) return {currentIndex().row(), currentIndex().column()};
     // One block, though it may be held in parts.
     QRect block;
     for (const QItemSelectionRange& part : selected)
         block |= QRect(QPoint(part.left(), part.top()), QPoint(part.right(), part.bottom()));
-    return block;
+    return {block.top(), block.left(), block.height(), block.width()};
 }
 
-void cell_grid::select_block(const QRect& block)
+void cell_grid::select_block(const cell_range& block)
 {
-    const QModelIndex first = model_.index(block.top(), block.left());
-    const QModelIndex last = model_.index(block.bottom(), block.right());
+    const QModelIndex first = model_.index(block.row, block.column);
+    const QModelIndex last = model_.index(block.row + block.rows - 1, block.column + block.columns - 1);
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
     selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
 }

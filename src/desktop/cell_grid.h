@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "shell/document/cell_block.h"
+
 #include <QPoint>
-#include <QRect>
 #include <QTableView>
 
 #include <optional>
@@ -27,9 +28,8 @@ public:
     explicit cell_grid(cell_grid_model* model, QWidget* parent = nullptr);
 
     void set_current_cell(int row, int column);
-    /// The selected cells, as columns from left to right and rows from top to bottom.
-    QRect selected_block() const;
-    void select_block(const QRect& block);
+    cell_range selected_block() const;
+    void select_block(const cell_range& block);
     /// Columns are as wide as their heads and cells need, within bounds; what was dragged wider stays so, unless
     /// `anew`.
     void fit_columns(bool anew = false);

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "shell/document/cell_columns.h"
+
 #include <QAbstractTableModel>
 #include <QString>
+#include <QStringList>
 
 namespace kelvarin
 {
 
-/// The cells of a grid as they are shown. A cell that was typed in is reported and not changed: the derived model,
-/// which holds the cells, takes new ones from the document alone. Rows and columns count from 0.
+/// The cells of a grid as they are shown: numbers below heads. A cell that was typed in is reported and not changed;
+/// cells change by show_cells alone. Rows and columns count from 0.
 class cell_grid_model : public QAbstractTableModel
 {
     Q_OBJECT
@@ -16,21 +19,24 @@ class cell_grid_model : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    virtual QString cell_text(int row, int column) const = 0;
-    virtual QString column_head(int column) const = 0;
+    /// Takes cells and heads over and reports what changed; columns that both share are not looked at.
+    void show_cells(const cell_columns& cells, const QStringList& heads);
+
+    /// Neither empty nor a number.
+    bool is_faulty(int row, int column) const;
+    /// What is wrong with a faulty cell, in a sentence; empty for every other.
+    QString fault_of(int row, int column) const;
+    /// "row 2, column x3".
+    QString position_name(int row, int column) const;
+
     virtual QString row_head(int row) const { return QString::number(row + 1); }
     virtual QString column_tip(int) const { return {}; }
-    /// Neither empty nor what the column is made for.
-    virtual bool is_faulty(int, int) const { return false; }
-    /// What is wrong with a faulty cell, in a sentence; empty for every other.
-    virtual QString fault_of(int, int) const { return {}; }
     virtual bool is_editable(int, int) const { return true; }
     /// Whether the column is set off from the others by a tint.
     virtual bool is_set_off(int) const { return false; }
 
-    /// "row 2, column x3".
-    QString position_name(int row, int column) const;
-
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : cells_.rows(); }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : cells_.columns(); }
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -39,20 +45,12 @@ public:
 signals:
     void cell_edited(int row, int column, const QString& text);
 
-protected:
-    /// Reports the changed cells of each row in as few ranges as there are.
-    template <class Changed> void report_changes(Changed changed)
-    {
-        for (int row = 0; row < rowCount(); ++row) {
-            for (int column = 0; column < columnCount(); ++column) {
-                if (!changed(row, column)) continue;
-                const int first = column;
-                while (column + 1 < columnCount() && changed(row, column + 1))
-                    ++column;
-                emit dataChanged(index(row, first), index(row, column));
-            }
-        }
-    }
+private:
+    void report_changes(const cell_columns& before);
+    QString cell_text(int row, int column) const;
+
+    cell_columns cells_;
+    QStringList heads_;
 };
 
 } // namespace kelvarin

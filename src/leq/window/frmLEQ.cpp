@@ -83,11 +83,20 @@ void frmLEQ::show_document()
 {
     lblTitle_->show_text(problem_.title().empty() ? tr("Untitled problem") : to_qstring(problem_.title()));
     cmbNumEq_->setCurrentIndex(problem_.equation_count() - least_leq_count);
-    cells_->show_content(problem_.content());
+    cells_->show_cells(problem_.content().cells, column_heads());
     grdMatrix_->fit_columns();
     lblEmpty_->setText(count_of_cells_to_fill());
     apply_colours();
     show_current_cell();
+}
+
+QStringList frmLEQ::column_heads() const
+{
+    const leq_content& content = problem_.content();
+    QStringList heads;
+    for (int column = 0; column <= content.count(); ++column)
+        heads.append(to_qstring(column_head(content, column)));
+    return heads;
 }
 
 QString frmLEQ::count_of_cells_to_fill() const
@@ -188,27 +197,21 @@ void frmLEQ::rename_variable(int column)
     if (name) changed_or_refused(problem_.rename_variable(column, to_text(*name)));
 }
 
-cell_range frmLEQ::selected_range() const
-{
-    const QRect block = grdMatrix_->selected_block();
-    return {block.top(), block.left(), block.height(), block.width()};
-}
-
 void frmLEQ::cut()
 {
-    context().user.copy_text(to_qstring(problem_.cut(selected_range())));
+    context().user.copy_text(to_qstring(problem_.cut(grdMatrix_->selected_block())));
     document_changed();
 }
 
 void frmLEQ::copy()
 {
-    context().user.copy_text(to_qstring(problem_.copy(selected_range())));
+    context().user.copy_text(to_qstring(problem_.copy(grdMatrix_->selected_block())));
 }
 
 void frmLEQ::clear_cells()
 {
     take_over_typing();
-    problem_.clear_cells(selected_range());
+    problem_.clear_cells(grdMatrix_->selected_block());
     document_changed();
 }
 
@@ -217,11 +220,10 @@ void frmLEQ::paste()
     const std::optional<cell_block> block =
         with_decimal_points(read_block(to_text(context().user.clipboard()->text())));
     if (!block || block->empty()) return;
-    const cell_range range = selected_range();
+    const cell_range range = grdMatrix_->selected_block();
     const std::optional<message_box> left_out = problem_.paste(range, *block);
     document_changed();
-    const cell_range pasted = pasted_range(problem_.content().cells, range, *block);
-    grdMatrix_->select_block({pasted.column, pasted.row, pasted.columns, pasted.rows});
+    grdMatrix_->select_block(pasted_range(problem_.content().cells, range, *block));
     if (left_out) context().user.show(this, *left_out);
 }
 

@@ -63,6 +63,7 @@ private:
     void apply_colours();
 
     void show_current_cell();
+    QStringList column_heads() const;
     QString count_of_cells_to_fill() const;
 
     void cmbNumEq_Click(int index);
@@ -74,7 +75,6 @@ private:
     void copy();
     void paste();
     void clear_cells();
-    cell_range selected_range() const;
     /// The block with points for commas, where that was asked for; nothing where the paste was cancelled.
     std::optional<cell_block> with_decimal_points(cell_block block);
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "desktop/cell_grid_model.h"
-#include "leq/leq_content.h"
 
 namespace kelvarin
 {
@@ -16,22 +15,9 @@ class leq_grid_model : public cell_grid_model
 public:
     using cell_grid_model::cell_grid_model;
 
-    /// Takes the content over and reports what changed.
-    void show_content(const leq_content& content);
-
-    QString cell_text(int row, int column) const override;
-    QString column_head(int column) const override;
     QString column_tip(int column) const override;
-    bool is_faulty(int row, int column) const override;
-    QString fault_of(int row, int column) const override;
     /// The right sides stand apart from the coefficients.
-    bool is_set_off(int column) const override { return column == content_.count(); }
-
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-
-private:
-    leq_content content_;
+    bool is_set_off(int column) const override { return column == columnCount() - 1; }
 };
 
 } // namespace kelvarin
