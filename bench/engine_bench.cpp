@@ -41,9 +41,9 @@ void difference(benchmark::State& state, nonlinear_system& system)
     std::vector<double> f(jacobian_size);
     system.evaluate(x, f);
     matrix df(jacobian_size, jacobian_size);
-    const sparse_places* places = nullptr;
+    const sparsity_pattern* pattern = nullptr;
     for ([[maybe_unused]] auto each : state) {
-        places = system.difference_places(x, f, moved, divisors, df, places);
+        pattern = system.difference_quotients(x, f, moved, divisors, df, pattern);
         benchmark::DoNotOptimize(df.values().data());
     }
 }

@@ -44,9 +44,9 @@ void measure_jacobian()
     matrix grouped(size, size);
     matrix dense(size, size);
     // As in a method: into the matrix of the iteration before.
-    const sparse_places* places = nullptr;
+    const sparsity_pattern* pattern = nullptr;
     const contender ours = {"grouped",
-                            [&] { places = system.difference_places(x, f, moved, divisors, grouped, places); }};
+                            [&] { pattern = system.difference_quotients(x, f, moved, divisors, grouped, pattern); }};
     const contender loop = {"dense",
                             [&] { system.nonlinear_system::difference_columns(x, f, moved, divisors, dense); }};
     function_system native(size, broyden_native);

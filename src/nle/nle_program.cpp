@@ -81,7 +81,7 @@ void nle_program::make_groups()
     }
 }
 
-/// The places row by row, and for each pass those that it fills.
+/// The pattern row by row, and for each pass those that it fills.
 void nle_program::make_places()
 {
     program_->lane_inputs();
@@ -92,31 +92,30 @@ void nle_program::make_places()
             fills_[group / lanes].push_back({static_cast<std::uint32_t>(row * size_ + column),
                                              program_->lane_place(row, static_cast<int>(group % lanes)),
                                              static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(column)});
-            places_.columns.push_back(static_cast<std::uint32_t>(column));
+            pattern_.columns.push_back(static_cast<std::uint32_t>(column));
         });
-        places_.row_ends.push_back(static_cast<std::uint32_t>(places_.columns.size()));
+        pattern_.row_ends.push_back(static_cast<std::uint32_t>(pattern_.columns.size()));
     }
     constexpr std::size_t sparse_part = 2;
-    is_sparse_ = places_.columns.size() * sparse_part <= size_ * size_;
+    is_sparse_ = pattern_.columns.size() * sparse_part <= size_ * size_;
 }
 
-std::optional<const sparse_places*> nle_program::difference_places(std::span<const double> x, std::span<const double> f,
-                                                                   std::span<const double> moved,
-                                                                   std::span<const double> divisors, matrix& df,
-                                                                   const sparse_places* left)
+std::optional<const sparsity_pattern*>
+nle_program::difference_quotients(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
+                                  std::span<const double> divisors, matrix& df, const sparsity_pattern* left)
 {
     if (groups_.empty()) {
         make_groups();
         make_places();
     }
     const differences wanted = {x, f, moved, divisors, df};
-    bool zero_elsewhere = left == &places_;
+    bool zero_elsewhere = left == &pattern_;
     std::size_t first = 0;
     for (; first + 1 < groups_.size(); first += lanes) {
         if (!difference_side_by_side(first, wanted, zero_elsewhere)) return std::nullopt;
     }
     if (first < groups_.size() && !difference_group(first, wanted, zero_elsewhere)) return std::nullopt;
-    return zero_elsewhere && is_sparse_ ? &places_ : nullptr;
+    return zero_elsewhere && is_sparse_ ? &pattern_ : nullptr;
 }
 
 template <class Output>

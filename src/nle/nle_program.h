@@ -28,11 +28,11 @@ public:
     /// f = F(x); false where something failed.
     bool evaluate(std::span<const double> x, std::span<double> f);
 
-    /// As nonlinear_system::difference_places; nothing, and `df` without meaning, where something failed.
-    std::optional<const sparse_places*> difference_places(std::span<const double> x, std::span<const double> f,
-                                                          std::span<const double> moved,
-                                                          std::span<const double> divisors, matrix& df,
-                                                          const sparse_places* left);
+    /// As nonlinear_system::difference_quotients; nothing, and `df` without meaning, where something failed.
+    std::optional<const sparsity_pattern*> difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                                std::span<const double> moved,
+                                                                std::span<const double> divisors, matrix& df,
+                                                                const sparsity_pattern* left);
 
 private:
     static constexpr std::size_t lanes = program::lanes;
@@ -40,7 +40,7 @@ private:
     /// Columns that no equation shares.
     using column_group = std::vector<std::size_t>;
 
-    /// The arguments of difference_places.
+    /// The arguments of difference_quotients.
     struct differences
     {
         std::span<const double> x, f, moved, divisors;
@@ -88,7 +88,7 @@ private:
     std::size_t size_;
     std::vector<column_group> groups_;
     std::vector<std::size_t> group_of_;
-    sparse_places places_;
+    sparsity_pattern pattern_;
     /// The places are few enough to be worth a caller's while.
     bool is_sparse_ = false;
     /// For each pass the elements that it gives.

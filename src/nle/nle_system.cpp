@@ -113,13 +113,14 @@ void nle_system::evaluate(std::span<const double> x, std::span<double> f)
     walk(x, f);
 }
 
-const sparse_places* nle_system::difference_places(std::span<const double> x, std::span<const double> f,
-                                                   std::span<const double> moved, std::span<const double> divisors,
-                                                   matrix& df, const sparse_places* left)
+const sparsity_pattern* nle_system::difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                         std::span<const double> moved,
+                                                         std::span<const double> divisors, matrix& df,
+                                                         const sparsity_pattern* known)
 {
     if (listener_.stop_asked()) throw run_stopped();
     if (program_ && !context_.eval_error_flag()) {
-        const auto made = program_->difference_places(x, f, moved, divisors, df, left);
+        const auto made = program_->difference_quotients(x, f, moved, divisors, df, known);
         if (made) return *made;
     }
     nonlinear_system::difference_columns(x, f, moved, divisors, df);

@@ -39,11 +39,11 @@ public:
     void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
                             std::span<const double> divisors, matrix& df) override
     {
-        difference_places(x, f, moved, divisors, df, nullptr);
+        difference_quotients(x, f, moved, divisors, df, nullptr);
     }
-    const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
-                                           std::span<const double> moved, std::span<const double> divisors, matrix& df,
-                                           const sparse_places* left) override;
+    const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                 std::span<const double> moved, std::span<const double> divisors,
+                                                 matrix& df, const sparsity_pattern* left) override;
 
     /// Evaluates the explicit equations of a problem without unknowns, in sorted order. A failure shows in
     /// the context.

@@ -19,20 +19,20 @@ void evaluate_finite(nonlinear_system& system, std::span<const double> x, std::s
 void relative_differences(nonlinear_system& system, std::span<const double> x, std::span<const double> f,
                           double relative, matrix& df);
 
-/// A Jacobian that a method makes again in each iteration, and what can be kept from one to the next.
-struct kept_jacobian
+/// A Jacobian that a method forms again in each iteration, with the memory it takes.
+struct jacobian_workspace
 {
-    explicit kept_jacobian(int size);
+    explicit jacobian_workspace(int size);
 
     matrix elements;
-    /// Outside of them the elements are zero; nothing where they may differ from zero anywhere.
-    const sparse_places* places = nullptr;
+    /// Elements outside of it are zero; null if any element may differ from zero.
+    const sparsity_pattern* pattern = nullptr;
     std::vector<double> moved;
     std::vector<double> divisors;
 };
 
 /// As fdjac and usrfun into a matrix. Between two calls nobody else writes the elements.
-void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, kept_jacobian& kept);
-void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, kept_jacobian& kept);
+void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, jacobian_workspace& kept);
+void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, jacobian_workspace& kept);
 
 } // namespace kelvarin

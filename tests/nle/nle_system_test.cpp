@@ -89,7 +89,7 @@ TEST(NleSystem, ColumnsDifferencedTogetherHaveTheBitsAndFailuresOfTheLoop)
         const auto size = static_cast<std::size_t>(fast.size());
         const auto value = rc::gen::element(-2.0, -1.0, 0.0, 0.5, 1.0, 1.00001, 2.0);
         matrix fast_columns(fast.size(), fast.size(), 7.0);
-        const sparse_places* places = nullptr;
+        const sparsity_pattern* pattern = nullptr;
         // The matrix is kept from point to point, as a method keeps it.
         for (int round = 0; round < 3; ++round) {
             std::vector<double> x(size);
@@ -106,11 +106,11 @@ TEST(NleSystem, ColumnsDifferencedTogetherHaveTheBitsAndFailuresOfTheLoop)
                 v += step;
             const std::vector<double> divisors(size, step);
             matrix plain_columns(fast.size(), fast.size());
-            places = fast.difference_places(x, f, moved, divisors, fast_columns, places);
+            pattern = fast.difference_quotients(x, f, moved, divisors, fast_columns, pattern);
             plain.nonlinear_system::difference_columns(x, f, moved, divisors, plain_columns);
             RC_ASSERT(same_bits(fast_columns.values(), plain_columns.values()));
             RC_ASSERT(fast.context().eval_error_message() == plain.context().eval_error_message());
-            RC_CLASSIFY(places != nullptr, "sparse");
+            RC_CLASSIFY(pattern != nullptr, "sparse");
         }
         RC_CLASSIFY(fast.context().eval_error_flag(), "failed");
     }));

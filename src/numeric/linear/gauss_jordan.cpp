@@ -120,7 +120,7 @@ struct reduced_row
 /// One step of the lean elimination over the first `count` elements, whole lanes: the pivot's row is
 /// divided by the pivot, and its multiples subtracted from the other rows. Wider instructions, where the
 /// processor has them, change no bit: each element sees the same two operations.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#ifdef KELVARIN_PROCESSOR_CLONES
 [[gnu::target_clones("avx2", "default")]]
 #endif
 void reduce_rows(double* __restrict__ pivot_row, double pivot, std::span<const reduced_row> rows, int count)
@@ -198,11 +198,11 @@ class elimination_workspace::lean_elimination
 {
 public:
     /// Throws runtime_failure 6 where a pivot or an element of the solution is not finite.
-    elimination_status solve(const matrix& a, std::span<double> b, const sparse_places* places)
+    elimination_status solve(const matrix& a, std::span<double> b, const sparsity_pattern* pattern)
     {
         start(a, b);
-        if (places != nullptr)
-            take_places(a, *places);
+        if (pattern != nullptr)
+            take_pattern(a, *pattern);
         else
             take_everything(a);
         const elimination_status status = run();
@@ -230,9 +230,9 @@ private:
         full_ = false;
     }
 
-    /// The elements outside of the places are zero. A finished elimination leaves nothing but zeros, among
+    /// The elements outside of the pattern are zero. A finished elimination leaves nothing but zeros, among
     /// which the next one puts its elements.
-    void take_places(const matrix& a, const sparse_places& places)
+    void take_pattern(const matrix& a, const sparsity_pattern& pattern)
     {
         const std::size_t size = b_.size() * index(width_);
         if (!std::exchange(left_zeros_, false) || elements_.size() != size) elements_.assign(size, 0.0);
@@ -240,7 +240,7 @@ private:
             const std::span<const double> given = a.row(row);
             double* const taken = elements(row);
             double largest = 0.0;
-            for (const std::uint32_t column : places.columns_of(row)) {
+            for (const std::uint32_t column : pattern.columns_of(row)) {
                 const double value = taken[column] = given[column];
                 if (value == 0.0) continue;
                 largest = std::fabs(value) > largest ? std::fabs(value) : largest;
@@ -487,11 +487,11 @@ elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b)
 }
 
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
-                                      const sparse_places* places)
+                                      const sparsity_pattern* pattern)
 {
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
     const elimination_status status =
-        a.rows() <= small_elimination::most_unknowns ? memory.small_->solve(a, b) : memory.kept_->solve(a, b, places);
+        a.rows() <= small_elimination::most_unknowns ? memory.small_->solve(a, b) : memory.kept_->solve(a, b, pattern);
     drop_signs_of_zeros(b);
     require_finite(b);
     return status;

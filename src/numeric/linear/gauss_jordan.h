@@ -34,7 +34,7 @@ public:
 
 private:
     friend elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
-                                                 const sparse_places* places);
+                                                 const sparsity_pattern* pattern);
 
     class lean_elimination;
     std::unique_ptr<lean_elimination> kept_;
@@ -46,8 +46,8 @@ private:
 /// When `singular`, `b` is left as gauss_jordan_inverse leaves it. Throws runtime_failure 6 when a pivot or
 /// an element of the solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b);
-/// The same with memory that was used before; outside of `places`, where they are given, `a` is zero.
+/// The same with memory that was used before; `a` is zero outside of `pattern` if one is given.
 elimination_status gauss_jordan_solve(const matrix& a, std::span<double> b, elimination_workspace& memory,
-                                      const sparse_places* places = nullptr);
+                                      const sparsity_pattern* pattern = nullptr);
 
 } // namespace kelvarin

@@ -95,7 +95,7 @@ template <class Change>
     return lower > upper ? lower : upper;
 }
 
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#ifdef KELVARIN_PROCESSOR_CLONES
 [[gnu::target_clones("avx2", "default")]]
 #endif
 void interchange_rows(const small_system& system, int one, int other)
@@ -108,7 +108,7 @@ void interchange_rows(const small_system& system, int one, int other)
 }
 
 /// Divides the pivot's row by the pivot and subtracts its multiples from the given rows.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#ifdef KELVARIN_PROCESSOR_CLONES
 [[gnu::target_clones("avx2", "default")]]
 #endif
 void reduce_rows(const small_system& system, int pivot, std::span<const int> rows)

@@ -9,12 +9,12 @@
 namespace kelvarin
 {
 
-/// The places in which the elements of a matrix may differ from zero, row by row and in ascending order.
-struct sparse_places
+/// The elements of a matrix that may differ from zero, row by row with ascending columns.
+struct sparsity_pattern
 {
-    /// Of all rows one behind the other.
+    /// The columns of all rows, one row behind the other.
     std::vector<std::uint32_t> columns;
-    /// Where those of each row end.
+    /// For each row the end of its part of `columns`.
     std::vector<std::uint32_t> row_ends;
 
     std::span<const std::uint32_t> columns_of(int row) const

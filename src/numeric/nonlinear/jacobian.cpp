@@ -37,25 +37,25 @@ void make_absolute_steps(std::span<const double> x, std::span<double> moved, std
     std::ranges::fill(divisors, usrfun_step);
 }
 
-/// runtime_failure 6 unless all elements are finite; outside of the places they are zero.
-void require_finite_at(const sparse_places& places, const matrix& df)
+/// runtime_failure 6 unless all elements are finite; those outside of the pattern are zero.
+void require_finite_at(const sparsity_pattern& pattern, const matrix& df)
 {
     double sum = 0.0;
     for (int row = 0; row < df.rows(); ++row) {
         const std::span<const double> elements = df.row(row);
-        for (const std::uint32_t column : places.columns_of(row))
+        for (const std::uint32_t column : pattern.columns_of(row))
             sum += elements[column] - elements[column];
     }
     if (sum != 0.0) throw runtime_failure(failure_number::overflow);
 }
 
 void take_differences(nonlinear_system& system, std::span<const double> x, std::span<const double> f,
-                      kept_jacobian& kept)
+                      jacobian_workspace& kept)
 {
-    const sparse_places* const left = std::exchange(kept.places, nullptr);
-    kept.places = system.difference_places(x, f, kept.moved, kept.divisors, kept.elements, left);
-    if (kept.places != nullptr)
-        require_finite_at(*kept.places, kept.elements);
+    const sparsity_pattern* const known = std::exchange(kept.pattern, nullptr);
+    kept.pattern = system.difference_quotients(x, f, kept.moved, kept.divisors, kept.elements, known);
+    if (kept.pattern != nullptr)
+        require_finite_at(*kept.pattern, kept.elements);
     else
         require_finite(kept.elements.values());
 }
@@ -76,10 +76,10 @@ void nonlinear_system::difference_columns(std::span<const double> x, std::span<c
     }
 }
 
-const sparse_places* nonlinear_system::difference_places(std::span<const double> x, std::span<const double> f,
-                                                         std::span<const double> moved,
-                                                         std::span<const double> divisors, matrix& df,
-                                                         [[maybe_unused]] const sparse_places* left)
+const sparsity_pattern* nonlinear_system::difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                               std::span<const double> moved,
+                                                               std::span<const double> divisors, matrix& df,
+                                                               [[maybe_unused]] const sparsity_pattern* known)
 {
     difference_columns(x, f, moved, divisors, df);
     return nullptr;
@@ -119,18 +119,18 @@ void usrfun(nonlinear_system& system, std::span<const double> x, std::span<doubl
     require_finite(fjac.values());
 }
 
-kept_jacobian::kept_jacobian(int size)
+jacobian_workspace::jacobian_workspace(int size)
     : elements(work_matrix(size)), moved(work_array(size)), divisors(work_array(size))
 {
 }
 
-void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, kept_jacobian& kept)
+void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, jacobian_workspace& kept)
 {
     make_relative_steps(x, fdjac_relative_step, kept.moved, kept.divisors);
     take_differences(system, x, fvec, kept);
 }
 
-void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, kept_jacobian& kept)
+void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, jacobian_workspace& kept)
 {
     evaluate_finite(system, x, fvec);
     make_absolute_steps(x, kept.moved, kept.divisors);

@@ -20,11 +20,11 @@ namespace
 /// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
 /// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
 /// has left, for one unknown with a flat slope -fvec itself.
-void newton_step(const kept_jacobian& fjac, std::span<const double> fvec, std::span<double> p,
+void newton_step(const jacobian_workspace& fjac, std::span<const double> fvec, std::span<double> p,
                  elimination_workspace& memory)
 {
     std::ranges::transform(fvec, p.begin(), std::negate<>());
-    gauss_jordan_solve(fjac.elements, p, memory, fjac.places);
+    gauss_jordan_solve(fjac.elements, p, memory, fjac.pattern);
 }
 
 /// x += p, as a whole or, where a sum is not finite, not at all.
@@ -36,13 +36,13 @@ void move(std::span<double> x, std::span<const double> p, std::span<double> move
 }
 
 /// Adds the transposed Jacobian times the residuals, where most of its elements are zero.
-void add_sparse_gradient(const matrix& fjac, const sparse_places& places, std::span<const double> fvec,
+void add_sparse_gradient(const matrix& fjac, const sparsity_pattern& pattern, std::span<const double> fvec,
                          std::span<double> g)
 {
     for (int j = 0; j < fjac.rows(); ++j) {
         const std::span<const double> row = fjac.row(j);
         const double residual = fvec[static_cast<std::size_t>(j)];
-        for (const std::uint32_t i : places.columns_of(j))
+        for (const std::uint32_t i : pattern.columns_of(j))
             g[i] += row[i] * residual;
     }
 }
@@ -63,11 +63,11 @@ void add_gradient(const matrix& fjac, std::span<const double> fvec, std::span<do
 }
 
 /// Gradient of half the sum of squares: the transposed Jacobian times the residuals.
-void gradient(const kept_jacobian& fjac, std::span<const double> fvec, std::span<double> g)
+void gradient(const jacobian_workspace& fjac, std::span<const double> fvec, std::span<double> g)
 {
     std::ranges::fill(g, 0.0);
-    if (fjac.places != nullptr)
-        add_sparse_gradient(fjac.elements, *fjac.places, fvec, g);
+    if (fjac.pattern != nullptr)
+        add_sparse_gradient(fjac.elements, *fjac.pattern, fvec, g);
     else
         add_gradient(fjac.elements, fvec, g);
     require_finite(g);
@@ -79,7 +79,7 @@ solver_summary mnewt(nonlinear_system& system, std::span<double> x, std::span<do
                      const mnewt_options& options)
 {
     const int n = system.size();
-    kept_jacobian fjac(n);
+    jacobian_workspace fjac(n);
     std::vector<double> p = work_array(n);
     std::vector<double> moved = work_array(n);
     elimination_workspace memory;
@@ -100,7 +100,7 @@ solver_summary mnewt(nonlinear_system& system, std::span<double> x, std::span<do
 solver_summary newt(nonlinear_system& system, std::span<double> x, std::span<double> fvec, const newt_options& options)
 {
     const int n = system.size();
-    kept_jacobian fjac(n);
+    jacobian_workspace fjac(n);
     std::vector<double> g = work_array(n);
     std::vector<double> p = work_array(n);
     elimination_workspace memory;

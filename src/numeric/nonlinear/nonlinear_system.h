@@ -27,13 +27,14 @@ public:
     virtual void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
                                     std::span<const double> divisors, matrix& df);
 
-    /// The same for a matrix that is kept from one call to the next. Gives the places outside of which df is
-    /// zero, or nothing where it may differ from zero anywhere; they stay valid as long as the system.
-    /// `left`, where it is given, is what the last call with this df gave, and df is still as it left it:
-    /// then the zeros need not be written again.
-    virtual const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
-                                                   std::span<const double> moved, std::span<const double> divisors,
-                                                   matrix& df, const sparse_places* left);
+    /// The same difference quotients for a matrix that is used again from call to call. Returns the pattern outside
+    /// of which df is zero, valid as long as the system, or nullptr if any element may differ from zero. `known` is
+    /// what the last call with this df returned, df being unchanged since, or nullptr: the zeros that it promises
+    /// need not be written again.
+    virtual const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                         std::span<const double> moved,
+                                                         std::span<const double> divisors, matrix& df,
+                                                         const sparsity_pattern* known);
 };
 
 /// A system given by a callable (x, f); for tests and for systems that are no typed equations.

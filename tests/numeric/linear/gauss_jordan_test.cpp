@@ -121,17 +121,17 @@ matrix sparse_matrix(int n, std::mt19937& random)
     return a;
 }
 
-/// Where the matrix differs from zero, and some places more.
-sparse_places places_of(const matrix& a, std::mt19937& random)
+/// Where the matrix differs from zero, and some elements more.
+sparsity_pattern pattern_of(const matrix& a, std::mt19937& random)
 {
-    sparse_places places;
+    sparsity_pattern pattern;
     for (int row = 0; row < a.rows(); ++row) {
         for (int column = 0; column < a.columns(); ++column)
             if (a(row, column) != 0.0 || random() % 40 == 0)
-                places.columns.push_back(static_cast<std::uint32_t>(column));
-        places.row_ends.push_back(static_cast<std::uint32_t>(places.columns.size()));
+                pattern.columns.push_back(static_cast<std::uint32_t>(column));
+        pattern.row_ends.push_back(static_cast<std::uint32_t>(pattern.columns.size()));
     }
-    return places;
+    return pattern;
 }
 
 RC_GTEST_PROP(GaussJordan, LeanEliminationHasTheBitsOfTheFullOneOnSparseMatrices, ())
@@ -150,9 +150,9 @@ RC_GTEST_PROP(GaussJordan, LeanEliminationHasTheBitsOfTheFullOneOnSparseMatrices
         std::vector<double> b_lean = b_full;
         const elimination_status status = gauss_jordan_inverse(full, b_full);
         RC_CLASSIFY(status == singular);
-        const sparse_places places = places_of(lean, random);
+        const sparsity_pattern pattern = pattern_of(lean, random);
         const bool told = *rc::gen::inRange(0, 3) > 0;
-        RC_ASSERT(gauss_jordan_solve(lean, b_lean, memory, told ? &places : nullptr) == status);
+        RC_ASSERT(gauss_jordan_solve(lean, b_lean, memory, told ? &pattern : nullptr) == status);
         RC_ASSERT(bits(b_lean) == bits(b_full));
     }
 }

@@ -31,9 +31,9 @@ public:
         f[0] = x[0] * x[0];
         f[1] = x[1] < 0.0 ? std::numeric_limits<double>::infinity() : x[1];
     }
-    const sparse_places* difference_places(std::span<const double> x, std::span<const double> f,
-                                           std::span<const double> moved, std::span<const double> divisors, matrix& df,
-                                           const sparse_places* left) override
+    const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                 std::span<const double> moved, std::span<const double> divisors,
+                                                 matrix& df, const sparsity_pattern* left) override
     {
         kept.push_back(left == &diagonal_);
         matrix made(2, 2);
@@ -47,7 +47,7 @@ public:
     std::vector<bool> kept;
 
 private:
-    sparse_places diagonal_ = {{0, 1}, {1, 2}};
+    sparsity_pattern diagonal_ = {{0, 1}, {1, 2}};
 };
 
 void products(std::span<const double> x, std::span<double> f)
@@ -119,7 +119,7 @@ TEST(Usrfun, StepIsLostBesideALargeUnknown)
 TEST(Jacobians, AKeptOneIsThatOfAFreshMatrix)
 {
     separate_squares system;
-    kept_jacobian kept(2);
+    jacobian_workspace kept(2);
     std::vector<double> f(2);
     for (const double x0 : {2.0, -3.0, 0.0}) {
         const std::vector<double> x = {x0, 4.0};
