@@ -118,7 +118,9 @@ private:
         if (available(id)) return;
         if (!takes_store_) pass_on();
         code_line& line = code_.lines.back();
-        line.kept = checked_[static_cast<std::size_t>(id)] ? keep::store_checked : keep::store;
+        // Beside a function or a power the check costs nothing, and saves the machine a handler for each of them.
+        const bool checks = checked_[static_cast<std::size_t>(id)] || line.kind == line_kind::operation;
+        line.kept = checks ? keep::store_checked : keep::store;
         line.d = cell(next_cell_);
         cell_of_[static_cast<std::size_t>(id)] = static_cast<std::int32_t>(next_cell_++);
         stored_.push_back(id);
@@ -128,7 +130,7 @@ private:
     void halt()
     {
         const bool straight = !code_.lines.empty() && !takes_store_ && code_.lines.back().kept == keep::store_checked &&
-                              code_.lines.size() != jump_target_;
+                              code_.lines.back().kind == line_kind::arithmetic && code_.lines.size() != jump_target_;
         if (straight)
             code_.lines.back().kept = keep::store_checked_and_halt;
         else

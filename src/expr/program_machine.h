@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -73,11 +76,12 @@ template <class V, class Function> inline V each_lane(const V& x, const V& y, Fu
 
 template <class V> struct instruction;
 
-/// Direct form: runs to the end of the program and returns the check.
-template <class V> using direct_handler = V (*)(const instruction<V>*, V*, V, V, V);
-/// Loop form: one step; nothing follows behind the end.
-template <class V> using loop_handler = const instruction<V>* (*)(const instruction<V>*, V*, V&, V&, V&);
-template <class V> using handler = std::conditional_t<direct_jumps, direct_handler<V>, loop_handler<V>>;
+/// How a handler takes the accumulators and the check, and what it returns. Direct form: by value, and the check at
+/// the end of the program. Loop form: by reference, and the next instruction, null at the end.
+template <class V> using state = std::conditional_t<direct_jumps, V, V&>;
+template <class V> using handler_result = std::conditional_t<direct_jumps, V, const instruction<V>*>;
+template <class V>
+using handler = handler_result<V> (*)(const instruction<V>*, V*, state<V> accumulator, state<V> before, state<V> check);
 
 template <class V> struct instruction
 {
@@ -89,37 +93,24 @@ template <class V> struct instruction
     std::uint16_t d = 0;
 };
 
-/// Makes a handler of a step `next = Step(instruction, cells, accumulator, before, check)`.
-template <class V, auto Step> V run_directly(const instruction<V>* at, V* cells, V accumulator, V before, V check)
+/// Hands on to the next instruction, as the last act of a handler.
+template <class V>
+inline handler_result<V> hand_on(const instruction<V>* next, V* cells, state<V> accumulator, state<V> before,
+                                 state<V> check)
 {
-    at = Step(at, cells, accumulator, before, check);
-    return at->run(at, cells, accumulator, before, check);
-}
-
-/// The last step: returns the check.
-template <class V, auto Step> V run_last_directly(const instruction<V>* at, V* cells, V accumulator, V before, V check)
-{
-    Step(at, cells, accumulator, before, check);
-    return check;
-}
-template <class V, auto Step>
-const instruction<V>* run_last(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
-{
-    Step(at, cells, accumulator, before, check);
-    return nullptr;
-}
-
-template <class V, auto Step, keep Keep = keep::no> constexpr handler<V> handler_of()
-{
-    if constexpr (Keep == keep::store_checked_and_halt) {
-        if constexpr (direct_jumps)
-            return run_last_directly<V, Step>;
-        else
-            return run_last<V, Step>;
-    } else if constexpr (direct_jumps)
-        return run_directly<V, Step>;
+    if constexpr (direct_jumps)
+        return next->run(next, cells, accumulator, before, check);
     else
-        return Step;
+        return next;
+}
+
+/// Ends the program.
+template <class V> inline handler_result<V> finish([[maybe_unused]] const V& check)
+{
+    if constexpr (direct_jumps)
+        return check;
+    else
+        return nullptr;
 }
 
 // ------------------------------------------------------------------------------ steps
@@ -163,19 +154,56 @@ template <class V, keep Keep> inline void keep_value(V* cells, std::uint16_t d, 
     if constexpr (Keep != keep::no) cells[d] = value;
 }
 
-template <class V, operand_form First, arithmetic FirstOperation, operand_form Second, arithmetic SecondOperation,
-          third_operation Third, keep Keep>
-inline const instruction<V>* arithmetic_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
+/// A line of one to three arithmetic operations.
+struct arithmetic_shape
 {
-    const V first = compute_operands<V, First, FirstOperation>(cells, at->a, at->b, accumulator, before, check);
-    if constexpr (leaves_accumulator(First)) before = accumulator;
-    accumulator = compute_operands<V, Second, SecondOperation>(cells, at->c, 0, first, before, check);
-    constexpr bool spare_b = Second == operand_form::accumulator_cell;
-    if constexpr (Third == third_operation::add) accumulator += cells[spare_b ? at->b : at->c];
-    if constexpr (Third == third_operation::subtract) accumulator -= cells[spare_b ? at->b : at->c];
-    if constexpr (Third == third_operation::multiply) accumulator *= cells[spare_b ? at->b : at->c];
-    keep_value<V, Keep>(cells, at->d, accumulator, check);
-    return at + 1;
+    operand_form first = operand_form::none;
+    arithmetic first_operation = arithmetic::add;
+    operand_form second = operand_form::none;
+    arithmetic second_operation = arithmetic::add;
+    third_operation third = third_operation::none;
+    keep kept = keep::no;
+
+    /// A number of its own for each shape.
+    constexpr std::uint32_t code() const
+    {
+        std::uint32_t made = static_cast<std::uint32_t>(first);
+        made = made << 4 | static_cast<std::uint32_t>(first_operation);
+        made = made << 4 | static_cast<std::uint32_t>(second);
+        made = made << 4 | static_cast<std::uint32_t>(second_operation);
+        made = made << 4 | static_cast<std::uint32_t>(third);
+        return made << 4 | static_cast<std::uint32_t>(kept);
+    }
+    static constexpr arithmetic_shape of(std::uint32_t code)
+    {
+        return {static_cast<operand_form>(code >> 20),        static_cast<arithmetic>(code >> 16 & 15),
+                static_cast<operand_form>(code >> 12 & 15),   static_cast<arithmetic>(code >> 8 & 15),
+                static_cast<third_operation>(code >> 4 & 15), static_cast<keep>(code & 15)};
+    }
+};
+
+/// One function for each shape, whole, and its parameter a number: there are some two thousand, and what each of
+/// them costs the compiler is most of what this file costs.
+template <class V, std::uint32_t Code>
+handler_result<V> run_arithmetic(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+                                 state<V> check)
+{
+    constexpr arithmetic_shape shape = arithmetic_shape::of(Code);
+    const V first =
+        compute_operands<V, shape.first, shape.first_operation>(cells, at->a, at->b, accumulator, before, check);
+    if constexpr (leaves_accumulator(shape.first)) before = accumulator;
+    accumulator = compute_operands<V, shape.second, shape.second_operation>(cells, at->c, 0, first, before, check);
+    if constexpr (shape.third != third_operation::none) {
+        const V& operand = cells[shape.second == operand_form::accumulator_cell ? at->b : at->c];
+        if constexpr (shape.third == third_operation::add) accumulator += operand;
+        if constexpr (shape.third == third_operation::subtract) accumulator -= operand;
+        if constexpr (shape.third == third_operation::multiply) accumulator *= operand;
+    }
+    keep_value<V, shape.kept>(cells, at->d, accumulator, check);
+    if constexpr (shape.kept == keep::store_checked_and_halt)
+        return finish(check);
+    else
+        return hand_on(at + 1, cells, accumulator, before, check);
 }
 
 template <class V, operation_code Operation> inline V function_value(const V& x, V& check)
@@ -243,39 +271,59 @@ inline V operation_value(const instruction<V>* at, const V* cells, [[maybe_unuse
         return pair_value<V, Operation>(accumulator, accumulator, check);
 }
 
-template <class V, operation_code Operation, operand_form Form, keep Keep>
-inline const instruction<V>* operation_step(const instruction<V>* at, V* cells, V& accumulator, V& before, V& check)
+/// A line of a function, power or relation.
+struct operation_shape
 {
-    const V value = operation_value<V, Operation, Form>(at, cells, accumulator, before, check);
-    if constexpr (leaves_accumulator(Form)) before = accumulator;
+    operation_code operation = operation_code::none;
+    operand_form form = operand_form::none;
+    keep kept = keep::no;
+
+    constexpr std::uint32_t code() const
+    {
+        return static_cast<std::uint32_t>(operation) << 8 | static_cast<std::uint32_t>(form) << 4 |
+               static_cast<std::uint32_t>(kept);
+    }
+    static constexpr operation_shape of(std::uint32_t code)
+    {
+        return {static_cast<operation_code>(code >> 8), static_cast<operand_form>(code >> 4 & 15),
+                static_cast<keep>(code & 15)};
+    }
+};
+
+template <class V, std::uint32_t Code>
+handler_result<V> run_operation(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+                                state<V> check)
+{
+    constexpr operation_shape shape = operation_shape::of(Code);
+    const V value = operation_value<V, shape.operation, shape.form>(at, cells, accumulator, before, check);
+    if constexpr (leaves_accumulator(shape.form)) before = accumulator;
     accumulator = value;
-    keep_value<V, Keep>(cells, at->d, accumulator, check);
-    return at + 1;
+    keep_value<V, shape.kept>(cells, at->d, accumulator, check);
+    return hand_on(at + 1, cells, accumulator, before, check);
 }
 
-template <class V> const instruction<V>* jump_step(const instruction<V>* at, V*, V&, V&, V&)
+template <class V>
+handler_result<V> run_jump(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before, state<V> check)
 {
-    return at + at->c;
+    return hand_on(at + at->c, cells, accumulator, before, check);
 }
 
 /// Lanes that want different branches give up: the check becomes not a number, and the points are
 /// evaluated one by one.
-template <class V> const instruction<V>* jump_if_zero_step(const instruction<V>* at, V*, V& accumulator, V&, V& check)
+template <class V>
+handler_result<V> run_jump_if_zero(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+                                   state<V> check)
 {
     check += accumulator - accumulator;
     const bool zero = lane(accumulator, 0) == 0.0;
     for (int i = 1; i < lane_count<V>; ++i)
         if ((lane(accumulator, i) == 0.0) != zero) check += std::numeric_limits<double>::quiet_NaN();
-    return at + (zero ? at->c : 1);
+    return hand_on(at + (zero ? at->c : 1), cells, accumulator, before, check);
 }
 
-template <class V> V halt_directly(const instruction<V>*, V*, V, V, V check)
+template <class V> handler_result<V> run_halt(const instruction<V>*, V*, state<V>, state<V>, state<V> check)
 {
-    return check;
-}
-template <class V> const instruction<V>* halt_step(const instruction<V>*, V*, V&, V&, V&)
-{
-    return nullptr;
+    return finish(check);
 }
 
 // ------------------------------------------------------------------------------ tables of handlers
@@ -340,88 +388,110 @@ inline constexpr std::array<operand_form, 8> operation_forms = {operand_form::lo
                                                                 operand_form::accumulator_before,
                                                                 operand_form::accumulator_twice};
 
-template <std::size_t Count>
-std::size_t index_in(const std::array<form_and_operation, Count>& forms, form_and_operation wanted)
+/// Whether the code writer makes such lines: a bare accumulator is only ever kept, a loaded cell is followed by a
+/// jump, and a value kept in the last place is checked.
+constexpr bool occurs(const arithmetic_shape& shape)
 {
-    for (std::size_t i = 0; i < Count; ++i)
-        if (forms[i] == wanted) return i;
-    return Count;
+    const bool plain = shape.second == operand_form::none;
+    if (shape.third != third_operation::none && !takes_third(shape.first, shape.second)) return false;
+    if (shape.first == operand_form::load) return plain && shape.kept == keep::no;
+    if (shape.first == operand_form::accumulator) return plain && shape.kept != keep::no;
+    return true;
 }
 
-/// The place of an arithmetic line's handler in their table.
-constexpr std::size_t arithmetic_index(std::size_t first, std::size_t second, third_operation third, keep kept)
+/// Calls `visit` with each arithmetic shape that occurs, in ascending order of `first_forms` and the others.
+template <class Visit> constexpr void for_each_arithmetic_shape(Visit visit)
 {
-    return ((first * second_forms.size() + second) * thirds.size() + static_cast<std::size_t>(third)) * keeps.size() +
-           static_cast<std::size_t>(kept);
+    for (const form_and_operation& first : first_forms)
+        for (const form_and_operation& second : second_forms)
+            for (const third_operation third : thirds)
+                for (const keep kept : keeps) {
+                    const arithmetic_shape shape = {first.form,       first.operation, second.form,
+                                                    second.operation, third,           kept};
+                    if (occurs(shape)) visit(shape.code());
+                }
 }
 
-template <class V, std::size_t I> constexpr handler<V> arithmetic_handler()
+template <class Visit> constexpr void for_each_operation_shape(Visit visit)
 {
-    constexpr keep kept = keeps[I % keeps.size()];
-    constexpr third_operation third = thirds[I / keeps.size() % thirds.size()];
-    constexpr auto second = second_forms[I / (keeps.size() * thirds.size()) % second_forms.size()];
-    constexpr auto first = first_forms[I / (keeps.size() * thirds.size() * second_forms.size())];
-    if constexpr (third == third_operation::none || takes_third(first.form, second.form))
-        return handler_of<
-            V, arithmetic_step<V, first.form, first.operation, second.form, second.operation, third, kept>, kept>();
-    else
-        return nullptr;
+    for (std::size_t number = 0; number < operation_count; ++number) {
+        const auto operation = static_cast<operation_code>(number);
+        const bool is_pair = operation == operation_code::power || is_relation(operation);
+        for (const operand_form form : operation_forms) {
+            const bool single = form == operand_form::load || form == operand_form::accumulator;
+            if (!(single ? is_function(operation) : is_pair)) continue;
+            for (const keep kept : {keep::no, keep::store_checked})
+                visit(operation_shape{operation, form, kept}.code());
+        }
+    }
 }
 
-template <class V, std::size_t I> constexpr handler<V> operation_handler()
-{
-    constexpr auto operation = static_cast<operation_code>(I / (operation_forms.size() * keeps.size()));
-    constexpr operand_form form = operation_forms[I / keeps.size() % operation_forms.size()];
-    constexpr bool unary = form == operand_form::load || form == operand_form::accumulator;
-    constexpr bool is_single = is_function(operation);
-    constexpr bool is_pair = operation == operation_code::power || is_relation(operation);
-    if constexpr ((unary && is_single) || (!unary && is_pair))
-        return handler_of<V, operation_step<V, operation, form, keeps[I % keeps.size()]>, keeps[I % keeps.size()]>();
-    else
-        return nullptr;
-}
+inline constexpr std::size_t arithmetic_shape_count = [] {
+    std::size_t count = 0;
+    for_each_arithmetic_shape([&](std::uint32_t) { ++count; });
+    return count;
+}();
+inline constexpr std::size_t operation_shape_count = [] {
+    std::size_t count = 0;
+    for_each_operation_shape([&](std::uint32_t) { ++count; });
+    return count;
+}();
+
+/// The codes of all shapes, ascending.
+inline constexpr auto arithmetic_codes = [] {
+    std::array<std::uint32_t, arithmetic_shape_count> codes{};
+    std::size_t count = 0;
+    for_each_arithmetic_shape([&](std::uint32_t code) { codes[count++] = code; });
+    std::sort(codes.begin(), codes.end());
+    return codes;
+}();
+inline constexpr auto operation_codes = [] {
+    std::array<std::uint32_t, operation_shape_count> codes{};
+    std::size_t count = 0;
+    for_each_operation_shape([&](std::uint32_t code) { codes[count++] = code; });
+    return codes;
+}();
 
 template <class V, std::size_t... I> constexpr auto arithmetic_table(std::index_sequence<I...>)
 {
-    return std::array<handler<V>, sizeof...(I)>{arithmetic_handler<V, I>()...};
+    return std::array<handler<V>, sizeof...(I)>{run_arithmetic<V, arithmetic_codes[I]>...};
 }
 template <class V, std::size_t... I> constexpr auto operation_table_of(std::index_sequence<I...>)
 {
-    return std::array<handler<V>, sizeof...(I)>{operation_handler<V, I>()...};
+    return std::array<handler<V>, sizeof...(I)>{run_operation<V, operation_codes[I]>...};
+}
+
+template <std::size_t Count> std::size_t index_in(const std::array<std::uint32_t, Count>& codes, std::uint32_t code)
+{
+    const auto found = std::lower_bound(codes.begin(), codes.end(), code);
+    assert(found != codes.end() && *found == code);
+    return static_cast<std::size_t>(found - codes.begin());
 }
 
 template <class V> handler<V> handler_for(const code_line& line)
 {
     static constexpr auto arithmetic_handlers =
-        arithmetic_table<V>(std::make_index_sequence<arithmetic_index(first_forms.size(), 0, {}, {})>());
+        arithmetic_table<V>(std::make_index_sequence<arithmetic_codes.size()>());
     static constexpr auto operation_handlers =
-        operation_table_of<V>(std::make_index_sequence<operation_count * operation_forms.size() * keeps.size()>());
-    const auto kept = static_cast<std::size_t>(line.kept);
+        operation_table_of<V>(std::make_index_sequence<operation_codes.size()>());
     switch (line.kind) {
     case code_line::line_kind::arithmetic: {
-        const std::size_t first = index_in(first_forms, {line.first, line.first_operation});
-        const std::size_t second = index_in(second_forms, {line.second, line.second_operation});
-        return arithmetic_handlers[arithmetic_index(first, second, line.third, line.kept)];
+        const arithmetic_shape shape = {
+            line.first, line.first_operation, line.second, line.second_operation, line.third, line.kept};
+        return arithmetic_handlers[index_in(arithmetic_codes, shape.code())];
     }
     case code_line::line_kind::operation: {
-        std::size_t form = 0;
-        while (operation_forms[form] != line.first)
-            ++form;
-        return operation_handlers[(static_cast<std::size_t>(line.operation) * operation_forms.size() + form) *
-                                      keeps.size() +
-                                  kept];
+        const operation_shape shape = {line.operation, line.first, line.kept};
+        return operation_handlers[index_in(operation_codes, shape.code())];
     }
     case code_line::line_kind::jump_if_zero:
-        return handler_of<V, jump_if_zero_step<V>>();
+        return run_jump_if_zero<V>;
     case code_line::line_kind::jump:
-        return handler_of<V, jump_step<V>>();
+        return run_jump<V>;
     case code_line::line_kind::halt:
         break;
     }
-    if constexpr (direct_jumps)
-        return halt_directly<V>;
-    else
-        return halt_step<V>;
+    return run_halt<V>;
 }
 
 // ------------------------------------------------------------------------------ a loaded program
