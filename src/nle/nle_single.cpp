@@ -41,13 +41,10 @@ public:
     /// The values on the grid. Behind a point that can not be evaluated they are zeros.
     void scan()
     {
-        for (int i = 1; i <= scan_points; ++i) {
-            const double x = point(i);
-            double f = 0.0;
-            system_.evaluate({&x, 1}, {&f, 1});
-            outcome_.scan_x.push_back(x);
-            outcome_.scan_f.push_back(f);
-        }
+        for (int i = 1; i <= scan_points; ++i)
+            outcome_.scan_x.push_back(point(i));
+        outcome_.scan_f.resize(outcome_.scan_x.size());
+        system_.evaluate_points(outcome_.scan_x, outcome_.scan_f);
     }
 
     /// A local search at every change of sign, and at the guess if none of them left a root. False when a

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/explicit_equations.h"
 
+#include "expr/basParse.h"
 #include "platform/runtime_failure.h"
 
 #include <algorithm>
@@ -127,23 +128,6 @@ void sort_explicit_equations(equation_list& explicit_equations)
     rearrange(explicit_equations.names, order);
     rearrange(explicit_equations.right_sides, order);
     rearrange(explicit_equations.rows, order);
-    explicit_equations.trees.clear();
-}
-
-std::optional<refused_equation> compile_list(equation_list& equations, clsParse& store)
-{
-    equations.trees.clear();
-    equations.trees.reserve(equations.names.size());
-    int number = 0;
-    for (const std::string& text : equations.right_sides) {
-        ++number;
-        check_result checked = check_expression(text, &store);
-        if (!checked.ok) return refused_equation{number, std::move(checked.message), false, checked.place};
-        built_tree built = build_tree(checked.tokens, store);
-        if (!built.ok()) return refused_equation{number, std::move(built.message), built.fatal, std::nullopt};
-        equations.trees.push_back(std::move(built.tree));
-    }
-    return std::nullopt;
 }
 
 } // namespace kelvarin

@@ -180,36 +180,5 @@ TEST(SortExplicit, TwoHundredRowsInReverseOrderStayWithinTheBudget)
     EXPECT_EQ(list.rows.front(), 200);
 }
 
-TEST(CompileList, TellsTheFirstRefusalAndItsPlace)
-{
-    clsParse store;
-    store.modify_add_var_value("a", 1.0);
-    equation_list good = list_of({{"a", "2*a"}, {"b", "a + 1"}});
-    EXPECT_FALSE(compile_list(good, store));
-    EXPECT_EQ(good.trees.size(), 2U);
-
-    struct refusal
-    {
-        const char* right_side;
-        const char* message;
-        bool fatal;
-    };
-    const refusal refusals[] = {
-        {"a + zz", "Syntax Error: variable name not defined 'zz'", false},
-        {"", "Syntax Error: No expression entered.", false},
-        {"a >", "Expression Parsing Error: Subscript out of range", false},
-        {"(1) (2)", "Internal error found ! Please contact KELVARIN support personal.", true},
-    };
-    for (const refusal& r : refusals) {
-        SCOPED_TRACE(r.right_side);
-        equation_list list = list_of({{"a", "1"}, {"b", r.right_side}, {"c", "3*("}});
-        const std::optional<refused_equation> refused = compile_list(list, store);
-        ASSERT_TRUE(refused);
-        EXPECT_EQ(refused->number, 2);
-        EXPECT_EQ(refused->message, r.message);
-        EXPECT_EQ(refused->fatal, r.fatal);
-    }
-}
-
 } // namespace
 } // namespace kelvarin

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "expr/point_sweep.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr std::size_t lanes = program::lanes;
+
+#ifdef KELVARIN_CHECKED
+constexpr bool compares_with_walk = true;
+#else
+[[maybe_unused]] constexpr bool compares_with_walk = false;
+#endif
+
+} // namespace
+
+point_sweep::point_sweep(compiled_system& system)
+    : system_(system), inputs_(system.input_count()), point_(system.input_count())
+{
+    assert(system.output_count() == 1);
+}
+
+std::optional<std::size_t> point_sweep::run(std::span<double> values, std::size_t first)
+{
+    const evaluation_context& context = system_.context();
+    program* const fast = system_.fast_program();
+    for (std::size_t row = first; row < values.size();) {
+        const std::size_t end = std::min(row + lanes, values.size());
+        if (fast != nullptr && !context.eval_error_flag() && run_lanes(*fast, row, values.subspan(row, end - row))) {
+            row = end;
+            continue;
+        }
+        for (; row < end; ++row) {
+            system_.evaluate(point_at(row), values.subspan(row, 1));
+            if (!context.eval_error_flag()) continue;
+            std::ranges::fill(values.subspan(row + 1), 0.0);
+            return row;
+        }
+    }
+    return std::nullopt;
+}
+
+bool point_sweep::run_lanes(program& fast, std::size_t row, std::span<double> values)
+{
+    const std::span<double> lane_inputs = fast.lane_inputs();
+    const std::size_t last = row + values.size() - 1;
+    for (std::size_t i = 0; i < inputs_.size(); ++i) {
+        // Lanes behind the last row repeat it.
+        for (std::size_t lane = 0; lane < lanes; ++lane)
+            lane_inputs[i * lanes + lane] = inputs_[i].at(std::min(row + lane, last));
+    }
+    if (!fast.run_lanes_in_place()) return false;
+    for (std::size_t lane = 0; lane < values.size(); ++lane)
+        values[lane] = fast.lane_output(0, static_cast<int>(lane));
+    assert(!compares_with_walk || agrees_with_walk(row, values));
+    return true;
+}
+
+bool point_sweep::agrees_with_walk(std::size_t row, std::span<const double> values)
+{
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (!system_.agrees_with_walk(point_at(row + i), values.subspan(i, 1))) return false;
+    }
+    return true;
+}
+
+std::span<const double> point_sweep::point_at(std::size_t row)
+{
+    std::ranges::transform(inputs_, point_.begin(), [&](const input_values& input) { return input.at(row); });
+    return point_;
+}
+
+} // namespace kelvarin

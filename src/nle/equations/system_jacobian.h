@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "expr/compiled_system.h"
+#include "numeric/linear/matrix.h"
+#include "numeric/linear/sparsity.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// Jacobians of a compiled system of m outputs in n inputs by difference quotients. Which output depends on which input
+/// is read from the program; columns that no output and no definition share get one colour and are moved together, and
+/// several colours are evaluated in lanes. [CurtisPowellReid1974]
+class system_jacobian
+{
+public:
+    /// The system must outlive the object. Pattern and colouring are made at the first use.
+    explicit system_jacobian(compiled_system& system) : system_(system) {}
+
+    /// Column j of df (m x n) = (f(x with moved[j] in place of x[j]) - f) / divisors[j], where f = f(x), with the bits
+    /// and the failures of one evaluation for each column. Returns the pattern outside of which df is zero, valid as
+    /// long as this object, or nullptr if any element may differ from zero. `known` is what the last call with this df
+    /// returned, df being unchanged since, or nullptr. A failure shows in the system's context.
+    const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
+                                                 std::span<const double> moved, std::span<const double> divisors,
+                                                 matrix& df, const sparsity_pattern* known);
+
+private:
+    /// The arguments of difference_quotients.
+    struct differences
+    {
+        std::span<const double> x, f, moved, divisors;
+        matrix& df;
+    };
+
+    /// The results (outputs and definitions) that depend on each column, one column behind the other.
+    struct column_results
+    {
+        std::vector<std::size_t> results;
+        std::vector<std::size_t> ends;
+
+        std::span<const std::size_t> of(std::size_t column) const
+        {
+            const std::size_t first = column == 0 ? 0 : ends[column - 1];
+            return std::span(results).subspan(first, ends[column] - first);
+        }
+    };
+
+    /// An element of the pattern, and where its numerator comes from.
+    struct pattern_element
+    {
+        /// In row-major order of the whole matrix.
+        std::uint32_t element = 0;
+        std::uint32_t lane_place = 0;
+        std::uint32_t row = 0;
+        std::uint32_t column = 0;
+    };
+
+    std::size_t rows() const { return system_.output_count(); }
+    std::size_t columns() const { return system_.input_count(); }
+
+    void prepare(program& fast);
+    template <class Visit> static void for_each_input(const program& fast, std::size_t result, Visit visit);
+    column_results results_of_columns(const program& fast) const;
+    void make_colours(const program& fast);
+    void make_pattern(program& fast);
+    /// Writes all elements as those of rows that do not depend on their column. `zero_elsewhere`: whether elements
+    /// outside of the pattern are zero, before and after.
+    template <class Output> void write_unmoved(const differences& wanted, bool& zero_elsewhere, Output output) const;
+    /// One pass over `first` and the colours behind it in lanes. Returns false if an evaluation failed.
+    bool difference_lanes(program& fast, std::size_t first, const differences& wanted, bool& zero_elsewhere);
+    bool difference_colour(program& fast, std::size_t colour, const differences& wanted, bool& zero_elsewhere);
+    bool difference_all(program& fast, const differences& wanted, bool& zero_elsewhere);
+    void difference_columns(const differences& wanted);
+
+    compiled_system& system_;
+    /// The columns of each colour.
+    std::vector<std::vector<std::size_t>> colours_;
+    std::vector<std::size_t> colour_of_;
+    sparsity_pattern pattern_;
+    /// The pattern has few enough elements to be of use to a caller.
+    bool is_sparse_ = false;
+    /// The elements that each pass gives.
+    std::vector<std::vector<pattern_element>> passes_;
+};
+
+} // namespace kelvarin
