@@ -85,7 +85,7 @@ struct check_result
     std::string message;
     /// The variable names in order of first appearance, also of a refused text; they refer to it.
     std::vector<std::string_view> names;
-    /// What in the text the message is about, where it can be told.
+    /// What in the text the message is about, if that is known.
     std::optional<byte_range> place;
     /// The scanned text, for the builder.
     token_list tokens;

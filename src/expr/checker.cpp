@@ -361,8 +361,8 @@ constexpr bool are_plain_neighbours(part a, part b)
     return (a == part::sign || a == part::opening) && begins_operand(b);
 }
 
-/// Whether one look at each token tells that checks 1 to 28 accept the text, which they do with nearly all
-/// texts. False tells nothing.
+/// Whether one look at each token is enough to see that checks 1 to 28 accept the text, which they do with nearly all
+/// texts. False decides nothing.
 bool is_plainly_right(std::string_view text, const token_list& tokens, std::span<const std::string_view> names,
                       const clsParse* defined)
 {

@@ -26,8 +26,8 @@ struct solved_expression
 /// The variable store: named doubles in their order of insertion.
 ///
 /// A name is interned once to a slot, and a slot stays for the life of the store: compiled trees bind to
-/// slots, so that no name is compared while they are evaluated. Whether a slot holds a variable is told
-/// by the number of the filling in which it was set; `remove_all_vars` starts a new filling and so costs
+/// slots, so that no name is compared while they are evaluated. A slot holds a variable if it was set
+/// in the present filling, which has a number; `remove_all_vars` starts a new filling and so costs
 /// nothing. Names are case-sensitive and not limited in number.
 class clsParse
 {

@@ -9,7 +9,7 @@
 #include <limits>
 
 /// The functions of the language as formulas over a number type. With `double` a formula gives its value
-/// or something that is not finite; with `checked_real` it also tells which run-time failure came first.
+/// or something that is not finite; with `checked_real` it also records which run-time failure came first.
 /// The formulas are meant literally, cancellation and the short value of a right angle included.
 namespace kelvarin
 {

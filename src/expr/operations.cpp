@@ -23,7 +23,7 @@ constexpr bool rows_stand_in_code_order()
 static_assert(rows_stand_in_code_order());
 
 /// A table of spellings with open addressing, made by the compiler: most names that are looked up are
-/// variables, and one look tells so.
+/// variables, and the first look shows it.
 class spelling_table
 {
 public:

@@ -98,7 +98,7 @@ struct operation_row
     /// A function's value: not finite exactly where it fails, also where an infinity inside the formula
     /// would not show in the result. None for operators, the conditional and `rand`.
     double (*value)(double) = nullptr;
-    /// The same formula step by step: tells the run-time failure.
+    /// The same formula step by step, to find the run-time failure.
     checked_value (*checked)(double) = nullptr;
     /// The sentence that refuses an argument outside the domain in the evaluator's own words; empty where
     /// the run-time failure speaks.

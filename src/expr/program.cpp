@@ -65,22 +65,22 @@ private:
 struct program::parts
 {
     parts(const program_graph& graph, program_code made)
-        : code(std::move(made)), single(code), cells(code.cell_count), dependences(graph)
+        : code(std::move(made)), single(code), registers(code.register_count), dependences(graph)
     {
-        for (const auto& [cell, constant] : code.constants)
-            cells[cell] = constant;
+        for (const auto& [number, constant] : code.constants)
+            registers[number] = constant;
     }
 
     program_code code;
     machine::loaded_program<double> single;
-    std::vector<double> cells;
+    std::vector<double> registers;
     dependence_table dependences;
     /// Made when lanes are first asked for.
     std::unique_ptr<lane_program> four;
-    /// The cells of four points where the processor has no lanes.
+    /// The registers of four points where the processor has no lanes.
     std::vector<double> spread_inputs;
     std::vector<double> spread_outputs;
-    std::vector<std::uint16_t> spread_places;
+    std::vector<std::uint16_t> spread_registers;
 };
 
 program::program() = default;
@@ -94,25 +94,25 @@ std::unique_ptr<program> program::compile(const tree_system& system)
     if (!code) return nullptr;
     std::unique_ptr<program> made(new program);
     made->parts_ = std::make_unique<parts>(*graph, std::move(*code));
-    made->cells_ = made->parts_->cells.data();
-    made->output_cells_ = made->parts_->code.output_cells.data();
+    made->registers_ = made->parts_->registers.data();
+    made->output_registers_ = made->parts_->code.output_registers.data();
     made->input_count_ = graph->input_count();
     return made;
 }
 
 std::size_t program::output_count() const
 {
-    return parts_->code.output_cells.size();
+    return parts_->code.output_registers.size();
 }
 
 bool program::run_in_place()
 {
-    return parts_->single.run(cells_) == 0.0;
+    return parts_->single.run(registers_) == 0.0;
 }
 
 bool program::run(std::span<const double> values, std::span<double> outputs)
 {
-    std::ranges::copy(values, cells_);
+    std::ranges::copy(values, registers_);
     if (!run_in_place()) return false;
     for (std::size_t i = 0; i < outputs.size(); ++i)
         outputs[i] = output(i);
@@ -127,21 +127,21 @@ std::span<const std::uint64_t> program::inputs_of(std::size_t output) const
 std::span<double> program::lane_inputs()
 {
     parts& own = *parts_;
-    if (lane_cells_ == nullptr) {
+    if (lane_registers_ == nullptr) {
         own.four = lane_program::load(own.code);
         if (own.four) {
-            lane_cells_ = own.four->cells();
-            lane_output_cells_ = output_cells_;
+            lane_registers_ = own.four->registers();
+            lane_output_registers_ = output_registers_;
         } else {
             own.spread_inputs.resize(input_count_ * lanes);
             own.spread_outputs.resize(output_count() * lanes);
-            own.spread_places.resize(output_count());
-            std::iota(own.spread_places.begin(), own.spread_places.end(), std::uint16_t{0});
-            lane_cells_ = own.spread_outputs.data();
-            lane_output_cells_ = own.spread_places.data();
+            own.spread_registers.resize(output_count());
+            std::iota(own.spread_registers.begin(), own.spread_registers.end(), std::uint16_t{0});
+            lane_registers_ = own.spread_outputs.data();
+            lane_output_registers_ = own.spread_registers.data();
         }
     }
-    return {own.four ? own.four->cells() : own.spread_inputs.data(), input_count_ * lanes};
+    return {own.four ? own.four->registers() : own.spread_inputs.data(), input_count_ * lanes};
 }
 
 bool program::lanes_agree_with_single_points()
@@ -169,7 +169,7 @@ bool program::run_lanes_in_place()
     }
     for (int p = 0; p < lanes; ++p) {
         for (std::size_t i = 0; i < input_count_; ++i)
-            own.cells[i] = values[i * lanes + static_cast<std::size_t>(p)];
+            own.registers[i] = values[i * lanes + static_cast<std::size_t>(p)];
         if (!run_in_place()) return false;
         for (std::size_t i = 0; i < output_count(); ++i)
             own.spread_outputs[i * lanes + static_cast<std::size_t>(p)] = output(i);

@@ -9,7 +9,7 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::size_t most_cells = 65536;
+constexpr std::size_t most_registers = 65536;
 constexpr std::size_t most_jumped = 65535;
 
 /// Writes code for the values of a graph in the order in which they are needed. A value used more than
@@ -23,17 +23,17 @@ public:
     using line_kind = code_line::line_kind;
 
     explicit code_writer(const program_graph& graph)
-        : graph_(graph), cell_of_(graph.values().size(), no_cell), checked_(graph.values().size(), 0),
-          next_cell_(graph.input_count())
+        : graph_(graph), register_of_(graph.values().size(), no_register), checked_(graph.values().size(), 0),
+          next_register_(graph.input_count())
     {
         choose_checks();
         for (std::size_t id = 0; id < graph.values().size(); ++id) {
             const value& v = graph.values()[id];
             if (v.kind == program_graph::value_kind::input) {
-                cell_of_[id] = v.input;
+                register_of_[id] = v.input;
             } else if (v.kind == program_graph::value_kind::constant) {
-                cell_of_[id] = static_cast<std::int32_t>(next_cell_);
-                code_.constants.emplace_back(cell(next_cell_++), v.constant);
+                register_of_[id] = static_cast<std::int32_t>(next_register_);
+                code_.constants.emplace_back(register_number(next_register_++), v.constant);
             }
         }
         code_.lines.reserve(graph.values().size() + 8);
@@ -44,23 +44,23 @@ public:
         for (const value_id result : graph_.results())
             if (!available(result)) compute(result);
         for (const value_id output : graph_.outputs())
-            code_.output_cells.push_back(cell_of(output));
+            code_.output_registers.push_back(register_of(output));
         halt();
-        code_.cell_count = next_cell_;
-        if (next_cell_ > most_cells || !fits_) return std::nullopt;
+        code_.register_count = next_register_;
+        if (next_register_ > most_registers || !fits_) return std::nullopt;
         return std::move(code_);
     }
 
 private:
-    static constexpr std::int32_t no_cell = -1;
+    static constexpr std::int32_t no_register = -1;
 
-    static std::uint16_t cell(std::size_t number) { return static_cast<std::uint16_t>(number); }
+    static std::uint16_t register_number(std::size_t number) { return static_cast<std::uint16_t>(number); }
     const value& at(value_id id) const { return graph_.values()[static_cast<std::size_t>(id)]; }
-    bool available(value_id id) const { return cell_of_[static_cast<std::size_t>(id)] != no_cell; }
-    std::uint16_t cell_of(value_id id) const
+    bool available(value_id id) const { return register_of_[static_cast<std::size_t>(id)] != no_register; }
+    std::uint16_t register_of(value_id id) const
     {
         assert(available(id));
-        return cell(static_cast<std::size_t>(cell_of_[static_cast<std::size_t>(id)]));
+        return register_number(static_cast<std::size_t>(register_of_[static_cast<std::size_t>(id)]));
     }
     /// Finds the results that need a check of their own: those that no value computed in any case would
     /// show or check.
@@ -120,19 +120,20 @@ private:
         code_line& line = code_.lines.back();
         // Beside a function or a power the check costs nothing, and saves the machine a handler for each of them.
         const bool checks = checked_[static_cast<std::size_t>(id)] || line.kind == line_kind::operation;
-        line.kept = checks ? keep::store_checked : keep::store;
-        line.d = cell(next_cell_);
-        cell_of_[static_cast<std::size_t>(id)] = static_cast<std::int32_t>(next_cell_++);
+        line.kept = checks ? store_mode::store_checked : store_mode::store;
+        line.d = register_number(next_register_);
+        register_of_[static_cast<std::size_t>(id)] = static_cast<std::int32_t>(next_register_++);
         stored_.push_back(id);
         takes_store_ = takes_operation_ = takes_third_ = false;
     }
 
     void halt()
     {
-        const bool straight = !code_.lines.empty() && !takes_store_ && code_.lines.back().kept == keep::store_checked &&
+        const bool straight = !code_.lines.empty() && !takes_store_ &&
+                              code_.lines.back().kept == store_mode::store_checked &&
                               code_.lines.back().kind == line_kind::arithmetic && code_.lines.size() != jump_target_;
         if (straight)
-            code_.lines.back().kept = keep::store_checked_and_halt;
+            code_.lines.back().kept = store_mode::store_checked_and_halt;
         else
             code_.lines.push_back({});
     }
@@ -152,13 +153,13 @@ private:
     void load(value_id id)
     {
         if (!available(id)) return compute(id);
-        append({.kind = line_kind::arithmetic, .first = operand_form::load, .a = cell_of(id)});
+        append({.kind = line_kind::arithmetic, .first = operand_form::load, .a = register_of(id)});
         accumulator_ = id;
     }
 
     struct operands
     {
-        operand_form form = operand_form::cell_cell;
+        operand_form form = operand_form::register_register;
         std::uint16_t a = 0;
         std::uint16_t b = 0;
     };
@@ -179,7 +180,7 @@ private:
     }
 
     /// Computes two values of which neither is available. Afterwards one is in the accumulator, and the
-    /// other one in the accumulator before or in a cell.
+    /// other one in the accumulator before or in a register.
     void compute_both(value_id left, value_id right)
     {
         const bool left_first = is_chain(right) || !is_chain(left);
@@ -194,7 +195,7 @@ private:
     }
 
     /// Makes both operands of a line ready. They stay in the accumulators where they are there already:
-    /// a value that has just been stored comes back faster from there than from its cell.
+    /// a value that has just been stored comes back faster from there than from its register.
     operands ready(value_id left, value_id right)
     {
         if (!available(left) && !available(right) && left != right)
@@ -207,9 +208,9 @@ private:
         if (accumulator_ == left && accumulator_ == right) return {operand_form::accumulator_twice};
         if (before_ == left && accumulator_ == right) return {operand_form::before_accumulator};
         if (accumulator_ == left && before_ == right) return {operand_form::accumulator_before};
-        if (accumulator_ == left) return {operand_form::accumulator_cell, cell_of(right)};
-        if (accumulator_ == right) return {operand_form::cell_accumulator, cell_of(left)};
-        return {operand_form::cell_cell, cell_of(left), cell_of(right)};
+        if (accumulator_ == left) return {operand_form::accumulator_register, register_of(right)};
+        if (accumulator_ == right) return {operand_form::register_accumulator, register_of(left)};
+        return {operand_form::register_register, register_of(left), register_of(right)};
     }
 
     void write_function(const value& v)
@@ -218,7 +219,7 @@ private:
             append({.kind = line_kind::operation,
                     .first = operand_form::load,
                     .operation = v.operation,
-                    .a = cell_of(v.a)});
+                    .a = register_of(v.a)});
             return;
         }
         if (accumulator_ != v.a) compute(v.a);
@@ -245,9 +246,9 @@ private:
     {
         operands sides = ready(v.a, v.b);
         const auto operation = arithmetic_of(v.operation);
-        // Of the value before, too, there are only squares; it is in its cell, since it is used twice.
+        // Of the value before, too, there are only squares; it is in its register, since it is used twice.
         if (sides.form == operand_form::before_twice && operation != arithmetic::multiply)
-            sides = {operand_form::cell_cell, cell_of(v.a), cell_of(v.a)};
+            sides = {operand_form::register_register, register_of(v.a), register_of(v.a)};
         if (operation) return write_arithmetic(*operation, sides, v);
         append(
             {.kind = line_kind::operation, .first = sides.form, .operation = v.operation, .a = sides.a, .b = sides.b});
@@ -260,22 +261,23 @@ private:
     }
 
     /// Whether a line that goes on from the accumulator may leave it to the accumulator before, where a value
-    /// that is needed again is found sooner than in its cell.
+    /// that is needed again is found sooner than in its register.
     bool may_keep(operand_form form, arithmetic operation) const
     {
-        return form == operand_form::accumulator_cell && operation != arithmetic::divide && waiting_ == 0 &&
+        return form == operand_form::accumulator_register && operation != arithmetic::divide && waiting_ == 0 &&
                accumulator_ != program_graph::none && available(accumulator_);
     }
 
     void write_arithmetic(arithmetic operation, operands sides, const value& v)
     {
         const bool commutes = operation == arithmetic::add || operation == arithmetic::multiply;
-        if (commutes && sides.form == operand_form::cell_accumulator) sides.form = operand_form::accumulator_cell;
+        if (commutes && sides.form == operand_form::register_accumulator)
+            sides.form = operand_form::accumulator_register;
         if (commutes && sides.form == operand_form::accumulator_before) sides.form = operand_form::before_accumulator;
         if (sides.form == operand_form::accumulator_twice && operation != arithmetic::multiply) {
-            // Squares are frequent; any other operation of a value on itself takes it from its cell as well.
+            // Squares are frequent; any other operation of a value on itself takes it from its register as well.
             store(v.a);
-            sides = {operand_form::accumulator_cell, cell_of(v.a)};
+            sides = {operand_form::accumulator_register, register_of(v.a)};
         }
         const bool extends = !leaves_accumulator(sides.form) && sides.form != operand_form::accumulator_twice;
         if (extends && takes_operation_) {
@@ -287,14 +289,14 @@ private:
             takes_third_ = takes_third(line.first, line.second);
             return;
         }
-        if (takes_third_ && sides.form == operand_form::accumulator_cell && operation != arithmetic::divide) {
+        if (takes_third_ && sides.form == operand_form::accumulator_register && operation != arithmetic::divide) {
             code_line& line = code_.lines.back();
             line.third = third_of(operation);
-            (line.second == operand_form::accumulator_cell ? line.b : line.c) = sides.a;
+            (line.second == operand_form::accumulator_register ? line.b : line.c) = sides.a;
             takes_third_ = false;
             return;
         }
-        if (may_keep(sides.form, operation)) sides.form = operand_form::kept_cell;
+        if (may_keep(sides.form, operation)) sides.form = operand_form::kept_register;
         append({.kind = line_kind::arithmetic,
                 .first = sides.form,
                 .first_operation = operation,
@@ -310,7 +312,7 @@ private:
         accumulator_ = before_ = program_graph::none;
         load(id);
         for (std::size_t i = outside; i < stored_.size(); ++i)
-            cell_of_[static_cast<std::size_t>(stored_[i])] = no_cell;
+            register_of_[static_cast<std::size_t>(stored_[i])] = no_register;
         stored_.resize(outside);
         accumulator_ = before_ = program_graph::none;
         takes_store_ = takes_operation_ = takes_third_ = false;
@@ -345,11 +347,11 @@ private:
 
     const program_graph& graph_;
     program_code code_;
-    std::vector<std::int32_t> cell_of_;
+    std::vector<std::int32_t> register_of_;
     /// Whether a value is checked when it is stored.
     std::vector<char> checked_;
     std::vector<value_id> stored_;
-    std::size_t next_cell_;
+    std::size_t next_register_;
     /// The values that the accumulators hold.
     value_id accumulator_ = program_graph::none;
     value_id before_ = program_graph::none;

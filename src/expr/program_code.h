@@ -9,12 +9,12 @@
 
 /// The straight code of a program, as it is before a machine has chosen its handlers.
 ///
-/// The code works on one file of cells (inputs, constants, intermediate values), an accumulator, and the
+/// The code works on one file of registers (inputs, constants, intermediate values), an accumulator, and the
 /// accumulator before. A line computes into the accumulator and may then apply a second and a third
 /// operation to it and store it. A line that does not start from the accumulator moves it to the
 /// accumulator before: the left side of an operation waits there while the right side is computed. While
 /// nothing waits there, a line that goes on from the accumulator may leave it there as well: of a chain in
-/// which each value serves two others, the second one then finds it there, and not in the cell to which it
+/// which each value serves two others, the second one then finds it there, and not in the register to which it
 /// is still on its way.
 ///
 /// Beside them runs a sum of v - v over the values v in which something not finite could otherwise get
@@ -28,23 +28,23 @@ namespace kelvarin
 enum class operand_form : std::uint8_t
 {
     none,
-    load,               // cell a alone
-    cell_cell,          // a op b
-    accumulator_cell,   // accumulator op cell
-    cell_accumulator,   // cell op accumulator
-    before_accumulator, // accumulator before op accumulator
-    accumulator_before, // accumulator op accumulator before
-    accumulator,        // the accumulator alone
-    accumulator_twice,  // accumulator op accumulator
-    kept_cell,          // accumulator op cell, the accumulator going to the accumulator before
-    before_twice        // accumulator before op accumulator before
+    load,                 // register a alone
+    register_register,    // a op b
+    accumulator_register, // accumulator op register
+    register_accumulator, // register op accumulator
+    before_accumulator,   // accumulator before op accumulator
+    accumulator_before,   // accumulator op accumulator before
+    accumulator,          // the accumulator alone
+    accumulator_twice,    // accumulator op accumulator
+    kept_register,        // accumulator op register, the accumulator going to the accumulator before
+    before_twice          // accumulator before op accumulator before
 };
 
 /// Whether a line of this form leaves the accumulator to the accumulator before.
 constexpr bool leaves_accumulator(operand_form form)
 {
     using enum operand_form;
-    return form == load || form == cell_cell || form == kept_cell || form == before_twice;
+    return form == load || form == register_register || form == kept_register || form == before_twice;
 }
 
 enum class arithmetic : std::uint8_t
@@ -63,7 +63,7 @@ enum class third_operation : std::uint8_t
     multiply
 };
 
-enum class keep : std::uint8_t
+enum class store_mode : std::uint8_t
 {
     no,
     store,
@@ -73,12 +73,12 @@ enum class keep : std::uint8_t
     store_checked_and_halt
 };
 
-/// Which lines take a third operation: those with a cell number to spare, as far as they are frequent.
+/// Which lines take a third operation: those with a register number to spare, as far as they are frequent.
 constexpr bool takes_third(operand_form first, operand_form second)
 {
     using enum operand_form;
-    if (second == before_accumulator) return first == cell_cell || first == accumulator_cell;
-    return (first == accumulator_cell || first == kept_cell) && second == accumulator_cell;
+    if (second == before_accumulator) return first == register_register || first == accumulator_register;
+    return (first == accumulator_register || first == kept_register) && second == accumulator_register;
 }
 
 struct code_line
@@ -100,9 +100,9 @@ struct code_line
     arithmetic first_operation = arithmetic::add;
     operand_form second = operand_form::none;
     arithmetic second_operation = arithmetic::add;
-    /// A third operation, always of the accumulator and a cell.
+    /// A third operation, always of the accumulator and a register.
     third_operation third = third_operation::none;
-    keep kept = keep::no;
+    store_mode kept = store_mode::no;
     operation_code operation = operation_code::none;
     std::uint16_t a = 0;
     std::uint16_t b = 0;
@@ -116,13 +116,13 @@ struct code_line
 struct program_code
 {
     std::vector<code_line> lines;
-    /// Constants by cell; the inputs take the cells in front of them.
+    /// Constants by register; the inputs take the registers in front of them.
     std::vector<std::pair<std::uint16_t, double>> constants;
-    std::size_t cell_count = 0;
-    /// The cell of each output.
-    std::vector<std::uint16_t> output_cells;
+    std::size_t register_count = 0;
+    /// The register of each output.
+    std::vector<std::uint16_t> output_registers;
 
-    /// Nothing where the cells or a jump outgrow their 16 bits.
+    /// Returns nullopt if the registers or a jump outgrow their 16 bits.
     static std::optional<program_code> of(const program_graph& graph);
 };
 

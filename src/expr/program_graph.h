@@ -58,8 +58,8 @@ public:
         double constant = 0.0;
     };
 
-    /// The graph, or nothing where only the plain walk gives the right meaning: a random number is drawn,
-    /// or a variable may be empty.
+    /// Returns nullopt if only the plain walk gives the right meaning: a random number is drawn, or a variable
+    /// may be empty.
     static std::optional<program_graph> of(const tree_system& system);
 
     std::span<const value> values() const { return values_; }

@@ -25,23 +25,23 @@ bool processor_has_lanes()
 class four_lane_program final : public lane_program
 {
 public:
-    explicit four_lane_program(const program_code& code) : program_(code), cells_(code.cell_count)
+    explicit four_lane_program(const program_code& code) : program_(code), registers_(code.register_count)
     {
-        for (const auto& [cell, constant] : code.constants)
-            cells_[cell] = four_doubles{constant, constant, constant, constant};
+        for (const auto& [number, constant] : code.constants)
+            registers_[number] = four_doubles{constant, constant, constant, constant};
     }
 
-    double* cells() override { return reinterpret_cast<double*>(cells_.data()); }
+    double* registers() override { return reinterpret_cast<double*>(registers_.data()); }
 
     bool run() override
     {
-        const four_doubles check = program_.run(cells_.data());
+        const four_doubles check = program_.run(registers_.data());
         return check[0] + check[1] + check[2] + check[3] == 0.0;
     }
 
 private:
     machine::loaded_program<four_doubles> program_;
-    std::vector<four_doubles> cells_;
+    std::vector<four_doubles> registers_;
 };
 
 } // namespace

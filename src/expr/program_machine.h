@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-/// The machine that runs a program's code, over a type of cell: a double, or several doubles side by
-/// side (lanes). Each line becomes an instruction of a handler and its cells, and there is one handler
+/// The machine that runs a program's code, over a type of register: a double, or several doubles side by
+/// side (lanes). Each line becomes an instruction of a handler and its registers, and there is one handler
 /// for each combination of operand forms and operations, so that nothing is decided while it runs.
 ///
 /// A handler hands on to the next one directly, by a call in the last place, which the compiler turns
@@ -35,7 +35,7 @@ inline constexpr bool direct_jumps = true;
 inline constexpr bool direct_jumps = false;
 #endif
 
-// ------------------------------------------------------------------------------ lanes of a cell
+// ------------------------------------------------------------------------------ lanes of a register
 
 template <class V> constexpr int lane_count = sizeof(V) / sizeof(double);
 
@@ -88,18 +88,18 @@ template <class V> struct instruction
     handler<V> run = nullptr;
     std::uint16_t a = 0;
     std::uint16_t b = 0;
-    /// The second operation's cell, or a jump's length.
+    /// The second operation's register, or a jump's length.
     std::uint16_t c = 0;
     std::uint16_t d = 0;
 };
 
 /// Hands on to the next instruction, as the last act of a handler.
 template <class V>
-inline handler_result<V> hand_on(const instruction<V>* next, V* cells, state<V> accumulator, state<V> before,
+inline handler_result<V> hand_on(const instruction<V>* next, V* registers, state<V> accumulator, state<V> before,
                                  state<V> check)
 {
     if constexpr (direct_jumps)
-        return next->run(next, cells, accumulator, before, check);
+        return next->run(next, registers, accumulator, before, check);
     else
         return next;
 }
@@ -125,17 +125,17 @@ template <class V, arithmetic Operation> inline V compute(const V& left, const V
 }
 
 template <class V, operand_form Form, arithmetic Operation>
-inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, const V& accumulator, const V& before,
+inline V compute_operands(const V* registers, std::uint16_t a, std::uint16_t b, const V& accumulator, const V& before,
                           V& check)
 {
     if constexpr (Form == operand_form::load)
-        return cells[a];
-    else if constexpr (Form == operand_form::cell_cell)
-        return compute<V, Operation>(cells[a], cells[b], check);
-    else if constexpr (Form == operand_form::accumulator_cell || Form == operand_form::kept_cell)
-        return compute<V, Operation>(accumulator, cells[a], check);
-    else if constexpr (Form == operand_form::cell_accumulator)
-        return compute<V, Operation>(cells[a], accumulator, check);
+        return registers[a];
+    else if constexpr (Form == operand_form::register_register)
+        return compute<V, Operation>(registers[a], registers[b], check);
+    else if constexpr (Form == operand_form::accumulator_register || Form == operand_form::kept_register)
+        return compute<V, Operation>(accumulator, registers[a], check);
+    else if constexpr (Form == operand_form::register_accumulator)
+        return compute<V, Operation>(registers[a], accumulator, check);
     else if constexpr (Form == operand_form::before_accumulator)
         return compute<V, Operation>(before, accumulator, check);
     else if constexpr (Form == operand_form::accumulator_before)
@@ -148,10 +148,11 @@ inline V compute_operands(const V* cells, std::uint16_t a, std::uint16_t b, cons
         return accumulator;
 }
 
-template <class V, keep Keep> inline void keep_value(V* cells, std::uint16_t d, const V& value, V& check)
+template <class V, store_mode Mode> inline void store_value(V* registers, std::uint16_t d, const V& value, V& check)
 {
-    if constexpr (Keep == keep::store_checked || Keep == keep::store_checked_and_halt) check += value - value;
-    if constexpr (Keep != keep::no) cells[d] = value;
+    if constexpr (Mode == store_mode::store_checked || Mode == store_mode::store_checked_and_halt)
+        check += value - value;
+    if constexpr (Mode != store_mode::no) registers[d] = value;
 }
 
 /// A line of one to three arithmetic operations.
@@ -162,7 +163,7 @@ struct arithmetic_shape
     operand_form second = operand_form::none;
     arithmetic second_operation = arithmetic::add;
     third_operation third = third_operation::none;
-    keep kept = keep::no;
+    store_mode kept = store_mode::no;
 
     /// A number of its own for each shape.
     constexpr std::uint32_t code() const
@@ -178,32 +179,32 @@ struct arithmetic_shape
     {
         return {static_cast<operand_form>(code >> 20),        static_cast<arithmetic>(code >> 16 & 15),
                 static_cast<operand_form>(code >> 12 & 15),   static_cast<arithmetic>(code >> 8 & 15),
-                static_cast<third_operation>(code >> 4 & 15), static_cast<keep>(code & 15)};
+                static_cast<third_operation>(code >> 4 & 15), static_cast<store_mode>(code & 15)};
     }
 };
 
 /// One function for each shape, whole, and its parameter a number: there are some two thousand, and what each of
 /// them costs the compiler is most of what this file costs.
 template <class V, std::uint32_t Code>
-handler_result<V> run_arithmetic(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+handler_result<V> run_arithmetic(const instruction<V>* at, V* registers, state<V> accumulator, state<V> before,
                                  state<V> check)
 {
     constexpr arithmetic_shape shape = arithmetic_shape::of(Code);
     const V first =
-        compute_operands<V, shape.first, shape.first_operation>(cells, at->a, at->b, accumulator, before, check);
+        compute_operands<V, shape.first, shape.first_operation>(registers, at->a, at->b, accumulator, before, check);
     if constexpr (leaves_accumulator(shape.first)) before = accumulator;
-    accumulator = compute_operands<V, shape.second, shape.second_operation>(cells, at->c, 0, first, before, check);
+    accumulator = compute_operands<V, shape.second, shape.second_operation>(registers, at->c, 0, first, before, check);
     if constexpr (shape.third != third_operation::none) {
-        const V& operand = cells[shape.second == operand_form::accumulator_cell ? at->b : at->c];
+        const V& operand = registers[shape.second == operand_form::accumulator_register ? at->b : at->c];
         if constexpr (shape.third == third_operation::add) accumulator += operand;
         if constexpr (shape.third == third_operation::subtract) accumulator -= operand;
         if constexpr (shape.third == third_operation::multiply) accumulator *= operand;
     }
-    keep_value<V, shape.kept>(cells, at->d, accumulator, check);
-    if constexpr (shape.kept == keep::store_checked_and_halt)
+    store_value<V, shape.kept>(registers, at->d, accumulator, check);
+    if constexpr (shape.kept == store_mode::store_checked_and_halt)
         return finish(check);
     else
-        return hand_on(at + 1, cells, accumulator, before, check);
+        return hand_on(at + 1, registers, accumulator, before, check);
 }
 
 template <class V, operation_code Operation> inline V function_value(const V& x, V& check)
@@ -249,20 +250,20 @@ template <class V, operation_code Operation> inline V pair_value(const V& left, 
 }
 
 template <class V, operation_code Operation, operand_form Form>
-inline V operation_value(const instruction<V>* at, const V* cells, [[maybe_unused]] const V& accumulator,
+inline V operation_value(const instruction<V>* at, const V* registers, [[maybe_unused]] const V& accumulator,
                          [[maybe_unused]] const V& before, V& check)
 {
     using form = operand_form;
     if constexpr (Form == form::load)
-        return function_value<V, Operation>(cells[at->a], check);
+        return function_value<V, Operation>(registers[at->a], check);
     else if constexpr (Form == form::accumulator)
         return function_value<V, Operation>(accumulator, check);
-    else if constexpr (Form == form::cell_cell)
-        return pair_value<V, Operation>(cells[at->a], cells[at->b], check);
-    else if constexpr (Form == form::accumulator_cell)
-        return pair_value<V, Operation>(accumulator, cells[at->a], check);
-    else if constexpr (Form == form::cell_accumulator)
-        return pair_value<V, Operation>(cells[at->a], accumulator, check);
+    else if constexpr (Form == form::register_register)
+        return pair_value<V, Operation>(registers[at->a], registers[at->b], check);
+    else if constexpr (Form == form::accumulator_register)
+        return pair_value<V, Operation>(accumulator, registers[at->a], check);
+    else if constexpr (Form == form::register_accumulator)
+        return pair_value<V, Operation>(registers[at->a], accumulator, check);
     else if constexpr (Form == form::before_accumulator)
         return pair_value<V, Operation>(before, accumulator, check);
     else if constexpr (Form == form::accumulator_before)
@@ -276,7 +277,7 @@ struct operation_shape
 {
     operation_code operation = operation_code::none;
     operand_form form = operand_form::none;
-    keep kept = keep::no;
+    store_mode kept = store_mode::no;
 
     constexpr std::uint32_t code() const
     {
@@ -286,39 +287,40 @@ struct operation_shape
     static constexpr operation_shape of(std::uint32_t code)
     {
         return {static_cast<operation_code>(code >> 8), static_cast<operand_form>(code >> 4 & 15),
-                static_cast<keep>(code & 15)};
+                static_cast<store_mode>(code & 15)};
     }
 };
 
 template <class V, std::uint32_t Code>
-handler_result<V> run_operation(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+handler_result<V> run_operation(const instruction<V>* at, V* registers, state<V> accumulator, state<V> before,
                                 state<V> check)
 {
     constexpr operation_shape shape = operation_shape::of(Code);
-    const V value = operation_value<V, shape.operation, shape.form>(at, cells, accumulator, before, check);
+    const V value = operation_value<V, shape.operation, shape.form>(at, registers, accumulator, before, check);
     if constexpr (leaves_accumulator(shape.form)) before = accumulator;
     accumulator = value;
-    keep_value<V, shape.kept>(cells, at->d, accumulator, check);
-    return hand_on(at + 1, cells, accumulator, before, check);
+    store_value<V, shape.kept>(registers, at->d, accumulator, check);
+    return hand_on(at + 1, registers, accumulator, before, check);
 }
 
 template <class V>
-handler_result<V> run_jump(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before, state<V> check)
+handler_result<V> run_jump(const instruction<V>* at, V* registers, state<V> accumulator, state<V> before,
+                           state<V> check)
 {
-    return hand_on(at + at->c, cells, accumulator, before, check);
+    return hand_on(at + at->c, registers, accumulator, before, check);
 }
 
 /// Lanes that want different branches give up: the check becomes not a number, and the points are
 /// evaluated one by one.
 template <class V>
-handler_result<V> run_jump_if_zero(const instruction<V>* at, V* cells, state<V> accumulator, state<V> before,
+handler_result<V> run_jump_if_zero(const instruction<V>* at, V* registers, state<V> accumulator, state<V> before,
                                    state<V> check)
 {
     check += accumulator - accumulator;
     const bool zero = lane(accumulator, 0) == 0.0;
     for (int i = 1; i < lane_count<V>; ++i)
         if ((lane(accumulator, i) == 0.0) != zero) check += std::numeric_limits<double>::quiet_NaN();
-    return hand_on(at + (zero ? at->c : 1), cells, accumulator, before, check);
+    return hand_on(at + (zero ? at->c : 1), registers, accumulator, before, check);
 }
 
 template <class V> handler_result<V> run_halt(const instruction<V>*, V*, state<V>, state<V>, state<V> check)
@@ -338,12 +340,12 @@ struct form_and_operation
 
 /// Operations that go on from the accumulator. Sums and products commute and so need one form only.
 inline constexpr std::array<form_and_operation, 12> continuing_forms = {{
-    {operand_form::accumulator_cell, arithmetic::add},
-    {operand_form::accumulator_cell, arithmetic::subtract},
-    {operand_form::accumulator_cell, arithmetic::multiply},
-    {operand_form::accumulator_cell, arithmetic::divide},
-    {operand_form::cell_accumulator, arithmetic::subtract},
-    {operand_form::cell_accumulator, arithmetic::divide},
+    {operand_form::accumulator_register, arithmetic::add},
+    {operand_form::accumulator_register, arithmetic::subtract},
+    {operand_form::accumulator_register, arithmetic::multiply},
+    {operand_form::accumulator_register, arithmetic::divide},
+    {operand_form::register_accumulator, arithmetic::subtract},
+    {operand_form::register_accumulator, arithmetic::divide},
     {operand_form::before_accumulator, arithmetic::add},
     {operand_form::before_accumulator, arithmetic::subtract},
     {operand_form::before_accumulator, arithmetic::multiply},
@@ -364,13 +366,13 @@ inline constexpr auto first_forms = with_continuing_forms(std::array<form_and_op
     {operand_form::load, arithmetic::add},
     {operand_form::accumulator, arithmetic::add},
     {operand_form::accumulator_twice, arithmetic::multiply},
-    {operand_form::cell_cell, arithmetic::add},
-    {operand_form::cell_cell, arithmetic::subtract},
-    {operand_form::cell_cell, arithmetic::multiply},
-    {operand_form::cell_cell, arithmetic::divide},
-    {operand_form::kept_cell, arithmetic::add},
-    {operand_form::kept_cell, arithmetic::subtract},
-    {operand_form::kept_cell, arithmetic::multiply},
+    {operand_form::register_register, arithmetic::add},
+    {operand_form::register_register, arithmetic::subtract},
+    {operand_form::register_register, arithmetic::multiply},
+    {operand_form::register_register, arithmetic::divide},
+    {operand_form::kept_register, arithmetic::add},
+    {operand_form::kept_register, arithmetic::subtract},
+    {operand_form::kept_register, arithmetic::multiply},
     {operand_form::before_twice, arithmetic::multiply},
 }});
 inline constexpr auto second_forms =
@@ -378,24 +380,25 @@ inline constexpr auto second_forms =
 
 inline constexpr std::array<third_operation, 4> thirds = {third_operation::none, third_operation::add,
                                                           third_operation::subtract, third_operation::multiply};
-inline constexpr std::array<keep, 4> keeps = {keep::no, keep::store, keep::store_checked, keep::store_checked_and_halt};
+inline constexpr std::array<store_mode, 4> store_modes = {store_mode::no, store_mode::store, store_mode::store_checked,
+                                                          store_mode::store_checked_and_halt};
 inline constexpr std::array<operand_form, 8> operation_forms = {operand_form::load,
                                                                 operand_form::accumulator,
-                                                                operand_form::cell_cell,
-                                                                operand_form::accumulator_cell,
-                                                                operand_form::cell_accumulator,
+                                                                operand_form::register_register,
+                                                                operand_form::accumulator_register,
+                                                                operand_form::register_accumulator,
                                                                 operand_form::before_accumulator,
                                                                 operand_form::accumulator_before,
                                                                 operand_form::accumulator_twice};
 
-/// Whether the code writer makes such lines: a bare accumulator is only ever kept, a loaded cell is followed by a
+/// Whether the code writer makes such lines: a bare accumulator is only ever kept, a loaded register is followed by a
 /// jump, and a value kept in the last place is checked.
 constexpr bool occurs(const arithmetic_shape& shape)
 {
     const bool plain = shape.second == operand_form::none;
     if (shape.third != third_operation::none && !takes_third(shape.first, shape.second)) return false;
-    if (shape.first == operand_form::load) return plain && shape.kept == keep::no;
-    if (shape.first == operand_form::accumulator) return plain && shape.kept != keep::no;
+    if (shape.first == operand_form::load) return plain && shape.kept == store_mode::no;
+    if (shape.first == operand_form::accumulator) return plain && shape.kept != store_mode::no;
     return true;
 }
 
@@ -405,7 +408,7 @@ template <class Visit> constexpr void for_each_arithmetic_shape(Visit visit)
     for (const form_and_operation& first : first_forms)
         for (const form_and_operation& second : second_forms)
             for (const third_operation third : thirds)
-                for (const keep kept : keeps) {
+                for (const store_mode kept : store_modes) {
                     const arithmetic_shape shape = {first.form,       first.operation, second.form,
                                                     second.operation, third,           kept};
                     if (occurs(shape)) visit(shape.code());
@@ -420,7 +423,7 @@ template <class Visit> constexpr void for_each_operation_shape(Visit visit)
         for (const operand_form form : operation_forms) {
             const bool single = form == operand_form::load || form == operand_form::accumulator;
             if (!(single ? is_function(operation) : is_pair)) continue;
-            for (const keep kept : {keep::no, keep::store_checked})
+            for (const store_mode kept : {store_mode::no, store_mode::store_checked})
                 visit(operation_shape{operation, form, kept}.code());
         }
     }
@@ -510,17 +513,17 @@ template <class V> struct loaded_program
         }
     }
 
-    /// Runs over the cells; the result is not a number in each lane in which something failed, else 0.
-    V run(V* cells) const
+    /// Runs over the registers; the result is not a number in each lane in which something failed, else 0.
+    V run(V* registers) const
     {
         if constexpr (direct_jumps) {
-            return instructions.front().run(instructions.data(), cells, V{}, V{}, V{});
+            return instructions.front().run(instructions.data(), registers, V{}, V{}, V{});
         } else {
             V accumulator{};
             V before{};
             V check{};
             for (const instruction<V>* at = instructions.data(); at != nullptr;)
-                at = at->run(at, cells, accumulator, before, check);
+                at = at->run(at, registers, accumulator, before, check);
             return check;
         }
     }

@@ -52,7 +52,7 @@ public:
     /// the context.
     std::vector<double> evaluate_explicit();
     /// The explicit variables at `x` for display, in sorted order. A variable that can not be evaluated is
-    /// shown as 0 and hinders no other; the failure state is clear afterwards.
+    /// shown as 0 and does not hinder the others; the failure state is clear afterwards.
     std::vector<double> explicit_values(std::span<const double> x) { return compiled_->displayed_definitions(x); }
 
     const equation_list& implicit_equations() const { return implicit_; }

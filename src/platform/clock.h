@@ -33,7 +33,7 @@ public:
     std::int64_t whole_seconds() const override;
 };
 
-/// A clock that stands still until it is told otherwise: for tests and reproducible output.
+/// A clock that stands still until it is set: for tests and reproducible output.
 class fixed_clock final : public wall_clock
 {
 public:

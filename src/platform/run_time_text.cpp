@@ -90,7 +90,7 @@ bool is_too_large(std::string_view number, const number_shape& shape)
     return power > 0;
 }
 
-/// The value of a text that is a number as a whole; nothing where it is too large for a double.
+/// The value of a text that is a number as a whole. Returns nullopt if it is too large for a double.
 std::optional<double> value_of_number(std::string_view number, const number_shape& shape)
 {
     std::string with_e;

@@ -195,17 +195,19 @@ reason temporary_file::replace(const save_target& target)
 /// Makes the rename durable.
 reason sync_folder(const save_target& target, const save_calls& calls)
 {
-    const auto told = [](const reason& why) { return "it is written, but may be lost if the power fails now: " + why; };
+    const auto not_safe = [](const reason& why) {
+        return "it is written, but may be lost if the power fails now: " + why;
+    };
     const int folder =
         uninterrupted([&] { return calls.open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
     // A folder may be writable and not readable; there the system cannot be asked for more.
-    if (folder < 0) return errno == EACCES ? reason() : told(last_reason());
+    if (folder < 0) return errno == EACCES ? reason() : not_safe(last_reason());
     const bool synced = uninterrupted([&] { return calls.fsync(folder); }) == 0;
     const int error = errno;
     calls.close(folder);
     // EINVAL: this file system keeps its folders durable by itself, or cannot.
     if (synced || error == EINVAL) return {};
-    return told(system_reason(error));
+    return not_safe(system_reason(error));
 }
 
 reason save_steps(const fs::path& path, std::string_view content, const save_calls& calls)

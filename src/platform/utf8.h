@@ -16,7 +16,7 @@ struct utf8_letter
     std::size_t length = 0;
 };
 
-/// The letter at the start of `text`; nothing where there is no valid one. Overlong forms, surrogates and
+/// The letter at the start of `text`. Returns nullopt if there is no valid one. Overlong forms, surrogates and
 /// codes above 10FFFF are invalid (RFC 3629).
 std::optional<utf8_letter> first_utf8_letter(std::string_view text);
 

@@ -113,7 +113,7 @@ void system_jacobian::make_pattern(program& fast)
         for_each_input(fast, row, [&](std::size_t column) {
             const std::size_t colour = colour_of_[column];
             passes_[colour / lanes].push_back({static_cast<std::uint32_t>(row * columns() + column),
-                                               fast.lane_place(row, static_cast<int>(colour % lanes)),
+                                               fast.lane_register(row, static_cast<int>(colour % lanes)),
                                                static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(column)});
             pattern_.columns.push_back(static_cast<std::uint32_t>(column));
         });
@@ -174,7 +174,8 @@ bool system_jacobian::difference_lanes(program& fast, std::size_t first, const d
     if (first == 0) write_unmoved(wanted, zero_elsewhere, [&](std::size_t row) { return fast.lane_output(row, 0); });
     const std::span<double> elements = wanted.df.values();
     for (const pattern_element& each : passes_[first / lanes])
-        elements[each.element] = (fast.lane_value(each.lane_place) - wanted.f[each.row]) / wanted.divisors[each.column];
+        elements[each.element] =
+            (fast.lane_value(each.lane_register) - wanted.f[each.row]) / wanted.divisors[each.column];
     return true;
 }
 

@@ -56,7 +56,7 @@ private:
     {
         /// In row-major order of the whole matrix.
         std::uint32_t element = 0;
-        std::uint32_t lane_place = 0;
+        std::uint32_t lane_register = 0;
         std::uint32_t row = 0;
         std::uint32_t column = 0;
     };

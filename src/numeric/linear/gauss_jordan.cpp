@@ -26,7 +26,7 @@ struct place
 };
 
 /// A row interchange brings each pivot to the diagonal, so that rows and columns are used in pairs and one
-/// flag tells both.
+/// flag covers both.
 using used_flags = std::vector<bool>;
 
 /// The largest absolute element among unused rows and columns, the last of equals in row-major order.

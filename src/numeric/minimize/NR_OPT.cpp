@@ -125,7 +125,7 @@ private:
         return std::nullopt;
     }
 
-    /// Major iterations until the method ends; nothing where it is to start anew.
+    /// Major iterations until the method ends. Returns nullopt if it is to start anew.
     std::optional<conmin_ending> iterate()
     {
         while (true) {

@@ -30,7 +30,7 @@ enum class solver_ending
 struct solver_summary
 {
     solver_ending ending = solver_ending::not_run;
-    /// Iterations begun, as the hook was told them; the trials of mnewt.
+    /// Iterations begun, as the hook counts them; the trials of mnewt.
     int iterations = 0;
     /// The published `check` flag: a spurious minimum is suspected.
     bool check = false;

@@ -18,7 +18,7 @@ namespace
 {
 
 /// p, the Newton step: fjac p = -fvec. Departs from [Press1992] sec. 9.7 in the elimination, which stands in
-/// place of an LU pair and does not tell a singular Jacobian from another: p is then what the elimination
+/// place of an LU pair and does not detect a singular Jacobian: p is then what the elimination
 /// has left, for one unknown with a flat slope -fvec itself.
 void newton_step(const jacobian_workspace& fjac, std::span<const double> fvec, std::span<double> p,
                  elimination_workspace& memory)

@@ -59,7 +59,7 @@ private:
     function evaluate_;
 };
 
-/// Tells iteration k of at most `limit`, before it is made.
+/// Called before each iteration with its number and the limit.
 using iteration_hook = std::function<void(int iteration, int limit)>;
 
 } // namespace kelvarin
