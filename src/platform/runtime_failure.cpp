@@ -13,6 +13,8 @@ std::string_view runtime_failure_text(int number)
         return "Invalid procedure call or argument";
     case failure_number::overflow:
         return "Overflow";
+    case failure_number::out_of_memory:
+        return "Out of memory";
     case failure_number::subscript:
         return "Subscript out of range";
     case failure_number::division_by_zero:

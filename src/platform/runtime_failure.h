@@ -13,6 +13,7 @@ namespace failure_number
 {
 inline constexpr int invalid_argument = 5;
 inline constexpr int overflow = 6;
+inline constexpr int out_of_memory = 7;
 inline constexpr int subscript = 9;
 inline constexpr int division_by_zero = 11;
 inline constexpr int type_mismatch = 13;

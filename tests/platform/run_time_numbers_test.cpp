@@ -101,7 +101,8 @@ TEST(RuntimeFailure, TellsNumberDescriptionAndDetail)
                             {11, "Division by zero"},
                             {13, "Type mismatch"},
                             {8888, "Numeric failure"},
-                            {7, "Unknown failure"}}) {
+                            {7, "Out of memory"},
+                            {10, "Unknown failure"}}) {
         EXPECT_EQ(runtime_failure_text(each.number), each.expected);
         EXPECT_EQ(runtime_failure(each.number).what(), std::to_string(each.number) + ": " + each.expected);
     }

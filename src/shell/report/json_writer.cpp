@@ -153,16 +153,33 @@ void json_writer::value(std::span<const std::string> texts)
 
 void json_writer::value(double number)
 {
+    if (!std::isfinite(number)) return null();
     separate();
-    if (!std::isfinite(number)) {
-        text_ += "null";
-        return;
-    }
     // The form and, where several are as short, the choice of digits are the library's own.
     std::array<char, 64> digits;
     const char* const begin = digits.data();
     const char* const end = nlohmann::detail::to_chars(digits.data(), digits.data() + digits.size(), number);
     text_.append(begin, end);
+}
+
+void json_writer::value(std::span<const double> numbers)
+{
+    begin_array();
+    for (const double number : numbers)
+        value(number);
+    end_array();
+}
+
+void json_writer::null()
+{
+    separate();
+    text_ += "null";
+}
+
+void json_writer::raw(std::string_view text)
+{
+    separate();
+    text_ += text;
 }
 
 } // namespace kelvarin

@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// Writes indented JSON straight into a text, byte for byte as the objects of the library would be printed
-/// (json_text), without making them: an answer of a large problem has a thousand numbers.
+/// Writes indented JSON straight into a text: the one writer of the program. Numbers have the fewest digits that give
+/// the same double back.
 ///
 /// Every array and object is closed by its `end`; within an object each value follows its key.
 class json_writer
@@ -33,10 +33,13 @@ public:
     void value(bool truth);
     void value(std::int64_t number);
     void value(int number) { value(static_cast<std::int64_t>(number)); }
-    /// The digits that give the same double back; one that is not finite is null.
+    /// One that is not finite is null.
     void value(double number);
-    /// An array of texts.
+    void value(std::span<const double> numbers);
     void value(std::span<const std::string> texts);
+    void null();
+    /// A text that another writer made at the depth of this place.
+    void raw(std::string_view text);
     template <class Value> void member(std::string_view name, const Value& content)
     {
         key(name);

@@ -1,21 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "shell/report/json_writer.h"
 
-#include "batch_call.h"
-#include "support/scratch_folder.h"
-
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace kelvarin
 {
 namespace
 {
+
+using json = nlohmann::ordered_json;
 
 /// The library's own text of a value.
 std::string printed(const json& value)
@@ -78,44 +80,24 @@ TEST(JsonWriter, NestingAndMarginsAreThoseOfTheLibrary)
         writer.member("no", false);
         writer.end_object();
         writer.end_array();
+        writer.member("numbers", std::vector<double>{0.5, 2});
+        writer.member("texts", std::vector<std::string>{"a", "b"});
+        writer.key("missing");
+        writer.null();
         writer.member("last", -7);
         writer.end_object();
         return writer.take();
     };
     const json same =
-        json::parse(R"({"none": "", "empty": [], "list": [1, {}, {"yes": true, "no": false}], "last": -7})");
+        json::parse(R"({"none": "", "empty": [], "list": [1, {}, {"yes": true, "no": false}], "numbers": [0.5, 2.0],
+                        "texts": ["a", "b"], "missing": null, "last": -7})");
     EXPECT_EQ(write(0), printed(same));
-    const std::vector<std::string> twice = {write(1), json_text(same, 1)};
-    EXPECT_EQ(json_array_text(twice), printed(json::array({same, same})));
-}
-
-TEST(JsonWriter, AnswersAreTheBytesOfTheirOwnObjectsPrinted)
-{
-    const test::scratch_folder folder;
-    folder.write("root.kvr", test::square_root_of_two);
-    folder.write("lines.kvr", test::plane_lines);
-    folder.write("sum.kvr", test::explicit_only);
-    folder.write("red.kvr", test::undefined_name);
-    folder.write("fails.kvr", test::failing_run);
-    folder.write("decay.kvr", test::differential);
-    folder.write("odd.kvr", "title\n2x y = 3\nz = 1\n");
-    folder.write("title.kvr", "Tit\tle \"\\ \xC3\xA9\na = 1/3\n");
-    test::batch_call call;
-    std::vector<std::string> all = {"--format", "json"};
-    for (const char* file : {"root.kvr", "lines.kvr", "sum.kvr", "red.kvr", "fails.kvr", "decay.kvr", "odd.kvr",
-                             "title.kvr", "none.kvr"}) {
-        SCOPED_TRACE(file);
-        const test::batch_result alone = call({"--format", "json", file});
-        EXPECT_EQ(alone.out, printed(alone.as_json()) + "\n");
-        all.emplace_back(file);
-    }
-    const test::batch_result together = call(all);
-    EXPECT_EQ(together.as_json().size(), 9u);
-    EXPECT_EQ(together.out, printed(together.as_json()) + "\n");
-    all[0] = "--check";
-    all.erase(all.begin() + 1);
-    const test::batch_result checked = call(all);
-    EXPECT_EQ(checked.out, printed(checked.as_json()) + "\n");
+    json_writer twice;
+    twice.begin_array();
+    twice.raw(write(1));
+    twice.raw(write(1));
+    twice.end_array();
+    EXPECT_EQ(twice.take(), printed(json::array({same, same})));
 }
 
 } // namespace

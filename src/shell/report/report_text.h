@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/clock.h"
+#include "shell/settings.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// How a kind of problem sets the lines of the blocks "Settings" and "General", in rich text.
+struct report_layout
+{
+    /// What begins each line: a blank, or an empty group that indents.
+    std::string_view margin = " ";
+    /// Between the label of a setting and its value.
+    std::string_view equals = " = ";
+};
+
+/// A row of the block "Comments": the row's number in the problem, its text and its comment, as typed.
+struct commented_row
+{
+    std::size_t number = 0;
+    std::string_view text;
+    std::string_view comment;
+};
+
+/// A line of the block "Settings": its label in rich text, and the setting's key.
+struct setting_line
+{
+    std::string_view label;
+    std::string_view key;
+};
+
+/// A report as it grows, in rich text. Parts are taken as rich text unless they are said to be as typed; those are
+/// escaped here.
+class report_text
+{
+public:
+    /// Begins with the head of every report: title (as typed), date and the program's version.
+    report_text(std::string_view title, calendar_date date, report_layout layout = {});
+
+    /// Room for so many bytes.
+    void reserve(std::size_t bytes) { body_.reserve(bytes); }
+    /// A part of a line that is not yet at its end.
+    void add(std::string_view part) { body_ += part; }
+    /// The parts of a line, then its end; without parts an empty line.
+    void line(std::initializer_list<std::string_view> parts = {});
+    /// The same behind the margin of the layout.
+    void margin_line(std::initializer_list<std::string_view> parts);
+
+    /// An equation or condition, as typed, behind its number: "[1] x = 2".
+    void numbered_line(std::size_t number, std::initializer_list<std::string_view> typed);
+    /// The head, then each row that has a comment with the comment below, and an empty line. Nothing where no row has
+    /// one.
+    void comments(std::string_view head, std::span<const commented_row> rows);
+    /// A line "label = value".
+    void setting(std::string_view label, std::string_view value);
+    /// The settings as they are in `store`, numbers all of them.
+    void settings_of(std::span<const setting_line> lines, const settings& store);
+    /// "Data file: " with a shortened path; nothing where the problem has no file.
+    void data_file(const std::filesystem::path& path);
+    /// "Elapsed time: 0.0000 sec".
+    void elapsed_time(double seconds);
+
+    /// The whole document.
+    std::string document() const;
+
+private:
+    report_layout layout_;
+    std::string body_;
+};
+
+} // namespace kelvarin
