@@ -3,6 +3,7 @@
 #include "nle/equations/equation_rows.h"
 #include "nle/nle_analysis.h"
 #include "nle/nle_file.h"
+#include "nle/nle_report.h"
 #include "nle/nle_run.h"
 #include "promise.h"
 #include "shell/document/recognition.h"

@@ -3,12 +3,12 @@
 
 #include "batch/answer_printer.h"
 #include "batch/exit_status.h"
-#include "batch/json_output.h"
 #include "batch/solve_files.h"
 #include "batch/text_columns.h"
 #include "platform/data_files.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
+#include "shell/report/json_writer.h"
 #include "tools/constants.h"
 #include "tools/units.h"
 
@@ -79,13 +79,16 @@ int convert(const batch_request& request, const std::vector<unit>& units, std::o
     const double x = val(number);
     if (request.format != output_format::object)
         return write_output(request.output, convert_units(x, pair->first, pair->second).text + "\n", out, err);
-    const json answer = {{"number", x},
-                         {"from", pair->first.unit_name},
-                         {"to", pair->second.unit_name},
-                         {"type", pair->first.unit_type},
-                         {"value", *typed.value},
-                         {"text", typed.text}};
-    return write_output(request.output, json_text(answer) + "\n", out, err);
+    json_writer writer;
+    writer.begin_object();
+    writer.member("number", x);
+    writer.member("from", pair->first.unit_name);
+    writer.member("to", pair->second.unit_name);
+    writer.member("type", pair->first.unit_type);
+    writer.member("value", *typed.value);
+    writer.member("text", typed.text);
+    writer.end_object();
+    return write_output(request.output, writer.take() + "\n", out, err);
 }
 
 std::string units_text(const std::vector<unit>& units)
@@ -99,14 +102,19 @@ std::string units_text(const std::vector<unit>& units)
 
 std::string units_json(const std::vector<unit>& units)
 {
-    json list = json::array();
-    for (const unit& each : units)
-        list.push_back({{"type", each.unit_type},
-                        {"name", each.unit_name},
-                        {"factor", each.factor},
-                        {"offset", each.offset},
-                        {"note", each.unit_note}});
-    return json_text(list) + "\n";
+    json_writer writer;
+    writer.begin_array();
+    for (const unit& each : units) {
+        writer.begin_object();
+        writer.member("type", each.unit_type);
+        writer.member("name", each.unit_name);
+        writer.member("factor", each.factor);
+        writer.member("offset", each.offset);
+        writer.member("note", each.unit_note);
+        writer.end_object();
+    }
+    writer.end_array();
+    return writer.take() + "\n";
 }
 
 std::string constants_text(const std::vector<constant_group>& groups)
@@ -120,21 +128,29 @@ std::string constants_text(const std::vector<constant_group>& groups)
     return text;
 }
 
-/// The text of a constant's value as the number that it is.
-json value_json(const physical_constant& constant)
+void write_constant(json_writer& writer, const std::string& group, const physical_constant& constant)
 {
-    if (const std::optional<double> number = numeric_value(constant.value)) return *number;
-    return constant.value;
+    writer.begin_object();
+    writer.member("group", group);
+    writer.member("name", constant.name);
+    // The value is kept as the text of the data file, which is a number in all of ours.
+    if (const std::optional<double> number = numeric_value(constant.value))
+        writer.member("value", *number);
+    else
+        writer.member("value", constant.value);
+    writer.member("units", constant.units);
+    writer.end_object();
 }
 
 std::string constants_json(const std::vector<constant_group>& groups)
 {
-    json list = json::array();
+    json_writer writer;
+    writer.begin_array();
     for (const constant_group& group : groups)
         for (const physical_constant& each : group.constants)
-            list.push_back(
-                {{"group", group.name}, {"name", each.name}, {"value", value_json(each)}, {"units", each.units}});
-    return json_text(list) + "\n";
+            write_constant(writer, group.name, each);
+    writer.end_array();
+    return writer.take() + "\n";
 }
 
 int answer_from_units(const batch_request& request, std::ostream& out, std::ostream& err)

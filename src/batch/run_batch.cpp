@@ -11,6 +11,7 @@
 #include "tools/calculator.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace kelvarin
 {
@@ -42,13 +43,12 @@ int evaluate_lines(const batch_request& request, std::ostream& out, std::ostream
 {
     calculator tool;
     int status = exit_status::every_file_reported;
-    json answers = json::array();
+    std::vector<calculator_answer> answers;
     for (const std::string& line : request.lines) {
-        const calculator_answer answer = tool.solve_line(line);
-        if (!answer.value) status = exit_status::a_run_failed;
-        answers.push_back(calculator_json(line, answer));
+        answers.push_back(tool.solve_line(line));
+        if (!answers.back().value) status = exit_status::a_run_failed;
     }
-    return std::max(status, write_output(request.output, json_text(answers) + "\n", out, err));
+    return std::max(status, write_output(request.output, calculator_json(request.lines, answers) + "\n", out, err));
 }
 
 } // namespace
@@ -72,7 +72,7 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
         return answer_from_tables(request, out, err);
     case batch_action::show_settings:
         return write_output(request.output,
-                            request.format == output_format::object ? json_text(settings_json(request.store)) + "\n"
+                            request.format == output_format::object ? settings_json(request.store) + "\n"
                                                                     : settings_listing(request.store),
                             out, err);
     case batch_action::solve:

@@ -4,8 +4,11 @@
 #include "batch/exit_status.h"
 #include "batch/json_output.h"
 #include "batch/problem_file.h"
-#include "leq/leq_run.h"
-#include "nle/nle_run.h"
+#include "leq/leq_json.h"
+#include "leq/leq_report.h"
+#include "nle/nle_json.h"
+#include "nle/nle_report.h"
+#include "shell/report/json_writer.h"
 #include "shell/report/rich_text.h"
 
 #include <algorithm>
@@ -26,7 +29,7 @@ int depth_of_object(const batch_request& request)
 file_answer refused_answer(const std::string& file, const problem_file& refused, int depth)
 {
     file_answer answer;
-    answer.object = json_text(refused_file_json(file, refused.kind, *refused.refusal), depth);
+    answer.object = refused_file_json(file, kind_name(refused.kind), *refused.refusal, depth);
     answer.messages = message_lines(file, *refused.refusal);
     answer.status = exit_status::unusable;
     return answer;
@@ -52,6 +55,22 @@ file_answer answer_of(const std::string& file, const Outcome& outcome, std::stri
     return answer;
 }
 
+std::string nle_object(const std::string& file, const nle_content& content, const nle_outcome& outcome,
+                       const std::string& report, int depth)
+{
+    json_writer writer(depth);
+    write_nle_json(writer, file, content, outcome, report);
+    return writer.take();
+}
+
+std::string leq_object(const std::string& file, const leq_content& content, const leq_outcome& outcome,
+                       const std::string& report, int depth)
+{
+    json_writer writer(depth);
+    write_leq_json(writer, file, content, outcome, report);
+    return writer.take();
+}
+
 file_answer solve_nle_file(const std::string& file, const nle_run_problem& problem, const batch_request& request,
                            const wall_clock& clock, run_listener& listener)
 {
@@ -60,7 +79,7 @@ file_answer solve_nle_file(const std::string& file, const nle_run_problem& probl
     file_answer answer = answer_of(file, outcome, std::move(report), request.format);
     answer.stopped = outcome.stopped;
     if (request.format == output_format::object)
-        answer.object = solved_nle_text(file, problem.content, outcome, answer.report, depth_of_object(request));
+        answer.object = nle_object(file, problem.content, outcome, answer.report, depth_of_object(request));
     return answer;
 }
 
@@ -71,7 +90,7 @@ file_answer solve_leq_file(const std::string& file, const leq_run_problem& probl
     std::string report = outcome.has_report ? leq_report(problem, outcome, surroundings.clock.today()) : "";
     file_answer answer = answer_of(file, outcome, std::move(report), request.format);
     if (request.format == output_format::object)
-        answer.object = solved_leq_text(file, problem.content, outcome, answer.report, depth_of_object(request));
+        answer.object = leq_object(file, problem.content, outcome, answer.report, depth_of_object(request));
     return answer;
 }
 
@@ -92,9 +111,9 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
     if (read.refusal) {
         file_answer refused = refused_answer(file, read, depth);
         if (read.kind == document_kind::nle)
-            refused.object = solved_nle_text(file, read.content, not_run<nle_outcome>(*read.refusal), "", depth);
+            refused.object = nle_object(file, read.content, not_run<nle_outcome>(*read.refusal), "", depth);
         if (read.kind == document_kind::leq)
-            refused.object = solved_leq_text(file, leq_content(), not_run<leq_outcome>(*read.refusal), "", depth);
+            refused.object = leq_object(file, leq_content(), not_run<leq_outcome>(*read.refusal), "", depth);
         return refused;
     }
     if (read.linear) return solve_leq_file(file, {std::move(*read.linear), file}, request, surroundings);
@@ -107,8 +126,12 @@ file_answer check_file(const std::string& file, const batch_request& request)
     const problem_file read = read_problem_file(file, request);
     if (read.refusal) return refused_answer(file, read, depth);
     file_answer answer;
-    answer.object =
-        json_text(read.linear ? checked_leq_json(file, *read.linear) : checked_nle_json(file, read.content), depth);
+    json_writer writer(depth);
+    if (read.linear)
+        write_leq_check_json(writer, file, *read.linear);
+    else
+        write_nle_check_json(writer, file, read.content);
+    answer.object = writer.take();
     return answer;
 }
 

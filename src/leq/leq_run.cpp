@@ -8,7 +8,9 @@
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace kelvarin
 {
@@ -40,14 +42,17 @@ void solve(const linear_system& system, const stopwatch& seconds, leq_outcome& o
     const double start = seconds();
     const elimination_status status = gauss_jordan_solve(system.a, x);
     outcome.elapsed_seconds = seconds() - start;
-    if (status == elimination_status::singular) {
-        outcome.boxes.push_back({"Error, Singular Matrix enetered !", box_icon::critical});
-        return;
-    }
+    if (status == elimination_status::singular)
+        return outcome.refuse({"Error, Singular Matrix enetered !", box_icon::critical});
     outcome.residual = relative_residual(system.a, x, system.b);
     outcome.reciprocal_condition = reciprocal_condition(system.a);
     outcome.solution = std::move(x);
     outcome.has_report = true;
+}
+
+message_box failure_box(const runtime_failure& failure)
+{
+    return {"Error: " + std::string(failure.description()), box_icon::critical};
 }
 
 } // namespace
@@ -57,14 +62,12 @@ leq_outcome run_leq(const leq_content& content, const stopwatch& seconds)
     leq_outcome outcome;
     if (std::optional<leq_fault> fault = first_leq_fault(content)) {
         outcome.fault = fault->cell;
-        outcome.boxes.push_back(std::move(fault->box));
+        outcome.refuse(std::move(fault->box));
         return outcome;
     }
-    try {
-        solve(system_of(content), seconds, outcome);
-    } catch (const runtime_failure& failure) {
-        outcome.boxes.push_back({"Error: " + std::string(failure.description()), box_icon::critical});
-    }
+    // The elimination listens to nobody.
+    const run_ending_boxes endings = {failure_box, {}};
+    guard_run(outcome, endings, [&] { solve(system_of(content), seconds, outcome); });
     return outcome;
 }
 

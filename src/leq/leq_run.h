@@ -2,12 +2,11 @@
 #pragma once
 
 #include "leq/leq_content.h"
-#include "platform/clock.h"
-#include "platform/message_box.h"
 #include "platform/stopwatch.h"
+#include "shell/document/run_outcome.h"
 
 #include <filesystem>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace kelvarin
@@ -26,21 +25,16 @@ inline constexpr double largest_leq_residual = 1e-8;
 inline constexpr double least_reciprocal_condition = 1e-12;
 
 /// Everything that a run found out.
-struct leq_outcome
+struct leq_outcome : run_outcome
 {
-    /// A report is to be made; otherwise the boxes say why not.
-    bool has_report = false;
-    std::vector<message_box> boxes;
     /// The cell that kept the problem from being solved, where one did.
     std::optional<leq_cell> fault;
 
     std::vector<double> solution;
-    /// How far the solution is from the equations, as relative_residual tells it.
+    /// How far the solution is from the equations, in the measure of relative_residual.
     double residual = 0.0;
-    /// As reciprocal_condition tells it.
+    /// In the measure of reciprocal_condition.
     double reciprocal_condition = 0.0;
-    /// Of the elimination alone.
-    double elapsed_seconds = 0.0;
 
     /// The report holds no warning.
     bool trustworthy() const
@@ -51,8 +45,5 @@ struct leq_outcome
 
 /// Solves A x = beta by Gauss-Jordan elimination with full pivoting, once every cell is numeric. Never throws.
 leq_outcome run_leq(const leq_content& content, const stopwatch& seconds = steady_seconds);
-
-/// The report as a rich-text document. `outcome.has_report` is true.
-std::string leq_report(const leq_run_problem& problem, const leq_outcome& outcome, calendar_date date);
 
 } // namespace kelvarin

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "nle/nle_run.h"
+#include "nle/nle_report.h"
 
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
+#include "shell/report/report_text.h"
 #include "shell/report/rich_text.h"
 
 #include <array>
-#include <initializer_list>
 #include <span>
+#include <string_view>
+#include <variant>
+#include <vector>
 
 namespace kelvarin
 {
@@ -16,15 +19,8 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::string_view empty_line = R"(\par )";
-
-/// A line of a report: its parts, then the line end.
-void add_line(std::string& report, std::initializer_list<std::string_view> parts)
-{
-    for (const std::string_view part : parts)
-        report += part;
-    report += empty_line;
-}
+/// The second blank behind \f6 indents the line like the heads above it.
+constexpr report_layout layout = {.margin = R"({\f6  })", .equals = R"(\tab = )"};
 
 /// The last 8 characters of a name, padded with blanks to 8.
 std::string name_block(std::string_view name)
@@ -40,93 +36,70 @@ std::string name_block(std::string_view name)
     return escape_rich_text(name.substr(begin)) + std::string(width - characters, ' ');
 }
 
-void add_explicit_rows(std::string& report, std::span<const explicit_result> rows)
+void add_explicit_rows(report_text& report, std::span<const explicit_result> rows)
 {
     for (const explicit_result& row : rows) {
-        add_line(report, {R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "}"});
+        report.line({R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "}"});
     }
 }
 
 /// The rows of a result table behind its head.
-void add_rows(std::string& report, const nle_solution& solution)
+void add_rows(report_text& report, const nle_solution& solution)
 {
     for (const implicit_result& row : solution.implicit) {
-        add_line(report, {R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "   ",
-                          format_number(row.residual), "   ", format_number(row.guess), "}"});
+        report.line({R"({\f6  )", name_block(row.name), "   ", format_number(row.value), "   ",
+                     format_number(row.residual), "   ", format_number(row.guess), "}"});
     }
     add_explicit_rows(report, solution.explicit_values);
-    report += empty_line;
+    report.line();
 }
 
-void add_table(std::string& report, const nle_solution& solution)
+void add_table(report_text& report, const nle_solution& solution)
 {
-    add_line(report, {R"({\cf1\f6  \ul Variable      Value       f(x)       Ini Guess})"});
+    report.line({R"({\cf1\f6  \ul Variable      Value       f(x)       Ini Guess})"});
     add_rows(report, solution);
 }
 
-void add_equation(std::string& report, std::size_t number, std::initializer_list<std::string_view> text)
-{
-    report += R"({\cf3\f6  [)" + std::to_string(number) + "] }";
-    for (const std::string_view part : text)
-        report += escape_rich_text(part);
-    report += empty_line;
-}
-
-void add_explicit_equations(std::string& report, const nle_outcome& outcome)
+void add_explicit_equations(report_text& report, const nle_outcome& outcome)
 {
     for (std::size_t i = 0; i < outcome.explicit_names.size(); ++i) {
-        add_equation(report, i + 1, {outcome.explicit_names[i], " = ", outcome.explicit_right_sides[i]});
+        report.numbered_line(i + 1, {outcome.explicit_names[i], " = ", outcome.explicit_right_sides[i]});
     }
-    report += empty_line;
+    report.line();
 }
 
-void add_equations(std::string& report, const nle_outcome& outcome)
+void add_equations(report_text& report, const nle_outcome& outcome)
 {
-    add_line(report, {R"({\f6  }{\cf1\fs20 Nonlinear equations })"});
+    report.line({R"({\f6  }{\cf1\fs20 Nonlinear equations })"});
     for (std::size_t i = 0; i < outcome.implicit_names.size(); ++i) {
-        add_equation(report, i + 1, {"f(", outcome.implicit_names[i], ") = ", outcome.implicit_right_sides[i], " = 0"});
+        report.numbered_line(i + 1, {"f(", outcome.implicit_names[i], ") = ", outcome.implicit_right_sides[i], " = 0"});
     }
-    report += empty_line;
+    report.line();
     if (outcome.explicit_names.empty()) return;
-    add_line(report, {R"({\f6  }{\cf1\fs20 Explicit equations })"});
+    report.line({R"({\f6  }{\cf1\fs20 Explicit equations })"});
     add_explicit_equations(report, outcome);
 }
 
-/// The comments, numbered by their rows in the problem, with a head of the given text.
-void add_comments(std::string& report, std::span<const equation_row> rows, std::string_view head)
+/// The rows that have a comment, numbered as in the problem.
+std::vector<commented_row> commented_rows(std::span<const equation_row> rows)
 {
-    std::string text;
-    std::size_t number = 0;
-    for (const equation_row& row : rows) {
-        ++number;
-        if (row.equation.empty() || row.comment.empty()) continue;
-        add_equation(text, number, {trimmed(row.equation)});
-        const std::string blanks(std::to_string(number).size(), ' ');
-        add_line(text, {R"({\f6     )", blanks, R"(}{\i\cf6 )", escape_rich_text(row.comment), " }"});
-    }
-    if (text.empty()) return;
-    add_line(report, {head});
-    report += text;
-    report += empty_line;
+    std::vector<commented_row> commented;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (!rows[i].equation.empty()) commented.push_back({i + 1, trimmed(rows[i].equation), rows[i].comment});
+    return commented;
 }
 
-void add_conditions(std::string& report, const nle_outcome& outcome)
+void add_conditions(report_text& report, const nle_outcome& outcome)
 {
     static constexpr std::array<std::string_view, 3> words = {"Any real value", "Physically Positive ",
                                                               "Absolutely Positive "};
-    add_line(report, {R"({\f6  }{\cf1\fs20 Conditions for solution})"});
+    report.line({R"({\f6  }{\cf1\fs20 Conditions for solution})"});
     for (std::size_t i = 0; i < outcome.implicit_names.size(); ++i) {
         const auto condition = static_cast<std::size_t>(outcome.constraints[i]);
-        add_equation(report, i + 1, {outcome.implicit_names[i], " : ", words[condition]});
+        report.numbered_line(i + 1, {outcome.implicit_names[i], " : ", words[condition]});
     }
-    report += empty_line;
+    report.line();
 }
-
-struct setting_line
-{
-    std::string_view label;
-    std::string_view key;
-};
 
 /// The settings that a method reads, with their labels in reports.
 std::span<const setting_line> setting_lines(nle_method method)
@@ -157,56 +130,41 @@ std::span<const setting_line> setting_lines(nle_method method)
     return cnle_lines;
 }
 
-void add_setting(std::string& report, std::string_view label, std::string_view value)
+/// `iterations` are those that the run used.
+void add_settings(report_text& report, const nle_outcome& outcome, const settings& store, int iterations)
 {
-    add_line(report, {R"({\f6  })", label, R"(\tab = )", value});
-}
-
-void add_settings(std::string& report, const nle_outcome& outcome, const settings& store)
-{
-    add_line(report, {R"({\f6  }{\cf1\fs20 Settings })"});
-    for (const setting_line& line : setting_lines(outcome.method)) {
-        add_setting(report, line.label, plain_text(store.number(line.key)));
-    }
-    if (outcome.method == nle_method::constrained) {
-        add_setting(report, "# of iterations used", std::to_string(outcome.iterations.value_or(0)));
-    }
-    report += empty_line;
+    report.line({R"({\f6  }{\cf1\fs20 Settings })"});
+    report.settings_of(setting_lines(outcome.method), store);
+    if (outcome.method == nle_method::constrained) report.setting("# of iterations used", std::to_string(iterations));
+    report.line();
 }
 
 /// The lines behind the head "General".
-void add_general(std::string& report, const nle_run_problem& problem, const nle_outcome& outcome)
+void add_general(report_text& report, const nle_run_problem& problem, const nle_outcome& outcome)
 {
-    static constexpr std::string_view indent = R"({\f6  })";
-    if (outcome.kind == nle_run_kind::single) {
-        add_line(report, {indent, "Search range:  ", plain_text(outcome.upper), " > ",
-                          escape_rich_text(outcome.implicit_names.front()), " > ", plain_text(outcome.lower)});
-    }
-    add_line(report, {indent, "number of implicit equations: ", std::to_string(outcome.implicit_names.size())});
-    add_line(report, {indent, "number of explicit equations: ", std::to_string(outcome.explicit_names.size())});
-    if (!problem.path.empty()) {
-        add_line(report, {indent, "Data file: ", escape_rich_text(shorten_path(problem.path.string()))});
-    }
-    if (outcome.elapsed_seconds > 0) {
-        // Reports have always counted 100000 seconds a day.
-        const double elapsed = static_cast<double>(outcome.elapsed_seconds) / 86400.0 * 100000.0;
-        add_line(report, {indent, "Elapsed time: ", format_masked(elapsed, "0.0000"), " sec"});
-    }
+    report.margin_line({"number of implicit equations: ", std::to_string(outcome.implicit_names.size())});
+    report.margin_line({"number of explicit equations: ", std::to_string(outcome.explicit_names.size())});
+    report.data_file(problem.path);
+    // Reports have always counted 100000 seconds a day.
+    if (outcome.elapsed_seconds > 0) report.elapsed_time(outcome.elapsed_seconds / 86400.0 * 100000.0);
 }
 
-void add_solution_head(std::string& report, std::string_view head)
+void add_solution_head(report_text& report, std::string_view head)
 {
-    add_line(report, {empty_line, empty_line, head});
-    report += empty_line;
+    report.line();
+    report.line();
+    report.line({head});
+    report.line();
 }
 
-void add_report_head(std::string& report, std::string_view head, const nle_outcome& outcome)
+void add_report_head(report_text& report, std::string_view head, const nle_outcome& outcome)
 {
-    add_line(report, {head, method_text(outcome.method), ")}"});
-    report += empty_line;
+    report.line({head, method_text(outcome.method), ")}"});
+    report.line();
 }
 
-void add_system_solution(std::string& report, const nle_outcome& outcome)
+/// The solution of several equations, up to the head of the report.
+void add_solution(report_text& report, const nle_outcome& outcome, const nle_system_result& system)
 {
     static constexpr std::array<std::string_view, 6> errors = {
         "",
@@ -216,74 +174,81 @@ void add_system_solution(std::string& report, const nle_outcome& outcome)
         R"({\b  Error: DTHETA has reached a minimal value})",
         R"({\b  Error: Iteration is not making progress or is diverging })"};
     add_solution_head(report, R"({\b\cf1\f5\fs21\ul NLES Solution })");
-    if (outcome.residual_sum() > largest_residual_sum) {
-        add_line(report, {R"({\b  Solution did not converge !})"});
-        add_line(report, {R"({\b  Give better first estimates and try again.})"});
-        report += empty_line;
+    if (system.residual_sum() > largest_residual_sum) {
+        report.line({R"({\b  Solution did not converge !})"});
+        report.line({R"({\b  Give better first estimates and try again.})"});
+        report.line();
     }
-    if (outcome.method == nle_method::constrained && outcome.code != cnle_code::converged) {
-        add_line(report, {errors[static_cast<std::size_t>(outcome.code)]});
-        report += empty_line;
+    if (outcome.method == nle_method::constrained && system.code != cnle_code::converged) {
+        report.line({errors[static_cast<std::size_t>(system.code)]});
+        report.line();
     }
-    add_table(report, outcome.solution);
+    add_table(report, system.solution);
     add_report_head(report, R"({\b\cf1\f5\fs21\ul NLES Report ()", outcome);
 }
 
-void add_single_solution(std::string& report, const nle_outcome& outcome)
+/// The roots of one equation, up to the head of the report.
+void add_solution(report_text& report, const nle_outcome& outcome, const nle_single_result& single)
 {
     add_solution_head(report, R"({\b\cf1\f5\fs21\ul NLE Solution })");
-    const std::size_t count = outcome.roots.size();
+    const std::size_t count = single.roots.size();
     if (count == 0) {
-        add_line(report, {R"({\b No solution was found. Please give better first estimates and try again.} )"});
-        report += empty_line;
+        report.line({R"({\b No solution was found. Please give better first estimates and try again.} )"});
+        report.line();
     }
     for (std::size_t i = 0; i < count; ++i) {
-        if (count > 1) {
-            add_line(report,
-                     {R"({\f6  }{\cf2\f5 Solution #)", std::to_string(i + 1), " of ", std::to_string(count), "}"});
-        }
-        add_table(report, outcome.roots[i]);
+        if (count > 1)
+            report.line({R"({\f6  }{\cf2\f5 Solution #)", std::to_string(i + 1), " of ", std::to_string(count), "}"});
+        add_table(report, single.roots[i]);
     }
     add_report_head(report, R"({\b\cf1\f5\fs21\ul NLE Report ()", outcome);
 }
 
-void add_initial_values(std::string& report, const nle_outcome& outcome)
+void add_initial_values(report_text& report, const nle_single_result& single)
 {
-    add_line(report, {R"({\f6  }{\cf1\fs20 Initial values data })"});
-    add_line(report, {R"({\cf3\f6  \ul Variable      Value       f(x)       Ini Guess})"});
-    add_rows(report, outcome.initial_values);
+    report.line({R"({\f6  }{\cf1\fs20 Initial values data })"});
+    report.line({R"({\cf3\f6  \ul Variable      Value       f(x)       Ini Guess})"});
+    add_rows(report, single.initial_values);
 }
 
-void add_implicit_report(std::string& report, const nle_run_problem& problem, const nle_outcome& outcome,
-                         const settings& store)
+void add_search_range(report_text& report, const nle_outcome& outcome, const nle_single_result& single)
 {
-    const bool single = outcome.kind == nle_run_kind::single;
-    if (single) {
-        add_single_solution(report, outcome);
-    } else {
-        add_system_solution(report, outcome);
-    }
-    add_equations(report, outcome);
-    if (single) add_initial_values(report, outcome);
-    add_comments(report, problem.content.rows, R"({\f6  }{\cf1\fs20 Comments})");
-    if (outcome.method == nle_method::constrained) add_conditions(report, outcome);
-    add_settings(report, outcome, store);
-    add_line(report, {R"({\f6  }{\cf1\fs20 General})"});
+    report.margin_line({"Search range:  ", plain_text(single.upper), " > ",
+                        escape_rich_text(outcome.implicit_names.front()), " > ", plain_text(single.lower)});
+}
+
+void add_explicit_report(report_text& report, const nle_run_problem& problem, const nle_outcome& outcome,
+                         const nle_explicit_result& result)
+{
+    report.line({R"({\b\cf1\f5\fs20\ul Explicit Algebraic Equations Solution })"});
+    report.line();
+    report.line({R"({\cf1\f6  {\ul Variable}    {\ul Value  }  }  )"});
+    add_explicit_rows(report, result.values);
+    report.line();
+    report.line();
+    report.line({R"({\b\cf1\f5\fs20\ul Explicit Algebraic Equations Report })"});
+    report.line();
+    report.line({R"({\f6  }{\cf1 Explicit equations })"});
+    add_explicit_equations(report, outcome);
+    report.comments(R"({\f6  }{\cf1 Comments})", commented_rows(problem.content.rows));
+    report.line({R"({\f6  }{\cf1 General})"});
     add_general(report, problem, outcome);
 }
 
-void add_explicit_report(std::string& report, const nle_run_problem& problem, const nle_outcome& outcome)
+void add_implicit_report(report_text& report, const nle_run_problem& problem, const nle_outcome& outcome,
+                         const settings& store)
 {
-    add_line(report, {R"({\b\cf1\f5\fs20\ul Explicit Algebraic Equations Solution })", empty_line});
-    add_line(report, {R"({\cf1\f6  {\ul Variable}    {\ul Value  }  }  )"});
-    add_explicit_rows(report, outcome.solution.explicit_values);
-    report += empty_line;
-    report += empty_line;
-    add_line(report, {R"({\b\cf1\f5\fs20\ul Explicit Algebraic Equations Report })", empty_line});
-    add_line(report, {R"({\f6  }{\cf1 Explicit equations })"});
-    add_explicit_equations(report, outcome);
-    add_comments(report, problem.content.rows, R"({\f6  }{\cf1 Comments})");
-    add_line(report, {R"({\f6  }{\cf1 General})"});
+    const auto* single = std::get_if<nle_single_result>(&outcome.result);
+    const auto* system = std::get_if<nle_system_result>(&outcome.result);
+    if (single) add_solution(report, outcome, *single);
+    if (system) add_solution(report, outcome, *system);
+    add_equations(report, outcome);
+    if (single) add_initial_values(report, *single);
+    report.comments(R"({\f6  }{\cf1\fs20 Comments})", commented_rows(problem.content.rows));
+    if (outcome.method == nle_method::constrained) add_conditions(report, outcome);
+    add_settings(report, outcome, store, system ? system->iterations : 0);
+    report.line({R"({\f6  }{\cf1\fs20 General})"});
+    if (single) add_search_range(report, outcome, *single);
     add_general(report, problem, outcome);
 }
 
@@ -292,15 +257,13 @@ void add_explicit_report(std::string& report, const nle_run_problem& problem, co
 std::string nle_report(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
                        calendar_date date)
 {
-    std::string report;
+    report_text report(problem.content.title, date, layout);
     report.reserve(4096 + 256 * problem.content.rows.size());
-    report += report_head(problem.content.title, date);
-    if (outcome.kind == nle_run_kind::explicit_only) {
-        add_explicit_report(report, problem, outcome);
-    } else {
+    if (const auto* result = std::get_if<nle_explicit_result>(&outcome.result))
+        add_explicit_report(report, problem, outcome, *result);
+    else
         add_implicit_report(report, problem, outcome, store);
-    }
-    return rich_text_document(report);
+    return report.document();
 }
 
 } // namespace kelvarin

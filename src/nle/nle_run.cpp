@@ -2,12 +2,13 @@
 #include "nle/nle_run.h"
 
 #include "nle/nle_analysis.h"
-#include "nle/nle_options.h"
+#include "nle/nle_single.h"
 #include "nle/nle_solve.h"
 #include "nle/nle_system.h"
 #include "platform/runtime_failure.h"
 
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace kelvarin
@@ -32,24 +33,18 @@ std::optional<message_box> refused_problem(const nle_content& content, const equ
     return std::nullopt;
 }
 
-nle_run_kind kind_of(const equation_set& set)
-{
-    if (set.implicit_count == 0) return nle_run_kind::explicit_only;
-    return set.implicit_count == 1 ? nle_run_kind::single : nle_run_kind::system;
-}
-
 void run_nle_explicit(nle_system& system, const wall_clock& clock, nle_outcome& outcome)
 {
     const std::int64_t start = clock.whole_seconds();
     const std::vector<double> values = system.evaluate_explicit();
-    outcome.elapsed_seconds = clock.whole_seconds() - start;
-    if (system.context().eval_error_flag()) {
-        outcome.boxes.push_back(evaluation_box(system.context(), "Expression evaluation error."));
-        return;
-    }
+    outcome.elapsed_seconds = static_cast<double>(clock.whole_seconds() - start);
+    if (system.context().eval_error_flag())
+        return outcome.refuse(evaluation_box(system.context(), "Expression evaluation error."));
+    nle_explicit_result result;
     const std::vector<std::string>& names = system.explicit_equations().names;
     for (std::size_t i = 0; i < names.size(); ++i)
-        outcome.solution.explicit_values.push_back({names[i], values[i]});
+        result.values.push_back({names[i], values[i]});
+    outcome.result = std::move(result);
     outcome.has_report = true;
 }
 
@@ -64,19 +59,15 @@ void run_nle_system(nle_system& system, const settings& store, const wall_clock&
 
     const std::int64_t start = clock.whole_seconds();
     const nle_solver_result solved = solve_nle(outcome.method, system, x, fvec, store, progress);
-    outcome.elapsed_seconds = clock.whole_seconds() - start;
-    if (system.context().eval_error_flag()) {
-        outcome.boxes.push_back(evaluation_box(system.context(), "Expression evaluation error"));
-        return;
-    }
+    outcome.elapsed_seconds = static_cast<double>(clock.whole_seconds() - start);
+    if (system.context().eval_error_flag())
+        return outcome.refuse(evaluation_box(system.context(), "Expression evaluation error"));
     sum_of_absolutes(fvec);
-    outcome.iterations = solved.iterations;
-    outcome.code = solved.code;
-    outcome.solution = solution_of(system, x, fvec, system.guesses());
+    outcome.result = nle_system_result{solution_of(system, x, fvec, system.guesses()), solved.code, solved.iterations};
     outcome.has_report = true;
 }
 
-/// The tables, then the run of the problem's kind.
+/// The tables, then the run by the number of implicit equations.
 void run_tables(const nle_content& content, const settings& store, const wall_clock& clock, run_listener& listener,
                 nle_outcome& outcome)
 {
@@ -87,22 +78,19 @@ void run_tables(const nle_content& content, const settings& store, const wall_cl
     outcome.explicit_names = system.explicit_equations().names;
     outcome.explicit_right_sides = system.explicit_equations().right_sides;
     outcome.constraints = system.constraints();
-    if (std::optional<message_box> refused = system.compile_equations()) {
-        outcome.boxes.push_back(std::move(*refused));
-        return;
-    }
+    if (std::optional<message_box> refused = system.compile_equations()) return outcome.refuse(std::move(*refused));
 
-    switch (outcome.kind) {
-    case nle_run_kind::explicit_only:
+    switch (outcome.implicit_names.size()) {
+    case 0:
         return run_nle_explicit(system, clock, outcome);
-    case nle_run_kind::single:
+    case 1:
         return run_nle_single(content, system, store, clock, listener, outcome);
-    case nle_run_kind::system:
+    default:
         return run_nle_system(system, store, clock, listener, outcome);
     }
 }
 
-message_box handler_box(const runtime_failure& failure)
+message_box failure_box(const runtime_failure& failure)
 {
     std::string text = "Internal Error trapped.\r(" + std::to_string(failure.number()) + ") ";
     text += failure.description();
@@ -111,9 +99,17 @@ message_box handler_box(const runtime_failure& failure)
     return {std::move(text), box_icon::critical};
 }
 
+/// The empty result of a problem with so many implicit equations.
+decltype(nle_outcome::result) no_result(int implicit_count)
+{
+    if (implicit_count == 0) return nle_explicit_result();
+    if (implicit_count == 1) return nle_single_result();
+    return nle_system_result();
+}
+
 } // namespace
 
-double nle_outcome::residual_sum() const
+double nle_system_result::residual_sum() const
 {
     double sum = 0.0;
     for (const implicit_result& row : solution.implicit)
@@ -123,15 +119,10 @@ double nle_outcome::residual_sum() const
 
 bool nle_outcome::converged() const
 {
-    switch (kind) {
-    case nle_run_kind::explicit_only:
-        return true;
-    case nle_run_kind::single:
-        return !roots.empty();
-    case nle_run_kind::system:
-        break;
-    }
-    return !(residual_sum() > largest_residual_sum) && code == cnle_code::converged;
+    if (const auto* single = std::get_if<nle_single_result>(&result)) return !single->roots.empty();
+    if (const auto* system = std::get_if<nle_system_result>(&result))
+        return !(system->residual_sum() > largest_residual_sum) && system->code == cnle_code::converged;
+    return true;
 }
 
 nle_outcome run_nle(const nle_run_problem& problem, const settings& store, const wall_clock& clock,
@@ -140,24 +131,18 @@ nle_outcome run_nle(const nle_run_problem& problem, const settings& store, const
     nle_outcome outcome;
     const nle_content& content = problem.content;
     const nle_analysis analysis = analyse_nle(content);
-    outcome.kind = kind_of(analysis.set);
     outcome.method = content.method;
+    outcome.result = no_result(analysis.set.implicit_count);
     if (!analysis.green) {
-        outcome.boxes.push_back(red_light_box(content));
+        outcome.refuse(red_light_box(content));
         return outcome;
     }
     if (std::optional<message_box> refused = refused_problem(content, analysis.set)) {
-        outcome.boxes.push_back(std::move(*refused));
+        outcome.refuse(std::move(*refused));
         return outcome;
     }
-    try {
-        run_tables(content, store, clock, listener, outcome);
-    } catch (const runtime_failure& failure) {
-        outcome.boxes.push_back(handler_box(failure));
-    } catch (const run_stopped&) {
-        outcome.stopped = true;
-        outcome.boxes.push_back({"Solution stopped."});
-    }
+    const run_ending_boxes endings = {failure_box, {"Solution stopped."}};
+    guard_run(outcome, endings, [&] { run_tables(content, store, clock, listener, outcome); });
     return outcome;
 }
 

@@ -4,13 +4,14 @@
 #include "nle/nle_content.h"
 #include "numeric/nonlinear/NR_vbCNLE.h"
 #include "platform/clock.h"
-#include "platform/message_box.h"
 #include "platform/run_listener.h"
+#include "shell/document/named_columns.h"
+#include "shell/document/run_outcome.h"
 #include "shell/settings.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace kelvarin
@@ -49,55 +50,57 @@ struct nle_solution
 /// A system counts as solved up to this sum of absolute residuals, whatever the tolerances.
 inline constexpr double largest_residual_sum = 10.0;
 
-enum class nle_run_kind
+/// What a run found out about several implicit equations.
+struct nle_system_result
 {
-    explicit_only,
-    single,
-    system
+    nle_solution solution;
+    /// How the constrained method ended; the others throw where they fail.
+    cnle_code code = cnle_code::converged;
+    /// Steps of the solver.
+    int iterations = 0;
+
+    /// Sum of absolute residuals.
+    double residual_sum() const;
+};
+
+/// What a run found out about one implicit equation.
+struct nle_single_result
+{
+    /// In the order found.
+    std::vector<nle_solution> roots;
+    /// The values at the problem's guess.
+    nle_solution initial_values;
+    /// Two columns: the unknown, and the equation's right side there.
+    named_columns scan;
+    /// The range of the search.
+    double lower = 0.0, upper = 0.0;
+};
+
+/// The values of explicit equations alone, in sorted order.
+struct nle_explicit_result
+{
+    std::vector<explicit_result> values;
 };
 
 /// Everything that a run found out: report, JSON and graph are functions of it, the problem and the date.
-struct nle_outcome
+struct nle_outcome : run_outcome
 {
-    nle_run_kind kind = nle_run_kind::system;
-    /// A report is to be made; otherwise the boxes say why not.
-    bool has_report = false;
-    bool stopped = false;
-    std::vector<message_box> boxes;
-
     nle_method method = nle_method::fastnewt;
     /// The problem's equations as the run saw them: implicit ones in row order, explicit ones sorted.
     std::vector<std::string> implicit_names, implicit_right_sides;
     std::vector<std::string> explicit_names, explicit_right_sides;
-
-    /// Of a system, or of explicit rows alone.
-    nle_solution solution;
+    /// One for each implicit equation.
     std::vector<sign_constraint> constraints;
-    cnle_code code = cnle_code::converged;
-    /// Steps of the solver, of a system only.
-    std::optional<int> iterations;
+    /// By the number of implicit equations; empty where there is no report.
+    std::variant<nle_system_result, nle_single_result, nle_explicit_result> result;
 
-    /// Of a single equation: the roots in the order found, the values at the guess, and the scan.
-    std::vector<nle_solution> roots;
-    nle_solution initial_values;
-    std::vector<double> scan_x, scan_f;
-    double lower = 0.0, upper = 0.0;
-
-    std::int64_t elapsed_seconds = 0;
-
-    /// Sum of absolute residuals of a system.
-    double residual_sum() const;
     /// The report holds no warning.
     bool converged() const;
 };
 
-/// Runs the problem: the dispatch by its number of implicit rows, with every refusal told as a box. The
+/// Runs the problem: the dispatch by its number of implicit rows, with every refusal as a box of the outcome. The
 /// light is looked at first. Never throws; never touches anything but its arguments.
 nle_outcome run_nle(const nle_run_problem& problem, const settings& store, const wall_clock& clock,
                     run_listener& listener);
-
-/// The report as a rich-text document. `outcome.has_report` is true.
-std::string nle_report(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
-                       calendar_date date);
 
 } // namespace kelvarin

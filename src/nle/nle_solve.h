@@ -37,8 +37,4 @@ nle_solution solution_of(nle_system& system, std::span<const double> x, std::spa
 /// The box of a failed evaluation.
 message_box evaluation_box(const evaluation_context& context, std::string_view title);
 
-/// The search for all roots of one equation between the problem's bounds; the equations are compiled.
-void run_nle_single(const nle_content& content, nle_system& system, const settings& store, const wall_clock& clock,
-                    run_listener& listener, nle_outcome& outcome);
-
 } // namespace kelvarin

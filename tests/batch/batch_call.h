@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "batch/json_output.h"
 #include "batch/solve_files.h"
 #include "platform/registry_store.h"
+
+#include <nlohmann/json.hpp>
 
 #include <sstream>
 #include <string>
 #include <vector>
+
+namespace kelvarin
+{
+using json = nlohmann::ordered_json;
+}
 
 namespace kelvarin::test
 {

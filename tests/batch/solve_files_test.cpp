@@ -375,5 +375,40 @@ TEST_F(SolveFiles, CheckTellsWhatIsMissingAndSucceedsOnARedProblem)
     EXPECT_EQ(all[2]["warnings"], json::array());
 }
 
+/// The JSON library's own text of a value.
+std::string printed(const json& value)
+{
+    return value.dump(2, ' ', false, json::error_handler_t::replace);
+}
+
+TEST(BatchJson, AnswersAreTheBytesOfTheirOwnObjectsPrinted)
+{
+    const test::scratch_folder folder;
+    folder.write("root.kvr", test::square_root_of_two);
+    folder.write("lines.kvr", test::plane_lines);
+    folder.write("sum.kvr", test::explicit_only);
+    folder.write("red.kvr", test::undefined_name);
+    folder.write("fails.kvr", test::failing_run);
+    folder.write("decay.kvr", test::differential);
+    folder.write("odd.kvr", "title\n2x y = 3\nz = 1\n");
+    folder.write("title.kvr", "Tit\tle \"\\ \xC3\xA9\na = 1/3\n");
+    test::batch_call call;
+    std::vector<std::string> all = {"--format", "json"};
+    for (const char* file : {"root.kvr", "lines.kvr", "sum.kvr", "red.kvr", "fails.kvr", "decay.kvr", "odd.kvr",
+                             "title.kvr", "none.kvr"}) {
+        SCOPED_TRACE(file);
+        const test::batch_result alone = call({"--format", "json", file});
+        EXPECT_EQ(alone.out, printed(alone.as_json()) + "\n");
+        all.emplace_back(file);
+    }
+    const test::batch_result together = call(all);
+    EXPECT_EQ(together.as_json().size(), 9u);
+    EXPECT_EQ(together.out, printed(together.as_json()) + "\n");
+    all[0] = "--check";
+    all.erase(all.begin() + 1);
+    const test::batch_result checked = call(all);
+    EXPECT_EQ(checked.out, printed(checked.as_json()) + "\n");
+}
+
 } // namespace
 } // namespace kelvarin

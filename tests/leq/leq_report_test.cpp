@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_listing.h"
-#include "leq/leq_run.h"
+#include "leq/leq_report.h"
 #include "shell/report/rich_text.h"
 #include "support/golden.h"
 #include "support/leq_problems.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "nle/nle_run.h"
+#include "nle/nle_report.h"
 #include "shell/report/rich_text.h"
 #include "support/equation_rows.h"
 #include "support/golden.h"
@@ -75,11 +75,9 @@ nle_outcome ended(nle_method method, cnle_code code, double residual)
     nle_outcome outcome;
     outcome.has_report = true;
     outcome.method = method;
-    outcome.code = code;
-    outcome.iterations = 17;
     outcome.implicit_names = {"x", "y"};
     outcome.implicit_right_sides = {"x - 1", "y - 2"};
-    outcome.solution.implicit = {{"x", 1, residual, 0.5}, {"y", -2, 0, 1e-7}};
+    outcome.result = nle_system_result{{{{"x", 1, residual, 0.5}, {"y", -2, 0, 1e-7}}, {}}, code, 17};
     outcome.constraints = {sign_constraint::physically_positive, sign_constraint::absolutely_positive};
     return outcome;
 }

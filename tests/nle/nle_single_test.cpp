@@ -17,6 +17,7 @@ using test::explicit_row;
 using test::implicit_row;
 using test::run_of;
 using test::single_of;
+using test::single_result;
 
 void expect_box(const nle_outcome& outcome, const char* title, const char* text)
 {
@@ -69,9 +70,9 @@ TEST(NleSingle, FindsTheRootsOfTheRangeInTheOrderOfTheScan)
         const nle_outcome outcome = run_of(s.content);
         ASSERT_TRUE(outcome.has_report);
         EXPECT_EQ(outcome.converged(), !s.roots.empty());
-        ASSERT_EQ(outcome.roots.size(), s.roots.size());
+        ASSERT_EQ(single_result(outcome).roots.size(), s.roots.size());
         for (std::size_t i = 0; i < s.roots.size(); ++i) {
-            EXPECT_GE(test::digits_shown(outcome.roots[i].implicit.front().value, s.roots[i]), 6.0);
+            EXPECT_GE(test::digits_shown(single_result(outcome).roots[i].implicit.front().value, s.roots[i]), 6.0);
         }
     }
 }
@@ -81,9 +82,9 @@ TEST(NleSingle, EveryMethodOfOneEquationFindsBothRoots)
     for (const nle_method method : {nle_method::fastnewt, nle_method::safenewt, nle_method::safebroydn}) {
         const nle_outcome outcome = run_of(single_of({implicit_row("x", "exp(x) - 3*x")}, "0.1", "3", method));
         // The roots of exp(x) = 3 x are -W(-1/3) on both branches.
-        ASSERT_EQ(outcome.roots.size(), 2U);
-        EXPECT_NEAR(outcome.roots[0].implicit.front().value, 0.619061286735945, 1e-6);
-        EXPECT_NEAR(outcome.roots[1].implicit.front().value, 1.512134551657843, 1e-6);
+        ASSERT_EQ(single_result(outcome).roots.size(), 2U);
+        EXPECT_NEAR(single_result(outcome).roots[0].implicit.front().value, 0.619061286735945, 1e-6);
+        EXPECT_NEAR(single_result(outcome).roots[1].implicit.front().value, 1.512134551657843, 1e-6);
     }
     const nle_outcome refused = run_of(single_of({implicit_row("x", "x")}, "1", "2", nle_method::constrained));
     expect_box(refused, "Kelvarin Guide",
@@ -95,15 +96,15 @@ TEST(NleSingle, TheGridEndsAtTheUpperBoundAndStartsAreMiddles)
 {
     // The grid of a range of 167 has a step of 1: the points are -0.5 + i, the middles whole numbers.
     const nle_outcome outcome = run_of(single_of({implicit_row("x", "(x - 2)*(x - 5)", "3")}, "-0.5", "166.5"));
-    ASSERT_EQ(outcome.scan_x.size(), 167U);
-    EXPECT_EQ(outcome.scan_x.front(), 0.5);
-    EXPECT_EQ(outcome.scan_x.back(), 166.5);
-    EXPECT_EQ(outcome.scan_f.front(), 6.75);
-    ASSERT_EQ(outcome.roots.size(), 2U);
-    EXPECT_EQ(outcome.roots[0].implicit.front().guess, 2.0);
-    EXPECT_EQ(outcome.roots[1].implicit.front().guess, 5.0);
-    EXPECT_EQ(outcome.initial_values.implicit.front().value, 3.0);
-    EXPECT_EQ(outcome.initial_values.implicit.front().residual, -2.0);
+    ASSERT_EQ(single_result(outcome).scan.columns[0].size(), 167U);
+    EXPECT_EQ(single_result(outcome).scan.columns[0].front(), 0.5);
+    EXPECT_EQ(single_result(outcome).scan.columns[0].back(), 166.5);
+    EXPECT_EQ(single_result(outcome).scan.columns[1].front(), 6.75);
+    ASSERT_EQ(single_result(outcome).roots.size(), 2U);
+    EXPECT_EQ(single_result(outcome).roots[0].implicit.front().guess, 2.0);
+    EXPECT_EQ(single_result(outcome).roots[1].implicit.front().guess, 5.0);
+    EXPECT_EQ(single_result(outcome).initial_values.implicit.front().value, 3.0);
+    EXPECT_EQ(single_result(outcome).initial_values.implicit.front().residual, -2.0);
 }
 
 TEST(NleSingle, BehindAFailedGridPointTheScanHoldsZeros)
@@ -111,12 +112,12 @@ TEST(NleSingle, BehindAFailedGridPointTheScanHoldsZeros)
     // Grid step 4 / 167; point 84 is the first above 2, and keeps the 5 that was computed before the failure.
     const nle_outcome outcome = run_of(single_of({implicit_row("x", "5 + ln(2 - x)", "1.99")}, "0", "4"));
     ASSERT_TRUE(outcome.has_report);
-    EXPECT_GT(outcome.scan_f[82], 0.0);
-    EXPECT_EQ(outcome.scan_f[83], 5.0);
+    EXPECT_GT(single_result(outcome).scan.columns[1][82], 0.0);
+    EXPECT_EQ(single_result(outcome).scan.columns[1][83], 5.0);
     for (std::size_t i = 84; i < 167; ++i)
-        EXPECT_EQ(outcome.scan_f[i], 0.0);
-    ASSERT_EQ(outcome.roots.size(), 1U);
-    EXPECT_NEAR(outcome.roots[0].implicit.front().value, 2.0 - std::exp(-5.0), 1e-7);
+        EXPECT_EQ(single_result(outcome).scan.columns[1][i], 0.0);
+    ASSERT_EQ(single_result(outcome).roots.size(), 1U);
+    EXPECT_NEAR(single_result(outcome).roots[0].implicit.front().value, 2.0 - std::exp(-5.0), 1e-7);
 }
 
 TEST(NleSingle, AKeptRootOfZeroEndsTheNextSearchInTheHandler)
@@ -124,7 +125,8 @@ TEST(NleSingle, AKeptRootOfZeroEndsTheNextSearchInTheHandler)
     // The middle of interval 83 of the range is 0 exactly, and a root.
     expect_box(run_of(single_of({implicit_row("x", "x*(x - 0.5)*(x + 0.5)")}, "-1", "1")), "Kelvarin Guide",
                "Internal Error trapped.\r(11) Division by zero\r");
-    EXPECT_EQ(run_of(single_of({implicit_row("x", "x*(x + 0.5)")}, "-1", "1")).roots.size(), 2U);
+    const nle_outcome outcome = run_of(single_of({implicit_row("x", "x*(x + 0.5)")}, "-1", "1"));
+    EXPECT_EQ(single_result(outcome).roots.size(), 2U);
 }
 
 TEST(NleSingle, AKeptRootOfZeroIsMetBeforeTheResidualIsLookedAt)
@@ -138,7 +140,7 @@ TEST(NleSingle, AKeptRootOfZeroIsMetBeforeTheResidualIsLookedAt)
                "Internal Error trapped.\r(11) Division by zero\r");
     const nle_outcome without_zero = run_of(single_of({implicit_row("x", pole, "0.6")}, "0.3", "1"), few_trials);
     EXPECT_TRUE(without_zero.has_report);
-    EXPECT_TRUE(without_zero.roots.empty());
+    EXPECT_TRUE(single_result(without_zero).roots.empty());
 }
 
 TEST(NleSingle, AtTheGuessAVariableThatFailsHindersNoOther)
@@ -148,17 +150,17 @@ TEST(NleSingle, AtTheGuessAVariableThatFailsHindersNoOther)
                           implicit_row("x", "a - 1 + 0*(b + c)", "-1")},
                          "1", "5"));
     std::vector<double> values;
-    for (const explicit_result& row : outcome.initial_values.explicit_values)
+    for (const explicit_result& row : single_result(outcome).initial_values.explicit_values)
         values.push_back(row.value);
     EXPECT_EQ(values, (std::vector<double>{0.0, 2.0, 2.0}));
-    EXPECT_EQ(outcome.roots.size(), 1U);
+    EXPECT_EQ(single_result(outcome).roots.size(), 1U);
 }
 
 TEST(NleSingle, APoleMayPassForARootFarAway)
 {
     const nle_outcome outcome = run_of(single_of({implicit_row("x", "1/(x - 0.1)")}, "0", "1"));
-    ASSERT_EQ(outcome.roots.size(), 1U);
-    EXPECT_GT(std::fabs(outcome.roots[0].implicit.front().value), 1e6);
+    ASSERT_EQ(single_result(outcome).roots.size(), 1U);
+    EXPECT_GT(std::fabs(single_result(outcome).roots[0].implicit.front().value), 1e6);
 }
 
 TEST(NleSingle, AFailureInALocalSearchEndsTheRun)

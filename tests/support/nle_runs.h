@@ -8,6 +8,7 @@
 
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 /// Nonlinear problems and their runs, written short.
@@ -36,6 +37,17 @@ inline nle_outcome run_of(const nle_content& content, const settings& store = se
 {
     recording_listener listener;
     return run_nle({content, {}}, store, fixed_clock(), listener);
+}
+
+/// What the run of a system found out; the test ends where the outcome is that of another kind of run.
+inline const nle_system_result& system_result(const nle_outcome& outcome)
+{
+    return std::get<nle_system_result>(outcome.result);
+}
+
+inline const nle_single_result& single_result(const nle_outcome& outcome)
+{
+    return std::get<nle_single_result>(outcome.result);
 }
 
 } // namespace kelvarin::test

@@ -4,6 +4,7 @@
 #include "desktop/cell_grid.h"
 #include "desktop/elided_label.h"
 #include "desktop/qt_text.h"
+#include "leq/leq_report.h"
 #include "leq/leq_text.h"
 #include "leq/window/leq_grid_model.h"
 #include "shell/document/cell_block.h"

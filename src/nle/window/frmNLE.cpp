@@ -5,6 +5,7 @@
 #include "desktop/look.h"
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
+#include "nle/nle_report.h"
 #include "nle/nle_samples.h"
 #include "nle/window/frmNleEE.h"
 #include "nle/window/frmNleNE.h"
