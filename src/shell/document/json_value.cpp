@@ -29,7 +29,7 @@ public:
     bool start_object(std::size_t) override { return open(json_value::object()); }
     bool key(std::string& name) override
     {
-        std::get<json_value::object>(open_.back()->held_).emplace_back(std::move(name), json_value());
+        std::get<json_value::object>(open_.back()->held_).emplace_back().first = std::move(name);
         return true;
     }
     bool end_object() override { return close(); }
