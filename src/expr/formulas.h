@@ -295,14 +295,6 @@ inline checked_real hyperbolic_cosecant(checked_real x)
     return 2.0 / (exponential(x) - exponential(-x));
 }
 
-/// 1 * 2 * ... * n for n the argument as a 16-bit whole number.
-checked_real factorial(checked_real x);
-/// Power series below 3.5, the asymptotic series of 12 terms above. [AbramowitzStegun] 7.1.6, 7.1.23
-checked_real error_function(checked_real x);
-/// Sums for whole and half arguments, else recurrence up to 10 and the asymptotic series; reflection for
-/// negative arguments. [AbramowitzStegun] 6.3.2, 6.3.4, 6.3.18, 6.3.7
-checked_real digamma(checked_real x);
-
 /// The value of a careful formula as a plain number: not-a-number where it fails.
 template <checked_real (*Checked)(checked_real)> double careful(double x)
 {

@@ -3,6 +3,7 @@
 
 #include "expr/formulas.h"
 #include "expr/operations.h"
+#include "expr/special_functions.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "expr/formulas.h"
+#include "expr/special_functions.h"
 
 #include <array>
 

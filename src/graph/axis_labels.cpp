@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "graph/axis_limits.h"
-#include "platform/run_time_text.h"
+#include "platform/format_mask.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #include "leq/leq_report.h"
 
 #include "leq/leq_text.h"
-#include "platform/run_time_text.h"
+#include "platform/format_mask.h"
 #include "shell/general_lib.h"
 #include "shell/report/report_text.h"
 #include "shell/report/rich_text.h"

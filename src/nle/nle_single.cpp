@@ -2,6 +2,7 @@
 #include "nle/nle_single.h"
 
 #include "nle/nle_solve.h"
+#include "numeric/arithmetic_check.h"
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 

@@ -2,7 +2,7 @@
 #include "nle/nle_solve.h"
 
 #include "nle/nle_options.h"
-#include "platform/runtime_failure.h"
+#include "numeric/arithmetic_check.h"
 
 #include <cmath>
 
@@ -30,12 +30,6 @@ nle_solver_result solve_nle(nle_method method, nle_system& system, std::span<dou
     options.give_up = [&] { return system.context().eval_error_flag(); };
     const cnle_result solved = solve_cnle(system, x, system.constraints(), fvec, options);
     return {solved.iterations, solved.code};
-}
-
-double finite(double value)
-{
-    if (!std::isfinite(value)) throw runtime_failure(failure_number::overflow);
-    return value;
 }
 
 double sum_of_absolutes(std::span<const double> values)

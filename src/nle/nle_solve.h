@@ -25,8 +25,6 @@ struct nle_solver_result
 nle_solver_result solve_nle(nle_method method, nle_system& system, std::span<double> x, std::span<double> fvec,
                             const settings& store, const iteration_hook& on_iteration);
 
-/// `value`, or runtime_failure 6 where it is not finite.
-double finite(double value);
 /// The sum of absolute values; throws runtime_failure 6 where it is not finite.
 double sum_of_absolutes(std::span<const double> values);
 

@@ -5,7 +5,6 @@
 #include "numeric/nonlinear/nonlinear_system.h"
 
 #include <span>
-#include <vector>
 
 namespace kelvarin
 {
@@ -19,20 +18,9 @@ void evaluate_finite(nonlinear_system& system, std::span<const double> x, std::s
 void relative_differences(nonlinear_system& system, std::span<const double> x, std::span<const double> f,
                           double relative, matrix& df);
 
-/// A Jacobian that a method forms again in each iteration, with the memory it takes.
-struct jacobian_workspace
-{
-    explicit jacobian_workspace(int size);
-
-    matrix elements;
-    /// Elements outside of it are zero; null if any element may differ from zero.
-    const sparsity_pattern* pattern = nullptr;
-    std::vector<double> moved;
-    std::vector<double> divisors;
-};
-
-/// As fdjac and usrfun into a matrix. Between two calls nobody else writes the elements.
-void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, jacobian_workspace& kept);
-void usrfun(nonlinear_system& system, std::span<const double> x, std::span<double> fvec, jacobian_workspace& kept);
+/// The moved unknowns and the steps as represented, relative to the size of the unknowns as above. runtime_failure 6
+/// when a moved unknown is not finite.
+void make_relative_steps(std::span<const double> x, double relative, std::span<double> moved,
+                         std::span<double> divisors);
 
 } // namespace kelvarin

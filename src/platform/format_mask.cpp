@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/format_mask.h"
+
 #include "platform/decimal_digits.h"
-#include "platform/run_time_text.h"
 
 #include <algorithm>
 #include <cstddef>

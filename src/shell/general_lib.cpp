@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/general_lib.h"
 
-#include "platform/run_time_text.h"
+#include "platform/format_mask.h"
 #include "platform/utf8.h"
 
 #include <cmath>

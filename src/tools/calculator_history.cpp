@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/calculator_history.h"
 
+#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 
 #include <utility>

@@ -59,7 +59,7 @@ TEST(Evaluator, FollowsPrioritiesFromTheLeft)
     }
 }
 
-/// Values to 15 digits from tables ([AbramowitzStegun], NIST's digital library) unless they are exact.
+/// Values to 15 digits from tables ([AbramowitzStegun1972], NIST's digital library) unless they are exact.
 TEST(Functions, GiveTheirTabulatedValues)
 {
     const std::vector<std::pair<std::string, double>> cases = {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 
 #include "platform/runtime_failure.h"

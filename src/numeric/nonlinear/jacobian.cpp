@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "numeric/nonlinear/jacobian.h"
+
 #include "numeric/arithmetic_check.h"
 #include "numeric/forward_difference.h"
 #include "numeric/nonlinear/NR_vbNLE.h"
@@ -6,7 +8,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -18,18 +19,6 @@ namespace
 
 constexpr double fdjac_relative_step = 1e-07;
 constexpr double usrfun_step = 1e-05;
-
-/// The moved unknowns and the steps as represented, with steps relative to the size of the unknowns.
-void make_relative_steps(std::span<const double> x, double relative, std::span<double> moved,
-                         std::span<double> divisors)
-{
-    for (std::size_t j = 0; j < x.size(); ++j) {
-        double step = relative * std::fabs(x[j]);
-        if (step == 0.0) step = relative;
-        moved[j] = finite(x[j] + step);
-        divisors[j] = moved[j] - x[j];
-    }
-}
 
 void make_absolute_steps(std::span<const double> x, std::span<double> moved, std::span<double> divisors)
 {
@@ -61,47 +50,6 @@ void take_differences(nonlinear_system& system, std::span<const double> x, std::
 }
 
 } // namespace
-
-void nonlinear_system::difference_columns(std::span<const double> x, std::span<const double> f,
-                                          std::span<const double> moved, std::span<const double> divisors, matrix& df)
-{
-    std::vector<double> point(x.begin(), x.end());
-    std::vector<double> scratch = work_array(size());
-    for (std::size_t j = 0; j < x.size(); ++j) {
-        point[j] = moved[j];
-        evaluate(point, scratch);
-        point[j] = x[j];
-        for (std::size_t i = 0; i < f.size(); ++i)
-            df(static_cast<int>(i), static_cast<int>(j)) = (scratch[i] - f[i]) / divisors[j];
-    }
-}
-
-const sparsity_pattern* nonlinear_system::difference_quotients(std::span<const double> x, std::span<const double> f,
-                                                               std::span<const double> moved,
-                                                               std::span<const double> divisors, matrix& df,
-                                                               [[maybe_unused]] const sparsity_pattern* known)
-{
-    difference_columns(x, f, moved, divisors, df);
-    return nullptr;
-}
-
-void evaluate_finite(nonlinear_system& system, std::span<const double> x, std::span<double> f)
-{
-    assert(static_cast<int>(x.size()) == system.size() && x.size() == f.size());
-    system.evaluate(x, f);
-    require_finite(f);
-}
-
-void relative_differences(nonlinear_system& system, std::span<const double> x, std::span<const double> f,
-                          double relative, matrix& df)
-{
-    assert(df.rows() == system.size() && df.columns() == system.size());
-    std::vector<double> moved = work_array(system.size());
-    std::vector<double> divisors = work_array(system.size());
-    make_relative_steps(x, relative, moved, divisors);
-    system.difference_columns(x, f, moved, divisors, df);
-    require_finite(df.values());
-}
 
 void fdjac(nonlinear_system& system, std::span<const double> x, std::span<const double> fvec, matrix& df)
 {

@@ -3,6 +3,7 @@
 #include "numeric/forward_difference.h"
 #include "numeric/linear/gauss_jordan.h"
 #include "numeric/nonlinear/NR_vbNLE.h"
+#include "numeric/nonlinear/jacobian.h"
 #include "numeric/nonlinear/stopping_tests.h"
 #include "numeric/vector_sums.h"
 #include "numeric/work_array.h"

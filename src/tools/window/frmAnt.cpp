@@ -3,6 +3,7 @@
 
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 #include "tools/window/control_parts.h"
 

@@ -2,6 +2,7 @@
 #include "failures.h"
 #include "numeric/forward_difference.h"
 #include "numeric/nonlinear/NR_vbNLE.h"
+#include "numeric/nonlinear/jacobian.h"
 #include "recording_system.h"
 
 #include <gtest/gtest.h>
