@@ -5,6 +5,7 @@
 #include "expr/program.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -40,6 +41,9 @@ struct refused_expression
     /// What in the text the message is about, if that is known.
     std::optional<byte_range> place;
 };
+
+/// Called by loops over many points before each of their evaluations; it may end the loop by an exception.
+using evaluation_hook = std::function<void()>;
 
 class compiled_system;
 using compilation = std::variant<std::unique_ptr<compiled_system>, refused_expression>;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 namespace kelvarin
 {
@@ -20,8 +21,8 @@ constexpr bool compares_with_walk = true;
 
 } // namespace
 
-point_sweep::point_sweep(compiled_system& system)
-    : system_(system), inputs_(system.input_count()), point_(system.input_count())
+point_sweep::point_sweep(compiled_system& system, evaluation_hook before_each)
+    : system_(system), before_each_(std::move(before_each)), inputs_(system.input_count()), point_(system.input_count())
 {
     assert(system.output_count() == 1);
 }
@@ -32,6 +33,7 @@ std::optional<std::size_t> point_sweep::run(std::span<double> values, std::size_
     program* const fast = system_.fast_program();
     for (std::size_t row = first; row < values.size();) {
         const std::size_t end = std::min(row + lanes, values.size());
+        if (before_each_) before_each_();
         if (fast != nullptr && !context.eval_error_flag() && run_lanes(*fast, row, values.subspan(row, end - row))) {
             row = end;
             continue;

@@ -17,7 +17,7 @@ class point_sweep
 {
 public:
     /// All inputs are 0 at first. The system must outlive the sweep and has one output.
-    explicit point_sweep(compiled_system& system);
+    explicit point_sweep(compiled_system& system, evaluation_hook before_each = {});
 
     /// Gives an input the same value at all points.
     void set_input(std::size_t input, double value) { inputs_[input] = {value, {}}; }
@@ -44,6 +44,7 @@ private:
     std::span<const double> point_at(std::size_t row);
 
     compiled_system& system_;
+    evaluation_hook before_each_;
     std::vector<input_values> inputs_;
     std::vector<double> point_;
 };

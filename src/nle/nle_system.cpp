@@ -10,6 +10,16 @@
 namespace kelvarin
 {
 
+namespace
+{
+
+void stop_if_asked(const run_listener& listener)
+{
+    if (listener.stop_asked()) throw run_stopped();
+}
+
+} // namespace
+
 nle_system::nle_system(const nle_content& content, run_listener& listener) : listener_(listener)
 {
     int number = 0;
@@ -39,7 +49,7 @@ std::optional<message_box> nle_system::compile_equations()
                                                  .outputs = implicit_.right_sides});
     if (const auto* refused = std::get_if<refused_expression>(&made)) return box_of(*refused);
     compiled_ = std::move(std::get<std::unique_ptr<compiled_system>>(made));
-    jacobian_ = std::make_unique<system_jacobian>(*compiled_);
+    jacobian_ = std::make_unique<system_jacobian>(*compiled_, [this] { stop_if_asked(listener_); });
     return std::nullopt;
 }
 
@@ -65,14 +75,9 @@ message_box nle_system::box_of(const refused_expression& refused) const
     return box;
 }
 
-void nle_system::stop_if_asked() const
-{
-    if (listener_.stop_asked()) throw run_stopped();
-}
-
 void nle_system::evaluate(std::span<const double> x, std::span<double> f)
 {
-    stop_if_asked();
+    stop_if_asked(listener_);
     compiled_->evaluate(x, f);
 }
 
@@ -81,21 +86,19 @@ const sparsity_pattern* nle_system::difference_quotients(std::span<const double>
                                                          std::span<const double> divisors, matrix& df,
                                                          const sparsity_pattern* known)
 {
-    stop_if_asked();
     return jacobian_->difference_quotients(x, f, moved, divisors, df, known);
 }
 
 void nle_system::evaluate_points(std::span<const double> x, std::span<double> f)
 {
-    stop_if_asked();
-    point_sweep sweep(*compiled_);
+    point_sweep sweep(*compiled_, [&] { stop_if_asked(listener_); });
     sweep.set_input(0, x);
     sweep.run(f);
 }
 
 std::vector<double> nle_system::evaluate_explicit()
 {
-    stop_if_asked();
+    stop_if_asked(listener_);
     compiled_->evaluate({}, {});
     const std::span<const double> values = compiled_->definition_values();
     return {values.begin(), values.end()};

@@ -26,6 +26,8 @@ class nle_system final : public nonlinear_system
 public:
     /// Takes the rows apart. Throws runtime_failure 6 where a guess is too large a number.
     nle_system(const nle_content& content, run_listener& listener);
+    nle_system(const nle_system&) = delete;
+    nle_system& operator=(const nle_system&) = delete;
 
     /// Puts the explicit equations in the order of their evaluation. Throws runtime_failure 8888 for a circle.
     void sort();
@@ -64,7 +66,6 @@ public:
 
 private:
     message_box box_of(const refused_expression& refused) const;
-    void stop_if_asked() const;
 
     run_listener& listener_;
     equation_list implicit_;

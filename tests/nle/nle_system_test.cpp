@@ -167,6 +167,45 @@ TEST(NleSystem, ATypedProblemIsSolvedWithTheBitsOfTheSameProblemInCode)
     }
 }
 
+/// Lets so many evaluations pass.
+class patient_listener final : public run_listener
+{
+public:
+    explicit patient_listener(int passes) : left_(passes) {}
+    void fraction_done(double) override {}
+    bool stop_asked() const override { return left_-- <= 0; }
+
+private:
+    mutable int left_;
+};
+
+TEST(NleSystem, AStopIsSeenAmongThePointsOfAScanAndTheColumnsOfAJacobian)
+{
+    // With rand the columns are differenced one after the other, without in lanes.
+    for (const std::string random : {"", " + 0*rand(1)"}) {
+        nle_content content;
+        for (int i = 0; i < 12; ++i)
+            content.rows.push_back(
+                implicit_row("x" + std::to_string(i), "x0*x1*x2*x3*x4*x5*x6*x7*x8*x9*x10*x11" + random, "1"));
+        patient_listener listener(2);
+        nle_system system(content, listener);
+        system.sort();
+        ASSERT_FALSE(system.compile_equations());
+        const std::vector<double> x(12, 1.0);
+        const std::vector<double> moved(12, 1.5);
+        const std::vector<double> divisors(12, 0.5);
+        matrix df(12, 12);
+        EXPECT_THROW(system.difference_quotients(x, x, moved, divisors, df, nullptr), run_stopped);
+    }
+    patient_listener listener(2);
+    nle_system one(test::system_of({implicit_row("x", "x - 1", "1")}), listener);
+    one.sort();
+    ASSERT_FALSE(one.compile_equations());
+    const std::vector<double> points(167, 2.0);
+    std::vector<double> values(points.size());
+    EXPECT_THROW(one.evaluate_points(points, values), run_stopped);
+}
+
 TEST(NleSystem, RandomNumbersAreDrawnInTheOrderOfTheWalk)
 {
     const nle_content content =

@@ -38,6 +38,7 @@ void system_jacobian::difference_columns(const differences& wanted)
     std::vector<double> values(rows());
     for (std::size_t column = 0; column < columns(); ++column) {
         point[column] = wanted.moved[column];
+        before_each();
         system_.evaluate(point, values);
         point[column] = wanted.x[column];
         for (std::size_t row = 0; row < rows(); ++row)
@@ -156,6 +157,7 @@ void system_jacobian::write_unmoved(const differences& wanted, bool& zero_elsewh
 bool system_jacobian::difference_lanes(program& fast, std::size_t first, const differences& wanted,
                                        bool& zero_elsewhere)
 {
+    before_each();
     const std::size_t count = std::min(lanes, colours_.size() - first);
     const std::span<double> inputs = fast.lane_inputs();
     for (std::size_t i = 0; i < columns(); ++i)
@@ -182,6 +184,7 @@ bool system_jacobian::difference_lanes(program& fast, std::size_t first, const d
 bool system_jacobian::difference_colour(program& fast, std::size_t colour, const differences& wanted,
                                         bool& zero_elsewhere)
 {
+    before_each();
     const std::span<double> inputs = fast.inputs();
     std::ranges::copy(wanted.x, inputs.begin());
     for (const std::size_t column : colours_[colour])

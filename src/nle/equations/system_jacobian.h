@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace kelvarin
@@ -20,7 +21,10 @@ class system_jacobian
 {
 public:
     /// The system must outlive the object. Pattern and colouring are made at the first use.
-    explicit system_jacobian(compiled_system& system) : system_(system) {}
+    explicit system_jacobian(compiled_system& system, evaluation_hook before_each = {})
+        : system_(system), before_each_(std::move(before_each))
+    {
+    }
 
     /// Column j of df (m x n) = (f(x with moved[j] in place of x[j]) - f) / divisors[j], where f = f(x), with the bits
     /// and the failures of one evaluation for each column. Returns the pattern outside of which df is zero, valid as
@@ -78,7 +82,13 @@ private:
     bool difference_all(program& fast, const differences& wanted, bool& zero_elsewhere);
     void difference_columns(const differences& wanted);
 
+    void before_each() const
+    {
+        if (before_each_) before_each_();
+    }
+
     compiled_system& system_;
+    evaluation_hook before_each_;
     /// The columns of each colour.
     std::vector<std::vector<std::size_t>> colours_;
     std::vector<std::size_t> colour_of_;
