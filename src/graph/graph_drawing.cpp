@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "graph/graph_drawing.h"
+
+#include "graph/clipped_path.h"
+#include "graph/graph_functions.h"
+#include "graph/graph_layout.h"
+#include "graph/graph_legend.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr double points_per_pixel = 0.75;
+/// A run of fewer points is drawn faster than it is thinned.
+constexpr std::size_t least_to_thin = 4096;
+
+drawn_path straight_line(drawn_part part, const drawn_stroke& stroke, drawn_point from, drawn_point to)
+{
+    return {part, stroke, {from, to}, {0}};
+}
+
+class graph_painter
+{
+public:
+    graph_painter(const graph_content& graph, const drawing_options& options, const text_metrics& metrics)
+        : graph_(graph), options_(options), metrics_(metrics)
+    {
+        drawn_.limits = find_axis_limits(graph);
+        if (options.x_view && is_axis_range(*options.x_view)) drawn_.limits.x = *options.x_view;
+        if (drawn_.limits.y && options.y_view && is_axis_range(*options.y_view)) drawn_.limits.y = *options.y_view;
+        drawn_.picture.width = options.width;
+        drawn_.picture.height = options.height;
+    }
+
+    graph_drawing drawn()
+    {
+        const drawn_box page = {0.0, 0.0, options_.width, options_.height};
+        add(drawn_rectangle{{drawn_role::page}, page, ground_colour, std::nullopt});
+        if (!drawn_.limits.ok()) {
+            add_notice(drawn_.limits.failure, page);
+            return std::move(drawn_);
+        }
+        const graph_layout layout = lay_out_graph(graph_, drawn_.limits, page.width, page.height, metrics_);
+        drawn_.plot = layout.plot;
+        for (const drawn_text& title : layout.titles)
+            add(title);
+        add(drawn_rectangle{{drawn_role::ground}, layout.plot, ground_colour, std::nullopt});
+        add_axes(layout);
+        if (!drawn_.limits.y) {
+            add_notice("No curve is shown.", layout.plot);
+            return std::move(drawn_);
+        }
+        const axis_mapping mapping(drawn_.limits.x, *drawn_.limits.y, layout.plot);
+        const std::size_t first_curve = drawn_.picture.shapes.size();
+        add_curves(mapping);
+        add_functions(mapping);
+        add_legend(layout, first_curve);
+        return std::move(drawn_);
+    }
+
+private:
+    void add(drawn_shape shape) { drawn_.picture.shapes.push_back(std::move(shape)); }
+
+    void add_notice(const std::string& words, const drawn_box& where)
+    {
+        const graph_font font = font_on_page(graph_.axes_font, {0.0, 0.0, options_.width, options_.height});
+        const std::string text = elided_text(words, where.width, font, metrics_);
+        if (text.empty()) return;
+        const double width = metrics_.width(text, font);
+        const drawn_point middle = where.middle();
+        add(drawn_text{{drawn_role::notice},
+                       text,
+                       font,
+                       text_colour,
+                       middle,
+                       text_anchor::middle,
+                       0.0,
+                       {middle.x - width / 2.0, middle.y - metrics_.ascent(font), width, metrics_.height(font)}});
+    }
+
+    void add_axes(const graph_layout& layout)
+    {
+        const drawn_box& plot = layout.plot;
+        const int divisions = axis_divisions(graph_);
+        const drawn_stroke grid = {grid_colour, hairline, {}};
+        const auto x_at = [&](int i) { return plot.left + plot.width * i / divisions; };
+        const auto y_at = [&](int i) { return plot.bottom() - plot.height * i / divisions; };
+        for (int i = 1; i < divisions; ++i) {
+            if (graph_.ver_gridline)
+                add(straight_line({drawn_role::grid_line, i}, grid, {x_at(i), plot.top}, {x_at(i), plot.bottom()}));
+            if (graph_.hor_gridline && drawn_.limits.y)
+                add(straight_line({drawn_role::grid_line, i}, grid, {plot.left, y_at(i)}, {plot.right(), y_at(i)}));
+        }
+        const double width = std::clamp(graph_.border_width, least_width, largest_width) * points_per_pixel;
+        add(drawn_rectangle{{drawn_role::axis}, plot, std::nullopt, drawn_stroke{axis_colour, width, {}}});
+        const drawn_stroke tick = {axis_colour, hairline, {}};
+        for (int i = 0; i <= divisions; ++i) {
+            const double below = plot.bottom() + tick_length;
+            add(straight_line({drawn_role::tick, i}, tick, {x_at(i), plot.bottom()}, {x_at(i), below}));
+            if (drawn_.limits.y)
+                add(straight_line({drawn_role::tick, i}, tick, {plot.left, y_at(i)},
+                                  {plot.left - tick_length, y_at(i)}));
+        }
+        for (const drawn_text& label : layout.labels)
+            add(label);
+    }
+
+    /// The runs of points between gaps, on the page.
+    std::vector<std::vector<drawn_point>> runs_of(std::size_t curve, const axis_mapping& mapping) const
+    {
+        const std::span<const double> x = graph_.columns.front().values.span();
+        const std::span<const double> y = graph_.columns[curve + 1].values.span();
+        std::vector<std::vector<drawn_point>> runs;
+        bool in_run = false;
+        for (std::size_t i = 0; i < x.size(); ++i) {
+            const bool is_point = std::isfinite(x[i]) && std::isfinite(y[i]);
+            if (is_point && !in_run) {
+                runs.emplace_back();
+                runs.back().reserve(x.size() - i);
+            }
+            if (is_point) runs.back().push_back(mapping.at(x[i], y[i]));
+            in_run = is_point;
+        }
+        return runs;
+    }
+
+    void add_curves(const axis_mapping& mapping)
+    {
+        for (std::size_t curve = 0; curve < graph_.curve_count(); ++curve) {
+            if (!graph_.curve_visible[curve]) continue;
+            const drawn_part part = {drawn_role::curve, static_cast<int>(curve)};
+            const curve_style style = curve_style_of(curve);
+            const auto runs = runs_of(curve, mapping);
+            if (graph_.scatter_connected) add_line(part, style, runs);
+            if (graph_.draw_points) add_markers(part, style, runs);
+            // Drawn as neither, it is still a curve of the legend, and counts as shown.
+            entries_.push_back(
+                {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points});
+        }
+    }
+
+    void add_line(drawn_part part, const curve_style& style, const std::vector<std::vector<drawn_point>>& runs)
+    {
+        clipped_path line({part, curve_stroke(graph_, style), {}, {}}, drawn_.plot);
+        for (const std::vector<drawn_point>& run : runs) {
+            line.lift();
+            const bool thin = options_.pixel > 0.0 && run.size() >= least_to_thin;
+            for (const drawn_point point : thin ? thinned_line(run, options_.pixel) : run)
+                line.line_to(point);
+        }
+        add(line.taken());
+    }
+
+    void add_markers(drawn_part part, const curve_style& style, const std::vector<std::vector<drawn_point>>& runs)
+    {
+        std::vector<drawn_point> points;
+        for (const std::vector<drawn_point>& run : runs)
+            for (const drawn_point point : run)
+                if (drawn_.plot.contains(point)) points.push_back(point);
+        if (options_.pixel > 0.0 && points.size() >= least_to_thin)
+            points = thinned_points(points, drawn_.plot, options_.pixel);
+        add(markers_at(graph_, style, part, std::move(points)));
+    }
+
+    void add_functions(const axis_mapping& mapping)
+    {
+        for (std::size_t i = 0; i < graph_.functions.size(); ++i) {
+            if (!graph_.functions[i].visible) continue;
+            const drawn_part part = {drawn_role::function, static_cast<int>(i)};
+            const curve_style style = curve_style_of(graph_.curve_count() + i);
+            clipped_path line({part, curve_stroke(graph_, style), {}, {}}, drawn_.plot);
+            for (const function_point& point : function_points(graph_.functions[i].text, drawn_.limits.x)) {
+                if (point.y)
+                    line.line_to(mapping.at(point.x, *point.y));
+                else
+                    line.lift();
+            }
+            add(line.taken());
+            entries_.push_back({part, graph_.functions[i].text, style, true, false});
+        }
+    }
+
+    void add_legend(const graph_layout& layout, std::size_t first_curve)
+    {
+        if (entries_.empty()) return;
+        const std::span<const drawn_shape> curves = std::span(drawn_.picture.shapes).subspan(first_curve);
+        std::vector<drawn_shape> legend = legend_shapes(graph_, entries_, curves, layout, metrics_);
+        std::ranges::move(legend, std::back_inserter(drawn_.picture.shapes));
+    }
+
+    const graph_content& graph_;
+    const drawing_options& options_;
+    const text_metrics& metrics_;
+    graph_drawing drawn_;
+    std::vector<legend_entry> entries_;
+};
+
+} // namespace
+
+drawn_stroke curve_stroke(const graph_content& graph, const curve_style& style)
+{
+    return {style.colour, std::clamp(graph.line_width, least_width, largest_width) * points_per_pixel, style.dashes};
+}
+
+drawn_markers markers_at(const graph_content& graph, const curve_style& style, drawn_part part,
+                         std::vector<drawn_point> points)
+{
+    const double radius = std::clamp(graph.marker_size, least_marker_size, largest_marker_size) / twips_per_point;
+    return {part, style.marker, radius, {style.colour, points_per_pixel, {}}, std::move(points)};
+}
+
+graph_drawing draw_graph(const graph_content& graph, const drawing_options& options, const text_metrics& metrics)
+{
+    return graph_painter(graph, options, metrics).drawn();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/axis_limits.h"
+#include "graph/curve_style.h"
+#include "graph/drawing.h"
+#include "graph/graph_content.h"
+#include "graph/text_metrics.h"
+
+#include <optional>
+#include <vector>
+
+namespace kelvarin
+{
+
+// The paper is white whatever the theme.
+inline constexpr drawn_colour ground_colour = 0xFFFFFF;
+inline constexpr drawn_colour text_colour = 0x202020;
+inline constexpr drawn_colour axis_colour = 0x404040;
+inline constexpr drawn_colour grid_colour = 0xDDDDDD;
+inline constexpr double hairline = 0.5;
+
+struct drawing_options
+{
+    /// The page, in points.
+    double width = 560.0;
+    double height = 420.0;
+    /// The size of a pixel in points: long lines are thinned to what can be seen. 0 draws every point.
+    double pixel = 0.0;
+    /// Another range than the graph's own, in which it is looked at.
+    std::optional<axis_range> x_view = std::nullopt;
+    std::optional<axis_range> y_view = std::nullopt;
+};
+
+/// A graph as it is drawn, and what a window needs to answer for it.
+struct graph_drawing
+{
+    drawing picture;
+    axis_limits limits;
+    drawn_box plot;
+};
+
+/// Draws a graph: titles and captions, the ground, axes with grid, ticks and labels, the curves, the functions, the
+/// legend. Lines are cut at the plot area's border; markers outside it are left out; a value that is not finite breaks
+/// its line. Where the limits can't be found, the picture holds the reason in words.
+graph_drawing draw_graph(const graph_content& graph, const drawing_options& options = {},
+                         const text_metrics& metrics = sans_serif_metrics());
+
+/// The line of a curve, its width held within bounds.
+drawn_stroke curve_stroke(const graph_content& graph, const curve_style& style);
+
+/// The graph's markers at some points.
+drawn_markers markers_at(const graph_content& graph, const curve_style& style, drawn_part part,
+                         std::vector<drawn_point> points);
+
+} // namespace kelvarin

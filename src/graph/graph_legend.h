@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/curve_style.h"
+#include "graph/drawing.h"
+#include "graph/graph_layout.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// A line of the legend: what stands for a curve, and its name.
+struct legend_entry
+{
+    drawn_part part;
+    std::string name;
+    curve_style style;
+    bool line = true;
+    bool marker = false;
+};
+
+/// The legend's shapes: frame, samples, names. It stands where the user has moved it, else in the corner of the plot
+/// area where it covers the fewest points of `curves`. What there is no room for is counted in a last line. Empty where
+/// there are no entries or no room.
+std::vector<drawn_shape> legend_shapes(const graph_content& graph, std::span<const legend_entry> entries,
+                                       std::span<const drawn_shape> curves, const graph_layout& layout,
+                                       const text_metrics& metrics);
+
+} // namespace kelvarin
