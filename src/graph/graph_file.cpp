@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/graph_file.h"
 
+#include "graph/number_text.h"
 #include "platform/letter_case.h"
 #include "platform/run_time_numbers.h"
 #include "platform/run_time_text.h"
@@ -8,8 +9,6 @@
 #include "platform/text_file.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <span>
@@ -30,17 +29,10 @@ constexpr std::string_view gap = "NaN";
 /// Lines in front of those of the columns.
 constexpr std::size_t field_lines = 47;
 
-/// `value` in the fewest digits that read back equal.
-std::string exact_text(double value)
+/// A number, or that there is none.
+std::string data_text(double value)
 {
-    if (!std::isfinite(value)) return std::string(gap);
-    std::string text = plain_text(value);
-    if (numeric_value(text) == value) return text;
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    text.assign(buffer.data(), end.ptr);
-    std::ranges::replace(text, 'e', 'E');
-    return text;
+    return std::isfinite(value) ? exact_text(value) : std::string(gap);
 }
 
 // Both directions walk over the same fields in the order of their lines, so that they can't come apart. A `Lines` takes
@@ -121,7 +113,7 @@ public:
         std::ranges::replace(line, '\n', ' ');
         text_.append(line).append(line_end);
     }
-    void number(double value) { text(exact_text(value)); }
+    void number(double value) { text(data_text(value)); }
     void whole(int value) { text(std::to_string(value)); }
     void count(int value) { whole(value); }
     void boolean(bool value) { text(value ? "True" : "False"); }
@@ -235,7 +227,7 @@ std::string without_commas(std::string text)
 void write_lists(line_writer& lines, const graph_content& graph)
 {
     for (const graph_column& column : graph.columns)
-        lines.joined(column.values.span(), exact_text);
+        lines.joined(column.values.span(), data_text);
     lines.joined(graph.columns, [](const graph_column& column) { return without_commas(column.name); });
     lines.joined(graph.curve_visible, [](bool visible) { return std::string(visible ? "True" : "False"); });
     lines.joined(graph.functions, [](const graph_function& function) { return without_commas(function.text); });

@@ -115,6 +115,12 @@ public:
     std::string printed_listing() const final { return format_->listing(content_, path()); }
 
 protected:
+    /// Begins with a content that was made elsewhere and that nobody has saved yet; undo starts anew.
+    void start_unsaved(Content content)
+    {
+        start_anew(std::move(content), {});
+        history_.mark_unsaved();
+    }
     /// Puts `next` in place of the content, as a step of undo. Nothing happens where they are equal.
     void change(std::string_view step, Content next)
     {

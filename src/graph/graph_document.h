@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/graph_content.h"
+#include "graph/graph_entries.h"
+#include "shell/document/value_document.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// A graph as a document. Curves and functions count from 0, columns with x as 0. Every operation that is refused
+/// returns the box to show and changes nothing; whatever changes, the limits of axes that are not manual follow.
+class graph_document final : public value_document<graph_content>
+{
+public:
+    /// A graph without points, to be opened.
+    graph_document();
+    /// A graph that a run hands over; nobody has saved it yet.
+    explicit graph_document(graph_content start);
+
+    bool is_blank() const override;
+
+    void show_curve(std::size_t curve, bool visible);
+    void show_function(std::size_t function, bool visible);
+    refusal add_function(std::string_view text);
+    refusal edit_function(std::size_t function, std::string_view text);
+    void remove_function(std::size_t function);
+    refusal add_derived_curve(std::string_view name, std::string_view text);
+    void use_as_x(std::size_t column);
+    void sort_by_x();
+
+    refusal set_axis_limit(axis_end end, std::string_view text);
+    /// The ranges in which the graph is looked at become its manual ones.
+    void keep_view(axis_range x, axis_range y);
+    void restore_xy();
+    refusal set_ticks(std::string_view text);
+    void set_label_format(axis_label_format graph_content::*axis, axis_label_format format);
+
+    refusal set_margin(int graph_margins::*side, std::string_view text);
+    refusal set_width(int graph_content::*width, std::string_view text);
+    refusal set_marker_size(std::string_view text);
+    void set_font(graph_font graph_content::*text, const graph_font& font);
+    /// A switch of the graph: &graph_content::draw_points.
+    void set_flag(bool graph_content::*flag, bool value);
+    void set_subtitle(std::string_view text);
+    /// &graph_content::x_title or y_title.
+    void set_axis_title(std::string graph_content::*axis, std::string_view text);
+    void move_part(std::optional<graph_place> graph_content::*part, graph_place place, graph_size window);
+
+private:
+    /// Makes the next content by `edit` and puts it in place, unless the edit is refused.
+    template <class Edit> refusal apply(std::string_view step, const Edit& edit);
+};
+
+} // namespace kelvarin

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/graph_content.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// The graph as JSON, also what a graph file has no room for.
+std::string graph_recovery_text(const graph_content& graph);
+
+/// The graph that graph_recovery_text wrote; nothing where the text is none of its.
+std::optional<graph_content> read_graph_recovery(std::string_view text);
+
+} // namespace kelvarin
