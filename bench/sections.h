@@ -19,6 +19,8 @@ void measure_newton();
 void measure_batch();
 /// The same, two at a time; needs two processors.
 void measure_jobs();
+/// From a graph to the shapes that are painted.
+void measure_graph();
 /// The memory of one run of 200 equations.
 void measure_memory();
 

@@ -2,15 +2,20 @@
 #include "graph/graph_curves.h"
 
 #include "expr/basParse.h"
+#include "expr/compiled_system.h"
+#include "expr/point_sweep.h"
 #include "platform/text_file.h"
 
 #include <algorithm>
 #include <cassert>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <numeric>
+#include <span>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace kelvarin
@@ -31,44 +36,52 @@ bool is_variable_name(std::string_view name)
     return tokens.size() == 1 && tokens.front().is_variable();
 }
 
-/// An expression bound to the columns that it names.
-class derived_expression
+/// The points at which every one of the columns has a value.
+std::vector<std::size_t> points_without_gap(std::span<const shared_values> columns, std::size_t count)
 {
-public:
-    derived_expression(const graph_content& graph, std::string_view text)
-    {
-        const check_result checked = check_expression(text);
-        for (const std::string_view name : checked.names)
-            if (const auto column = find_column(graph, name))
-                inputs_.push_back({store_.slot_of(name), graph.columns[*column].values});
-        built_ = build_tree(checked.tokens, store_);
+    std::vector<std::size_t> points;
+    for (std::size_t point = 0; point < count; ++point)
+        if (std::ranges::all_of(columns, [point](const shared_values& each) { return std::isfinite(each[point]); }))
+            points.push_back(point);
+    return points;
+}
+
+/// The values of a checked expression at all points; nullopt where an evaluation fails.
+std::optional<std::vector<double>> derived_values(const graph_content& graph, const std::string& text)
+{
+    std::vector<std::string> names;
+    std::vector<shared_values> columns;
+    for (const std::string_view name : check_expression(text).names) {
+        names.emplace_back(name);
+        columns.push_back(graph.columns[find_column(graph, name).value()].values);
     }
+    const std::vector<std::string> outputs = {text};
+    system_texts texts;
+    texts.inputs = names;
+    texts.outputs = outputs;
+    const compilation compiled = compiled_system::compile(texts);
+    const auto* system = std::get_if<std::unique_ptr<compiled_system>>(&compiled);
+    if (system == nullptr) return std::nullopt;
 
-    /// Nothing where the evaluation fails; a gap where a column has one.
-    std::optional<double> at(std::size_t point)
-    {
-        for (const input& each : inputs_) {
-            const double value = each.values[point];
-            if (!std::isfinite(value)) return std::numeric_limits<double>::quiet_NaN();
-            store_.set(each.slot, value);
-        }
-        const double value = evaluate_tree(built_.tree, expression_tree::root, store_, context_);
-        if (context_.eval_error_flag()) return std::nullopt;
-        return value;
+    // The engine computes with finite values alone.
+    const std::vector<std::size_t> points = points_without_gap(columns, graph.point_count());
+    std::vector<std::vector<double>> inputs;
+    point_sweep sweep(**system);
+    for (const shared_values& column : columns) {
+        std::vector<double>& input = inputs.emplace_back();
+        for (const std::size_t point : points)
+            input.push_back(column[point]);
     }
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+        sweep.set_input(i, inputs[i]);
+    std::vector<double> results(points.size());
+    if (sweep.run(results)) return std::nullopt;
 
-private:
-    struct input
-    {
-        clsParse::slot slot = 0;
-        shared_values values;
-    };
-
-    clsParse store_;
-    evaluation_context context_;
-    std::vector<input> inputs_;
-    built_tree built_;
-};
+    std::vector<double> values(graph.point_count(), std::numeric_limits<double>::quiet_NaN());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        values[points[i]] = results[i];
+    return values;
+}
 
 } // namespace
 
@@ -107,16 +120,11 @@ std::optional<message_box> add_derived_curve(graph_content& graph, std::string_v
     const std::string expression_text = field_text(text);
     if (auto refused = check_derived_expression(graph, expression_text)) return refused;
 
-    derived_expression expression(graph, expression_text);
-    std::vector<double> values;
-    for (std::size_t point = 0; point < graph.point_count(); ++point) {
-        const std::optional<double> value = expression.at(point);
-        if (!value)
-            return message_box{"Error found while evaluating derived curve.\rPlease close the current graph window.",
-                               box_icon::critical, std::string(fatal_title)};
-        values.push_back(*value);
-    }
-    graph.columns.push_back({std::string(trimmed(name)) + " = " + expression_text, shared_values(std::move(values))});
+    std::optional<std::vector<double>> values = derived_values(graph, expression_text);
+    if (!values)
+        return message_box{"Error found while evaluating derived curve.\rPlease close the current graph window.",
+                           box_icon::critical, std::string(fatal_title)};
+    graph.columns.push_back({std::string(trimmed(name)) + " = " + expression_text, shared_values(std::move(*values))});
     graph.curve_visible.push_back(true);
     return std::nullopt;
 }

@@ -114,6 +114,14 @@ private:
             add(label);
     }
 
+    /// Whether point i and both its neighbours lie on the same side of the range: no line at it is seen.
+    static bool is_out_of_sight(std::span<const double> values, std::size_t i, axis_range range)
+    {
+        if (i == 0 || i + 1 == values.size()) return false;
+        const bool before = values[i - 1] < range.min && values[i] < range.min && values[i + 1] < range.min;
+        return before || (values[i - 1] > range.max && values[i] > range.max && values[i + 1] > range.max);
+    }
+
     /// The runs of points between gaps, on the page.
     std::vector<std::vector<drawn_point>> runs_of(std::size_t curve, const axis_mapping& mapping) const
     {
@@ -123,11 +131,8 @@ private:
         bool in_run = false;
         for (std::size_t i = 0; i < x.size(); ++i) {
             const bool is_point = std::isfinite(x[i]) && std::isfinite(y[i]);
-            if (is_point && !in_run) {
-                runs.emplace_back();
-                runs.back().reserve(x.size() - i);
-            }
-            if (is_point) runs.back().push_back(mapping.at(x[i], y[i]));
+            if (is_point && !in_run) runs.emplace_back();
+            if (is_point && !is_out_of_sight(x, i, drawn_.limits.x)) runs.back().push_back(mapping.at(x[i], y[i]));
             in_run = is_point;
         }
         return runs;

@@ -2,10 +2,13 @@
 #include "graph/graph_functions.h"
 
 #include "expr/basParse.h"
+#include "expr/compiled_system.h"
+#include "expr/point_sweep.h"
 #include "platform/text_file.h"
 
-#include <algorithm>
 #include <cassert>
+#include <memory>
+#include <variant>
 
 namespace kelvarin
 {
@@ -17,19 +20,29 @@ std::vector<function_point> function_points(std::string_view text, axis_range x)
     for (std::size_t i = 0; i < points.size(); ++i)
         points[i].x = (x.max - x.min) * (static_cast<double>(i) / intervals) + x.min;
 
-    clsParse store;
-    store.modify_add_var_value("x", x.min);
-    const check_result checked = check_expression(text, &store);
-    if (!checked.ok) return points;
-    const built_tree built = build_tree(checked.tokens, store);
-    if (!built.ok()) return points;
-    const clsParse::slot slot = store.slot_of("x");
-    evaluation_context context;
-    for (function_point& point : points) {
-        store.set(slot, point.x);
-        context.clear_failure();
-        const double y = evaluate_tree(built.tree, expression_tree::root, store, context);
-        if (!context.eval_error_flag()) point.y = y;
+    const std::vector<std::string> inputs = {"x"};
+    const std::vector<std::string> outputs = {std::string(text)};
+    system_texts texts;
+    texts.inputs = inputs;
+    texts.outputs = outputs;
+    const compilation compiled = compiled_system::compile(texts);
+    const auto* system = std::get_if<std::unique_ptr<compiled_system>>(&compiled);
+    if (system == nullptr) return points;
+
+    std::vector<double> column;
+    for (const function_point& point : points)
+        column.push_back(point.x);
+    point_sweep sweep(**system);
+    sweep.set_input(0, column);
+    std::vector<double> values(points.size());
+    std::size_t next = 0;
+    while (next < points.size()) {
+        const std::size_t failed = sweep.run(values, next).value_or(points.size());
+        for (; next < failed; ++next)
+            points[next].y = values[next];
+        // The failing point stays without a value, and hinders none behind it.
+        (*system)->context().clear_failure();
+        ++next;
     }
     return points;
 }

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "graph/axis_limits.h"
+#include "graph/graph_drawing.h"
+#include "graph/graph_functions.h"
+#include "sections.h"
+#include "table.h"
+
+#include <cmath>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kelvarin::bench
+{
+
+namespace
+{
+
+graph_content waves(std::size_t points, std::size_t curves)
+{
+    graph_content graph;
+    std::vector<double> x(points);
+    for (std::size_t i = 0; i < points; ++i)
+        x[i] = 10.0 * static_cast<double>(i) / static_cast<double>(points);
+    for (std::size_t curve = 0; curve < curves; ++curve) {
+        std::vector<double> y(points);
+        for (std::size_t i = 0; i < points; ++i)
+            y[i] = static_cast<double>(curve) + std::sin(x[i] * (1.0 + 0.01 * static_cast<double>(curve)));
+        graph.columns.push_back({"y" + std::to_string(curve), shared_values(std::move(y))});
+        graph.curve_visible.push_back(true);
+    }
+    graph.columns.front() = {"x", shared_values(std::move(x))};
+    settle_axis_limits(graph);
+    return graph;
+}
+
+spread milliseconds_of(const std::function<void()>& run)
+{
+    constexpr int rounds = 21;
+    std::vector<double> seen;
+    for (int round = 0; round < rounds; ++round)
+        seen.push_back(1e3 * seconds_of(run, 1));
+    return spread_of(seen);
+}
+
+} // namespace
+
+void measure_graph()
+{
+    const drawing_options window = {.width = 960.0, .height = 720.0, .pixel = 0.75};
+    const graph_content wide = waves(1200, 200);
+    print_line("200 curves of 1,200 points: shapes, ms", milliseconds_of([&] { draw_graph(wide, window); }),
+               at_most(50.0));
+
+    const graph_content long_one = waves(1000000, 1);
+    print_line("1,000,000 points: shapes, ms", milliseconds_of([&] { draw_graph(long_one, window); }), at_most(150.0));
+    const drawing_options panned = {.width = 960.0, .height = 720.0, .pixel = 0.75, .x_view = axis_range{4.0, 6.0}};
+    print_line("1,000,000 points, a fifth of them in view: shapes, ms",
+               milliseconds_of([&] { draw_graph(long_one, panned); }), at_most(16.0));
+
+    const auto all_functions = [] {
+        for (int i = 0; i < 30; ++i)
+            function_points("x*(sin(x)+" + std::to_string(i) + ")/(1+x^2)", {0.0, 10.0});
+    };
+    print_line("30 functions: points, ms", milliseconds_of(all_functions), at_most(16.0));
+}
+
+} // namespace kelvarin::bench
