@@ -14,26 +14,23 @@ namespace
 
 /// In place of a true ceiling.
 constexpr double just_below_one = 0.99999999;
-constexpr double start_of_extremes = 1e299;
 
 constexpr const char* x_range_text = "The range of the x values is too large or too small to be drawn.";
 constexpr const char* y_range_text = "The range of the y values is too large or too small to be drawn.";
 
-/// Largest below smallest as long as nothing was scanned.
+/// The extremes of what was added so far. They start beyond every number, so that even 1e300 counts.
 struct extremes_scan
 {
-    double min = start_of_extremes;
-    double max = -start_of_extremes;
-    bool any = false;
+    double min = std::numeric_limits<double>::infinity();
+    double max = -std::numeric_limits<double>::infinity();
 
+    bool any() const { return min <= max; }
     void add(std::span<const double> values)
     {
         for (const double value : values) {
             if (!std::isfinite(value)) continue;
-            // The start values must not outlive a number beyond them.
-            min = any ? std::min(min, value) : value;
-            max = any ? std::max(max, value) : value;
-            any = true;
+            min = value < min ? value : min;
+            max = value > max ? value : max;
         }
     }
 };
@@ -95,7 +92,7 @@ axis_limits find_axis_limits(const graph_content& graph)
     } else {
         extremes_scan x;
         x.add(graph.columns.front().values.span());
-        if (!x.any || x.min == x.max) return refused_limits(equal_x_text);
+        if (!x.any() || x.min == x.max) return refused_limits(equal_x_text);
         const std::optional<axis_range> rounded = rounded_range({x.min, x.max}, ticks);
         if (!rounded) return refused_limits(x_range_text);
         limits.x = *rounded;
@@ -109,7 +106,7 @@ axis_limits find_axis_limits(const graph_content& graph)
     extremes_scan y;
     for (std::size_t curve = 0; curve < graph.curve_count(); ++curve)
         if (graph.curve_visible[curve]) y.add(graph.columns[curve + 1].values.span());
-    if (!y.any) return limits;
+    if (!y.any()) return limits;
     limits.y = rounded_range(widened(y.min, y.max), ticks);
     if (!limits.y) return refused_limits(y_range_text);
     return limits;

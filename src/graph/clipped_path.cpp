@@ -72,7 +72,7 @@ std::optional<std::pair<drawn_point, drawn_point>> clipped_line(drawn_point from
                      leaves < 1.0 ? point_at(leaves) : held_within(to, box));
 }
 
-void clipped_path::line_to(drawn_point point)
+void clipped_path::cut_line_to(drawn_point point)
 {
     if (!last_) {
         last_ = point;
@@ -91,29 +91,6 @@ void clipped_path::line_to(drawn_point point)
     }
     path_.points.push_back(line->second);
     end_ = line->second;
-}
-
-std::vector<drawn_point> thinned_line(std::span<const drawn_point> points, double column)
-{
-    std::vector<drawn_point> kept;
-    std::size_t first = 0;
-    while (first < points.size()) {
-        const double at = std::floor(points[first].x / column);
-        std::size_t lowest = first;
-        std::size_t highest = first;
-        std::size_t end = first + 1;
-        while (end < points.size() && std::floor(points[end].x / column) == at) {
-            if (points[end].y < points[lowest].y) lowest = end;
-            if (points[end].y > points[highest].y) highest = end;
-            ++end;
-        }
-        std::array<std::size_t, 4> stay = {first, std::min(lowest, highest), std::max(lowest, highest), end - 1};
-        const auto different = std::unique(stay.begin(), stay.end());
-        for (auto each = stay.begin(); each != different; ++each)
-            kept.push_back(points[*each]);
-        first = end;
-    }
-    return kept;
 }
 
 std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, const drawn_box& box, double cell)

@@ -3,6 +3,7 @@
 
 #include "graph/drawing.h"
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -22,22 +23,86 @@ class clipped_path
 public:
     clipped_path(drawn_path path, const drawn_box& box) : path_(std::move(path)), box_(box) {}
 
-    void line_to(drawn_point point);
+    void line_to(drawn_point point)
+    {
+        const bool inside = box_.contains(point);
+        if (inside && inside_ && last_ && end_ == last_) {
+            // Most points by far; nothing is to be cut.
+            path_.points.push_back(point);
+            last_ = end_ = point;
+        } else {
+            cut_line_to(point);
+        }
+        inside_ = inside;
+    }
     /// The next point begins another piece.
     void lift() { last_.reset(); }
     drawn_path taken() { return std::move(path_); }
 
 private:
+    void cut_line_to(drawn_point point);
+
     drawn_path path_;
     drawn_box box_;
     std::optional<drawn_point> last_;
+    bool inside_ = false;
     /// Where the last piece ended, if it ended inside.
     std::optional<drawn_point> end_;
 };
 
-/// The points of a line without those that change nothing in a picture of columns `column` wide: of points in a row
-/// that share a column, the first, the lowest, the highest and the last stay, in their order. All are finite.
-std::vector<drawn_point> thinned_line(std::span<const drawn_point> points, double column);
+/// Takes the points of a line one by one and passes on those that matter in a picture of columns `column` wide: of
+/// points in a row that share a column, the first, the lowest, the highest and the last, in their order. All are
+/// finite.
+class column_thinner
+{
+public:
+    explicit column_thinner(double column) : column_(column) {}
+
+    /// `pass_on` is called for points before this one.
+    template <class PassOn> void add(drawn_point point, const PassOn& pass_on)
+    {
+        if (count_ > 0 && point.x >= begin_ && point.x < begin_ + column_) {
+            if (point.y < lowest_.point.y) lowest_ = {point, count_};
+            if (point.y > highest_.point.y) highest_ = {point, count_};
+            last_ = {point, count_++};
+            return;
+        }
+        finish(pass_on);
+        begin_ = std::floor(point.x / column_) * column_;
+        first_ = lowest_ = highest_ = last_ = {point, 0};
+        count_ = 1;
+    }
+
+    /// The line ends here: passes on what was kept back.
+    template <class PassOn> void finish(const PassOn& pass_on)
+    {
+        if (count_ == 0) return;
+        const bool low_first = lowest_.number < highest_.number;
+        std::size_t passed = count_;
+        for (const numbered_point& each :
+             {first_, low_first ? lowest_ : highest_, low_first ? highest_ : lowest_, last_}) {
+            if (each.number != passed) pass_on(each.point);
+            passed = each.number;
+        }
+        count_ = 0;
+    }
+
+private:
+    struct numbered_point
+    {
+        drawn_point point;
+        std::size_t number = 0;
+    };
+
+    double column_;
+    /// Where the present column begins, and how many points lie in it.
+    double begin_ = 0.0;
+    std::size_t count_ = 0;
+    numbered_point first_;
+    numbered_point lowest_;
+    numbered_point highest_;
+    numbered_point last_;
+};
 
 /// The points without those that stand in the same cell, `cell` wide and high, as an earlier one.
 std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, const drawn_box& box, double cell);

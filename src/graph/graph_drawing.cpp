@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr double points_per_pixel = 0.75;
-/// A run of fewer points is drawn faster than it is thinned.
+/// Fewer points are drawn faster than they are thinned.
 constexpr std::size_t least_to_thin = 4096;
 
 drawn_path straight_line(drawn_part part, const drawn_stroke& stroke, drawn_point from, drawn_point to)
@@ -122,21 +122,24 @@ private:
         return before || (values[i - 1] > range.max && values[i] > range.max && values[i + 1] > range.max);
     }
 
-    /// The runs of points between gaps, on the page.
-    std::vector<std::vector<drawn_point>> runs_of(std::size_t curve, const axis_mapping& mapping) const
+    /// Calls `on_point` with each point of a curve that is on the page or next to one, and `on_gap` where the line
+    /// breaks.
+    template <class OnPoint, class OnGap>
+    void for_each_point(std::size_t curve, const axis_mapping& mapping, const OnPoint& on_point,
+                        const OnGap& on_gap) const
     {
         const std::span<const double> x = graph_.columns.front().values.span();
         const std::span<const double> y = graph_.columns[curve + 1].values.span();
-        std::vector<std::vector<drawn_point>> runs;
-        bool in_run = false;
         for (std::size_t i = 0; i < x.size(); ++i) {
-            const bool is_point = std::isfinite(x[i]) && std::isfinite(y[i]);
-            if (is_point && !in_run) runs.emplace_back();
-            if (is_point && !is_out_of_sight(x, i, drawn_.limits.x)) runs.back().push_back(mapping.at(x[i], y[i]));
-            in_run = is_point;
+            if (is_out_of_sight(x, i, drawn_.limits.x) && std::isfinite(y[i])) continue;
+            if (std::isfinite(x[i]) && std::isfinite(y[i]))
+                on_point(mapping.at(x[i], y[i]));
+            else
+                on_gap();
         }
-        return runs;
     }
+
+    bool has_points_to_thin() const { return options_.pixel > 0.0 && graph_.point_count() >= least_to_thin; }
 
     void add_curves(const axis_mapping& mapping)
     {
@@ -144,35 +147,41 @@ private:
             if (!graph_.curve_visible[curve]) continue;
             const drawn_part part = {drawn_role::curve, static_cast<int>(curve)};
             const curve_style style = curve_style_of(curve);
-            const auto runs = runs_of(curve, mapping);
-            if (graph_.scatter_connected) add_line(part, style, runs);
-            if (graph_.draw_points) add_markers(part, style, runs);
+            if (graph_.scatter_connected) add_line(part, style, curve, mapping);
+            if (graph_.draw_points) add_markers(part, style, curve, mapping);
             // Drawn as neither, it is still a curve of the legend, and counts as shown.
             entries_.push_back(
                 {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points});
         }
     }
 
-    void add_line(drawn_part part, const curve_style& style, const std::vector<std::vector<drawn_point>>& runs)
+    void add_line(drawn_part part, const curve_style& style, std::size_t curve, const axis_mapping& mapping)
     {
         clipped_path line({part, curve_stroke(graph_, style), {}, {}}, drawn_.plot);
-        for (const std::vector<drawn_point>& run : runs) {
-            line.lift();
-            const bool thin = options_.pixel > 0.0 && run.size() >= least_to_thin;
-            for (const drawn_point point : thin ? thinned_line(run, options_.pixel) : run)
-                line.line_to(point);
+        const auto draw = [&line](drawn_point point) { line.line_to(point); };
+        if (has_points_to_thin()) {
+            column_thinner thinner(options_.pixel);
+            const auto lift = [&] {
+                thinner.finish(draw);
+                line.lift();
+            };
+            for_each_point(
+                curve, mapping, [&](drawn_point point) { thinner.add(point, draw); }, lift);
+            thinner.finish(draw);
+        } else {
+            for_each_point(curve, mapping, draw, [&line] { line.lift(); });
         }
         add(line.taken());
     }
 
-    void add_markers(drawn_part part, const curve_style& style, const std::vector<std::vector<drawn_point>>& runs)
+    void add_markers(drawn_part part, const curve_style& style, std::size_t curve, const axis_mapping& mapping)
     {
         std::vector<drawn_point> points;
-        for (const std::vector<drawn_point>& run : runs)
-            for (const drawn_point point : run)
-                if (drawn_.plot.contains(point)) points.push_back(point);
-        if (options_.pixel > 0.0 && points.size() >= least_to_thin)
-            points = thinned_points(points, drawn_.plot, options_.pixel);
+        const auto keep = [&](drawn_point point) {
+            if (drawn_.plot.contains(point)) points.push_back(point);
+        };
+        for_each_point(curve, mapping, keep, [] {});
+        if (has_points_to_thin()) points = thinned_points(points, drawn_.plot, options_.pixel);
         add(markers_at(graph_, style, part, std::move(points)));
     }
 

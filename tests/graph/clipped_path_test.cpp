@@ -63,6 +63,17 @@ TEST(ClippedLine, NeverLeavesTheBoxNorTheLine)
     });
 }
 
+std::vector<drawn_point> thinned_line(const std::vector<drawn_point>& points, double column)
+{
+    std::vector<drawn_point> kept;
+    const auto keep = [&kept](drawn_point point) { kept.push_back(point); };
+    column_thinner thinner(column);
+    for (const drawn_point point : points)
+        thinner.add(point, keep);
+    thinner.finish(keep);
+    return kept;
+}
+
 TEST(ThinnedLine, KeepsFirstLowestHighestAndLastOfEachColumn)
 {
     const std::vector<drawn_point> points = {{0.1, 5}, {0.2, 9}, {0.3, 1}, {0.4, 6}, {0.9, 7}, {1.5, 2}, {0.5, 3}};
@@ -71,7 +82,7 @@ TEST(ThinnedLine, KeepsFirstLowestHighestAndLastOfEachColumn)
     EXPECT_TRUE(thinned_line({}, 1.0).empty());
 }
 
-/// The rows that a line covers in each column, as it is drawn between any two points in the same column or neighbours.
+/// From where to where the points reach in each column.
 std::map<int, std::pair<double, double>> covered_rows(const std::vector<drawn_point>& points)
 {
     std::map<int, std::pair<double, double>> rows;
