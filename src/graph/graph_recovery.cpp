@@ -2,10 +2,9 @@
 #include "graph/graph_recovery.h"
 
 #include "graph/graph_file.h"
+#include "shell/document/json_value.h"
+#include "shell/report/json_writer.h"
 
-#include <nlohmann/json.hpp>
-
-#include <cmath>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -15,8 +14,6 @@ namespace kelvarin
 
 namespace
 {
-
-using nlohmann::json;
 
 /// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
 constexpr int recovery_format = 1;
@@ -31,78 +28,91 @@ graph_content fields_of(const graph_content& graph)
     return fields;
 }
 
-json column_json(const graph_column& column)
+void write_column(json_writer& text, const graph_column& column)
 {
-    json values = json::array();
-    for (const double value : column.values.span())
-        values.push_back(std::isfinite(value) ? json(value) : json());
-    return {{"name", column.name}, {"values", std::move(values)}};
+    text.begin_object();
+    text.member("name", column.name);
+    text.member("values", column.values.span());
+    text.end_object();
 }
 
-graph_column column_of(const json& kept)
+graph_column column_of(const json_value& kept)
 {
     std::vector<double> values;
-    for (const json& value : kept.at("values"))
-        values.push_back(value.is_null() ? std::numeric_limits<double>::quiet_NaN() : value.get<double>());
-    return {kept.at("name").get<std::string>(), shared_values(std::move(values))};
+    for (const json_value& value : kept.at("values").items())
+        values.push_back(value.is_null() ? std::numeric_limits<double>::quiet_NaN() : value.number());
+    return {kept.at("name").text(), shared_values(std::move(values))};
 }
 
-axis_label_format label_format_of(const json& kept)
+axis_label_format label_format_of(const json_value& kept)
 {
-    const int number = kept.get<int>();
-    const bool is_known = number >= 0 && number <= static_cast<int>(axis_label_format::engineering);
-    return is_known ? static_cast<axis_label_format>(number) : axis_label_format::plain;
+    return static_cast<axis_label_format>(kept.whole_number(0, static_cast<int>(axis_label_format::engineering)));
 }
 
-bool fits_together(const graph_content& graph)
+void check_lengths(const graph_content& graph)
 {
-    if (graph.columns.empty() || graph.curve_visible.size() != graph.curve_count()) return false;
+    if (graph.columns.empty() || graph.curve_visible.size() != graph.curve_count())
+        throw json_mismatch("no number of columns");
     for (const graph_column& column : graph.columns)
-        if (column.values.size() != graph.point_count()) return false;
-    return true;
+        if (column.values.size() != graph.point_count()) throw json_mismatch("no number of points");
+}
+
+graph_content content_of(const json_value& kept)
+{
+    kept.at("format").whole_number(recovery_format, recovery_format);
+    std::optional<graph_content> graph = read_graph(kept.at("file").text());
+    if (!graph) throw json_mismatch("no graph file");
+    graph->columns.clear();
+    for (const json_value& column : kept.at("columns").items())
+        graph->columns.push_back(column_of(column));
+    for (const json_value& visible : kept.at("visible").items())
+        graph->curve_visible.push_back(visible.truth());
+    for (const json_value& function : kept.at("functions").items())
+        graph->functions.push_back({function.at("text").text(), function.at("visible").truth()});
+    graph->marker_size = kept.at("marker_size").whole_number(-largest_file_count, largest_file_count);
+    graph->x_labels = label_format_of(kept.at("x_labels"));
+    graph->y_labels = label_format_of(kept.at("y_labels"));
+    check_lengths(*graph);
+    return *std::move(graph);
 }
 
 } // namespace
 
 std::string graph_recovery_text(const graph_content& graph)
 {
-    json columns = json::array();
+    json_writer text;
+    text.begin_object();
+    text.member("format", recovery_format);
+    text.member("file", write_graph(fields_of(graph)));
+    text.key("columns");
+    text.begin_array();
     for (const graph_column& column : graph.columns)
-        columns.push_back(column_json(column));
-    json functions = json::array();
-    for (const graph_function& function : graph.functions)
-        functions.push_back({{"text", function.text}, {"visible", function.visible}});
-    const json text = {{"format", recovery_format},
-                       {"file", write_graph(fields_of(graph))},
-                       {"columns", std::move(columns)},
-                       {"visible", graph.curve_visible},
-                       {"functions", std::move(functions)},
-                       {"marker_size", graph.marker_size},
-                       {"x_labels", static_cast<int>(graph.x_labels)},
-                       {"y_labels", static_cast<int>(graph.y_labels)}};
-    // Bytes that are no text must not keep the rest from being kept.
-    return text.dump(-1, ' ', false, json::error_handler_t::replace);
+        write_column(text, column);
+    text.end_array();
+    text.key("visible");
+    text.begin_array();
+    for (const bool visible : graph.curve_visible)
+        text.value(visible);
+    text.end_array();
+    text.key("functions");
+    text.begin_array();
+    for (const graph_function& function : graph.functions) {
+        text.begin_object();
+        text.member("text", function.text);
+        text.member("visible", function.visible);
+        text.end_object();
+    }
+    text.end_array();
+    text.member("marker_size", graph.marker_size);
+    text.member("x_labels", static_cast<int>(graph.x_labels));
+    text.member("y_labels", static_cast<int>(graph.y_labels));
+    text.end_object();
+    return text.take();
 }
 
 std::optional<graph_content> read_graph_recovery(std::string_view text)
-try {
-    const json kept = json::parse(text);
-    if (kept.at("format").get<int>() != recovery_format) return std::nullopt;
-    std::optional<graph_content> graph = read_graph(kept.at("file").get<std::string>());
-    if (!graph) return std::nullopt;
-    graph->columns.clear();
-    for (const json& column : kept.at("columns"))
-        graph->columns.push_back(column_of(column));
-    graph->curve_visible = kept.at("visible").get<std::vector<bool>>();
-    for (const json& function : kept.at("functions"))
-        graph->functions.push_back({function.at("text").get<std::string>(), function.at("visible").get<bool>()});
-    graph->marker_size = kept.at("marker_size").get<int>();
-    graph->x_labels = label_format_of(kept.at("x_labels"));
-    graph->y_labels = label_format_of(kept.at("y_labels"));
-    if (!fits_together(*graph)) return std::nullopt;
-    return graph;
-} catch (const json::exception&) {
-    return std::nullopt;
+{
+    return read_json(text, content_of);
 }
 
 } // namespace kelvarin

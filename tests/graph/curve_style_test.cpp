@@ -18,8 +18,7 @@ using triple = std::array<double, 3>;
 using matrix3 = std::array<triple, 3>;
 
 constexpr matrix3 full_vision = {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
-/// Machado, Oliveira, Fernandes: A Physiologically-based Model for Simulation of Color Vision Deficiency (2009), at
-/// severity 1.0, on linear RGB.
+/// Severity 1.0, on linear RGB. [MachadoOliveiraFernandes2009]
 constexpr matrix3 without_red = {
     {{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}};
 constexpr matrix3 without_green = {

@@ -89,6 +89,12 @@ std::vector<std::string> json_value::texts() const
     return texts;
 }
 
+double json_value::number() const
+{
+    if (const auto* whole = std::get_if<std::int64_t>(&held_)) return static_cast<double>(*whole);
+    return get<double>("a number");
+}
+
 int json_value::whole_number(int first, int last) const
 {
     const std::int64_t number = whole_number();

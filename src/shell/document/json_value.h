@@ -32,6 +32,7 @@ public:
     json_value() = default;
     explicit json_value(content held) : held_(std::move(held)) {}
 
+    bool is_null() const { return std::holds_alternative<std::monostate>(held_); }
     bool is_text() const { return std::holds_alternative<std::string>(held_); }
 
     /// The value of a member of an object; the last one where a name stands twice.
@@ -40,6 +41,9 @@ public:
     const std::string& text() const { return get<std::string>("a text"); }
     /// All items of an array of texts.
     std::vector<std::string> texts() const;
+    bool truth() const { return get<bool>("a truth value"); }
+    /// A number, whole or real.
+    double number() const;
     std::int64_t whole_number() const { return get<std::int64_t>("a whole number"); }
     /// A whole number from `first` to `last`.
     int whole_number(int first, int last) const;
