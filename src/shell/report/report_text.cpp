@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/report/report_text.h"
 
+#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 #include "shell/general_lib.h"
 #include "shell/report/rich_text.h"
