@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_report.h"
 
-#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
