@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_problem.h"
+#include "leq/leq_recovery.h"
 #include "support/leq_problems.h"
-#include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
-#include <rapidcheck.h>
-
-#include <cerrno>
 
 namespace kelvarin
 {
@@ -96,95 +93,18 @@ TEST(LeqProblem, CutPasteAndClearActOnTheSelection)
     EXPECT_TRUE(problem.is_blank());
 }
 
-TEST(LeqProblem, FilesMoveThePathAndTheCleanMark)
+TEST(LeqProblem, ReadsTheRecoveryTextOfAnEarlierVersionWithAllItsCells)
 {
-    const test::scratch_folder folder;
-    leq_problem problem = problem_of(equations({{"1", "2", "3"}, {"4", "5", "6"}}));
-    EXPECT_FALSE(problem.problem_saved());
-    EXPECT_EQ(text_of(problem.save("a.kvr")), "");
-    EXPECT_TRUE(problem.problem_saved());
-    EXPECT_EQ(problem.path(), "a.kvr");
-
-    leq_problem other;
-    EXPECT_EQ(text_of(other.leq_open("a.kvr")), "");
-    EXPECT_EQ(other.content(), problem.content());
-    EXPECT_EQ(text_of(other.leq_open("missing.kvr")), "Error while trying to open file.");
-    EXPECT_EQ(text_of(other.leq_open(folder.write("b.kvr", "T\n64\n1\t"))), "Error while trying to open file.");
-    EXPECT_EQ(other.content(), problem.content());
-    EXPECT_EQ(other.path(), "a.kvr");
-
-    save_calls full_disk = system_save_calls();
-    full_disk.write = [](int, const void*, std::size_t) -> ssize_t {
-        errno = ENOSPC;
-        return -1;
+    const auto text = [](const std::string& names, const std::string& cells) {
+        return "{\"cells\": [" + cells + "], \"format\": 1, \"names\": [" + names + "], \"title\": \"t\"}";
     };
-    problem.set_cell(0, 0, "9");
-    EXPECT_EQ(text_of(problem.save("a.kvr", false, full_disk)), "Error while trying to save file.");
-    EXPECT_FALSE(problem.problem_saved());
-    ASSERT_TRUE(problem.undo());
-    problem.load_sample(1);
-    EXPECT_TRUE(problem.path().empty());
-    EXPECT_EQ(problem.title(), "Sample random problem");
-    ASSERT_TRUE(problem.undo());
-    EXPECT_EQ(problem.path(), "a.kvr") << "the saved content came back without its file";
-}
-
-TEST(LeqProblem, RecoveryBringsEverythingBack)
-{
-    leq_problem problem = problem_of(equations({{"1", "x\"y", ""}, {"4", "5", "\xC3\xA9"}}));
-    problem.set_title(" a\ttitle ");
-    ASSERT_EQ(text_of(problem.rename_variable(1, "w")), "");
-    leq_problem other;
-    ASSERT_TRUE(other.restore(problem.recovery_text(), "a.kvr"));
-    EXPECT_EQ(other.content(), problem.content());
-    EXPECT_EQ(other.title(), "a title");
-    EXPECT_EQ(other.path(), "a.kvr");
-    EXPECT_FALSE(other.problem_saved());
-    for (const std::string text : {"", "{}", "[]", R"({"format":1,"title":"","names":["a"],"cells":["1","2"]})",
-                                   R"({"format":1,"title":"","names":["a","b"],"cells":["1","2"]})",
-                                   R"({"format":2,"title":"","names":["a","b"],"cells":["1","2","3","4","5","6"]})"}) {
-        EXPECT_FALSE(other.restore(text, "")) << text;
-    }
-}
-
-TEST(LeqProblem, UndoTakesEverythingBackAndRedoBringsItAgain)
-{
-    EXPECT_TRUE(rc::check("any operations", [] {
-        leq_problem problem;
-        const leq_content first = problem.content();
-        for (int steps = *rc::gen::inRange(1, 12); steps > 0; --steps) {
-            switch (*rc::gen::inRange(0, 7)) {
-            case 0:
-                problem.set_cell(0, *rc::gen::inRange(0, 3), *rc::gen::element<std::string>("", "1", "2"));
-                break;
-            case 1:
-                problem.init_grids(*rc::gen::inRange(2, 6));
-                break;
-            case 2:
-                problem.fill_empty_cells_with_zeros();
-                break;
-            case 3:
-                problem.rename_variable(1, *rc::gen::element<std::string>("a", "x1", "3"));
-                break;
-            case 4:
-                problem.paste({1, 1, 1, 1}, {{"1", "2"}, {"3", "4"}});
-                break;
-            case 5:
-                problem.clean_grid();
-                break;
-            default:
-                problem.load_sample(static_cast<std::uint32_t>(steps));
-            }
-        }
-        const leq_content last = problem.content();
-        while (problem.undo())
-            ;
-        RC_ASSERT(problem.content() == first);
-        RC_ASSERT(problem.problem_saved());
-        while (problem.redo())
-            ;
-        RC_ASSERT(problem.content() == last);
-    }));
+    leq_content content = equations({{"1", "2", "3"}, {"4", "5", "6"}});
+    content.title = "t";
+    content.names = {"a", "b"};
+    EXPECT_EQ(read_leq_recovery(text(R"("a", "b")", R"("1", "2", "3", "4", "5", "6")")), content);
+    EXPECT_FALSE(read_leq_recovery(text(R"("a")", R"("1", "2")")));
+    EXPECT_FALSE(read_leq_recovery(text(R"("a", "b")", R"("1", "2", "3", "4", "5")")));
+    EXPECT_FALSE(read_leq_recovery(text(R"("a", "b")", R"("1", "2", "3", "4", "5", "6", "7")")));
 }
 
 } // namespace
