@@ -30,6 +30,15 @@ constexpr double smallest_error = 1e-20;
 /// Passes in a row that leave x where it is. More of them, and nobody would see the end.
 constexpr int most_idle_passes = 100'000;
 
+/// Variables that are worked on side by side, so that the loops over them become vector instructions.
+constexpr std::size_t lanes = 4;
+
+int whole_lanes(int count)
+{
+    constexpr int width = lanes;
+    return (count + width - 1) / width * width;
+}
+
 struct fehlberg_method
 {
     std::string_view name;
@@ -45,7 +54,7 @@ public:
                          const fehlberg_options& options, ode_observer& observer)
         : method_(method), tableau_(method.tableau), system_(system, observer, summary_), observer_(observer),
           output_(range.spacing, observer), range_(range), y_(y), start_(work_array(system.size())),
-          sum_(work_array(system.size())), k_(tableau_.stages, system.size(), unset), x_(range.x1),
+          k_(tableau_.stages, whole_lanes(system.size())), x_(range.x1),
           step_(std::min(std::fabs(options.h), range.x2 - range.x1)), aim_(options.tol / aimed_part)
     {
         summary_.tolerance = options.tol;
@@ -54,13 +63,13 @@ public:
 
     ode_summary run()
     {
-        system_.derivatives(x_, y_, k_.row(0));
+        system_.derivatives(x_, y_, stage(0));
         output_.store(x_, y_, summary_);
         for (;;) {
             ++summary_.steps;
             x_start_ = x_;
             std::ranges::copy(y_, start_.begin());
-            system_.derivatives(x_, y_, k_.row(0));
+            system_.derivatives(x_, y_, stage(0));
             if (std::fabs(step_) < smallest_significant_step) {
                 if (near_end()) return finish();
                 relax();
@@ -72,6 +81,8 @@ public:
     }
 
 private:
+    std::span<double> stage(int m) { return k_.row(m).first(y_.size()); }
+
     bool near_end() const { return (x_ - range_.x1) / (range_.x2 - range_.x1) >= part_that_counts_as_all; }
 
     ode_summary finish()
@@ -99,10 +110,9 @@ private:
     void attempt()
     {
         for (int m = 1; m < tableau_.stages; ++m) {
-            const auto stage = static_cast<std::size_t>(m);
-            move(tableau_.a[stage], m);
-            x_ = x_start_ + tableau_.c[stage] * step_;
-            system_.derivatives(x_, y_, k_.row(m));
+            move(tableau_.a[static_cast<std::size_t>(m)], m);
+            x_ = x_start_ + tableau_.c[static_cast<std::size_t>(m)] * step_;
+            system_.derivatives(x_, y_, stage(m));
         }
         move(tableau_.b, tableau_.stages);
         require_finite(y_);
@@ -121,33 +131,35 @@ private:
     /// y = start + step times the weighted sum of the first stages.
     void move(const butcher_tableau::stage_weights& weights, int stages)
     {
-        add_stages(weights, stages);
-        for (std::size_t i = 0; i < y_.size(); ++i)
-            y_[i] = start_[i] + step_ * sum_[i];
-    }
-
-    void add_stages(const butcher_tableau::stage_weights& weights, int stages)
-    {
-        std::ranges::fill(sum_, 0.0);
-        for (int l = 0; l < stages; ++l) {
-            const double weight = weights[static_cast<std::size_t>(l)];
-            if (weight == 0.0) continue;
-            const std::span<const double> k = k_.row(l);
-            for (std::size_t i = 0; i < sum_.size(); ++i)
-                sum_[i] += weight * k[i];
-        }
+        for_each_sum(weights, stages, [this](std::size_t i, double sum) { y_[i] = start_[i] + step_ * sum; });
     }
 
     /// The largest estimated error of a variable, per unit of step, relative to the variable.
     double error_norm()
     {
-        add_stages(tableau_.e, tableau_.stages);
         double largest = method_.carries_error ? largest_error_ : 0.0;
-        for (std::size_t i = 0; i < y_.size(); ++i) {
+        for_each_sum(tableau_.e, tableau_.stages, [&](std::size_t i, double sum) {
             const double size = std::max(std::fabs(y_[i]), summary_.tolerance);
-            largest = std::max(largest, finite(std::fabs(sum_[i] * tableau_.error_factor) / size));
-        }
+            largest = std::max(largest, finite(std::fabs(sum * tableau_.error_factor) / size));
+        });
         return largest;
+    }
+
+    /// Calls `use` with each variable's number and the weighted sum of its first stages, in their order.
+    template <class Use> void for_each_sum(const butcher_tableau::stage_weights& weights, int stages, Use use) const
+    {
+        for (std::size_t first = 0; first < y_.size(); first += lanes) {
+            double sums[lanes] = {};
+            for (int l = 0; l < stages; ++l) {
+                const double weight = weights[static_cast<std::size_t>(l)];
+                const double* const k = k_.row(l).data() + first;
+                for (std::size_t lane = 0; lane < lanes; ++lane)
+                    sums[lane] += weight * k[lane];
+            }
+            const std::size_t end = std::min(first + lanes, y_.size());
+            for (std::size_t i = first; i < end; ++i)
+                use(i, sums[i - first]);
+        }
     }
 
     void reject()
@@ -177,8 +189,7 @@ private:
     ode_range range_;
     std::span<double> y_;
     std::vector<double> start_;
-    std::vector<double> sum_;
-    /// By stage.
+    /// By stage the right sides, and nothing up to whole lanes.
     matrix k_;
     double x_;
     double x_start_ = 0.0;

@@ -3,10 +3,7 @@
 
 #include "numeric/linear/matrix.h"
 
-#include <cstdint>
-#include <functional>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace kelvarin
@@ -56,27 +53,5 @@ public:
 /// 1e-10 for all negative values; it is also the divisor, though the moved value is rounded. n + 2 calls of
 /// the derivatives.
 void evaluate_jacobian(ode_system& system, double x, std::span<const double> y, ode_jacobian& jacobian);
-
-/// A system given by a callable (x, y, dydx); for tests and for systems that are no typed equations.
-class function_ode_system final : public ode_system
-{
-public:
-    using function = std::function<void(double, std::span<const double>, std::span<double>)>;
-
-    function_ode_system(int size, function derivatives) : size_(size), derivatives_(std::move(derivatives)) {}
-
-    int size() const override { return size_; }
-    void derivatives(double x, std::span<const double> y, std::span<double> dydx) override
-    {
-        ++calls;
-        derivatives_(x, y, dydx);
-    }
-
-    std::int64_t calls = 0;
-
-private:
-    int size_;
-    function derivatives_;
-};
 
 } // namespace kelvarin
