@@ -29,7 +29,7 @@ struct ode_summary
     int relaxations = 0;
     /// Points stored, the start included.
     int points = 0;
-    /// x is the end of the range, and not a point where the steps came to nothing.
+    /// x is the end of the range, but for a millionth of it, and not a point where the steps came to nothing.
     bool end_reached = false;
 };
 
