@@ -2,12 +2,14 @@
 #include "nle/nle_file.h"
 
 #include "expr/basParse.h"
+#include "nle/equations/row_lines.h"
 #include "platform/run_time_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
 
 #include <cmath>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace kelvarin
@@ -20,43 +22,23 @@ constexpr std::string_view guess_marker = "(0)=";
 constexpr std::string_view lower_marker = "(min)=";
 constexpr std::string_view upper_marker = "(max)=";
 
-std::string one_line(std::string_view text)
+/// Whether the line holds the bounds; on one line they may stand in either order.
+bool holds_bounds(std::string_view line)
 {
-    std::string line(text);
-    for (char& c : line) {
-        if (c == '\r' || c == '\n') c = ' ';
-    }
-    return line;
-}
-
-/// A line without its comment, in which words are no marks.
-std::string_view before_comment(std::string_view line)
-{
-    return line.substr(0, line.find('#'));
-}
-
-/// Whether the line is one of guesses or bounds. The line's first "=" is that of a marker: an expression
-/// such as (0)==b belongs to an equation.
-bool is_marked(std::string_view line, std::string_view marker)
-{
-    const std::string_view text = before_comment(line);
-    const std::string_view to_first_equals = text.substr(0, text.find('=') + 1);
-    if (to_first_equals.ends_with(marker)) return true;
-    // The bounds of one line may stand in either order.
-    return marker == lower_marker && to_first_equals.ends_with(upper_marker) &&
-           text.find(marker) != std::string_view::npos;
+    return is_marked(line, lower_marker) ||
+           (is_marked(line, upper_marker) && before_comment(line).find(lower_marker) != std::string_view::npos);
 }
 
 bool is_behind_equations(std::string_view line)
 {
-    return is_marked(line, guess_marker) || is_marked(line, lower_marker);
+    return is_marked(line, guess_marker) || holds_bounds(line);
 }
 
 /// An equation's name as it stands in front of a marker. Guesses are read by their place, so a name that
 /// would make the line look like an equation or a comment is left out.
 std::string marked_name(std::string_view equation)
 {
-    const std::string_view name = parts_of(equation).name;
+    const std::string_view name = parts_of(equation, nle_row_form).name;
     return name.find_first_of("(=#") == std::string_view::npos ? one_line(name) : std::string();
 }
 
@@ -68,46 +50,24 @@ bool defines_f(const std::vector<equation_row>& rows)
     return false;
 }
 
-/// The lines of a file, one after the other.
-class line_reader
+void read_title(std::string_view line, nle_content& content)
 {
-public:
-    explicit line_reader(std::vector<std::string_view> lines) : lines_(std::move(lines)) {}
-
-    bool at_end() const { return next_ == lines_.size(); }
-    std::string_view line() const { return lines_[next_]; }
-    std::string_view take() { return lines_[next_++]; }
-
-private:
-    std::vector<std::string_view> lines_;
-    std::size_t next_ = 0;
-};
-
-void read_title_line(std::string_view line, nle_content& content)
-{
-    // A title may hold anything, so the version stands at the last marker.
-    const std::size_t marker = line.rfind(nle_version_marker);
-    content.title = trimmed(line.substr(0, marker));
-    if (marker == std::string_view::npos) return;
-    const std::string_view version = line.substr(marker + nle_version_marker.size());
-    if (!version.empty() && version.front() >= '0' && version.front() <= '3') {
-        content.method = static_cast<nle_method>(version.front() - '0');
-    }
+    const title_line read = read_title_line(line, marker_search::last);
+    content.title = read.title;
+    if (!read.method || read.method->empty()) return;
+    const char digit = read.method->front();
+    if (digit >= '0' && digit <= '3') content.method = static_cast<nle_method>(digit - '0');
 }
 
 void add_row(std::string_view line, std::string_view guess, std::vector<equation_row>& rows)
 {
-    const std::size_t hash = line.find('#');
-    const std::string_view equation = trimmed(line.substr(0, hash));
-    if (equation.empty()) return;
-    const std::string_view comment = hash == std::string_view::npos ? std::string_view() : line.substr(hash + 1);
-    rows.push_back({std::string(equation), std::string(guess), std::string(comment)});
+    if (std::optional<equation_row> row = row_of_line(line, guess)) rows.push_back(std::move(*row));
 }
 
 void read_equations(line_reader& lines, std::vector<equation_row>& rows)
 {
     // Behind an equation of the variable f, "f(0)=" is its guess and no equation.
-    for (; !lines.at_end() && is_implicit(lines.line()); lines.take()) {
+    for (; !lines.at_end() && is_implicit(lines.line(), nle_row_form); lines.take()) {
         if (is_behind_equations(lines.line()) && defines_f(rows)) break;
         add_row(lines.line(), "", rows);
     }
@@ -119,7 +79,7 @@ std::vector<equation_row*> implicit_rows(std::vector<equation_row>& rows)
 {
     std::vector<equation_row*> implicit;
     for (equation_row& row : rows) {
-        if (is_implicit(row.equation)) implicit.push_back(&row);
+        if (is_implicit(row.equation, nle_row_form)) implicit.push_back(&row);
     }
     return implicit;
 }
@@ -165,28 +125,11 @@ void read_bounds(line_reader& lines, std::span<equation_row* const> implicit, nl
     implicit.front()->guess = plain_text(middle(lower, upper));
 }
 
-void write_line(std::string& text, std::string_view line)
-{
-    text += line;
-    text += "\r\n";
-}
-
-/// The rows of one kind, in their order.
-void write_rows(const nle_content& content, bool implicit, bool comments, std::string& text)
-{
-    for (const equation_row& row : content.rows) {
-        if (row.equation.empty() || is_implicit(row.equation) != implicit) continue;
-        std::string line = one_line(trimmed(row.equation));
-        if (comments) line += " #" + one_line(row.comment);
-        write_line(text, line);
-    }
-}
-
 void write_guesses(const nle_content& content, std::string& text)
 {
     std::vector<const equation_row*> implicit;
     for (const equation_row& row : content.rows) {
-        if (is_implicit(row.equation)) implicit.push_back(&row);
+        if (is_implicit(row.equation, nle_row_form)) implicit.push_back(&row);
     }
     if (implicit.size() == 1) {
         const std::string name = marked_name(implicit.front()->equation);
@@ -206,7 +149,7 @@ bool is_nle_second_line(std::string_view line)
 {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return false;
-    return is_implicit(line) || is_valid_name(trimmed(line.substr(0, equals)));
+    return is_implicit(line, nle_row_form) || is_valid_name(trimmed(line.substr(0, equals)));
 }
 
 std::optional<nle_content> read_nle(std::string_view text, nle_method method)
@@ -215,14 +158,14 @@ std::optional<nle_content> read_nle(std::string_view text, nle_method method)
     nle_content content;
     content.method = method;
     if (lines.at_end()) return std::nullopt;
-    read_title_line(lines.take(), content);
+    read_title(lines.take(), content);
     if (lines.at_end() || !is_nle_second_line(lines.line())) return std::nullopt;
 
     read_equations(lines, content.rows);
     const std::vector<equation_row*> implicit = implicit_rows(content.rows);
     if (lines.at_end()) return content;
     try {
-        if (is_marked(lines.line(), lower_marker)) {
+        if (holds_bounds(lines.line())) {
             read_bounds(lines, implicit, content);
         } else {
             read_guesses(lines, implicit);
@@ -236,11 +179,9 @@ std::optional<nle_content> read_nle(std::string_view text, nle_method method)
 std::string write_nle(const nle_content& content, bool older_format)
 {
     std::string text;
-    std::string title = one_line(trimmed(content.title));
-    if (!older_format) title += std::string(nle_version_marker) + std::to_string(static_cast<int>(content.method));
-    write_line(text, title);
-    write_rows(content, true, !older_format, text);
-    write_rows(content, false, !older_format, text);
+    write_line(text, title_line_text(content.title, static_cast<int>(content.method), older_format));
+    write_rows(text, content.rows, nle_row_form, true, !older_format);
+    write_rows(text, content.rows, nle_row_form, false, !older_format);
     write_guesses(content, text);
     return text;
 }

@@ -10,8 +10,6 @@
 namespace kelvarin
 {
 
-inline constexpr std::string_view nle_version_marker = " |KVRVER05_";
-
 /// Whether the second line of a file is that of a nonlinear problem.
 bool is_nle_second_line(std::string_view line);
 

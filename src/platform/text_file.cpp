@@ -94,6 +94,15 @@ std::vector<std::string_view> split_lines(std::string_view text)
     return lines;
 }
 
+std::string one_line(std::string_view text)
+{
+    std::string line(text);
+    for (char& letter : line) {
+        if (letter == '\r' || letter == '\n') letter = ' ';
+    }
+    return line;
+}
+
 std::string_view trimmed(std::string_view text)
 {
     constexpr std::string_view space = " \t\r\n";

@@ -36,6 +36,9 @@ std::string to_utf8(std::string_view bytes);
 /// text opens no further line.
 std::vector<std::string_view> split_lines(std::string_view text);
 
+/// `text` with each CR and LF replaced by a blank, as a line of a file or a field of one line takes it.
+std::string one_line(std::string_view text);
+
 /// `text` without the blanks, tabs, CR and LF at its ends.
 std::string_view trimmed(std::string_view text);
 

@@ -84,16 +84,6 @@ TEST(NleAnalysis, CountsStandInTheFirstPanels)
     EXPECT_TRUE(some.single_controls_visible);
 }
 
-TEST(NleAnalysis, PlacesPointAtTheNamesInTheRows)
-{
-    const equation_set set = analyse_rows(
-        rows{implicit_row("x", "x - aa"), explicit_row("x", "1"), {"", "", ""}, explicit_row("y", "aa*aa")});
-    const std::vector<text_place> undefined = {{1, 11, 2}, {4, 4, 2}, {4, 7, 2}};
-    const std::vector<text_place> duplicates = {{1, 2, 1}, {2, 0, 1}};
-    EXPECT_EQ(set.undefined_places, undefined);
-    EXPECT_EQ(set.duplicate_places, duplicates);
-}
-
 TEST(NleAnalysis, ListingHasAllSectionsAndEveryWarning)
 {
     const nle_content content = problem(

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,7 +16,8 @@ struct equation_row
 {
     /// "f(x) = expression" (implicit) or "x = expression" (explicit).
     std::string equation;
-    /// The initial guess with nothing, " p" or " ap" behind it; "n.a." of an explicit row.
+    /// Of an implicit row its initial guess or value as text, in a nonlinear problem with nothing, " p" or " ap" behind
+    /// it; "n.a." of an explicit row.
     std::string guess;
     std::string comment;
 
@@ -25,14 +26,27 @@ struct equation_row
 
 inline constexpr std::string_view no_guess = "n.a.";
 
-/// Exactly: the first two characters are "f(".
-bool is_implicit(std::string_view equation);
+/// How a kind of problem marks its implicit rows, those of its unknowns. All other rows are explicit.
+struct row_form
+{
+    /// The letters that an implicit row begins with: "f(" of "f(x) = ...", "d(" of "d(y)/d(t) = ...".
+    std::string_view letters;
+    /// What stands behind the name on the left side of an implicit row, blanks aside: "(0)" of the start value
+    /// "x(0) = 2". Looked at only where `letters` is empty.
+    std::string_view suffix = {};
+};
+
+/// The rows of nonlinear problems: "f(x) = ...".
+inline constexpr row_form nle_row_form = {"f("};
+
+bool is_implicit(std::string_view equation, const row_form& form = nle_row_form);
 
 /// The parts of an equation's text, with their places in it in bytes.
 struct equation_parts
 {
     bool implicit = false;
-    /// Between the first "(" and the first ")" behind it, or before the first "="; trimmed.
+    /// Trimmed: in an implicit row the text between the first "(" and the first ")" behind it, or in front of the
+    /// form's suffix; in an explicit row the text before the first "=".
     std::string_view name;
     std::size_t name_offset = 0;
     /// Behind the first "=", trimmed; empty where there is none.
@@ -40,6 +54,6 @@ struct equation_parts
     std::size_t right_side_offset = 0;
 };
 
-equation_parts parts_of(std::string_view equation);
+equation_parts parts_of(std::string_view equation, const row_form& form = nle_row_form);
 
 } // namespace kelvarin

@@ -23,14 +23,14 @@ struct read_row
     text_place name_place() const { return {number, parts.name_offset, parts.name.size()}; }
 };
 
-std::vector<read_row> read_rows(std::span<const equation_row> rows)
+std::vector<read_row> read_rows(std::span<const equation_row> rows, const row_form& form)
 {
     std::vector<read_row> read;
     read.reserve(rows.size());
     int number = 0;
     for (const equation_row& row : rows) {
         ++number;
-        if (!row.equation.empty()) read.push_back({number, parts_of(row.equation)});
+        if (!row.equation.empty()) read.push_back({number, parts_of(row.equation, form)});
     }
     return read;
 }
@@ -62,10 +62,10 @@ name_counts count_definitions(std::span<const read_row> rows)
 void find_duplicates(std::span<const read_row> rows, equation_set& set)
 {
     const name_counts counts = count_definitions(rows);
-    std::unordered_set<std::string_view> told;
+    std::unordered_set<std::string_view> listed;
     for (const std::vector<std::string>* names : {&set.implicit_names, &set.explicit_names}) {
         for (const std::string& name : *names) {
-            if (counts.at(name) > 1 && told.insert(name).second) set.duplicates.push_back(name);
+            if (counts.at(name) > 1 && listed.insert(name).second) set.duplicates.push_back(name);
         }
     }
     if (set.duplicates.empty()) return;
@@ -84,12 +84,12 @@ template <class Visit> void for_each_variable(std::span<const read_row> rows, Vi
     }
 }
 
-/// Whatever the table got behind the defined names is defined nowhere.
+/// Whatever the table got behind the known names is defined nowhere.
 void find_undefined(std::span<const read_row> rows, const clsParse& table, equation_set& set)
 {
-    if (set.total_vars == set.unique_defined) return;
-    const std::vector<std::string> known = table.get_all_vars();
-    set.undefined.assign(known.begin() + set.unique_defined, known.end());
+    if (set.total_vars == set.unique_known) return;
+    const std::vector<std::string> names = table.get_all_vars();
+    set.undefined.assign(names.begin() + set.unique_known, names.end());
     const std::unordered_set<std::string_view> undefined(set.undefined.begin(), set.undefined.end());
     for_each_variable(rows, [&](const read_row& row, const token& word) {
         if (!undefined.contains(word.text)) return;
@@ -99,9 +99,28 @@ void find_undefined(std::span<const read_row> rows, const clsParse& table, equat
 
 } // namespace
 
-equation_set analyse_rows(std::span<const equation_row> rows)
+bool equation_set::is_complete() const
 {
-    const std::vector<read_row> read = read_rows(rows);
+    return equation_count() > 0 && undefined.empty() && total_vars == unique_implicit + explicit_count + given_count;
+}
+
+bool equation_set::has_more_equations_than_variables() const
+{
+    const int given_only = unique_known - unique_defined;
+    return total_vars - given_only < equation_count();
+}
+
+std::optional<text_place> equation_set::first_fault() const
+{
+    if (!undefined_places.empty()) return undefined_places.front();
+    if (!duplicate_places.empty()) return duplicate_places.front();
+    return std::nullopt;
+}
+
+equation_set analyse_rows(std::span<const equation_row> rows, const row_form& form,
+                          std::optional<std::string_view> given)
+{
+    const std::vector<read_row> read = read_rows(rows, form);
     equation_set set;
     clsParse table;
 
@@ -111,9 +130,12 @@ equation_set analyse_rows(std::span<const equation_row> rows)
     set.unique_defined = table.count_variables();
     set.implicit_count = static_cast<int>(set.implicit_names.size());
     set.explicit_count = static_cast<int>(set.explicit_names.size());
+    if (given) table.Add_new_var(*given, 0.0);
+    set.given_count = given ? 1 : 0;
+    set.unique_known = table.count_variables();
 
     // The table takes each valid name once.
-    if (set.unique_defined < set.implicit_count + set.explicit_count) find_duplicates(read, set);
+    if (set.unique_defined < set.equation_count()) find_duplicates(read, set);
 
     // It refuses what is no valid name, so such a word counts nowhere.
     for_each_variable(read, [&](const read_row&, const token& word) { table.Add_new_var(word.text, 0.0); });

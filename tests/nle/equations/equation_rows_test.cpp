@@ -37,14 +37,42 @@ TEST(EquationRows, ReadsKindNameAndRightSide)
     };
     for (const row& r : rows) {
         SCOPED_TRACE(r.equation);
-        const equation_parts parts = parts_of(r.equation);
+        const equation_parts parts = parts_of(r.equation, nle_row_form);
         EXPECT_EQ(parts.implicit, r.implicit);
         EXPECT_EQ(parts.name, r.name);
         EXPECT_EQ(parts.right_side, r.right_side);
     }
 }
 
-TEST(EquationRows, TellsWhereThePartsStand)
+TEST(EquationRows, OtherKindsMarkTheirImplicitRowsOtherwise)
+{
+    struct row
+    {
+        const char* equation;
+        row_form form;
+        bool implicit;
+        const char* name;
+        const char* right_side;
+    };
+    const row_form differential = {"d("};
+    const row_form start_value = {"", "(0)"};
+    const row rows[] = {
+        {"d(y)/d(t) = -y", differential, true, "y", "-y"}, {"d( y )/d(t)=k*(y)", differential, true, "y", "k*(y)"},
+        {"f(y) = 1", differential, false, "f(y)", "1"},    {"d = 2", differential, false, "d", "2"},
+        {"x(0) = 2", start_value, true, "x", "2"},         {" x ( 0 ) = 2", start_value, true, "x", "2"},
+        {"x = (0)==b", start_value, false, "x", "(0)==b"}, {"x(1) = 2", start_value, false, "x(1)", "2"},
+        {"f(x) = 2", start_value, false, "f(x)", "2"},     {"x(0)", start_value, false, "x(0)", ""},
+    };
+    for (const row& r : rows) {
+        SCOPED_TRACE(r.equation);
+        const equation_parts parts = parts_of(r.equation, r.form);
+        EXPECT_EQ(parts.implicit, r.implicit);
+        EXPECT_EQ(parts.name, r.name);
+        EXPECT_EQ(parts.right_side, r.right_side);
+    }
+}
+
+TEST(EquationRows, PartsKnowTheirOffsets)
 {
     const equation_parts implicit = parts_of("f( xy ) =  x+1");
     EXPECT_EQ(implicit.name_offset, 3U);
