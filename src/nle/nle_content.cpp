@@ -46,7 +46,8 @@ std::string guess_without_suffix(std::string_view guess)
 
 nle_content without_unused_bounds(nle_content content)
 {
-    if (std::ranges::count_if(content.rows, is_implicit, &equation_row::equation) != 1) {
+    const auto is_unknown = [](const equation_row& row) { return is_implicit(row.equation, nle_row_form); };
+    if (std::ranges::count_if(content.rows, is_unknown) != 1) {
         content.lower_bound.clear();
         content.upper_bound.clear();
     }

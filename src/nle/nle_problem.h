@@ -2,6 +2,7 @@
 #pragma once
 
 #include "nle/equations/equation_table.h"
+#include "nle/equations/row_edits.h"
 #include "nle/nle_analysis.h"
 #include "nle/nle_content.h"
 #include "platform/message_box.h"
@@ -44,7 +45,7 @@ public:
     bool move(int row, bool up) override;
     void set_comment(int row, std::string_view comment) override;
     /// One step of undo for any number of changes in a row, as they come with every key typed.
-    void set_bounds(std::string lower, std::string upper);
+    void set_bounds(std::string_view lower, std::string_view upper);
     /// A choice by the user, with what with_method does to the guesses.
     void choose_method(nle_method method);
     /// Refused as in the entry dialogs where the new name is no valid one, is defined already, or would define itself.
@@ -55,9 +56,10 @@ public:
     refusal nles_open(const std::filesystem::path& path) { return open(path); }
 
 private:
-    refusal put_row(equation_row next_row, int row);
-    /// A step of undo, after which bounds stand only where a single implicit row needs them.
-    void change_rows(std::string_view step, nle_content next);
+    refusal put(equation_row next, int row);
+    /// Takes the rows over as a step of undo, after which bounds stand only where a single implicit row needs them; or
+    /// hands on the box that refuses them.
+    refusal take_rows(std::string_view step, edited_rows edited);
 };
 
 } // namespace kelvarin
