@@ -34,9 +34,7 @@ public:
     graph_painter(const graph_content& graph, const drawing_options& options, const text_metrics& metrics)
         : graph_(graph), options_(options), metrics_(metrics)
     {
-        drawn_.limits = find_axis_limits(graph);
-        if (options.x_view && is_axis_range(*options.x_view)) drawn_.limits.x = *options.x_view;
-        if (drawn_.limits.y && options.y_view && is_axis_range(*options.y_view)) drawn_.limits.y = *options.y_view;
+        drawn_.limits = options.view ? *options.view : find_axis_limits(graph);
         drawn_.picture.width = options.width;
         drawn_.picture.height = options.height;
     }

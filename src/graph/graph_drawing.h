@@ -27,9 +27,8 @@ struct drawing_options
     double height = 420.0;
     /// The size of a pixel in points: long lines are thinned to what can be seen. 0 draws every point.
     double pixel = 0.0;
-    /// Another range than the graph's own, in which it is looked at.
-    std::optional<axis_range> x_view = std::nullopt;
-    std::optional<axis_range> y_view = std::nullopt;
+    /// What part of the graph is looked at, in place of the limits found in its data; both ranges are is_axis_range.
+    std::optional<axis_limits> view = std::nullopt;
 };
 
 /// A graph as it is drawn, and what a window needs to answer for it.
