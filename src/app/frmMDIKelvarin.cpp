@@ -313,7 +313,7 @@ void frmMDIKelvarin::new_window_of_this_kind()
 {
     const child_window* front = active_child();
     for (const problem_window_kind& kind : problem_window_kinds())
-        if (front && front->objectName() == QLatin1String(kind.window_name)) return void(new_window(kind));
+        if (front && front->objectName() == QLatin1String(kind.row->window_name)) return void(new_window(kind));
     // With a report in front, or nothing: the kind that most problems are of.
     new_window(*kind_of_command(window_command::new_nle));
 }

@@ -5,6 +5,7 @@
 #include "app/frmRecovery.h"
 #include "app/problem_kinds.h"
 #include "desktop/qt_text.h"
+#include "kinds/kinds.h"
 #include "nle/window/frmNLE.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
@@ -40,7 +41,7 @@ problem_window_counts frmMDIKelvarin::count_problem_windows() const
     problem_window_counts counts;
     for (const child_window* child : area_->children())
         for (const problem_window_kind& kind : problem_window_kinds()) {
-            if (child->objectName() != QLatin1String(kind.window_name)) continue;
+            if (child->objectName() != QLatin1String(kind.row->window_name)) continue;
             ++counts.all;
             if (kind.fresh == window_command::new_reg) ++counts.regressions;
         }
@@ -67,7 +68,7 @@ problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
 {
     if (!has_room_for(kind)) return nullptr;
     if (!kind.make) {
-        show_message(kind.missing_text);
+        show_message(kind.row->missing_text);
         return nullptr;
     }
     problem_window* window = kind.make(context_).release();
@@ -77,7 +78,7 @@ problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
 
 void frmMDIKelvarin::show_default_window(const problem_window_kind& kind)
 {
-    if (!kind.make) return show_message(kind.missing_text);
+    if (!kind.make) return show_message(kind.row->missing_text);
     QPointer<problem_window>& window = default_windows_[kind.fresh];
     const std::vector<child_window*> open = area_->children();
     // One that is closed already may not be deleted yet.
@@ -123,21 +124,21 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
     const text_file file = read_text_file(path);
     if (!file.ok()) return show_message(open_error);
 
-    const document_kind kind = recognise_document(path.string(), file.text);
-    switch (kind) {
-    case document_kind::graph:
+    const recognised_document found = recognise_document(path.string(), file.text, problem_kinds());
+    switch (found.form) {
+    case document_form::graph:
         return show_message("Graphs are not yet shown by this version.");
-    case document_kind::report:
-    case document_kind::text:
+    case document_form::report:
+    case document_form::text:
         if (const auto refused = open_report(context_, path)) context_.user.show(this, *refused);
         return;
-    case document_kind::unknown:
+    case document_form::unknown:
         // What has no second line is no problem of any kind: recognition ends at the end of the file.
         if (split_lines(file.text).size() < 2) return show_message(open_error);
         context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
         return;
-    default:
-        if (const problem_window_kind* problem = kind_of_document(kind)) open_problem(*problem, path, in_new_window);
+    case document_form::problem:
+        open_problem(*kind_of_row(found.kind), path, in_new_window);
     }
 }
 
@@ -145,8 +146,8 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
                                   bool in_new_window)
 {
     auto* target = qobject_cast<problem_window*>(active_child());
-    const bool takes_it =
-        target && !in_new_window && !target->is_running() && target->objectName() == QLatin1String(kind.window_name);
+    const bool takes_it = target && !in_new_window && !target->is_running() &&
+                          target->objectName() == QLatin1String(kind.row->window_name);
     if (takes_it) return void(target->open(path));
     target = new_window(kind);
     // A refused file leaves no empty window behind its box.

@@ -42,7 +42,7 @@ QString title_of(const recovery_entry& entry)
 QString kind_of(const recovery_entry& entry)
 {
     const problem_window_kind* kind = kind_of_key(entry.kind);
-    return kind ? frmRecovery::tr(kind->caption) : to_qstring(entry.kind);
+    return kind ? frmRecovery::tr(kind->row->name) : to_qstring(entry.kind);
 }
 
 } // namespace
@@ -108,7 +108,7 @@ void frmRecovery::add_row(QGridLayout& grid, int row, const recovery_store::foun
     };
     auto* sign = new QLabel(this);
     const problem_window_kind* kind = kind_of_key(entry.kind);
-    sign->setPixmap(program_icon(kind ? kind->key : "report").pixmap(line_unit(*this), line_unit(*this)));
+    sign->setPixmap(program_icon(kind ? kind->row->key : "report").pixmap(line_unit(*this), line_unit(*this)));
     sign->setAccessibleName(kind_of(entry));
     sign->setToolTip(kind_of(entry));
     place(sign, picture);

@@ -2,6 +2,7 @@
 #include "app/main_menus.h"
 
 #include "app/child_area.h"
+#include "app/problem_kinds.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -31,8 +32,8 @@ main_menus::main_menus(QWidget& window, const command_actions& actions, child_ar
             menu->addAction(actions.action(which));
     };
     new_menu_ = make(tr("&New"), "mnuFileItemP", window);
-    add(new_menu_, {window_command::new_leq, window_command::new_nle, window_command::new_deq, window_command::new_reg,
-                    window_command::new_opt});
+    for (const problem_window_kind& kind : problem_window_kinds())
+        add(new_menu_, {kind.fresh});
 
     file_menu_ = make(tr("&File"), "mnuFile", window);
     file_menu_->addMenu(new_menu_);

@@ -26,10 +26,10 @@ main_toolbar::main_toolbar(const command_actions& actions, QWidget* parent) : QT
     for (const problem_window_kind& kind : problem_window_kinds()) {
         const QAction* fresh = actions.action(kind.fresh);
         // Not the command itself: that shows the one window of the File menu, this makes one more.
-        auto* more = new QAction(fresh->icon(), QString::fromLatin1(kind.key).toUpper(), this);
+        auto* more = new QAction(fresh->icon(), QString::fromLatin1(kind.row->key).toUpper(), this);
         more->setToolTip(fresh->toolTip());
         connect(more, &QAction::triggered, this, [this, &kind] { emit new_window_asked(kind); });
-        add_button(more, kind.key, more->text());
+        add_button(more, kind.row->key, more->text());
     }
     addSeparator();
     add_button(actions.action(window_command::calculator), "calculate", tr("Calculator"));

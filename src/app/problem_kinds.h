@@ -3,37 +3,31 @@
 
 #include "desktop/commands.h"
 #include "desktop/problem_window.h"
-#include "shell/document/recognition.h"
+#include "shell/document/problem_kind.h"
 
 #include <memory>
-#include <optional>
 #include <span>
 #include <string_view>
 
 namespace kelvarin
 {
 
-/// A kind of problem window. A kind without `make` can not be opened yet; `missing_text` says so.
+/// A kind of problem as the main window has it: its row, its command and its windows.
 struct problem_window_kind
 {
-    /// "nle": the toolbar's key, the icon, and the kind in recovery files.
-    const char* key = "";
+    const problem_kind* row = nullptr;
+    /// The command of the menus that makes a new problem.
     window_command fresh{};
-    /// The kind by which its files are recognised, if they are.
-    std::optional<document_kind> document;
-    const char* window_name = "";
-    const char* caption = "";
-    const char* recent_suffix = "";
-    const char* missing_text = "";
+    /// Null of a kind that can not be opened yet.
     std::unique_ptr<problem_window> (*make)(desktop_context&) = nullptr;
 };
 
 /// All kinds, in the order of toolbar and menus.
 std::span<const problem_window_kind> problem_window_kinds();
 
-/// The kind that something belongs to; null where none does.
+/// The kind that something belongs to; null where there is none.
 const problem_window_kind* kind_of_command(window_command which);
-const problem_window_kind* kind_of_document(document_kind document);
+const problem_window_kind* kind_of_row(const problem_kind* row);
 const problem_window_kind* kind_of_key(std::string_view key);
 
 } // namespace kelvarin

@@ -38,7 +38,7 @@ std::vector<recent_file> recent_files_of_all_kinds(const registry_store& registr
     std::vector<recent_file> files;
     for (std::size_t place = 0; place < recent_file_limit; ++place)
         for (const problem_window_kind& kind : problem_window_kinds()) {
-            const auto of_kind = load_recent_files(registry, kind.recent_suffix);
+            const auto of_kind = load_recent_files(registry, kind.row->recent_suffix);
             if (place < of_kind.size()) files.push_back({&kind, of_kind[place]});
         }
     return files;
@@ -74,11 +74,11 @@ void start_page::build_ui(const command_actions& actions)
     columns->addStretch(1);
     QBoxLayout* fresh = add_column(*columns, tr("New problem"));
     for (const problem_window_kind& kind : problem_window_kinds()) {
-        const std::string name = std::string("cmdNew_") + kind.key;
-        QToolButton* row = add_row(*fresh, program_icon(kind.key), tr(kind.caption), name.c_str());
+        const std::string name = std::string("cmdNew_") + kind.row->key;
+        QToolButton* row = add_row(*fresh, program_icon(kind.row->key), tr(kind.row->name), name.c_str());
         row->setEnabled(kind.make != nullptr);
         QAction* command = actions.action(kind.fresh);
-        row->setToolTip(kind.make ? command->toolTip() : QString::fromLatin1(kind.missing_text));
+        row->setToolTip(kind.make ? command->toolTip() : QString::fromLatin1(kind.row->missing_text));
         connect(row, &QToolButton::clicked, command, &QAction::trigger);
     }
     fresh->addStretch();
@@ -151,7 +151,7 @@ void start_page::show_recent_files()
                 ? to_qstring(file_name)
                 : QStringLiteral("%1 (%2)").arg(to_qstring(file_name), path_text(path.parent_path().filename()));
         const std::string name = "cmdRecent_" + std::to_string(i + 1);
-        QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->key), caption, name.c_str());
+        QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->row->key), caption, name.c_str());
         row->setToolTip(tip_text(path_text(path)));
         connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
         recent_rows_.append(row);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "batch/solve_files.h"
+#include "batch/file_answer.h"
 
 #include <ostream>
 #include <string>

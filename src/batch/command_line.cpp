@@ -2,13 +2,16 @@
 #include "batch/command_line.h"
 
 #include "batch/exit_status.h"
+#include "batch/kinds/kind_answerer.h"
 #include "shell/report/rich_text.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <thread>
 
@@ -24,7 +27,9 @@ constexpr int most_jobs = 1024;
 /// The options as they were typed.
 struct typed_options
 {
-    std::string method, format, output, kind;
+    std::string format, output, kind;
+    /// Of the options of kinds, empty where they were not typed.
+    std::map<std::string, std::string, std::less<>> kind_options;
     std::vector<std::string> assignments, files;
     int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     bool check = false, eval = false, convert = false, units = false, constants = false, show_settings = false;
@@ -63,18 +68,40 @@ void take_conversion(std::vector<std::string>& arguments, typed_options& typed)
     arguments.erase(convert, end);
 }
 
+/// "nle, leq or deq", with that word before the last one.
+std::string keys_of_solved_kinds(const std::string& last_word)
+{
+    std::string keys;
+    const auto answerers = kind_answerers();
+    for (std::size_t i = 0; i < answerers.size(); ++i) {
+        if (i > 0) keys += i + 1 < answerers.size() ? ", " : " " + last_word + " ";
+        keys += answerers[i].kind->key;
+    }
+    return keys;
+}
+
+/// Each option once; where several kinds know it, with the help of the first.
+void describe_kind_options(CLI::App& app, typed_options& typed)
+{
+    for (const kind_answerer& answerer : kind_answerers())
+        for (const kind_option& option : answerer.options) {
+            const auto [value, is_new] = typed.kind_options.try_emplace(option.name);
+            if (is_new) app.add_option(option.name, value->second, option.help)->type_name(option.value_name);
+        }
+}
+
 void describe_options(CLI::App& app, typed_options& typed)
 {
     app.add_option("FILE", typed.files, "Problem files; their answers come in this order")->type_name("");
-    app.add_option("--method", typed.method, "fastnewt, safenewt, safebroydn, constrained, or the number 0 to 3")
-        ->type_name("NAME");
+    describe_kind_options(app, typed);
     app.add_option("--set", typed.assignments, "Set a value of --settings for this call; may be repeated")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     app.add_option("--format", typed.format, "text (the default), rtf or json")->type_name("NAME");
     app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE")
         ->type_name("NAME");
-    app.add_option("--kind", typed.kind, "nle or leq: takes every FILE for a problem of that kind, whatever its name")
+    app.add_option("--kind", typed.kind,
+                   keys_of_solved_kinds("or") + ": takes every FILE for a problem of that kind, whatever its name")
         ->type_name("NAME");
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
@@ -163,12 +190,26 @@ void check_outputs(const batch_request& request)
     }
 }
 
-std::optional<document_kind> kind_of(std::string_view name)
+const problem_kind* kind_of(std::string_view key)
 {
-    if (name.empty()) return std::nullopt;
-    for (const document_kind kind : {document_kind::nle, document_kind::leq})
-        if (name == kind_name(kind)) return kind;
-    throw wrong_usage{"--kind " + std::string(name) + ": not yet solved by this version; only nle and leq are."};
+    if (key.empty()) return nullptr;
+    for (const kind_answerer& answerer : kind_answerers())
+        if (key == answerer.kind->key) return answerer.kind;
+    throw wrong_usage{"--kind " + std::string(key) + ": not yet solved by this version; only " +
+                      keys_of_solved_kinds("and") + " are."};
+}
+
+/// A value is good if one of the kinds that know the option takes it; otherwise the complaint of the last one counts.
+void check_kind_option(const std::string& name, const std::string& value)
+{
+    std::optional<std::string> complaint;
+    for (const kind_answerer& answerer : kind_answerers())
+        for (const kind_option& option : answerer.options) {
+            if (name != option.name) continue;
+            complaint = option.refusal(value);
+            if (!complaint) return;
+        }
+    if (complaint) throw wrong_usage{*complaint};
 }
 
 batch_request request_of(typed_options typed, const registry_store& saved)
@@ -178,9 +219,10 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     request.format = format_of(typed, request.action);
     request.store = settings(saved);
     assign_settings(request.store, typed.assignments);
-    if (!typed.method.empty()) {
-        request.method = method_named(typed.method);
-        if (!request.method) throw wrong_usage{"--method: there is no method '" + typed.method + "'."};
+    for (const auto& [name, value] : typed.kind_options) {
+        if (value.empty()) continue;
+        check_kind_option(name, value);
+        request.kind_options[name] = value;
     }
     request.kind = kind_of(typed.kind);
     request.output = std::move(typed.output);

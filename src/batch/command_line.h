@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/nle_content.h"
-#include "shell/document/recognition.h"
+#include "shell/document/problem_kind.h"
 #include "shell/settings.h"
 
-#include <optional>
+#include <functional>
+#include <map>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -37,15 +38,16 @@ enum class output_format
 struct batch_request
 {
     batch_action action = batch_action::solve;
-    /// Replaces the method that a file names.
-    std::optional<nle_method> method;
+    /// The values of the options that only some kinds know, by the options' names; valid for one of these kinds.
+    std::map<std::string, std::string, std::less<>> kind_options;
     /// The user's settings with those of the command line over them.
     settings store;
     output_format format = output_format::plain;
     /// Where the output goes in place of standard output; may hold `{}` for the stem of each file.
     std::string output;
-    /// Every file is taken for a problem of this kind, whatever its name and first lines.
-    std::optional<document_kind> kind;
+    /// Every file is taken for a problem of this kind, whatever its name and first lines. Null where each is
+    /// recognised.
+    const problem_kind* kind = nullptr;
     std::vector<std::string> files;
     /// How many files are answered at a time.
     int jobs = 1;
@@ -57,6 +59,14 @@ struct batch_request
     bool answers_in_a_file_each() const { return output.find("{}") != std::string::npos; }
     /// JSON objects go into one array.
     bool answers_in_one_array() const { return files.size() != 1 && !answers_in_a_file_each(); }
+    /// Objects of one array are made with the margin that they have there.
+    int depth_of_object() const { return answers_in_one_array() ? 1 : 0; }
+    /// The value given for an option of a kind; null where it was not given.
+    const std::string* option(std::string_view name) const
+    {
+        const auto found = kind_options.find(name);
+        return found == kind_options.end() ? nullptr : &found->second;
+    }
 };
 
 /// Why a command line asks for no work: a text for standard output (help, version), or a complaint.

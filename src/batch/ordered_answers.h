@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "batch/solve_files.h"
+#include "batch/file_answer.h"
+#include "platform/run_listener.h"
 
 #include <atomic>
 #include <condition_variable>

@@ -3,7 +3,7 @@
 
 #include "batch/answer_printer.h"
 #include "batch/exit_status.h"
-#include "batch/solve_files.h"
+#include "batch/file_answer.h"
 #include "batch/text_columns.h"
 #include "platform/data_files.h"
 #include "platform/run_time_text.h"

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "batch/run_batch.h"
+
 #include "batch/answer_printer.h"
 #include "batch/command_line.h"
 #include "batch/exit_status.h"

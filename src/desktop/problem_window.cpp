@@ -5,6 +5,7 @@
 #include "desktop/text_printing.h"
 #include "platform/text_file.h"
 #include "shell/document/recent_files.h"
+#include "shell/document/recognition.h"
 
 #include <QCloseEvent>
 #include <QMenu>
@@ -24,8 +25,8 @@ constexpr int recovery_delay_ms = 500;
 
 } // namespace
 
-problem_window::problem_window(desktop_context& context, problem_kind kind)
-    : document_window(context, kind.window_name), kind_(std::move(kind)), run_(this)
+problem_window::problem_window(desktop_context& context, const problem_kind& kind)
+    : document_window(context, kind.window_name), kind_(&kind), run_(this)
 {
     recovery_timer_.setSingleShot(true);
     recovery_timer_.setInterval(recovery_delay_ms);
@@ -72,7 +73,7 @@ void problem_window::show_recent_files()
 {
     qDeleteAll(recent_actions_);
     recent_actions_.clear();
-    recent_files_ = load_recent_files(context().registry, kind_.recent_suffix);
+    recent_files_ = load_recent_files(context().registry, kind_->recent_suffix);
     for (std::size_t i = 0; i < recent_files_.size(); ++i) {
         auto* entry = new QAction(to_qstring(recent_file_caption(i + 1, recent_files_[i])), this);
         entry->setObjectName(QStringLiteral("mnuFileItem_%1").arg(i + 1));
@@ -90,7 +91,7 @@ void problem_window::open_recent_file(std::size_t index)
 
 void problem_window::remember_file()
 {
-    remember_recent_file(context().registry, kind_.recent_suffix, document().path());
+    remember_recent_file(context().registry, kind_->recent_suffix, document().path());
     // What can not be remembered is no reason to bother anybody who just saved a problem.
     static_cast<void>(context().registry.flush());
     show_recent_files();
@@ -194,14 +195,14 @@ bool problem_window::show_boxes(const std::vector<message_box>& boxes)
 
 void problem_window::show_title()
 {
-    const QString caption = to_qstring(kind_.caption);
+    const QString caption = to_qstring(kind_->caption);
     const QString title = to_qstring(document().title());
     show_caption(title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title));
 }
 
 bool problem_window::open(const std::filesystem::path& path)
 {
-    if (is_running() || !may_replace(kind_.unsaved_on_open)) return false;
+    if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;
     return read(path);
 }
 
@@ -219,9 +220,9 @@ bool problem_window::read(const std::filesystem::path& path)
 
 bool problem_window::open_by_dialog()
 {
-    if (is_running() || !may_replace(kind_.unsaved_on_open)) return false;
+    if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;
     const auto chosen = context().user.choose_file_to_open(
-        this, {.caption = tr("Open"), .filter = kind_.open_filter, .proposed = document().path()});
+        this, {.caption = tr("Open"), .filter = kind_->open_filter, .proposed = document().path()});
     if (!chosen) return false;
     if (!is_foreign(chosen->path)) return read(chosen->path);
     context().frame.open_document(chosen->path);
@@ -230,24 +231,24 @@ bool problem_window::open_by_dialog()
 
 bool problem_window::is_foreign(const std::filesystem::path& path) const
 {
-    if (!kind_.document) return false;
+    if (!kind_->passes_on_other_files) return false;
     const text_file file = read_text_file(path);
     // By what is in it, whatever its extension: a problem may be kept as a text.
-    return file.ok() && recognise_document({}, file.text) != kind_.document;
+    return file.ok() && !holds_problem(file.text, *kind_);
 }
 
 file_question problem_window::save_question() const
 {
     return {.caption = tr("Save As"),
-            .filter = kind_.save_filter,
+            .filter = kind_->save_filter,
             .proposed = document().path(),
             .default_extension = QStringLiteral("kvr")};
 }
 
 bool problem_window::write_file(const std::filesystem::path& path, int filter_index)
 {
-    const bool older = filter_index != 0 && filter_index == kind_.older_format_filter;
-    if (older && context().user.ask(this, {.text = kind_.older_format_question}) != user_answer::yes) return false;
+    const bool older = filter_index != 0 && filter_index == kind_->older_format_filter;
+    if (older && context().user.ask(this, {.text = kind_->older_format_question}) != user_answer::yes) return false;
     if (const auto refused = document().save(path, older)) {
         context().user.show(this, *refused);
         return false;
@@ -289,7 +290,7 @@ void problem_window::drop_recovery_copy()
 
 QString problem_window::printed_name() const
 {
-    return to_qstring(document().title().empty() ? kind_.caption : document().title());
+    return to_qstring(document().title().empty() ? std::string(kind_->caption) : document().title());
 }
 
 void problem_window::print_pages(QPrinter& printer) const

@@ -4,12 +4,11 @@
 #include "desktop/document_window.h"
 #include "desktop/run_controller.h"
 #include "shell/document/problem_document.h"
-#include "shell/document/recognition.h"
+#include "shell/document/problem_kind.h"
 
 #include <QTimer>
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,29 +17,6 @@ class QCloseEvent;
 namespace kelvarin
 {
 
-/// The texts in which the kinds of problem windows differ.
-struct problem_kind
-{
-    /// "frmNLE".
-    const char* window_name = "";
-    /// "Nonlinear Equations Solver".
-    std::string caption;
-    /// "\\files_nle".
-    std::string recent_suffix;
-    std::string open_filter;
-    std::string save_filter;
-    /// The place, from 1, of the older format in the save filter; 0 where there is none.
-    int older_format_filter = 0;
-    /// The question before the older format is written.
-    std::string older_format_question;
-    /// The questions about an unsaved problem: on closing, and before another file is opened over it.
-    std::string unsaved_on_close;
-    std::string unsaved_on_open;
-    /// What its files are recognised as. Where it is given, File, Open passes every other file on to the main
-    /// window.
-    std::optional<document_kind> document = std::nullopt;
-};
-
 /// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy,
 /// undo, and the run. It talks to its document through problem_document alone.
 class problem_window : public document_window
@@ -48,7 +24,8 @@ class problem_window : public document_window
     Q_OBJECT
 
 public:
-    problem_window(desktop_context& context, problem_kind kind);
+    /// `kind` outlives the window.
+    problem_window(desktop_context& context, const problem_kind& kind);
     ~problem_window() override;
 
     bool can(window_command which) const override;
@@ -100,7 +77,7 @@ protected:
     /// window adds its own items behind. Both are owned by this window.
     QMenu* file_menu() const { return file_menu_; }
     QMenu* edit_menu() const { return edit_menu_; }
-    const problem_kind& kind() const { return kind_; }
+    const problem_kind& kind() const { return *kind_; }
 
     const std::filesystem::path& file_path() const override { return document().path(); }
     bool is_saved() const override { return document().problem_saved(); }
@@ -108,7 +85,7 @@ protected:
     bool write_file(const std::filesystem::path& path, int filter_index) override;
     QString printed_name() const override;
     void print_pages(QPrinter& printer) const override;
-    std::string question_on_close() const override { return kind_.unsaved_on_close; }
+    std::string question_on_close() const override { return kind_->unsaved_on_close; }
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -125,7 +102,7 @@ private:
     void run_finished();
     void close_if_asked();
 
-    problem_kind kind_;
+    const problem_kind* kind_;
     run_controller run_;
     QMenu* file_menu_ = nullptr;
     QMenu* edit_menu_ = nullptr;

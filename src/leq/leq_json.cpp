@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "leq/leq_json.h"
 
+#include "leq/leq_kind.h"
 #include "shell/report/outcome_json.h"
 
 #include <optional>
@@ -32,7 +33,7 @@ void write_variables(json_writer& writer, std::span<const std::string> names, st
 void write_leq_json(json_writer& writer, std::string_view file, const leq_content& content, const leq_outcome& outcome,
                     std::string_view report)
 {
-    begin_answer(writer, file, "leq", content.title);
+    begin_answer(writer, file, leq_kind().key, content.title);
     write_ending(writer, outcome.has_report, outcome.boxes);
     if (outcome.has_report) {
         write_variables(writer, content.names, outcome.solution);
@@ -46,7 +47,7 @@ void write_leq_check_json(json_writer& writer, std::string_view file, const leq_
 {
     std::vector<std::string> warnings;
     if (const std::optional<leq_fault> fault = first_leq_fault(content)) warnings.push_back(fault->box.text);
-    begin_answer(writer, file, "leq", content.title);
+    begin_answer(writer, file, leq_kind().key, content.title);
     writer.member("green", warnings.empty());
     writer.member("variables", std::span<const std::string>(content.names));
     writer.member("warnings", std::span<const std::string>(warnings));

@@ -2,6 +2,7 @@
 #include "nle/nle_json.h"
 
 #include "nle/nle_analysis.h"
+#include "nle/nle_kind.h"
 #include "shell/report/outcome_json.h"
 
 #include <cstddef>
@@ -106,7 +107,7 @@ void write_nle_json(json_writer& writer, std::string_view file, const nle_conten
                     std::string_view report)
 {
     writer.reserve(size_of_answer(outcome, report));
-    begin_answer(writer, file, "nle", content.title);
+    begin_answer(writer, file, nle_kind().key, content.title);
     writer.member("method", method_text(content.method));
     write_ending(writer, outcome.has_report, outcome.boxes);
     writer.member("converged", outcome.has_report && outcome.converged());
@@ -118,7 +119,7 @@ void write_nle_json(json_writer& writer, std::string_view file, const nle_conten
 void write_nle_check_json(json_writer& writer, std::string_view file, const nle_content& content)
 {
     const nle_analysis analysis = analyse_nle(content);
-    begin_answer(writer, file, "nle", content.title);
+    begin_answer(writer, file, nle_kind().key, content.title);
     writer.member("method", method_text(content.method));
     writer.member("green", analysis.green);
     writer.member("panels", std::span<const std::string>(analysis.panels));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_report.h"
 
+#include "nle/nle_kind.h"
+#include "platform/format_mask.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
@@ -101,40 +103,11 @@ void add_conditions(report_text& report, const nle_outcome& outcome)
     report.line();
 }
 
-/// The settings that a method reads, with their labels in reports.
-std::span<const setting_line> setting_lines(nle_method method)
-{
-    static constexpr std::array<setting_line, 3> mnewt_lines = {
-        {{"Tolerance X ", "mnewt_tolx"}, {"Tolerance F ", "mnewt_tolf"}, {"Max trials ", "mnewt_n"}}};
-    static constexpr std::array<setting_line, 4> newt_lines = {{{"Max iterations ", "newt_MAXITS"},
-                                                                {"Tolerance F ", "newt_TOLF"},
-                                                                {"Tolerance X", "newt_TOLX"},
-                                                                {"Tolerance min", "newt_TOLMIN"}}};
-    static constexpr std::array<setting_line, 5> broydn_lines = {{{"Max iterations ", "broydn_MAXITS"},
-                                                                  {R"(eps \tab)", "broydn_EPS"},
-                                                                  {"Tolerance F", "broydn_TOLF"},
-                                                                  {"Tolerance X ", "broydn_TOLX"},
-                                                                  {"Tolerance min", "broydn_TOLMIN"}}};
-    static constexpr std::array<setting_line, 2> cnle_lines = {
-        {{"Convergence tolerance ", "cnle_tol"}, {"Maxumum # of iterations ", "cnle_maxiter"}}};
-    switch (method) {
-    case nle_method::fastnewt:
-        return mnewt_lines;
-    case nle_method::safenewt:
-        return newt_lines;
-    case nle_method::safebroydn:
-        return broydn_lines;
-    case nle_method::constrained:
-        break;
-    }
-    return cnle_lines;
-}
-
 /// `iterations` are those that the run used.
 void add_settings(report_text& report, const nle_outcome& outcome, const settings& store, int iterations)
 {
     report.line({R"({\f6  }{\cf1\fs20 Settings })"});
-    report.settings_of(setting_lines(outcome.method), store);
+    report.settings_of(nle_kind().methods[static_cast<std::size_t>(outcome.method)].settings, store);
     if (outcome.method == nle_method::constrained) report.setting("# of iterations used", std::to_string(iterations));
     report.line();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "batch/solve_files.h"
+#include "batch/run_batch.h"
 #include "platform/registry_store.h"
 
 #include <nlohmann/json.hpp>

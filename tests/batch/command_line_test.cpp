@@ -92,7 +92,8 @@ TEST(CommandLine, OptionsMayStandBeforeAndBehindTheFiles)
     const auto* request = std::get_if<batch_request>(&read);
     ASSERT_NE(request, nullptr) << std::get<command_line_end>(read).text;
     EXPECT_EQ(request->files, (std::vector<std::string>{"a.kvr", "b.kvr"}));
-    EXPECT_EQ(request->method, nle_method::safebroydn);
+    ASSERT_TRUE(request->option("--method"));
+    EXPECT_EQ(*request->option("--method"), "2");
     EXPECT_EQ(request->format, output_format::object);
     EXPECT_EQ(request->output, "out.json");
     EXPECT_EQ(request->store.number("newt_TOLF"), 0.01);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "batch_call.h"
 #include "leq/leq_file.h"
+#include "leq/leq_kind.h"
 #include "nle/nle_file.h"
 #include "platform/text_file.h"
+#include "shell/document/recognition.h"
 #include "support/digits.h"
 
 #include <gtest/gtest.h>
@@ -75,7 +77,7 @@ TEST(Examples, EveryEquationHasACommentAndSavingChangesNoByte)
         SCOPED_TRACE(file.filename().string());
         std::ifstream stream(file, std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-        if (recognise_document(file.string(), bytes) == document_kind::leq) {
+        if (holds_problem(bytes, leq_kind())) {
             EXPECT_EQ(write_leq(read_leq(bytes).value()), bytes);
             continue;
         }

@@ -78,22 +78,21 @@ private:
     bool saved_ = true;
 };
 
+constexpr problem_kind note_kind = {.key = "note",
+                                    .window_name = "frmNote",
+                                    .caption = "Note",
+                                    .recent_suffix = "\\files_note",
+                                    .open_filter = "Notes (*.kvr)|*.kvr",
+                                    .save_filter = "Notes (*.kvr)|*.kvr|Old notes (*.kvr)|*.kvr",
+                                    .older_format_filter = 2,
+                                    .older_format_question = "Older ?",
+                                    .unsaved_on_close = "Save before closing ?",
+                                    .unsaved_on_open = "Save now ?"};
+
 class frmNote final : public problem_window
 {
 public:
-    explicit frmNote(desktop_context& context)
-        : problem_window(context, {.window_name = "frmNote",
-                                   .caption = "Note",
-                                   .recent_suffix = "\\files_note",
-                                   .open_filter = "Notes (*.kvr)|*.kvr",
-                                   .save_filter = "Notes (*.kvr)|*.kvr|Old notes (*.kvr)|*.kvr",
-                                   .older_format_filter = 2,
-                                   .older_format_question = "Older ?",
-                                   .unsaved_on_close = "Save before closing ?",
-                                   .unsaved_on_open = "Save now ?"})
-    {
-        document_changed();
-    }
+    explicit frmNote(desktop_context& context) : problem_window(context, note_kind) { document_changed(); }
 
     using problem_window::document;
     note_document& document() override { return document_; }

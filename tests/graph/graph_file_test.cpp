@@ -71,7 +71,7 @@ TEST(GraphFile, IsReadLineByLine)
     EXPECT_EQ(read_graph(joined(hand_written)), expected_content());
     EXPECT_EQ(read_graph(joined(hand_written, "\n")), expected_content());
     EXPECT_EQ(read_graph(with_line(1, "KVRGRF/V500//")), expected_content());
-    EXPECT_EQ(recognise_document("a.kvg", joined(hand_written)), document_kind::graph);
+    EXPECT_EQ(recognise_document("a.kvg", joined(hand_written), {}).form, document_form::graph);
 }
 
 TEST(GraphFile, IsWrittenLineByLine)

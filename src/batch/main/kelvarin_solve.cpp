@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "batch/interrupt_watch.h"
-#include "batch/solve_files.h"
+#include "batch/run_batch.h"
 
 #include <malloc.h>
 #include <unistd.h>

@@ -4,6 +4,7 @@
 #include "desktop/cell_grid.h"
 #include "desktop/elided_label.h"
 #include "desktop/qt_text.h"
+#include "leq/leq_kind.h"
 #include "leq/leq_report.h"
 #include "leq/leq_text.h"
 #include "leq/window/leq_grid_model.h"
@@ -24,21 +25,6 @@ namespace
 
 /// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
 int solution_counter = 0;
-
-problem_kind leq_kind()
-{
-    return {.window_name = "frmLEQ",
-            .caption = "Linear Equations Solver",
-            .recent_suffix = "\\files_leq",
-            .open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-            .save_filter = "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-            .older_format_filter = 2,
-            .older_format_question =
-                "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
-            .unsaved_on_close = "LEQ Problem not saved. Do you want to save it before closing ?",
-            .unsaved_on_open = "Problem not saved. Do you wish to save it now ?",
-            .document = document_kind::leq};
-}
 
 /// The first cell in which two blocks differ, as both write it: "'1,5' becomes '1.5'".
 QString first_change(const cell_block& before, const cell_block& after)

@@ -5,6 +5,7 @@
 #include "desktop/look.h"
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
+#include "nle/nle_kind.h"
 #include "nle/nle_report.h"
 #include "nle/nle_samples.h"
 #include "nle/window/frmNleEE.h"
@@ -27,32 +28,11 @@ namespace
 /// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
 std::atomic<int> solution_counter = 0;
 
-/// What the methods are, beside their short names.
-constexpr std::array<const char*, 4> method_tips = {
-    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Newton's method with full steps"),
-    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Newton's method with a line search"),
-    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Broyden's method with a line search"),
-    QT_TRANSLATE_NOOP("kelvarin::frmNLE", "Damped steps that keep the signs asked for; systems only")};
-
-problem_kind nle_kind()
-{
-    return {.window_name = "frmNLE",
-            .caption = "Nonlinear Equations Solver",
-            .recent_suffix = "\\files_nle",
-            .open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-            .save_filter = "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-            .older_format_filter = 2,
-            .older_format_question =
-                "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
-            .unsaved_on_close = "NLE Problem not saved. Do you want to save it before closing ?",
-            .unsaved_on_open = "Problem not saved. Do you wish to save it now ?"};
-}
-
 QList<equation_window_parts::method_item> method_items()
 {
     QList<equation_window_parts::method_item> items;
-    for (std::size_t i = 0; i < nle_method_items.size(); ++i)
-        items.append({to_qstring(nle_method_items[i]), frmNLE::tr(method_tips[i])});
+    for (const problem_method& method : nle_kind().methods)
+        items.append({to_qstring(method.name), frmNLE::tr(method.tip)});
     return items;
 }
 
@@ -60,9 +40,9 @@ QList<equation_window_parts::method_item> method_items()
 QStringList example_captions()
 {
     QStringList captions;
-    for (const nle_content& sample : nle_samples()) {
+    for (const std::string& title : nle_kind().example_titles()) {
         const QString number = QString::number(captions.size() + 1);
-        captions.append(to_qstring(sample.title).replace(number, QLatin1Char('&') + number));
+        captions.append(to_qstring(title).replace(number, QLatin1Char('&') + number));
     }
     return captions;
 }

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/recognition.h"
 
-#include "expr/basParse.h"
 #include "platform/letter_case.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <vector>
 
 namespace kelvarin
@@ -28,78 +26,52 @@ bool is_graph_marker(std::string_view line)
     });
 }
 
-bool has_equals_sign(std::string_view line)
+bool recognises(const problem_kind& kind, std::span<const std::string_view> lines)
 {
-    return line.find('=') != std::string_view::npos;
-}
-
-/// What the reader of nonlinear problems asks of its second line before it takes a file.
-bool is_equation_row(std::string_view line)
-{
-    if (!has_equals_sign(line)) return false;
-    return line.starts_with("f(") || is_valid_name(trimmed(line.substr(0, line.find('='))));
-}
-
-bool holds_two_sizes(std::string_view line)
-{
-    const std::size_t blank = line.find(' ');
-    if (blank == std::string_view::npos) return false;
-    const auto is_size = [](std::string_view text) { return prefix_value(text).value_or(0.0) > 0.0; };
-    return is_size(line.substr(0, blank)) && is_size(line.substr(blank));
-}
-
-document_kind problem_kind(std::string_view second_line)
-{
-    const bool is_differential = second_line.starts_with("d(");
-    if (second_line.starts_with("f(") || (!is_differential && has_equals_sign(second_line))) return document_kind::nle;
-    if (is_differential) return document_kind::deq;
-    if (is_numeric(second_line)) return document_kind::leq;
-    if (holds_two_sizes(second_line)) return document_kind::reg;
-    return document_kind::unknown;
+    // What has no second line is no problem of any kind.
+    return lines.size() >= 2 && kind.recognises && kind.recognises(lines);
 }
 
 } // namespace
 
-document_kind recognise_document(std::string_view path, std::string_view text)
+std::string_view recognised_document::key() const
 {
-    constexpr std::size_t lines_of_a_problem = 3;
+    switch (form) {
+    case document_form::graph:
+        return "graph";
+    case document_form::report:
+        return "report";
+    case document_form::text:
+        return "text";
+    case document_form::problem:
+        return kind->key;
+    case document_form::unknown:
+        break;
+    }
+    return "unknown";
+}
+
+recognised_document recognise_document(std::string_view path, std::string_view text,
+                                       std::span<const problem_kind* const> kinds)
+{
     const std::string extension = lower_case(part_after_last(file_name_of(path), false, "."));
     const std::vector<std::string_view> lines = split_lines(text);
-    if (extension == "kvg" && !lines.empty() && is_graph_marker(lines.front())) return document_kind::graph;
-    if (extension == "rtf") return document_kind::report;
-    if (extension == "txt") return document_kind::text;
-    if (lines.size() < 2) return document_kind::unknown;
-    // A problem of one explicit equation has no third line, and must open again.
-    if (lines.size() < lines_of_a_problem && !is_equation_row(lines[1])) return document_kind::unknown;
-    return problem_kind(lines[1]);
+    if (extension == "kvg" && !lines.empty() && is_graph_marker(lines.front())) return {document_form::graph};
+    if (extension == "rtf") return {document_form::report};
+    if (extension == "txt") return {document_form::text};
+    const auto kind = std::ranges::find_if(kinds, [&](const problem_kind* each) { return recognises(*each, lines); });
+    if (kind == kinds.end()) return {};
+    return {document_form::problem, *kind};
+}
+
+bool holds_problem(std::string_view text, const problem_kind& kind)
+{
+    return recognises(kind, split_lines(text));
 }
 
 std::string unknown_format_text(std::string_view path)
 {
     return "The file format of " + std::string(path) + " does not match any of the Kelvarin input files format.";
-}
-
-std::string_view kind_name(document_kind kind)
-{
-    switch (kind) {
-    case document_kind::graph:
-        return "graph";
-    case document_kind::report:
-        return "report";
-    case document_kind::text:
-        return "text";
-    case document_kind::nle:
-        return "nle";
-    case document_kind::deq:
-        return "deq";
-    case document_kind::leq:
-        return "leq";
-    case document_kind::reg:
-        return "reg";
-    case document_kind::unknown:
-        break;
-    }
-    return "unknown";
 }
 
 } // namespace kelvarin

@@ -1,32 +1,44 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "shell/document/problem_kind.h"
+
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace kelvarin
 {
 
-enum class document_kind
+enum class document_form
 {
     unknown,
     graph,
     report,
     text,
-    nle,
-    deq,
-    leq,
-    reg
+    problem
 };
 
-/// The kind of a document by its file name's extension and its first lines, in the order of the
-/// recognition table.
-document_kind recognise_document(std::string_view path, std::string_view text);
+/// What a file is taken for.
+struct recognised_document
+{
+    document_form form = document_form::unknown;
+    /// Of a problem; null otherwise.
+    const problem_kind* kind = nullptr;
+
+    /// "nle", "graph", "report", "text" or "unknown", as answers name it.
+    std::string_view key() const;
+};
+
+/// What a file is by its name's extension and its lines: a graph, a report, a text, or a problem of the first of
+/// `kinds` that recognises it.
+recognised_document recognise_document(std::string_view path, std::string_view text,
+                                       std::span<const problem_kind* const> kinds);
+
+/// Whether a text holds a problem of this kind, whatever its file's name.
+bool holds_problem(std::string_view text, const problem_kind& kind);
 
 /// "The file format of " + path + " does not match any of the Kelvarin input files format."
 std::string unknown_format_text(std::string_view path);
-
-/// "nle", "deq", ...; "unknown" for none.
-std::string_view kind_name(document_kind kind);
 
 } // namespace kelvarin

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whole ways through the window of nonlinear problems, as a person takes them.
 
-#include "batch/solve_files.h"
+#include "batch/run_batch.h"
 #include "nle_desk.h"
 #include "support/window_walk.h"
 

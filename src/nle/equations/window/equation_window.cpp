@@ -16,9 +16,7 @@ constexpr int message_time_ms = 8000;
 
 } // namespace
 
-equation_window::equation_window(desktop_context& context, problem_kind kind) : problem_window(context, std::move(kind))
-{
-}
+equation_window::equation_window(desktop_context& context, const problem_kind& kind) : problem_window(context, kind) {}
 
 equation_window::~equation_window()
 {

@@ -77,7 +77,7 @@ class equation_window : public problem_window
     Q_OBJECT
 
 public:
-    equation_window(desktop_context& context, problem_kind kind);
+    equation_window(desktop_context& context, const problem_kind& kind);
     ~equation_window() override;
 
     QList<QMenu*> menus() override;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/recognition.h"
 
+#include "kinds/kinds.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -55,7 +57,7 @@ TEST(Recognition, DecidesByExtensionAndSecondLine)
                             {"a.kvr", "", "unknown"},
                             {"", "", "unknown"}}) {
         SCOPED_TRACE(std::string(each.path) + ": " + each.text);
-        EXPECT_EQ(kind_name(recognise_document(each.path, each.text)), each.expected);
+        EXPECT_EQ(recognise_document(each.path, each.text, problem_kinds()).key(), each.expected);
     }
 }
 

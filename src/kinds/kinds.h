@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/document/problem_kind.h"
+
+#include <span>
+#include <string_view>
+
+namespace kelvarin
+{
+
+/// All kinds of problem, in the order of toolbar and menus. A file is of the first kind that recognises it.
+std::span<const problem_kind* const> problem_kinds();
+
+/// The kind with this key; null where there is none.
+const problem_kind* problem_kind_of(std::string_view key);
+
+} // namespace kelvarin
