@@ -71,7 +71,6 @@ nle_analysis analyse_nle(const nle_content& content)
     const bound_faults bounds = faults_of_single(set, content);
 
     analysis.bounds_ok = !bounds.any();
-    analysis.single_controls_visible = set.implicit_count == 1;
     analysis.green = set.is_complete() && analysis.bounds_ok;
     analysis.panels = {count_panel("Nonlinear Equations", set.implicit_count),
                        count_panel("Auxiliary Equations", set.explicit_count), third_panel(set, bounds)};

@@ -20,7 +20,6 @@ struct nle_analysis
     /// The light: the problem may run.
     bool green = false;
     std::array<std::string, 3> panels;
-    bool single_controls_visible = false;
 };
 
 nle_analysis analyse_nle(const nle_content& content);

@@ -75,13 +75,11 @@ TEST(NleAnalysis, CountsStandInTheFirstPanels)
     const nle_analysis none = analyse_nle({});
     EXPECT_EQ(none.panels[0], "Nonlinear Equations: 0 ");
     EXPECT_EQ(none.panels[1], "Auxiliary Equations: 0 ");
-    EXPECT_FALSE(none.single_controls_visible);
 
     const nle_analysis some =
         analyse_nle(problem({implicit_row("x", "x"), explicit_row("a", "1"), explicit_row("b", "1")}));
     EXPECT_EQ(some.panels[0], "Nonlinear Equations: 1 ");
     EXPECT_EQ(some.panels[1], "Auxiliary Equations: 2 ");
-    EXPECT_TRUE(some.single_controls_visible);
 }
 
 TEST(NleAnalysis, ListingHasAllSectionsAndEveryWarning)
