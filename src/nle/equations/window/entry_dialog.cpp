@@ -5,6 +5,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/window_memory.h"
 #include "expr/basParse.h"
+#include "expr/syntax_hint.h"
 #include "platform/text_file.h"
 
 #include <QHBoxLayout>
@@ -188,6 +189,10 @@ void entry_dialog::show_check()
 {
     const std::optional<message_box> fault = check_while_typing();
     QString text = fault ? to_qstring(fault->text) : QString();
+    // The reason of a refused expression, in the words of somebody who looks over one's shoulder.
+    const std::string expression = txtEquation_->expression();
+    if (fault && !check_expression(expression).ok) text += QLatin1Char('\r') + to_qstring(syntax_hint(expression));
+    text = text.trimmed();
     text.replace(QLatin1Char('\r'), QLatin1Char(' '));
     lblCheck_->setText(text);
 }

@@ -154,6 +154,7 @@ TEST(EntryDialog, TellsFaultsBelowTheExpressionWithoutABox)
 {
     desk at([](const std::string& name, const std::string& expression) -> std::optional<message_box> {
         if (expression == "x+") return message_box{.text = "syntax"};
+        if (expression == "x**2") return message_box{.text = "operators"};
         if (name.empty()) return message_box{.text = "no name"};
         return name == "2x" ? std::optional(message_box{.text = "not\rvalid"}) : std::nullopt;
     });
@@ -172,6 +173,11 @@ TEST(EntryDialog, TellsFaultsBelowTheExpressionWithoutABox)
     person.type("txtEquation", "x+");
     EXPECT_TRUE(line_becomes("syntax"));
     person.type("txtEquation", "x+1");
+    EXPECT_TRUE(line_becomes(""));
+    // The likely cause stands behind what is wrong.
+    person.type("txtEquation", "x**2");
+    EXPECT_TRUE(line_becomes("operators Powers are written with ^: x^2"));
+    person.type("txtEquation", "x^2");
     EXPECT_TRUE(line_becomes(""));
 }
 
