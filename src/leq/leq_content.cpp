@@ -27,7 +27,7 @@ message_box fault_box(std::string_view cell, int row, int column)
             std::string(trimmed(cell)) + "'"};
 }
 
-/// Default names that leave alone those already given.
+/// Appends default names, skipping those in use.
 void name_further_columns(std::vector<std::string>& names, int count)
 {
     while (static_cast<int>(names.size()) < count) {

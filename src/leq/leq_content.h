@@ -17,14 +17,14 @@ inline constexpr int largest_leq_count = 64;
 /// The number of equations of a new problem.
 inline constexpr int first_leq_count = 3;
 
-/// The name that an unknown has until it is given one: "x1" for column 0.
+/// The default name of an unknown: "x1" for column 0.
 std::string default_leq_name(int column);
 
-/// What a problem of linear equations holds: a plain value. Rows and columns count from 0; column n, behind
-/// those of the n unknowns, is beta.
+/// The content of a problem of linear equations: a plain value. Rows and columns count from 0; column n, after those of
+/// the n unknowns, is beta.
 struct leq_content
 {
-    /// Without blanks around it.
+    /// Trimmed.
     std::string title;
     /// One for each unknown.
     std::vector<std::string> names;
@@ -48,21 +48,21 @@ struct leq_cell
     friend bool operator==(const leq_cell&, const leq_cell&) = default;
 };
 
-/// A cell with which a problem can not be solved, and the box that says so.
+/// A cell that prevents solving, and the box that says so.
 struct leq_fault
 {
     leq_cell cell;
     message_box box;
 };
 
-/// The first cell, by rows, that is empty or no number as a whole. `edited`, the cell that is being typed in,
-/// passes whatever it holds.
+/// The first cell, row by row, that is empty or not a number as a whole. `edited`, the cell that is being typed in, may
+/// hold anything. Returns nullopt if all cells are numeric.
 std::optional<leq_fault> first_leq_fault(const leq_content& content, std::optional<leq_cell> edited = std::nullopt);
 
-/// Whether every cell is numeric, with the same exception.
+/// Whether every cell is numeric, except `edited`.
 bool ok_to_run(const leq_content& content, std::optional<leq_cell> edited = std::nullopt);
 
-/// The problem with another number of equations (2 to 64): what fits is kept, beta as beta.
+/// The problem with another number of equations (2 to 64); cells and names that fit are kept, and beta stays beta.
 leq_content with_count(const leq_content& content, int count);
 
 int count_empty_cells(const leq_content& content);

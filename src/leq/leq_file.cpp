@@ -29,8 +29,7 @@ std::vector<std::string_view> split_at(std::string_view text, char separator)
     }
 }
 
-/// The number of equations by the second line, which holds the place in a list that starts with one equation
-/// more.
+/// The number of equations. The second line holds it less 1. Returns nullopt if the line is not such a number.
 std::optional<int> read_count(std::string_view line)
 {
     const std::optional<double> value = numeric_value(line);
@@ -40,8 +39,8 @@ std::optional<int> read_count(std::string_view line)
     return static_cast<int>(count);
 }
 
-/// The names of the line for `count` unknowns. One that it lacks, or tells a second time, is the usual name of its
-/// column, or the next free one, so that no two columns have one name.
+/// The names in the line for `count` unknowns. A missing or repeated name is replaced by the default name of its
+/// column, or the next free one, so that all names are distinct.
 std::vector<std::string> read_names(std::string_view line, std::size_t count)
 {
     const std::vector<std::string_view> pieces = split_at(line.substr(names_marker.size()), ',');
@@ -64,7 +63,7 @@ void read_cells(std::span<const std::string_view> lines, leq_content& content)
         int place = 0;
         for (const std::string_view piece : split_at(lines[static_cast<std::size_t>(row)], '\t')) {
             if (place == n) break;
-            // The last line holds the betas, one below the other in the grid.
+            // The last line holds the betas, which form a column of the grid.
             content.cells.set_cell(row < n ? row : place, row < n ? place : n, field_text(piece));
             ++place;
         }

@@ -9,8 +9,8 @@
 namespace kelvarin
 {
 
-/// A problem as it is printed, in lines that end in LF: heading, file, the matrix with its betas, the equations,
-/// their number. Cells that are empty or no numbers are shown as they are.
+/// A problem as it is printed, in lines that end in LF: heading, file, the matrix with its betas, the equations, their
+/// number. Cells that are empty or not numeric are shown as they are.
 std::string leq_listing(const leq_content& content, const std::filesystem::path& path);
 
 } // namespace kelvarin

@@ -21,7 +21,8 @@ class leq_problem final : public value_document<leq_content>
 public:
     leq_problem();
 
-    /// No cell, no title, no name, no file; the number of equations alone is nothing to lose.
+    /// Whether there is no cell text, no title, no changed name and no file; the number of equations alone is not worth
+    /// saving.
     bool is_blank() const override;
     int equation_count() const { return content().count(); }
 
@@ -31,16 +32,16 @@ public:
     /// Empties the cells.
     void clean_grid();
     void fill_empty_cells_with_zeros();
-    /// Refused where the name is not valid, or given to another column.
+    /// Refused if the name is invalid or belongs to another column.
     refusal rename_variable(int column, std::string_view name);
 
     std::string copy(cell_range range) const { return block_text(content().cells, range); }
     std::string cut(cell_range range);
     void clear_cells(cell_range range);
-    /// Puts a block in; the box, if any, tells of cells that lay outside the grid.
+    /// Overwrites cells by a block. Returns a box if part of the block lies outside the grid.
     refusal paste(cell_range range, const cell_block& block);
 
-    /// Puts a random problem in place of this one, in one step, and leaves the file.
+    /// Replaces the problem by a random one as one step of undo; the document has no file afterwards.
     void load_sample(std::uint32_t seed);
 
     refusal leq_open(const std::filesystem::path& path) { return open(path); }

@@ -13,7 +13,7 @@ namespace kelvarin
 /// The content as JSON.
 std::string leq_recovery_text(const leq_content& content);
 
-/// The content that leq_recovery_text wrote; nothing where the text is none of its.
+/// The content that leq_recovery_text wrote. Returns nullopt if the text is not valid.
 std::optional<leq_content> read_leq_recovery(std::string_view text);
 
 } // namespace kelvarin

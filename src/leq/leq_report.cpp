@@ -42,7 +42,7 @@ void add_solution(report_text& report, const leq_content& content, const leq_out
     report.line();
 }
 
-/// The blanks before a column's text, and the mark before beta's.
+/// The blanks before a column's text, and the mark before that of beta.
 std::string column_margin(const leq_content& content, int column, std::size_t width, std::string_view text)
 {
     return (column == content.count() ? " | " : " ") + blanks_before(text, width);

@@ -9,7 +9,7 @@
 namespace kelvarin
 {
 
-/// The report as a rich-text document. `outcome.has_report` is true.
+/// The report as a rich-text document. `outcome.has_report` must be true.
 std::string leq_report(const leq_run_problem& problem, const leq_outcome& outcome, calendar_date date);
 
 } // namespace kelvarin

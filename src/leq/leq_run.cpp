@@ -65,7 +65,7 @@ leq_outcome run_leq(const leq_content& content, const stopwatch& seconds)
         outcome.refuse(std::move(fault->box));
         return outcome;
     }
-    // The elimination listens to nobody.
+    // The elimination can't be stopped, so there is no box for it.
     const run_ending_boxes endings = {failure_box, {}};
     guard_run(outcome, endings, [&] { solve(system_of(content), seconds, outcome); });
     return outcome;

@@ -13,7 +13,7 @@ namespace kelvarin
 namespace
 {
 
-/// Whole numbers at random. The library's own distributions differ from one library to the next.
+/// Random whole numbers that are the same on every platform; the standard distributions are not.
 class number_source
 {
 public:
@@ -28,7 +28,7 @@ private:
     std::mt19937 engine_;
 };
 
-/// The place of each row's largest coefficient: no two in one column.
+/// The column of each row's largest coefficient: a random permutation.
 std::vector<int> random_order(int n, number_source& random)
 {
     std::vector<int> order(static_cast<std::size_t>(n));

@@ -8,9 +8,8 @@
 namespace kelvarin
 {
 
-/// The sample problem "Sample random problem": 3 to 6 equations with small whole coefficients, each with one
-/// that outweighs the others of its row, and a solution of whole numbers. The same seed gives the same
-/// problem, whatever the machine.
+/// A random problem with 3 to 6 equations: small whole coefficients, one per row larger than the sum of the others, and
+/// a solution of whole numbers. The same seed gives the same problem on every machine.
 leq_content sample_leq(std::uint32_t seed);
 
 } // namespace kelvarin

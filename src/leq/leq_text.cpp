@@ -16,12 +16,12 @@ namespace
 
 std::size_t letter_count(std::string_view text)
 {
-    // The bytes behind the first of a letter are no letters of their own.
+    // UTF-8 continuation bytes are not characters of their own.
     return static_cast<std::size_t>(
         std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u; }));
 }
 
-/// A coefficient without its sign, which stands between the terms; a cell that holds nothing shows as "?".
+/// A coefficient without its sign, which is written between the terms; "?" for an empty cell.
 std::string magnitude_text(std::string_view cell)
 {
     if (const std::optional<double> value = numeric_value(cell)) return plain_text(std::fabs(*value));

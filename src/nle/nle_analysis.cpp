@@ -25,7 +25,7 @@ struct bound_faults
     bool any() const { return lower || upper || equal; }
 };
 
-/// Bounds that descend are no fault: only equal ones span no range.
+/// Descending bounds are valid: only equal ones span no range.
 bound_faults faults_of_bounds(const nle_content& content)
 {
     const std::optional<double> lower = numeric_value(content.lower_bound);

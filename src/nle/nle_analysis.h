@@ -12,12 +12,12 @@
 namespace kelvarin
 {
 
-/// What the window says of a problem after every edit.
+/// What the window shows about a problem after every edit.
 struct nle_analysis
 {
     equation_set set;
     bool bounds_ok = true;
-    /// The light: the problem may run.
+    /// The traffic light is green: the problem may run.
     bool green = false;
     std::array<std::string, 3> panels;
 };
@@ -26,10 +26,10 @@ nle_analysis analyse_nle(const nle_content& content);
 
 /// The listing of variables with its warnings, as rich text without prolog.
 std::string show_all_vars(const nle_content& content);
-/// The listing's warnings as plain text, from "Warning: " on.
+/// The listing's warnings as plain text, each beginning with "Warning: ".
 std::vector<std::string> listing_warnings(const nle_content& content);
 
-/// Why a problem whose light is red does not run, as one box.
+/// The box that says why a problem with a red traffic light does not run.
 message_box red_light_box(const nle_content& content);
 
 } // namespace kelvarin

@@ -26,33 +26,34 @@ inline constexpr std::array<std::string_view, 4> nle_method_items = {"fastnewt",
                                                                      "constrained"};
 
 std::string_view method_text(nle_method method);
-/// By item text or list index.
+/// Finds a method by its item text or its list index. Returns nullopt if there is no such method.
 std::optional<nle_method> method_named(std::string_view text);
 
-/// What a nonlinear problem holds: a plain value.
+/// The content of a nonlinear problem: a plain value.
 struct nle_content
 {
-    /// Without blanks around it.
+    /// Trimmed.
     std::string title;
     nle_method method = nle_method::fastnewt;
     std::vector<equation_row> rows;
-    /// The texts of the two bound fields, used with exactly one implicit row.
+    /// The texts of the two bound fields, used only with exactly one implicit row.
     std::string lower_bound;
     std::string upper_bound;
 
     friend bool operator==(const nle_content&, const nle_content&) = default;
 };
 
-/// The sign condition that a guess cell's suffix asks for: "ap" or " p" at its very end.
+/// The sign condition that the suffix of a guess cell asks for: "ap" or " p" at its very end.
 sign_constraint constraint_of(std::string_view guess);
 /// A guess cell without its suffix.
 std::string guess_without_suffix(std::string_view guess);
 
-/// The content with empty bounds, unless it has exactly one implicit row: their fields are emptied when they disappear.
+/// The content with empty bounds, unless it has exactly one implicit row: the bound fields are emptied when they
+/// disappear.
 nle_content without_unused_bounds(nle_content content);
 
-/// The content with another method. Any but `constrained` strips the suffixes of the guesses, up to the first row
-/// whose guess is empty.
+/// The content with another method. Any method but `constrained` strips the suffixes of the guesses, up to the first
+/// row whose guess is empty.
 nle_content with_method(nle_content content, nle_method method);
 
 } // namespace kelvarin

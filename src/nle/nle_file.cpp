@@ -22,7 +22,7 @@ constexpr std::string_view guess_marker = "(0)=";
 constexpr std::string_view lower_marker = "(min)=";
 constexpr std::string_view upper_marker = "(max)=";
 
-/// Whether the line holds the bounds; on one line they may stand in either order.
+/// Whether the line holds the bounds; both on one line may come in either order.
 bool holds_bounds(std::string_view line)
 {
     return is_marked(line, lower_marker) ||
@@ -34,8 +34,8 @@ bool is_behind_equations(std::string_view line)
     return is_marked(line, guess_marker) || holds_bounds(line);
 }
 
-/// An equation's name as it stands in front of a marker. Guesses are read by their place, so a name that
-/// would make the line look like an equation or a comment is left out.
+/// An equation's name for use in front of a marker. Guesses are read by position, so a name that would make the line
+/// look like an equation or a comment is left out.
 std::string marked_name(std::string_view equation)
 {
     const std::string_view name = parts_of(equation, nle_row_form).name;
@@ -66,7 +66,7 @@ void add_row(std::string_view line, std::string_view guess, std::vector<equation
 
 void read_equations(line_reader& lines, std::vector<equation_row>& rows)
 {
-    // Behind an equation of the variable f, "f(0)=" is its guess and no equation.
+    // After an equation of the variable f, "f(0)=" is its guess and not an equation.
     for (; !lines.at_end() && is_implicit(lines.line(), nle_row_form); lines.take()) {
         if (is_behind_equations(lines.line()) && defines_f(rows)) break;
         add_row(lines.line(), "", rows);
@@ -93,7 +93,7 @@ void read_guesses(line_reader& lines, std::span<equation_row* const> implicit)
     }
 }
 
-/// The text behind a marker, if the line has it.
+/// The text after a marker. Returns nullopt if the line doesn't contain it.
 std::optional<std::string_view> behind(std::string_view line, std::string_view marker)
 {
     const std::size_t at = before_comment(line).find(marker);

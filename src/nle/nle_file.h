@@ -13,8 +13,8 @@ namespace kelvarin
 /// Whether the second line of a file is that of a nonlinear problem.
 bool is_nle_second_line(std::string_view line);
 
-/// The content that a problem file's text (UTF-8) holds; `method` where the file names none. Nothing where
-/// the text is no nonlinear problem.
+/// The content of a problem file's text (UTF-8); `method` is used if the file names none. Returns nullopt if the text
+/// is not a nonlinear problem.
 std::optional<nle_content> read_nle(std::string_view text, nle_method method = nle_method::fastnewt);
 
 /// The text of a problem file with CR LF line ends, in the current or the older format.

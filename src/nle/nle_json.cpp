@@ -93,7 +93,7 @@ struct result_keys
     }
 };
 
-/// Roughly the bytes of an answer, on the large side.
+/// An estimate of an answer's size in bytes, on the high side.
 std::size_t size_of_answer(const nle_outcome& outcome, std::string_view report)
 {
     constexpr std::size_t frame = 1024;

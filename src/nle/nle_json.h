@@ -9,12 +9,12 @@
 namespace kelvarin
 {
 
-/// The answer to a nonlinear problem that was run, or refused with the outcome's boxes: one object. `file` is as the
-/// user named it, `report` the plain text.
+/// Writes the answer to a nonlinear problem that was run, or refused with the outcome's boxes, as one object. `file` is
+/// as the user named it, `report` the plain text.
 void write_nle_json(json_writer& writer, std::string_view file, const nle_content& content, const nle_outcome& outcome,
                     std::string_view report);
 
-/// The analysis of a nonlinear problem: what is defined, what is missing.
+/// Writes the analysis of a nonlinear problem: what is defined, what is missing.
 void write_nle_check_json(json_writer& writer, std::string_view file, const nle_content& content);
 
 } // namespace kelvarin

@@ -19,7 +19,7 @@ bool has_equals_sign(std::string_view line)
     return line.find('=') != std::string_view::npos;
 }
 
-/// What the reader of nonlinear problems asks of the second line before it takes a file.
+/// The reader's condition on the second line of a nonlinear problem.
 bool is_equation_row(std::string_view line)
 {
     if (!has_equals_sign(line)) return false;
@@ -28,7 +28,7 @@ bool is_equation_row(std::string_view line)
 
 bool recognises_nle(std::span<const std::string_view> lines)
 {
-    // A problem of one explicit equation has no third line, and must open again.
+    // A file of one explicit equation has no third line.
     if (lines.size() == 2) return is_equation_row(lines[1]);
     return lines[1].starts_with("f(") || (!lines[1].starts_with("d(") && has_equals_sign(lines[1]));
 }

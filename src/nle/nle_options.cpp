@@ -9,7 +9,7 @@ namespace kelvarin
 mnewt_options mnewt_options_from(const settings& store)
 {
     mnewt_options options;
-    // A saved value is not checked, and without a trial there would be no residuals to judge.
+    // Saved values are not checked, and without a trial there would be no residuals to judge.
     options.ntrial = std::max(1, store.whole_number("mnewt_n"));
     options.tolx = store.number("mnewt_tolx");
     options.tolf = store.number("mnewt_tolf");

@@ -8,7 +8,7 @@
 namespace kelvarin
 {
 
-/// The solvers' options as the settings have them at this moment.
+/// The solvers' options from the current settings.
 mnewt_options mnewt_options_from(const settings& store);
 newt_options newt_options_from(const settings& store);
 broydn_options broydn_options_from(const settings& store);

@@ -24,15 +24,15 @@ class nle_problem final : public value_document<nle_content>, public equation_ta
 public:
     nle_problem();
 
-    /// No row, no title, no file; the method alone is nothing to lose.
+    /// Whether there is no row, no title and no file; the method alone is not worth saving.
     bool is_blank() const override;
     int equation_count() const { return static_cast<int>(content().rows.size()); }
     nle_analysis analyse() const { return analyse_nle(content()); }
 
     std::span<const equation_row> rows() const override { return content().rows; }
     refusal may_add() const override;
-    /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the
-    /// texts are those of the fields. A box that is about the expression has a place in that field's text.
+    /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the texts are
+    /// those of the fields. A box about the expression has a place in that field's text.
     refusal check_implicit(std::string_view name, std::string_view expression, std::string_view guess, int row) const;
     refusal check_explicit(std::string_view name, std::string_view expression, int row) const;
 
@@ -44,21 +44,22 @@ public:
     refusal remove(int row) override;
     bool move(int row, bool up) override;
     void set_comment(int row, std::string_view comment) override;
-    /// One step of undo for any number of changes in a row, as they come with every key typed.
+    /// Successive changes, as they come with every key typed, make one step of undo.
     void set_bounds(std::string_view lower, std::string_view upper);
-    /// A choice by the user, with what with_method does to the guesses.
+    /// Chooses a method on the user's behalf, changing the guesses as with_method does.
     void choose_method(nle_method method);
-    /// Refused as in the entry dialogs where the new name is no valid one, is defined already, or would define itself.
+    /// Refused as in the entry dialogs if the new name is invalid, is defined already, or would be used by its own
+    /// definition.
     refusal rename_variable(std::string_view old_name, std::string_view new_name) override;
-    /// Puts an example in place of the problem, in one step, and leaves the file.
+    /// Replaces the problem by an example as one step of undo; the document has no file afterwards.
     void load_example(nle_content example);
 
     refusal nles_open(const std::filesystem::path& path) { return open(path); }
 
 private:
     refusal put(equation_row next, int row);
-    /// Takes the rows over as a step of undo, after which bounds stand only where a single implicit row needs them; or
-    /// hands on the box that refuses them.
+    /// Replaces the rows as a step of undo and empties bounds that they don't use; or returns the box if the edit was
+    /// refused.
     refusal take_rows(std::string_view step, edited_rows edited);
 };
 

@@ -10,7 +10,7 @@ namespace kelvarin
 namespace
 {
 
-/// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
+/// To be raised when a field changes its meaning, so that an older program doesn't misread a newer text.
 constexpr int recovery_format = 1;
 
 nle_content content_of(const json_value& text)

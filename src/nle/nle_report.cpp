@@ -21,7 +21,7 @@ namespace kelvarin
 namespace
 {
 
-/// The second blank behind \f6 indents the line like the heads above it.
+/// The second blank after \f6 indents the line like the headings above it.
 constexpr report_layout layout = {.margin = R"({\f6  })", .equals = R"(\tab = )"};
 
 /// The last 8 characters of a name, padded with blanks to 8.
@@ -32,7 +32,7 @@ std::string name_block(std::string_view name)
     std::size_t characters = 0;
     while (begin > 0 && characters < width) {
         --begin;
-        // The bytes behind the first of a character are no characters of their own.
+        // UTF-8 continuation bytes are not characters of their own.
         if ((static_cast<unsigned char>(name[begin]) & 0xC0u) != 0x80u) ++characters;
     }
     return escape_rich_text(name.substr(begin)) + std::string(width - characters, ' ');
@@ -45,7 +45,7 @@ void add_explicit_rows(report_text& report, std::span<const explicit_result> row
     }
 }
 
-/// The rows of a result table behind its head.
+/// Adds the rows of a result table below its head.
 void add_rows(report_text& report, const nle_solution& solution)
 {
     for (const implicit_result& row : solution.implicit) {
@@ -103,7 +103,7 @@ void add_conditions(report_text& report, const nle_outcome& outcome)
     report.line();
 }
 
-/// `iterations` are those that the run used.
+/// `iterations` is the number that the run used.
 void add_settings(report_text& report, const nle_outcome& outcome, const settings& store, int iterations)
 {
     report.line({R"({\f6  }{\cf1\fs20 Settings })"});
@@ -112,13 +112,13 @@ void add_settings(report_text& report, const nle_outcome& outcome, const setting
     report.line();
 }
 
-/// The lines behind the head "General".
+/// Adds the lines below the head "General".
 void add_general(report_text& report, const nle_run_problem& problem, const nle_outcome& outcome)
 {
     report.margin_line({"number of implicit equations: ", std::to_string(outcome.implicit_names.size())});
     report.margin_line({"number of explicit equations: ", std::to_string(outcome.explicit_names.size())});
     report.data_file(problem.path);
-    // Reports have always counted 100000 seconds a day.
+    // Report times count 100000 seconds a day.
     if (outcome.elapsed_seconds > 0) report.elapsed_time(outcome.elapsed_seconds / 86400.0 * 100000.0);
 }
 
@@ -136,7 +136,7 @@ void add_report_head(report_text& report, std::string_view head, const nle_outco
     report.line();
 }
 
-/// The solution of several equations, up to the head of the report.
+/// Adds the solution of several equations, up to the head of the report.
 void add_solution(report_text& report, const nle_outcome& outcome, const nle_system_result& system)
 {
     static constexpr std::array<std::string_view, 6> errors = {
@@ -160,7 +160,7 @@ void add_solution(report_text& report, const nle_outcome& outcome, const nle_sys
     add_report_head(report, R"({\b\cf1\f5\fs21\ul NLES Report ()", outcome);
 }
 
-/// The roots of one equation, up to the head of the report.
+/// Adds the roots of one equation, up to the head of the report.
 void add_solution(report_text& report, const nle_outcome& outcome, const nle_single_result& single)
 {
     add_solution_head(report, R"({\b\cf1\f5\fs21\ul NLE Solution })");

@@ -10,7 +10,7 @@
 namespace kelvarin
 {
 
-/// The report as a rich-text document. `outcome.has_report` is true.
+/// The report as a rich-text document. `outcome.has_report` must be true.
 std::string nle_report(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
                        calendar_date date);
 

@@ -17,7 +17,7 @@ namespace kelvarin
 namespace
 {
 
-/// Why a problem that is complete does not run.
+/// The box that refuses a complete problem. Returns nullopt if it may run.
 std::optional<message_box> refused_problem(const nle_content& content, const equation_set& set)
 {
     if (content.method == nle_method::constrained && set.implicit_count < 2) {
@@ -67,7 +67,7 @@ void run_nle_system(nle_system& system, const settings& store, const wall_clock&
     outcome.has_report = true;
 }
 
-/// The tables, then the run by the number of implicit equations.
+/// Builds the tables, then runs by the number of implicit equations.
 void run_tables(const nle_content& content, const settings& store, const wall_clock& clock, run_listener& listener,
                 nle_outcome& outcome)
 {
@@ -99,7 +99,7 @@ message_box failure_box(const runtime_failure& failure)
     return {std::move(text), box_icon::critical};
 }
 
-/// The empty result of a problem with so many implicit equations.
+/// The empty result for a problem with `implicit_count` implicit equations.
 decltype(nle_outcome::result) no_result(int implicit_count)
 {
     if (implicit_count == 0) return nle_explicit_result();

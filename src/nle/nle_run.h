@@ -17,11 +17,11 @@
 namespace kelvarin
 {
 
-/// A problem as a run takes it: a copy of a document's content, and where it is kept.
+/// The input of a run: a copy of a document's content, and the path of its file.
 struct nle_run_problem
 {
     nle_content content;
-    /// Empty where the problem has no file.
+    /// Empty if the problem has no file.
     std::filesystem::path path;
 };
 
@@ -40,30 +40,30 @@ struct explicit_result
     double value = 0.0;
 };
 
-/// The unknowns and the explicit variables at one solution, the latter in sorted order.
+/// The unknowns and, in sorted order, the explicit variables at one solution.
 struct nle_solution
 {
     std::vector<implicit_result> implicit;
     std::vector<explicit_result> explicit_values;
 };
 
-/// A system counts as solved up to this sum of absolute residuals, whatever the tolerances.
+/// A system counts as solved up to this sum of absolute residuals, independent of the tolerances.
 inline constexpr double largest_residual_sum = 10.0;
 
-/// What a run found out about several implicit equations.
+/// The result of several implicit equations.
 struct nle_system_result
 {
     nle_solution solution;
-    /// How the constrained method ended; the others throw where they fail.
+    /// How the constrained method ended; the other methods throw if they fail.
     cnle_code code = cnle_code::converged;
-    /// Steps of the solver.
+    /// Number of steps of the solver.
     int iterations = 0;
 
     /// Sum of absolute residuals.
     double residual_sum() const;
 };
 
-/// What a run found out about one implicit equation.
+/// The result of one implicit equation.
 struct nle_single_result
 {
     /// In the order found.
@@ -72,7 +72,7 @@ struct nle_single_result
     nle_solution initial_values;
     /// Two columns: the unknown, and the equation's right side there.
     named_columns scan;
-    /// The range of the search.
+    /// The search range.
     double lower = 0.0, upper = 0.0;
 };
 
@@ -82,24 +82,24 @@ struct nle_explicit_result
     std::vector<explicit_result> values;
 };
 
-/// Everything that a run found out: report, JSON and graph are functions of it, the problem and the date.
+/// The result of a run: report, JSON and graph are functions of it, the problem and the date.
 struct nle_outcome : run_outcome
 {
     nle_method method = nle_method::fastnewt;
-    /// The problem's equations as the run saw them: implicit ones in row order, explicit ones sorted.
+    /// The equations in the order of the run: implicit ones in row order, explicit ones sorted.
     std::vector<std::string> implicit_names, implicit_right_sides;
     std::vector<std::string> explicit_names, explicit_right_sides;
     /// One for each implicit equation.
     std::vector<sign_constraint> constraints;
-    /// By the number of implicit equations; empty where there is no report.
+    /// The alternative goes by the number of implicit equations; default values if there is no report.
     std::variant<nle_system_result, nle_single_result, nle_explicit_result> result;
 
-    /// The report holds no warning.
+    /// Whether the report holds no warning.
     bool converged() const;
 };
 
-/// Runs the problem: the dispatch by its number of implicit rows, with every refusal as a box of the outcome. The
-/// light is looked at first. Never throws; never touches anything but its arguments.
+/// Runs the problem by the solver for its number of implicit rows. Every refusal is a box of the outcome; an incomplete
+/// problem is refused first. Never throws; changes none of its arguments but the listener.
 nle_outcome run_nle(const nle_run_problem& problem, const settings& store, const wall_clock& clock,
                     run_listener& listener);
 

@@ -44,7 +44,7 @@ nle_content quadratic_equation()
           "second root; of complex roots their real part"}});
 }
 
-/// Soave, Redlich and Kwong: propane as a vapour below its saturation pressure at 300 K, some 10 bar.
+/// Soave-Redlich-Kwong equation of state: propane as a vapour below its saturation pressure at 300 K, about 10 bar.
 nle_content gas_volume()
 {
     nle_content content = sample_of(
@@ -86,8 +86,8 @@ nle_content pipe_diameter()
          {"Re = rho*w*D/mu", "Reynolds number"}});
 }
 
-/// 1-butanol (1) and water (2), which boil as two liquids below the boiling points of both. The constants of
-/// van Laar follow from the mutual solubilities near the boiling point.
+/// Heterogeneous azeotrope of 1-butanol (1) and water (2): two liquids that boil below the boiling points of both. The
+/// van Laar constants follow from the mutual solubilities near the boiling point.
 nle_content three_phase_bubble_point()
 {
     return sample_of(

@@ -39,17 +39,17 @@ public:
         result_.upper = upper;
     }
 
-    /// The values at the problem's guess, for the report alone.
+    /// Evaluates the values at the problem's guess, used by the report alone.
     void initial_values()
     {
         double fvec = 0.0;
         system_.evaluate(system_.guesses(), {&fvec, 1});
         result_.initial_values = solution_of(system_, system_.guesses(), {&fvec, 1}, system_.guesses());
-        // A failure at the guess must not blank the scan.
+        // A failure at the guess must not suppress the scan.
         system_.context().clear_failure();
     }
 
-    /// The values on the grid. Behind a point that can not be evaluated they are zeros.
+    /// Evaluates the right side on the grid. The values after a point that fails are zeros.
     void scan()
     {
         std::vector<double>& x = result_.scan.columns[0];
@@ -60,8 +60,8 @@ public:
         system_.evaluate_points(x, f);
     }
 
-    /// A local search at every change of sign, and at the guess if none of them left a root. Returns the box where a
-    /// local search met a failed evaluation.
+    /// Runs a local search at every change of sign, and at the guess if none of them found a root. Returns the box if
+    /// an evaluation failed in a local search.
     std::optional<message_box> find_roots(run_listener& listener)
     {
         const std::vector<double>& f = result_.scan.columns[1];
@@ -79,7 +79,7 @@ public:
     nle_single_result take() { return std::move(result_); }
 
 private:
-    /// Point i of the grid; the upper bound is its last one, the lower bound none.
+    /// Point i of the grid: i = scan_points gives the upper bound; the lower bound is not a grid point.
     double point(double i) const
     {
         return finite(result_.lower + finite(i * finite(result_.upper - result_.lower)) / scan_points);
@@ -98,8 +98,8 @@ private:
         return std::nullopt;
     }
 
-    /// Whether a kept root lies within a hundredth of `x`. The test is by quotient, which a root of exactly
-    /// 0 makes a division by zero.
+    /// Whether a known root lies within a hundredth of `x`. The test is by quotient, so a known root of exactly 0 is a
+    /// division by zero.
     bool is_known(double x) const
     {
         for (const nle_solution& root : result_.roots) {

@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// The search for all roots of one equation between the problem's bounds; the equations are compiled.
+/// Searches for all roots of one equation between the problem's bounds. The equations must be compiled.
 void run_nle_single(const nle_content& content, nle_system& system, const settings& store, const wall_clock& clock,
                     run_listener& listener, nle_outcome& outcome);
 

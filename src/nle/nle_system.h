@@ -17,26 +17,26 @@
 namespace kelvarin
 {
 
-/// The tables of one run: the equations of a problem as a system in the unknowns of its implicit rows.
-/// Explicit variables are no unknowns; each evaluation computes them afresh, in sorted order.
+/// The equations of a problem as a system in the unknowns of its implicit rows, for one run. Explicit variables are not
+/// unknowns; each evaluation computes them, in sorted order.
 ///
-/// Built from the rows, then sorted, then compiled; only then evaluated.
+/// The steps are: construct from the rows, sort, compile, evaluate.
 class nle_system final : public nonlinear_system
 {
 public:
-    /// Takes the rows apart. Throws runtime_failure 6 where a guess is too large a number.
+    /// Splits the rows into names and right sides. Throws runtime_failure 6 if a guess is too large a number.
     nle_system(const nle_content& content, run_listener& listener);
     nle_system(const nle_system&) = delete;
     nle_system& operator=(const nle_system&) = delete;
 
-    /// Puts the explicit equations in the order of their evaluation. Throws runtime_failure 8888 for a circle.
+    /// Sorts the explicit equations into the order of evaluation. Throws runtime_failure 8888 if they are circular.
     void sort();
-    /// Compiles all equations, explicit ones first. Returns the box of the first that is refused.
+    /// Compiles all equations, explicit ones first. Returns the box of the first that is refused, or nullopt.
     std::optional<message_box> compile_equations();
 
     int size() const override { return implicit_.size(); }
-    /// One evaluation of F (`eval_system`). A failed evaluation shows in the context alone. Throws run_stopped if the
-    /// listener asks for it, as do all evaluations here.
+    /// Evaluates F at x (`eval_system`); both have size() elements. A failed evaluation is stored in the context alone.
+    /// This and all other evaluations throw run_stopped if the listener asks the run to stop.
     void evaluate(std::span<const double> x, std::span<double> f) override;
     void difference_columns(std::span<const double> x, std::span<const double> f, std::span<const double> moved,
                             std::span<const double> divisors, matrix& df) override
@@ -46,15 +46,15 @@ public:
     const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
                                                  std::span<const double> moved, std::span<const double> divisors,
                                                  matrix& df, const sparsity_pattern* known) override;
-    /// f = F at each x, of a system of one unknown. Behind a point that can not be evaluated all f are 0, and the
-    /// failure stands in the context.
+    /// f[i] = F(x[i]) for a system of one unknown. After a point that can not be evaluated all f are 0, and the context
+    /// holds the failure.
     void evaluate_points(std::span<const double> x, std::span<double> f);
 
-    /// Evaluates the explicit equations of a problem without unknowns, in sorted order. A failure shows in
-    /// the context.
+    /// Evaluates the explicit equations of a problem without unknowns, in sorted order. A failure is stored in the
+    /// context.
     std::vector<double> evaluate_explicit();
-    /// The explicit variables at `x` for display, in sorted order. A variable that can not be evaluated is
-    /// shown as 0 and does not hinder the others; the failure state is clear afterwards.
+    /// The explicit variables at `x` for display, in sorted order. A variable that can not be evaluated is shown as 0
+    /// and does not affect the others; the failure state is clear afterwards.
     std::vector<double> explicit_values(std::span<const double> x) { return compiled_->displayed_definitions(x); }
 
     const equation_list& implicit_equations() const { return implicit_; }
@@ -70,7 +70,7 @@ private:
     run_listener& listener_;
     equation_list implicit_;
     equation_list explicit_;
-    /// Where the right side begins in the text of each row of the problem.
+    /// Byte offset of the right side in the text of each row.
     std::vector<std::size_t> right_side_offsets_;
     std::vector<double> guesses_;
     std::vector<sign_constraint> constraints_;

@@ -23,10 +23,10 @@ namespace kelvarin
 namespace
 {
 
-/// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
+/// Counts the started runs of all windows, including failed ones; it is the number of a solution.
 int solution_counter = 0;
 
-/// The first cell in which two blocks differ, as both write it: "'1,5' becomes '1.5'".
+/// The first cell in which two blocks differ, with both texts: "'1,5' becomes '1.5'".
 QString first_change(const cell_block& before, const cell_block& after)
 {
     for (std::size_t row = 0; row < before.size(); ++row) {
@@ -44,14 +44,14 @@ frmLEQ::frmLEQ(desktop_context& context) : problem_window(context, leq_kind())
     build_ui();
     connect_controls();
     document_changed();
-    // Typing begins at once.
+    // The grid has the focus first, so that typing can begin at once.
     setFocusProxy(grdMatrix_);
     grdMatrix_->setFocus();
 }
 
 frmLEQ::~frmLEQ()
 {
-    // A cell in which one is typing reports its text when it goes, and then there is no window any more.
+    // An open editor reports its text when it is destroyed, after this window's part is gone.
     grdMatrix_->disconnect(this);
 }
 
@@ -248,7 +248,7 @@ void frmLEQ::solve()
         grdMatrix_->set_current_cell(outcome.fault->row, outcome.fault->column);
         grdMatrix_->setFocus();
     }
-    // What is refused before it starts is not counted.
+    // A run that is refused before it starts is not counted.
     const int number = outcome.fault ? 0 : ++solution_counter;
     if (show_boxes(outcome.boxes) && outcome.has_report) show_solution(problem, outcome, number);
 }

@@ -19,8 +19,8 @@ class cell_grid;
 class elided_label;
 class leq_grid_model;
 
-/// "Linear Equations Solver": the window of a problem of linear equations. What may be done and what it means is
-/// the matter of leq_problem; the window shows it and forwards gestures.
+/// "Linear Equations Solver": the window of a problem of linear equations. The operations are those of leq_problem; the
+/// window shows it and forwards gestures.
 class frmLEQ : public problem_window
 {
     Q_OBJECT
@@ -35,16 +35,16 @@ public:
     bool can(window_command which) const override;
     void perform(window_command which) override;
 
-    /// Puts a random problem in place of the present one, asking first where that would be lost.
+    /// Replaces the problem by a random one, asking first if unsaved work would be lost.
     void load_sample();
 
     QSize sizeHint() const override;
 
 protected:
     void show_document() override;
-    /// A run is over before a control could be used.
+    /// A run ends before a control could be used.
     void enable_controls_for_run(bool) override {}
-    /// What is missing is what the run says.
+    /// The run itself says what is missing.
     bool can_solve() const override { return true; }
     void solve() override;
     void take_over_typing() override;
@@ -75,7 +75,7 @@ private:
     void copy();
     void paste();
     void clear_cells();
-    /// The block with points for commas, where that was asked for; nothing where the paste was cancelled.
+    /// The block with decimal points in place of commas if the user agrees. Returns nullopt if the paste was cancelled.
     std::optional<cell_block> with_decimal_points(cell_block block);
 
     void show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number);

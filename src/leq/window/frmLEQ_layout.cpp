@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where everything of the window stands.
+// The layout of the window.
 
 #include "desktop/cell_grid.h"
 #include "desktop/controls.h"
@@ -30,7 +30,7 @@ void frmLEQ::build_ui()
     grdMatrix_ = named(new cell_grid(cells_, this), "grdMatrix");
     grdMatrix_->setAccessibleName(tr("Coefficients and right sides"));
     column->addWidget(grdMatrix_, 1);
-    // Tab leads from the last cell to the button, and then Enter solves.
+    // Tab leads from the last cell to the button, where Enter solves.
     setTabOrder(cmbNumEq_, grdMatrix_);
     setTabOrder(grdMatrix_, cmdRun_);
     column->addWidget(build_status());
@@ -142,7 +142,7 @@ void frmLEQ::apply_colours()
 void frmLEQ::changeEvent(QEvent* event)
 {
     problem_window::changeEvent(event);
-    // The palette turns from light to dark while the program runs.
+    // The palette may change between light and dark while the program runs.
     if (event->type() == QEvent::PaletteChange && cell_menu_) apply_colours();
 }
 

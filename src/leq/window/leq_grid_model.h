@@ -6,7 +6,7 @@
 namespace kelvarin
 {
 
-/// The coefficients and right sides of a problem of linear equations as they are shown, below the names of the
+/// The coefficients and right sides of a problem of linear equations as they are displayed, below the names of the
 /// unknowns.
 class leq_grid_model : public cell_grid_model
 {
@@ -16,7 +16,7 @@ public:
     using cell_grid_model::cell_grid_model;
 
     QString column_tip(int column) const override;
-    /// The right sides stand apart from the coefficients.
+    /// The right sides are set apart from the coefficients.
     bool is_set_off(int column) const override { return column == columnCount() - 1; }
 };
 

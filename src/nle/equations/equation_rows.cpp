@@ -11,7 +11,7 @@ namespace kelvarin
 namespace
 {
 
-/// Where a part of a text stands in it; an empty part stands at `otherwise`.
+/// Byte offset of `part` within `text`, of which it is a view; `otherwise` if the part is empty.
 std::size_t offset_in(std::string_view text, std::string_view part, std::size_t otherwise)
 {
     return part.empty() ? otherwise : static_cast<std::size_t>(part.data() - text.data());
@@ -30,7 +30,7 @@ std::string_view left_side_of(std::string_view equation)
     return equation.substr(0, equation.find('='));
 }
 
-/// The text in front of the suffix, trimmed. Returns nullopt if the left side doesn't end in it.
+/// The text in front of the suffix, trimmed. Returns nullopt if the left side doesn't end in the suffix.
 std::optional<std::string_view> name_before(std::string_view suffix, std::string_view left_side)
 {
     std::string_view name = trimmed(left_side);

@@ -16,8 +16,8 @@ struct equation_row
 {
     /// "f(x) = expression" (implicit) or "x = expression" (explicit).
     std::string equation;
-    /// Of an implicit row its initial guess or value as text, in a nonlinear problem with nothing, " p" or " ap" behind
-    /// it; "n.a." of an explicit row.
+    /// Of an implicit row its initial guess or value as text; nonlinear problems may append " p" or " ap". "n.a." of an
+    /// explicit row.
     std::string guess;
     std::string comment;
 
@@ -31,8 +31,8 @@ struct row_form
 {
     /// The letters that an implicit row begins with: "f(" of "f(x) = ...", "d(" of "d(y)/d(t) = ...".
     std::string_view letters;
-    /// What stands behind the name on the left side of an implicit row, blanks aside: "(0)" of the start value
-    /// "x(0) = 2". Looked at only where `letters` is empty.
+    /// What follows the name on the left side of an implicit row, ignoring blanks: "(0)" of the start value "x(0) = 2".
+    /// Used only if `letters` is empty.
     std::string_view suffix = {};
 };
 
@@ -41,15 +41,15 @@ inline constexpr row_form nle_row_form = {"f("};
 
 bool is_implicit(std::string_view equation, const row_form& form = nle_row_form);
 
-/// The parts of an equation's text, with their places in it in bytes.
+/// The parts of an equation's text, with their byte offsets in it.
 struct equation_parts
 {
     bool implicit = false;
-    /// Trimmed: in an implicit row the text between the first "(" and the first ")" behind it, or in front of the
-    /// form's suffix; in an explicit row the text before the first "=".
+    /// Trimmed: in an implicit row the text between the first "(" and the next ")", or in front of the form's suffix;
+    /// in an explicit row the text before the first "=".
     std::string_view name;
     std::size_t name_offset = 0;
-    /// Behind the first "=", trimmed; empty where there is none.
+    /// The text after the first "=", trimmed; empty if there is none.
     std::string_view right_side;
     std::size_t right_side_offset = 0;
 };

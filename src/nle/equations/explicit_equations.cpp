@@ -23,7 +23,7 @@ bool is_letter(char c)
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// The names of a list, ready to be looked for at any place of a text.
+/// Finds all names of a list in a text in one pass over the text.
 class name_index
 {
 public:
@@ -39,8 +39,8 @@ public:
         lengths_.erase(std::unique(lengths_.begin(), lengths_.end()), lengths_.end());
     }
 
-    /// Calls `found(i)` for every equation i whose name stands in `text` between two characters (or ends)
-    /// that are no letters; more than once where it stands there more than once.
+    /// Calls `found(i)` for each occurrence in `text` of the name of equation i that has no letter directly before or
+    /// after it.
     template <class Found> void find_in(std::string_view text, Found found) const
     {
         for (std::size_t at = 0; at < text.size(); ++at) {
@@ -64,7 +64,7 @@ private:
     std::vector<std::size_t> lengths_;
 };
 
-/// Which right side uses which name: element name * n + text.
+/// Matrix of uses: element name * n + text is 1 if right side `text` uses `name`.
 std::vector<std::uint8_t> table_of_uses(const equation_list& equations)
 {
     const std::size_t n = equations.names.size();
@@ -76,11 +76,11 @@ std::vector<std::uint8_t> table_of_uses(const equation_list& equations)
     return uses;
 }
 
-/// Swaps entries of `order` until no entry's name is used by an earlier entry. A pass looks for the last
-/// entry whose name is used, and for the nearest earlier user, swaps the two and starts over.
+/// Swaps entries of `order` until no entry's name is used by an earlier entry. A pass looks for the last entry whose
+/// name is used, and for the nearest earlier user, swaps the two and starts over.
 ///
-/// A pass need not look again at the entries behind the one that was swapped last: none of their names was
-/// used in front of them, and a swap in front of them changes nothing about that.
+/// A pass need not check the entries after the one that was swapped last again: none of their names was used by an
+/// earlier entry, and a swap of earlier entries doesn't change that.
 void order_by_swapping(std::vector<std::size_t>& order, const std::vector<std::uint8_t>& uses)
 {
     const std::size_t n = order.size();

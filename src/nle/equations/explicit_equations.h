@@ -19,10 +19,9 @@ struct equation_list
     void add(std::string name, std::string right_side, int row);
 };
 
-/// Puts the equations in an order in which each uses only names defined before it, by swapping until no
-/// pair needs it. A name counts as used where it stands between two characters that are no letters, so a
-/// name inside `x1` or `x_2` is found as well. Throws runtime_failure 8888 when the budget of restarts
-/// (n * n) is gone: a circle, or an apparent one.
+/// Sorts the equations so that each uses only names defined before it, by swapping until no pair needs it. An
+/// occurrence of a name counts as a use if there is no letter directly before or after it, so a name inside `x1` or
+/// `x_2` counts as well. Throws runtime_failure 8888 after n * n restarts: the definitions are circular, or look so.
 void sort_explicit_equations(equation_list& explicit_equations);
 
 } // namespace kelvarin

@@ -20,7 +20,7 @@ message_box refusal_box(std::string text)
     return {std::move(text), box_icon::exclamation};
 }
 
-/// The name that a row defines, as the entry dialogs cut it out: also of an explicit row, what stands in its brackets.
+/// The name that a row defines, as the entry dialogs extract it: the text in the brackets, also for an explicit row.
 std::string_view defined_name(std::string_view equation, const row_form& form)
 {
     if (form.letters.empty()) return parts_of(equation, form).name;
@@ -37,7 +37,7 @@ void rename_in_row(equation_row& row, const row_form& form, std::string_view old
     row.equation = left_side + rename_in_expression(parts.right_side, old_name, new_name);
 }
 
-/// The numbers that are those of rows, in ascending order, each once.
+/// The 0-based indexes of the valid row numbers, ascending and without duplicates.
 std::vector<std::size_t> row_indexes(std::span<const int> numbers, std::size_t count)
 {
     std::vector<std::size_t> indexes;
@@ -145,7 +145,7 @@ std::optional<std::vector<equation_row>> move_rows(std::vector<equation_row> row
 {
     const std::vector<std::size_t> indexes = row_indexes(numbers, rows.size());
     if (indexes.empty() || (up ? indexes.front() == 0 : indexes.back() + 1 == rows.size())) return std::nullopt;
-    // The row that moves first makes room for the next one.
+    // The first row to move makes room for the next one.
     if (up) {
         for (const std::size_t index : indexes)
             std::swap(rows[index - 1], rows[index]);
@@ -158,10 +158,9 @@ std::optional<std::vector<equation_row>> move_rows(std::vector<equation_row> row
 
 std::string rename_in_expression(std::string_view expression, std::string_view old_name, std::string_view new_name)
 {
-    // A row may carry the name of a function or "then", but right sides mean the function or the word.
+    // A row may define the name of a function or "then", but in right sides these mean the function or the keyword.
     if (is_function_name(old_name) || is_equation_word(old_name)) return std::string(expression);
-    // The signs of comparisons end no word for replace_name, so the words that stand beside them are taken from the
-    // scanner.
+    // replace_name doesn't take comparison signs as ends of a word, so words next to them are found by the scanner.
     const std::string replaced = replace_name(expression, old_name, new_name);
     std::string renamed;
     std::size_t copied = 0;

@@ -14,17 +14,17 @@
 namespace kelvarin
 {
 
-/// Stands between title and method in a file's first line.
+/// Separates title and method in a file's first line.
 inline constexpr std::string_view version_marker = " |KVRVER05_";
 
-/// The lines of a file, one after the other.
+/// Reads the lines of a file one by one.
 class line_reader
 {
 public:
     explicit line_reader(std::vector<std::string_view> lines) : lines_(std::move(lines)) {}
 
     bool at_end() const { return next_ == lines_.size(); }
-    /// The next line; only if not at the end.
+    /// The next line. Not to be called at the end.
     std::string_view line() const { return lines_[next_]; }
     std::string_view take() { return lines_[next_++]; }
 
@@ -36,16 +36,16 @@ private:
 /// Appends the line and CR LF.
 void write_line(std::string& text, std::string_view line);
 
-/// The first line of a file, taken apart.
+/// The parts of a file's first line.
 struct title_line
 {
-    /// Without blanks around it.
+    /// Trimmed.
     std::string title;
-    /// What stands behind the marker of the version; nullopt in a file of the older format.
+    /// The text after the version marker; nullopt in a file of the older format.
     std::optional<std::string> method;
 };
 
-/// Where the marker of the version is looked for: a title may hold one as well.
+/// Which occurrence of the version marker counts: a title may contain the marker as well.
 enum class marker_search
 {
     first,
@@ -53,18 +53,18 @@ enum class marker_search
 };
 
 title_line read_title_line(std::string_view line, marker_search search);
-/// The title on one line and, unless `older_format`, the marker with the index of the method.
+/// The title on one line, followed by the marker and the method's index unless `older_format`.
 std::string title_line_text(std::string_view title, int method, bool older_format);
 
 /// A line without its comment.
 std::string_view before_comment(std::string_view line);
 
-/// Whether the line's left side, up to and with its first "=", ends in `marker`, such as "(0)=". Comments and right
-/// sides are not looked at: an expression such as (0)==b belongs to an equation.
+/// Whether the line's left side, up to and including its first "=", ends in `marker`, such as "(0)=". Comments and
+/// right sides are ignored: an expression such as (0)==b belongs to an equation.
 bool is_marked(std::string_view line, std::string_view marker);
 
-/// The row of a line "equation #comment", split at the first "#"; the equation is trimmed, the comment taken as it is.
-/// Returns nullopt if the line has no equation.
+/// The row of a line "equation #comment", split at the first "#"; the equation is trimmed, the comment is not. Returns
+/// nullopt if the line has no equation.
 std::optional<equation_row> row_of_line(std::string_view line, std::string_view guess);
 
 /// "equation #comment", or the equation alone.

@@ -14,7 +14,7 @@ namespace kelvarin
 namespace
 {
 
-/// A row that holds an equation, as it reads.
+/// A row that holds an equation, with its parsed parts.
 struct read_row
 {
     int number = 0;
@@ -35,7 +35,8 @@ std::vector<read_row> read_rows(std::span<const equation_row> rows, const row_fo
     return read;
 }
 
-/// The names of one kind of row in row order; the valid ones go to the table of distinct names.
+/// The names of the implicit or the explicit rows in row order; the valid ones are added to the table of distinct
+/// names.
 std::vector<std::string> collect_names(std::span<const read_row> rows, bool implicit, clsParse& table)
 {
     std::vector<std::string> names;
@@ -84,7 +85,7 @@ template <class Visit> void for_each_variable(std::span<const read_row> rows, Vi
     }
 }
 
-/// Whatever the table got behind the known names is defined nowhere.
+/// The names in the table after the first unique_known ones are used but not defined.
 void find_undefined(std::span<const read_row> rows, const clsParse& table, equation_set& set)
 {
     if (set.total_vars == set.unique_known) return;
@@ -134,10 +135,10 @@ equation_set analyse_rows(std::span<const equation_row> rows, const row_form& fo
     set.given_count = given ? 1 : 0;
     set.unique_known = table.count_variables();
 
-    // The table takes each valid name once.
+    // The table holds each valid name once, so fewer names than equations mean duplicates or invalid names.
     if (set.unique_defined < set.equation_count()) find_duplicates(read, set);
 
-    // It refuses what is no valid name, so such a word counts nowhere.
+    // The table rejects invalid names, so they are not counted.
     for_each_variable(read, [&](const read_row&, const token& word) { table.Add_new_var(word.text, 0.0); });
     set.total_vars = table.count_variables();
     find_undefined(read, table, set);

@@ -13,51 +13,51 @@
 namespace kelvarin
 {
 
-/// How a list of equation rows reads: counts, names, and what is missing. The steps are shared by all
-/// kinds of equation problems.
+/// Analysis of a list of equation rows: counts, names, and what is missing. Shared by all kinds of equation problems.
 struct equation_set
 {
     int implicit_count = 0;
     int explicit_count = 0;
-    /// In row order, duplicates kept.
+    /// In row order, including duplicates.
     std::vector<std::string> implicit_names;
     std::vector<std::string> explicit_names;
     /// Distinct valid names of the implicit rows.
     int unique_implicit = 0;
     /// Distinct valid names of implicit and explicit rows together.
     int unique_defined = 0;
-    /// Names that are defined without a row: 0 or 1.
+    /// Number of names that are defined without a row: 0 or 1.
     int given_count = 0;
-    /// Distinct valid names that are given or defined by rows.
+    /// Number of distinct valid names that are given or defined by rows.
     int unique_known = 0;
-    /// Distinct valid names of all, known or used.
+    /// Number of distinct valid names, defined or used.
     int total_vars = 0;
-    /// Used and defined nowhere, in order of first appearance in the table of names.
+    /// Names that are used but not defined, in order of first appearance in the table of names.
     std::vector<std::string> undefined;
-    /// Defined twice or more, each once: by first appearance in implicit names, then explicit ones.
+    /// Names defined twice or more, each once: in order of first appearance in implicit names, then in explicit ones.
     std::vector<std::string> duplicates;
 
-    /// Every place at which an undefined name is used, in row order.
+    /// Every use of an undefined name, in row order.
     std::vector<text_place> undefined_places;
-    /// Every row's name that is defined more than once.
+    /// The name in every row whose name is defined more than once.
     std::vector<text_place> duplicate_places;
 
     int equation_count() const { return implicit_count + explicit_count; }
-    /// There are equations, every name is defined, and the names are as many as the rows and what is given. The sum
-    /// takes distinct implicit names, but rows of explicit ones: a name defined twice spoils it unless both definitions
-    /// are implicit.
+    /// Whether there are equations, every name is defined, and there are as many names as rows and given names. The sum
+    /// counts distinct implicit names but all explicit rows, so a name defined twice makes the set incomplete unless
+    /// both definitions are implicit.
     bool is_complete() const;
 
     bool has_duplicate_implicit() const { return unique_implicit < implicit_count; }
     bool has_duplicate_explicit() const { return unique_defined - unique_implicit < explicit_count; }
     bool has_more_equations_than_variables() const;
 
-    /// The place of the first undefined name, else of the first name that is defined twice.
+    /// The place of the first undefined name, or else of the first name that is defined twice. Returns nullopt if there
+    /// is neither.
     std::optional<text_place> first_fault() const;
 };
 
-/// Reads the rows; rows without text are no equations. `given` is a name that is defined without a row, the independent
-/// variable of differential equations.
+/// Analyses the rows; empty rows are not counted as equations. `given` is a name that is defined without a row: the
+/// independent variable of differential equations.
 equation_set analyse_rows(std::span<const equation_row> rows, const row_form& form = nle_row_form,
                           std::optional<std::string_view> given = std::nullopt);
 

@@ -27,7 +27,7 @@ const sparsity_pattern* system_jacobian::difference_quotients(std::span<const do
         bool zero_elsewhere = known == &pattern_;
         if (difference_all(*fast, wanted, zero_elsewhere)) return zero_elsewhere && is_sparse_ ? &pattern_ : nullptr;
     }
-    // Column by column the evaluation that fails is found where it happens first.
+    // Evaluating column by column finds the failure that occurs first.
     difference_columns(wanted);
     return nullptr;
 }
@@ -62,7 +62,7 @@ template <class Visit> void system_jacobian::for_each_input(const program& fast,
             visit(w * 64 + static_cast<std::size_t>(std::countr_zero(word)));
 }
 
-/// Counted first, then listed one column behind the other.
+/// Counting sort: counts the results of each column, then lists them column by column.
 system_jacobian::column_results system_jacobian::results_of_columns(const program& fast) const
 {
     column_results made;
@@ -77,15 +77,15 @@ system_jacobian::column_results system_jacobian::results_of_columns(const progra
     return made;
 }
 
-/// Greedy: each column gets the first colour none of whose columns shares a result with it, as in the grouping of
-/// [CurtisPowellReid1974]. Definitions count as results: columns that meet in a definition alone must not be moved
-/// together, since its failure is one of the system.
+/// Greedy colouring: each column gets the first colour none of whose columns shares a result with it, as in the
+/// grouping of [CurtisPowellReid1974]. Definitions count as results: columns that share only a definition must not be
+/// moved together either, since a failing definition is a failure of the system.
 void system_jacobian::make_colours(const program& fast)
 {
     const column_results results = results_of_columns(fast);
-    // For each colour the results that depend on its columns.
+    // For each colour, the results that depend on its columns.
     std::vector<std::vector<bool>> taken;
-    // The first colour moves nothing: f need not be f(x), and then unmoved rows differ from it as well.
+    // Colour 0 moves no column: f need not be f(x), and then the rows that depend on no column differ from it as well.
     colours_.emplace_back();
     colour_of_.reserve(columns());
     for (std::size_t column = 0; column < columns(); ++column) {
@@ -105,7 +105,7 @@ void system_jacobian::make_colours(const program& fast)
     }
 }
 
-/// The pattern row by row, and for each pass over some colours the elements that it gives.
+/// Fills the pattern row by row, and lists for each pass over a group of colours the elements that it yields.
 void system_jacobian::make_pattern(program& fast)
 {
     fast.lane_inputs();
@@ -136,7 +136,7 @@ bool system_jacobian::difference_all(program& fast, const differences& wanted, b
 template <class Output>
 void system_jacobian::write_unmoved(const differences& wanted, bool& zero_elsewhere, Output output) const
 {
-    // The quotients 0 / divisor; a negative divisor gives the other zero.
+    // The quotient is 0 / divisor; a negative divisor would give a negative zero.
     bool unchanged = std::ranges::all_of(wanted.divisors, [](double divisor) { return divisor > 0.0; });
     for (std::size_t row = 0; row < rows(); ++row)
         unchanged = unchanged && output(row) - wanted.f[row] == 0.0;
@@ -167,7 +167,8 @@ bool system_jacobian::difference_lanes(program& fast, std::size_t first, const d
             inputs[column * lanes + lane] = wanted.moved[column];
     }
     if (!fast.run_lanes_in_place()) {
-        // Lanes that take different branches are no failure: evaluated one by one they show whether there is one.
+        // Lanes that take different branches are not a failure: each lane is evaluated alone, which shows whether one
+        // fails.
         for (std::size_t lane = 0; lane < count; ++lane) {
             if (!difference_colour(fast, first + lane, wanted, zero_elsewhere)) return false;
         }

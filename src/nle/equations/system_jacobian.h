@@ -14,22 +14,23 @@
 namespace kelvarin
 {
 
-/// Jacobians of a compiled system of m outputs in n inputs by difference quotients. Which output depends on which input
-/// is read from the program; columns that no output and no definition share get one colour and are moved together, and
-/// several colours are evaluated in lanes. [CurtisPowellReid1974]
+/// Jacobians by difference quotients of a compiled system of m outputs in n inputs. The sparsity pattern is read from
+/// the program; columns that share no output and no definition get one colour and are moved together, and several
+/// colours are evaluated in lanes. [CurtisPowellReid1974]
 class system_jacobian
 {
 public:
-    /// The system must outlive the object. Pattern and colouring are made at the first use.
+    /// The system must outlive the object. Pattern and colouring are computed at the first use.
     explicit system_jacobian(compiled_system& system, evaluation_hook before_each = {})
         : system_(system), before_each_(std::move(before_each))
     {
     }
 
-    /// Column j of df (m x n) = (f(x with moved[j] in place of x[j]) - f) / divisors[j], where f = f(x), with the bits
-    /// and the failures of one evaluation for each column. Returns the pattern outside of which df is zero, valid as
-    /// long as this object, or nullptr if any element may differ from zero. `known` is what the last call with this df
-    /// returned, df being unchanged since, or nullptr. A failure shows in the system's context.
+    /// Column j of df (m x n) = (f(x with moved[j] in place of x[j]) - f) / divisors[j], where f = f(x) has m elements
+    /// and x, moved and divisors have n. Results and failures are bit for bit those of one evaluation per column.
+    /// Returns the pattern outside of which df is zero, valid during the life of this object, or nullptr if any element
+    /// may differ from zero. `known` is what the last call with this df returned if df is unchanged since, else
+    /// nullptr. A failure is stored in the system's context.
     const sparsity_pattern* difference_quotients(std::span<const double> x, std::span<const double> f,
                                                  std::span<const double> moved, std::span<const double> divisors,
                                                  matrix& df, const sparsity_pattern* known);
@@ -42,7 +43,7 @@ private:
         matrix& df;
     };
 
-    /// The results (outputs and definitions) that depend on each column, one column behind the other.
+    /// The results (outputs and definitions) that depend on each column, listed column by column.
     struct column_results
     {
         std::vector<std::size_t> results;
@@ -55,10 +56,10 @@ private:
         }
     };
 
-    /// An element of the pattern, and where its numerator comes from.
+    /// An element of the pattern and the source of its numerator.
     struct pattern_element
     {
-        /// In row-major order of the whole matrix.
+        /// Index in row-major order of the whole matrix.
         std::uint32_t element = 0;
         std::uint32_t lane_register = 0;
         std::uint32_t row = 0;
@@ -73,10 +74,10 @@ private:
     column_results results_of_columns(const program& fast) const;
     void make_colours(const program& fast);
     void make_pattern(program& fast);
-    /// Writes all elements as those of rows that do not depend on their column. `zero_elsewhere`: whether elements
-    /// outside of the pattern are zero, before and after.
+    /// Sets all elements to the values of rows that do not depend on their column. `zero_elsewhere`: whether elements
+    /// outside of the pattern are zero, before and after the call.
     template <class Output> void write_unmoved(const differences& wanted, bool& zero_elsewhere, Output output) const;
-    /// One pass over `first` and the colours behind it in lanes. Returns false if an evaluation failed.
+    /// Evaluates colour `first` and the following ones in lanes. Returns false if an evaluation failed.
     bool difference_lanes(program& fast, std::size_t first, const differences& wanted, bool& zero_elsewhere);
     bool difference_colour(program& fast, std::size_t colour, const differences& wanted, bool& zero_elsewhere);
     bool difference_all(program& fast, const differences& wanted, bool& zero_elsewhere);
@@ -93,9 +94,9 @@ private:
     std::vector<std::vector<std::size_t>> colours_;
     std::vector<std::size_t> colour_of_;
     sparsity_pattern pattern_;
-    /// The pattern has few enough elements to be of use to a caller.
+    /// Whether the pattern has few enough elements to be worth using.
     bool is_sparse_ = false;
-    /// The elements that each pass gives.
+    /// The elements that each pass yields.
     std::vector<std::vector<pattern_element>> passes_;
 };
 

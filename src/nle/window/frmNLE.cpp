@@ -25,7 +25,7 @@ namespace kelvarin
 namespace
 {
 
-/// Counts the started runs of all windows, those that fail as well; shown as the number of a solution.
+/// Counts the started runs of all windows, including failed ones; it is the number of a solution.
 std::atomic<int> solution_counter = 0;
 
 QList<equation_window_parts::method_item> method_items()
@@ -36,7 +36,7 @@ QList<equation_window_parts::method_item> method_items()
     return items;
 }
 
-/// The titles of the examples, each with its number as the letter to press.
+/// The titles of the examples, each with its number as the mnemonic.
 QStringList example_captions()
 {
     QStringList captions;
@@ -47,14 +47,14 @@ QStringList example_captions()
     return captions;
 }
 
-/// Whether the problem gets as far as a run; what is refused before that is not counted.
+/// Whether the problem would be run: refusals before that are not counted.
 bool is_startable(const nle_content& content, const equation_set& set)
 {
     if (content.method == nle_method::constrained && set.implicit_count < 2) return false;
     return set.implicit_count + set.explicit_count <= equation_limit;
 }
 
-/// What a run works on: copies, so that nothing can change under it.
+/// The input of a run in a thread: copies, so that nothing changes during the run.
 struct run_input
 {
     nle_run_problem problem;

@@ -12,8 +12,8 @@ namespace kelvarin
 
 class problem_field;
 
-/// "Nonlinear Equations Solver": the window of a nonlinear problem. What may be done and what it means is the
-/// matter of nle_problem; the window shows its bounds and methods, and runs it.
+/// "Nonlinear Equations Solver": the window of a nonlinear problem. The operations are those of nle_problem; the window
+/// shows its bounds and methods, and runs it.
 class frmNLE : public equation_window
 {
     Q_OBJECT

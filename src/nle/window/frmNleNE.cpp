@@ -29,7 +29,7 @@ frmNleNE::frmNleNE(desktop_context& context, QWidget* parent, nle_problem& probl
 
 QLabel* frmNleNE::add_row(const char* label_name, QWidget* field)
 {
-    // Its text comes with the variable's name; without one there would be no label at all.
+    // The text is set with the variable's name; a row without text would have no label.
     insert_row(QStringLiteral(" "), field);
     auto* label = static_cast<QLabel*>(form()->labelForField(field));
     label->setObjectName(QString::fromLatin1(label_name));
@@ -78,7 +78,7 @@ void frmNleNE::clear_fields()
 QWidget* frmNleNE::field_about(const message_box& refused) const
 {
     QWidget* field = entry_dialog::field_about(refused);
-    // The guess is looked at before the name is.
+    // The guess is checked before the name.
     return field == txtVar() && !is_numeric(to_text(txtGuess_->text())) ? txtGuess_ : field;
 }
 

@@ -46,7 +46,7 @@ void entry_dialog::build_ui(const entry_dialog_names& names, const QString& hint
     lblCheck_->setTextFormat(Qt::PlainText);
     lblCheck_->setWordWrap(true);
     lblCheck_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    // Room for two lines from the start, so that nothing moves when the line fills.
+    // Reserve two lines, so that nothing moves when the text appears.
     lblCheck_->setMinimumHeight(2 * unit);
     tint_check();
 
@@ -110,7 +110,7 @@ void entry_dialog::insert_row(const QString& label, QWidget* field)
 
 void entry_dialog::chain_tab_order()
 {
-    // Rows that were inserted later come later by themselves; the order is that of the form.
+    // Rows may have been inserted in any order; the tab order is that of the form.
     QWidget* last = txtVar_;
     const auto append = [&last](QWidget* widget) {
         if (!widget || !(widget->focusPolicy() & Qt::TabFocus)) return;
@@ -144,7 +144,7 @@ void entry_dialog::done_clicked()
         accept();
         return;
     }
-    // The field is shown before the box is, so that the box is read with its reason behind it.
+    // Show the field before the box, so that the marked text is visible behind it.
     QWidget* field = field_about(*refused);
     txtEquation_->mark_place(refused->place);
     field->setFocus(Qt::OtherFocusReason);
@@ -180,7 +180,7 @@ std::optional<message_box> entry_dialog::check_while_typing() const
 {
     const std::string expression = txtEquation_->expression();
     if (trimmed(expression).empty()) return std::nullopt;
-    // What is not filled in yet is no fault.
+    // Fields that are not filled in yet are not an error.
     if (!is_filled_in() && check_expression(expression).ok) return std::nullopt;
     return check();
 }
@@ -189,7 +189,7 @@ void entry_dialog::show_check()
 {
     const std::optional<message_box> fault = check_while_typing();
     QString text = fault ? to_qstring(fault->text) : QString();
-    // The reason of a refused expression, in the words of somebody who looks over one's shoulder.
+    // For a refused expression show the likely cause.
     const std::string expression = txtEquation_->expression();
     if (fault && !check_expression(expression).ok) text += QLatin1Char('\r') + to_qstring(syntax_hint(expression));
     text = text.trimmed();

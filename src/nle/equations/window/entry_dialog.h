@@ -27,19 +27,19 @@ struct entry_dialog_names
     const char* comment = "txtComment";
 };
 
-/// The base of the dialogs in which an equation is entered: a form with the variable, the expression, what the derived
-/// dialog adds, a comment, a line that shows what the checker says while one types, and the buttons `cmdDone`,
+/// The base of the dialogs in which an equation is entered: a form with the variable, the expression, the fields that
+/// the derived dialog adds, a comment, a line with the checker's message during typing, and the buttons `cmdDone`,
 /// `cmdClear`, `cmdCancel` and `cmdShowallvars`.
 ///
-/// Done asks the derived dialog to take the row over; a refusal is shown as its box, marked in the field it
-/// is about, and the dialog stays open. The dialog is shown by open(), deletes itself, and keeps its size between
-/// uses. Its labels and buttons use Alt with B, X, M, D, L and V.
+/// Done asks the derived dialog to take the row over; a refusal is shown as its box and marked in the field it is
+/// about, and the dialog stays open. The dialog is shown by open(), deletes itself, and remembers its size. Its labels
+/// and buttons use Alt with B, X, M, D, L and V.
 class entry_dialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// `hint` stands below the fields.
+    /// `hint` is shown below the fields.
     entry_dialog(desktop_context& context, QWidget* parent, const entry_dialog_names& names, const QString& caption,
                  const QString& hint);
 
@@ -57,22 +57,22 @@ signals:
     void listing_asked();
 
 protected:
-    /// Checks and takes the row over; a refusal is the box to show.
+    /// Checks and takes the row over. Returns the box if it is refused.
     virtual std::optional<message_box> take_over() = 0;
-    /// What take_over would refuse of the fields as they are now.
+    /// What take_over would refuse of the present texts.
     virtual std::optional<message_box> check() const = 0;
-    /// Whether the fields beside the expression hold something; until then only the expression is checked.
+    /// Whether the fields beside the expression are filled in; until then only the expression is checked.
     virtual bool is_filled_in() const { return !txtVar_->text().trimmed().isEmpty(); }
     /// Empties the fields that the derived dialog added.
     virtual void clear_fields() {}
-    /// The field that a refusal is about: the expression where it has a place or is a fault of syntax, else
-    /// the variable.
+    /// The field that a refusal is about: the expression if the refusal has a place or is a syntax error, else the
+    /// variable.
     virtual QWidget* field_about(const message_box& refused) const;
 
     /// Fills variable, expression and comment.
     void fill_from(const equation_row& row);
     QFormLayout* form() const { return form_; }
-    /// Adds a row above the comment. A line edit in it is watched for the line that the checker fills.
+    /// Adds a row above the comment. Changes of a line edit in it update the checker's line.
     void insert_row(const QString& label, QWidget* field);
 
     void done_clicked();
@@ -89,7 +89,7 @@ private:
     QLayout* build_buttons();
     void watch(QLineEdit* field);
     void chain_tab_order();
-    /// For the line below the expression; nothing where all is well or the expression is still empty.
+    /// The message for the line below the expression. Returns nullopt if all is well or the expression is still empty.
     std::optional<message_box> check_while_typing() const;
     void show_check();
     void tint_check();

@@ -25,7 +25,7 @@ const QStyle& style_of(const QStyleOptionViewItem& item)
     return item.widget ? *item.widget->style() : *QApplication::style();
 }
 
-/// Where the style puts a cell's text.
+/// The rectangle in which the style draws a cell's text.
 QRect text_area(const QStyleOptionViewItem& item)
 {
     const int margin = style_of(item).pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
@@ -37,7 +37,7 @@ QString elided(const QStyleOptionViewItem& item)
     return item.fontMetrics.elidedText(item.text, Qt::ElideRight, text_area(item).width());
 }
 
-/// One line with its spans; those behind the end of an elided text are cut.
+/// Lays out one line with its spans; those beyond the end of an elided text are cut.
 void lay_out(QTextLayout& layout, const std::vector<text_span>& spans, const QPalette& palette)
 {
     const auto end = static_cast<int>(layout.text().size());
@@ -65,7 +65,7 @@ equation_delegate::equation_delegate(const equation_grid_model& model, QObject* 
 void equation_delegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    // A selection that leaves the tints readable: a wash of the accent below the text in its own colours.
+    // A selection colour that keeps the tints readable: a light accent, with the text in its own colours.
     QPalette& palette = option->palette;
     palette.setColor(QPalette::Highlight, mixed(palette.color(QPalette::Base), accent(palette), 0.25));
     palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));

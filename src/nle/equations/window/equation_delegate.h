@@ -8,7 +8,7 @@
 namespace kelvarin
 {
 
-/// Paints the cells of an equation grid, tinted and marked, and shows what its names are.
+/// Paints the cells of an equation grid with tints and marks, and shows tool tips for names.
 class equation_delegate : public QStyledItemDelegate
 {
     Q_OBJECT

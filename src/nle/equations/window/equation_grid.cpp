@@ -22,7 +22,7 @@ namespace
 
 using grid = equation_grid_model;
 
-/// The keys of the numeric pad mean the same as the others.
+/// Keys of the numeric pad act like the others.
 Qt::KeyboardModifiers modifiers_of(const QKeyEvent& event)
 {
     return event.modifiers() & ~Qt::KeypadModifier;
@@ -44,7 +44,7 @@ equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
     setWordWrap(false);
     setCornerButtonEnabled(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    // Set piece by piece: what a font does not set itself it takes from the grid.
+    // Set one by one: attributes that the font does not set itself come from the grid.
     head_font.setFamilies({head_font.family()});
     head_font.setPointSizeF(head_font.pointSizeF());
     horizontalHeader()->setFont(head_font);
@@ -70,7 +70,7 @@ void equation_grid::build_heads()
 
     verticalHeader()->setHighlightSections(false);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
-    // Rows of one height need no measuring, and room for three digits keeps the columns in place.
+    // A fixed row height needs no measuring, and space for three digits keeps the columns in place.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(unit);
     verticalHeader()->setDefaultSectionSize(unit + unit / 2);
@@ -85,7 +85,7 @@ void equation_grid::show_rows(std::span<const equation_row> rows, const equation
     if (model_->show_rows(rows, marks, empty_rows)) model_->set_mark(std::nullopt);
     set_current_row(std::clamp(row_before, std::min(1, model_->rowCount()), model_->rowCount()));
     showing_rows_ = false;
-    // Rows that go take their selection with them.
+    // Removed rows lose their selection.
     if (!selectionModel()->hasSelection() && currentIndex().isValid()) make_current(currentIndex());
     if (current_row() != row_before) emit current_row_changed();
     if ((model_->filled_rows() > 0) != had_rows) refresh_hint();
@@ -122,8 +122,8 @@ void equation_grid::set_current_row(int row)
 
 void equation_grid::make_current(const QModelIndex& index)
 {
-    // Not as the view does it by itself, which looks at the keys that are held down: Ctrl of a shortcut that
-    // changes the rows would keep the selection where it was.
+    // The view's own selection command depends on the modifier keys held down: Ctrl of a shortcut that changes rows
+    // would leave the selection where it was.
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
@@ -164,7 +164,7 @@ int equation_grid::row_defining(std::string_view name) const
 
 void equation_grid::set_editable(bool editable)
 {
-    // A comment that is being typed is kept, not locked in.
+    // Take over a comment that is being typed before the cell is locked.
     QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
     if (editor && !editable) {
         commitData(editor);
@@ -184,7 +184,7 @@ void equation_grid::currentChanged(const QModelIndex& current, const QModelIndex
 
 void equation_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    // Tab ends an edit as Enter does; it does not wander through the cells.
+    // Tab ends an edit as Enter does; it doesn't move to the next cell.
     const bool wanders = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTableView::closeEditor(editor, wanders ? QAbstractItemDelegate::NoHint : hint);
 }
@@ -237,7 +237,7 @@ void equation_grid::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
-    // Copying is the window's; the view by itself would put one cell on the clipboard.
+    // The window copies; the view itself would copy one cell only.
     if (event == QKeySequence::Copy)
         event->ignore();
     else
@@ -263,7 +263,7 @@ QMenu* equation_grid::build_context_menu()
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [this, menu](const QString& caption, const QKeySequence& key, bool enabled, auto gesture) {
         QAction* item = menu->addAction(caption, this, gesture);
-        // Shown beside the caption; the keys themselves are taken by the grid.
+        // Displayed beside the caption; the grid handles the keys themselves.
         item->setShortcut(key);
         item->setShortcutContext(Qt::WidgetShortcut);
         item->setShortcutVisibleInContextMenu(true);
@@ -318,7 +318,7 @@ void equation_grid::share_width()
     sharing_width_ = true;
     horizontalHeader()->resizeSection(grid::equation_column,
                                       comments ? static_cast<int>(room * equation_share_) : room);
-    // Without comments the values are the last column, which takes what is left.
+    // Without comments the column of values is the last and takes the remaining width.
     if (comments) horizontalHeader()->resizeSection(grid::value_column, value_width_);
     sharing_width_ = false;
 }

@@ -19,22 +19,22 @@ namespace kelvarin
 
 class equation_grid_model;
 
-/// The words in a grid of equations that depend on the kind of problem.
+/// The texts in a grid of equations that depend on the kind of problem.
 struct equation_grid_words
 {
-    /// Above the columns of equations, values and comments; a column of values without a head is not shown.
+    /// Heads of the columns of equations, values and comments; a column of values with an empty head is hidden.
     QStringList heads;
-    /// The captions that add a row: one of the problem's own kind, and an explicit one.
+    /// The captions of the menu items that add a row: an implicit one, and an explicit one.
     QString new_implicit;
     QString new_explicit;
 };
 
 /// The table of equations of a problem window: number, equation, value (an initial guess, for instance), comment. It
-/// shows rows and reports gestures; what they do is the window's matter. Rows count from 1.
+/// shows rows and reports gestures, which the window carries out. Rows count from 1.
 ///
-/// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context
-/// menu offers the same. Comments are edited in place: by a double click or Enter on them, or by F2. Empty
-/// rows may stand at the end; no gesture is about them.
+/// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context menu offers
+/// the same. Comments are edited in place: by a double click or Enter on them, or by F2. Empty rows may follow the
+/// equations; gestures ignore them.
 class equation_grid : public QTableView
 {
     Q_OBJECT
@@ -42,26 +42,26 @@ class equation_grid : public QTableView
 public:
     explicit equation_grid(const equation_grid_words& words, QWidget* parent = nullptr);
 
-    /// Shows the rows, then `empty_rows` empty ones; the current row stays where it is as far as there is one, and
-    /// is the first where there was none. Places of `marks` are underlined in waves.
+    /// Shows the rows, then `empty_rows` empty ones. The current row keeps its number if there is still such a row; the
+    /// first becomes current if there was none. Places of `marks` get wavy underlines.
     void show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows = 0);
-    /// The text stands in the middle while there is no equation.
+    /// Sets the text in the middle of the grid while there is no equation.
     void set_hint(const QString& hint);
     void show_comments(bool shown);
 
-    /// The current row, 0 where there is none; it may be an empty one.
+    /// The current row, which may be an empty one; 0 if there is none.
     int current_row() const;
     void set_current_row(int row);
-    /// The selected rows in their order, empty ones left out.
+    /// The selected rows in ascending order, without empty ones.
     std::vector<int> selected_rows() const;
     /// Selects these rows and makes the first of them current.
     void select_rows(const std::vector<int>& rows);
     /// Selects a row and marks a part of its text until the rows change or another row becomes current.
     void mark_place(const text_place& place);
-    /// The row that defines the name, for tool tips and links; 0 where none does.
+    /// The row that defines the name; 0 if there is none.
     int row_defining(std::string_view name) const;
 
-    /// With false nothing can be changed: for the time of a run.
+    /// False disables all changes, during a run.
     void set_editable(bool editable);
 
 signals:
@@ -85,7 +85,7 @@ protected:
 private:
     void build_heads();
     void refresh_hint();
-    /// The row that a gesture is about, 0 where nothing may be changed or the row is empty.
+    /// The row that a gesture applies to; 0 if nothing may be changed or the row is empty.
     int row_to_change() const;
     bool take_key(const QKeyEvent& event);
     void make_current(const QModelIndex& index);
@@ -100,9 +100,9 @@ private:
     bool editable_ = true;
     bool showing_rows_ = false;
     bool sharing_width_ = false;
-    /// 0 where there is no column of values.
+    /// 0 if there is no column of values.
     int value_width_ = 0;
-    /// The equations' part of the width that equations and comments have together.
+    /// Share of the equations in the common width of equations and comments.
     double equation_share_ = 0.64;
 };
 

@@ -125,7 +125,7 @@ std::string_view equation_grid_model::name_at(int row, int letter) const
 
 QString equation_grid_model::rows_defining(std::string_view name) const
 {
-    // More lines than these would cover what they are about.
+    // A longer tool tip would cover the rows it is about.
     constexpr int lines_at_most = 5;
     QStringList lines;
     for (std::size_t row = 0; row < rows_.size() && lines.size() < lines_at_most; ++row) {

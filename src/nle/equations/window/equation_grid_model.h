@@ -16,8 +16,8 @@
 namespace kelvarin
 {
 
-/// The rows of an equation grid as they are shown, with the parts of their texts that are tinted or marked.
-/// Rows count from 0 here. An edited comment is reported and not kept: the rows change by show_rows alone.
+/// The rows of an equation grid, with the parts of their texts that are tinted or marked. Rows count from 0 here. An
+/// edited comment is reported but not stored: only show_rows changes the rows.
 class equation_grid_model : public QAbstractTableModel
 {
     Q_OBJECT
@@ -33,20 +33,20 @@ public:
 
     explicit equation_grid_model(const QStringList& heads, QObject* parent);
 
-    /// Takes the rows over and reports what changed, and no more; false where nothing did.
+    /// Replaces the rows and signals only what differs. Returns false if nothing did.
     bool show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows);
     int filled_rows() const { return static_cast<int>(rows_.size()); }
     bool is_filled(int row) const { return row >= 0 && row < filled_rows(); }
 
-    /// Everything to be tinted or marked in a row's equation; later spans go over earlier ones.
+    /// All tinted or marked spans of a row's equation; later spans override earlier ones.
     std::vector<text_span> spans(int row) const;
     void set_mark(const std::optional<text_place>& place);
     void set_editable(bool editable) { editable_ = editable; }
 
-    /// The row, from 1, that defines a name; 0 where none does.
+    /// The row (from 1) that defines a name; 0 if there is none.
     int row_defining(std::string_view name) const;
-    /// What can be said of the name at a letter of a row's equation: the rows that define it, that none does, or
-    /// what the function computes.
+    /// An explanation of the name at a character of a row's equation: the rows that define it, that it is undefined, or
+    /// what the function computes. Empty if there is no name.
     QString explanation(int row, int letter) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -20,7 +20,7 @@ equation_window::equation_window(desktop_context& context, const problem_kind& k
 
 equation_window::~equation_window()
 {
-    // A field in which one is typing reports the end of it when it goes, and then there is no window any more.
+    // A field with the focus emits the end of editing when it is destroyed, after this window's part is gone.
     const auto children = findChildren<QObject*>();
     for (QObject* child : children)
         child->disconnect(this);
@@ -36,7 +36,7 @@ void equation_window::connect_controls()
     connect(cmdUpDwn_[1], &QToolButton::clicked, this, [this] { cmdUpDwn_Click(false); });
     connect(cmdRun_, &QPushButton::clicked, this, [this] { solve(); });
     connect(cmdShowallvars_, &QPushButton::clicked, this, &equation_window::cmdShowallvars_Click);
-    // What a person chooses may change rows, what a file brings does not.
+    // `activated` comes only from the user; a file's method must not change rows.
     connect(cmbMethod_, &QComboBox::activated, this, &equation_window::cmbMethod_Click);
     connect(chkComments_, &QCheckBox::toggled, this, [this](bool shown) { grid_->show_comments(shown); });
 
@@ -163,7 +163,7 @@ bool equation_window::show_end_of_run(bool stopped, const std::vector<message_bo
 
 void equation_window::take_over_typing()
 {
-    // The grid takes the comment that is being typed over when it is locked.
+    // Locking the grid takes over a comment that is being typed.
     grid_->set_editable(false);
     grid_->set_editable(!is_running());
 }

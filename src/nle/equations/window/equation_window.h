@@ -26,7 +26,7 @@ class link_label;
 class problem_status;
 class traffic_light;
 
-/// What the windows of equation problems differ in: names of controls, captions, heads, methods and examples.
+/// What differs between the windows of equation problems: names of controls, captions, heads, methods and examples.
 struct equation_window_parts
 {
     struct method_item
@@ -38,40 +38,40 @@ struct equation_window_parts
     const char* icon_name = "";
     const char* grid_name = "";
     const char* status_name = "";
-    /// The button, and the item of the Edit menu, that add a row which is not explicit.
+    /// Object name of the button, and of the item of the Edit menu, that add an implicit row.
     const char* new_implicit_name = "";
     QString new_implicit_caption;
     QString new_implicit_tip;
     const char* new_implicit_item_name = "";
     QString new_implicit_item;
-    /// Of the columns, as equation_grid_words has them.
+    /// Heads of the columns, as in equation_grid_words.
     QStringList heads;
-    /// Stands in the grid while there is no equation.
+    /// Shown in the grid while there is no equation.
     QString hint;
     /// The title of the listing of variables.
     QString listing_caption;
     QList<method_item> methods;
     /// The captions of the examples.
     QStringList examples;
-    /// What the kind shows between the buttons and the grid, and below the grid; null for nothing.
+    /// Widgets of the kind between the buttons and the grid, and below the grid; may be null.
     QWidget* above_grid = nullptr;
     QWidget* below_grid = nullptr;
 };
 
-/// What the analysis of a problem says to its window.
+/// The results of a problem's analysis that its window shows.
 struct equation_status
 {
     equation_set set;
-    /// The light: the problem may run.
+    /// The traffic light is green: the problem may run.
     bool green = false;
     std::array<std::string, 3> panels;
-    /// Why the light of a problem with equations is red, in one line.
+    /// Why the traffic light of a problem with equations is red, in one line.
     std::string missing;
 };
 
-/// The base of the windows of equation problems: title, method, light, grid with its gestures, entry dialogs, listing,
-/// panels and menus. What may be done with equations is the matter of equation_table; the derived window says what
-/// its analysis finds, shows the fields of its kind, and runs the problem.
+/// The base of the windows of equation problems: title, method, traffic light, grid with its gestures, entry dialogs,
+/// listing, panels and menus. The operations on equations are those of equation_table; the derived window supplies the
+/// analysis, shows the fields of its kind, and runs the problem.
 class equation_window : public problem_window
 {
     Q_OBJECT
@@ -84,13 +84,13 @@ public:
     bool can(window_command which) const override;
     void perform(window_command which) override;
 
-    /// Puts an example, from 1, in place of the problem, asking first where one would be lost.
+    /// Replaces the problem by an example (from 1), asking first if unsaved work would be lost.
     void load_sample(int number);
 
     QSize sizeHint() const override;
 
 protected:
-    /// To be called once by the derived window's constructor, with its own controls made.
+    /// To be called once by the derived window's constructor, after it has made its own controls.
     void build_ui(const equation_window_parts& parts);
 
     virtual equation_table& equations() = 0;
@@ -102,21 +102,20 @@ protected:
     virtual void put_example(int number) = 0;
     /// The dialog for a new row (row 0) or for the change of a row.
     virtual entry_dialog* make_entry_dialog(bool implicit, int row) = 0;
-    /// Shows the fields of the kind, after each analysis.
+    /// Updates the fields of the kind, after each analysis.
     virtual void show_fields() {}
 
     /// Analyses the problem and shows what was found.
     void update_num_vars();
-    /// A control of the kind that is switched off while the problem runs.
+    /// Registers a control of the kind to be disabled while the problem runs.
     void switch_off_in_run(QWidget* control) { run_controls_.append(control); }
     const equation_status& status() const { return status_; }
     const equation_table& equations() const { return const_cast<equation_window*>(this)->equations(); }
     int equation_count() const { return static_cast<int>(equations().rows().size()); }
 
-    /// Takes over what is being typed; false where a run is under way.
+    /// Takes over what is being typed. Returns false if a run is under way.
     bool ready_to_run();
-    /// Shows that a run was stopped, or what it has to say; true where the window still stands behind a run that was
-    /// not stopped.
+    /// Shows that a run was stopped, or its boxes. Returns true if the run was not stopped and the window still exists.
     bool show_end_of_run(bool stopped, const std::vector<message_box>& boxes);
 
     void show_document() override;
@@ -139,7 +138,7 @@ private:
     void apply_colours();
 
     void enable_controls();
-    /// Why the light is red, in one line; empty where it is green.
+    /// Why the traffic light is red, in one line; empty if it is green.
     QString what_is_missing() const;
 
     void cmdNewImplicit_Click();
@@ -155,7 +154,7 @@ private:
     void name_clicked(const QString& name);
     void copy_rows();
 
-    /// Refuses where no equation may be added; else readies the first empty row for one.
+    /// Returns false after a refusal if no equation may be added; else selects the first empty row.
     bool ready_for_new_row();
     void new_explicit(const QString& name);
     void edit_row(int row);
@@ -165,7 +164,7 @@ private:
 
     equation_status status_;
     QString listing_caption_;
-    /// Empty rows at the end of the grid.
+    /// Number of empty rows at the end of the grid.
     int empty_rows_ = 0;
     std::filesystem::path shown_path_;
 
@@ -187,7 +186,7 @@ private:
     QMenu* solution_menu_ = nullptr;
     QMenu* examples_menu_ = nullptr;
     QWidgetList run_controls_;
-    /// Items that change the document, by what they need.
+    /// Menu items that change the document: all, and those that need a current row.
     QList<QAction*> changing_items_;
     QList<QAction*> row_items_;
     QAction* item_up_ = nullptr;

@@ -15,7 +15,7 @@ namespace kelvarin
 
 class link_label;
 
-/// The three panels of a problem's status; the names in the third are links.
+/// The three panels of a problem's status bar; the names in the third are links.
 class problem_status : public QStatusBar
 {
     Q_OBJECT
@@ -23,9 +23,9 @@ class problem_status : public QStatusBar
 public:
     explicit problem_status(QWidget* parent = nullptr);
 
-    /// `names` are those that stand in panel 3 and become links.
+    /// `names` are the names in panel 3 that become links.
     void show_panels(const std::array<std::string, 3>& texts, const std::vector<std::string>& names);
-    /// The whole text of a panel (from 1), without what is made of it for the screen.
+    /// The full text of a panel (from 1), before it is elided or turned into links.
     QString panel_text(int panel) const;
 
 signals:
