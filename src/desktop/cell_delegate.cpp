@@ -22,7 +22,7 @@ const QStyle& style_of(const QStyleOptionViewItem& item)
     return item.widget ? *item.widget->style() : *QApplication::style();
 }
 
-/// Where a key that ends the typing leads to: up or down; nothing for every other key.
+/// The direction in which a key that ends typing moves: true for up, false for down, nullopt for any other key.
 std::optional<bool> goes_upwards(const QKeyEvent& key)
 {
     switch (key.key()) {

@@ -8,7 +8,7 @@
 namespace kelvarin
 {
 
-/// Paints the cells of a grid, with a wave below what is at fault, and makes the field in which one types.
+/// Paints the cells of a grid, with a wavy line below faulty ones, and makes their editors.
 class cell_delegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     bool eventFilter(QObject* editor, QEvent* event) override;
 
 signals:
-    /// A key took over what was typed and goes to a cell of another row.
+    /// A key ended typing and moves to a cell of another row.
     void row_left(bool upwards);
 
 protected:

@@ -50,7 +50,7 @@ void cell_grid::watch_resets()
 void cell_grid::build_heads()
 {
     const int unit = line_unit(*this);
-    // Rows of one height need no measuring, and room for two digits keeps the columns in place.
+    // A fixed row height needs no measuring, and space for two digits keeps the columns in place.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(unit);
     verticalHeader()->setDefaultSectionSize(unit + unit / 2);
@@ -70,7 +70,7 @@ void cell_grid::fit_columns(bool anew)
             letters = std::max(letters, model_.index(row, column).data().toString().size());
         const int width =
             static_cast<int>(std::clamp(letters, least_letters, most_letters)) * letter + line_unit(*this);
-        // Never narrower by itself: nothing moves under the pointer, and what was dragged wider stays so.
+        // Columns never shrink automatically: nothing moves under the pointer, and columns dragged wider stay so.
         if (anew || columnWidth(column) < width) setColumnWidth(column, width);
     }
 }
@@ -84,7 +84,7 @@ cell_range cell_grid::selected_block() const
 {
     const QItemSelection selected = selectionModel()->selection();
     if (selected.isEmpty()) return {currentIndex().row(), currentIndex().column()};
-    // One block, though it may be held in parts.
+    // The selection is one block but may consist of several ranges.
     QRect block;
     for (const QItemSelectionRange& part : selected)
         block |= QRect(QPoint(part.left(), part.top()), QPoint(part.right(), part.bottom()));
@@ -144,7 +144,7 @@ void cell_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
 {
     const bool forward = hint == QAbstractItemDelegate::EditNextItem;
     const bool along = forward || hint == QAbstractItemDelegate::EditPreviousItem;
-    // The next cell is gone to, not opened: what stands there is replaced by typing and cleared by Delete.
+    // The next cell becomes current without an editor: typing replaces its text and Delete clears it.
     QTableView::closeEditor(editor, along ? QAbstractItemDelegate::NoHint : hint);
     if (along && !go_along(forward)) focusNextPrevChild(forward);
 }
@@ -176,8 +176,8 @@ void cell_grid::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
-    // Tab behind the last cell goes to what follows the table. Copying is the window's; the view by itself would
-    // put one cell on the clipboard.
+    // Tab in the last cell goes to the widget after the table. The window copies; the view itself would copy one cell
+    // only.
     if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab || event == QKeySequence::Copy)
         event->ignore();
     else

@@ -13,30 +13,30 @@ namespace kelvarin
 
 class cell_grid_model;
 
-/// A table of cells with one field to type in. It shows the cells of its model and reports gestures; what they do is
-/// the window's matter.
+/// A table of cells with one editor. It shows the cells of its model and reports gestures, which the window carries
+/// out.
 ///
-/// The keys are those of spreadsheets: typing and F2 edit, Tab goes to the next cell and at the end of a row to
-/// the next row, Enter goes down to where the row was begun, Delete clears. Tab behind the last cell leaves the
-/// table. Selected is always one block.
+/// The keys are those of spreadsheets: typing and F2 edit, Tab goes to the next cell and at the end of a row to the
+/// next row, Enter goes down to the column where Tab was first pressed, Delete clears. Tab in the last cell leaves the
+/// table. The selection is always one block.
 class cell_grid : public QTableView
 {
     Q_OBJECT
 
 public:
-    /// Takes the model over.
+    /// Takes ownership of the model.
     explicit cell_grid(cell_grid_model* model, QWidget* parent = nullptr);
 
     void set_current_cell(int row, int column);
     cell_range selected_block() const;
     void select_block(const cell_range& block);
-    /// Columns are as wide as their heads and cells need, within bounds; what was dragged wider stays so, unless
+    /// Makes columns as wide as their heads and cells need, within bounds. Wider columns keep their width unless
     /// `anew`.
     void fit_columns(bool anew = false);
-    /// What is wrong with the current cell; empty where nothing is.
+    /// What is wrong with the current cell; empty if nothing is.
     QString fault_of_current_cell() const;
 
-    /// Ends the editing of a cell by keeping what was typed.
+    /// Ends the editing of a cell and keeps the text typed so far.
     void take_over_typing();
 
 signals:
@@ -56,10 +56,10 @@ protected:
 private:
     void build_heads();
     bool take_key(const QKeyEvent& event);
-    /// False where there is no cell any more.
+    /// Goes to the next or previous cell. Returns false if there is none.
     bool go_along(bool forward);
     void go_to_next_row(bool upwards);
-    /// The current cell stays where it is as far as there is one when all cells are replaced.
+    /// Keeps the current cell at its position when all cells are replaced, if there is still such a cell.
     void watch_resets();
 
     cell_grid_model& model_;

@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// The cells of a grid as they are shown: numbers below heads. A cell that was typed in is reported and not changed;
-/// cells change by show_cells alone. Rows and columns count from 0.
+/// The cells of a grid: numbers below heads. Text typed into a cell is reported but not stored: only show_cells changes
+/// cells. Rows and columns count from 0.
 class cell_grid_model : public QAbstractTableModel
 {
     Q_OBJECT
@@ -19,12 +19,12 @@ class cell_grid_model : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Takes cells and heads over and reports what changed; columns that both share are not looked at.
+    /// Replaces cells and heads and signals what differs; columns that both contents share are not compared.
     void show_cells(const cell_columns& cells, const QStringList& heads);
 
-    /// Neither empty nor a number.
+    /// Whether the cell is neither empty nor a number.
     bool is_faulty(int row, int column) const;
-    /// What is wrong with a faulty cell, in a sentence; empty for every other.
+    /// What is wrong with a faulty cell, in a sentence; empty for any other cell.
     QString fault_of(int row, int column) const;
     /// "row 2, column x3".
     QString position_name(int row, int column) const;
@@ -32,7 +32,7 @@ public:
     virtual QString row_head(int row) const { return QString::number(row + 1); }
     virtual QString column_tip(int) const { return {}; }
     virtual bool is_editable(int, int) const { return true; }
-    /// Whether the column is set off from the others by a tint.
+    /// Whether the column is set apart from the others by a tint.
     virtual bool is_set_off(int) const { return false; }
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : cells_.rows(); }

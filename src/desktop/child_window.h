@@ -13,8 +13,8 @@ class QMenu;
 namespace kelvarin
 {
 
-/// A window inside the main window: a problem, a report, a graph. The main window shows its menus and panels
-/// while it is in front, and routes commands to it. Its object name is the name of its kind, "frmNLE".
+/// A window inside the main window: a problem, a report, a graph. The main window shows its menus and panels while it
+/// is active, and routes commands to it. Its object name is the name of its class, such as "frmNLE".
 class child_window : public QWidget
 {
     Q_OBJECT
@@ -22,29 +22,28 @@ class child_window : public QWidget
 public:
     explicit child_window(desktop_context& context, const char* kind);
 
-    /// The menus that take the main window's bar while this window is in front; they stay owned by this
-    /// window or by the frame.
+    /// The menus shown in the main window's menu bar while this window is active; they are owned by this window or by
+    /// the frame.
     virtual QList<QMenu*> menus() = 0;
-    /// Whether a command makes sense now; those of the main window itself are never asked for.
+    /// Whether a command is available now; never called for the commands of the main window itself.
     virtual bool can(window_command) const { return false; }
     virtual void perform(window_command) {}
-    /// What a command is called while this window is in front ("&Undo Remove equation"); empty for its usual
-    /// caption.
+    /// The caption of a command while this window is active ("&Undo Remove equation"); empty for the default caption.
     virtual QString caption_of(window_command) const { return {}; }
 
     /// Panels 1 and 2 of the main window's status bar.
     virtual QString file_panel() const;
     virtual QString title_panel() const;
 
-    /// A run is under way, and how far it is.
+    /// Whether a run is under way, and which fraction (0 to 1) of it is done.
     virtual bool is_running() const { return false; }
     virtual double fraction_done() const { return 0.0; }
 
-    /// Closes this window with the frame around it, if it agrees; true where it did.
+    /// Closes this window with the frame around it, unless it refuses. Returns true if it was closed.
     bool close_with_frame();
 
 signals:
-    /// What the functions above would answer has changed.
+    /// A result of the functions above has changed.
     void state_changed();
 
 protected:

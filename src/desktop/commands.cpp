@@ -22,13 +22,13 @@ struct command_row
     const char* tool_tip;
     const char* icon_name;
     QKeySequence::StandardKey key;
-    /// Where the platform has no key of its own, or beside it.
+    /// A key for platforms without a standard one, or an additional key.
     const char* fallback;
 };
 
 constexpr auto no_key = QKeySequence::UnknownKey;
 
-// Mnemonics are those of menus in which the commands stand together.
+// Mnemonics are distinct within each menu.
 constexpr std::array<command_row, 32> rows{{
     {window_command::new_leq, "new_leq", "&LEQ Linear Equations", "New problem of linear equations", "leq", no_key, ""},
     {window_command::new_nle, "new_nle", "&NLE Nonlinear Equations", "New problem of nonlinear equations", "nle",

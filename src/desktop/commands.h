@@ -11,8 +11,8 @@
 namespace kelvarin
 {
 
-/// What the main window and the windows in it do on demand of a menu, button or key. Each command is one
-/// action, owned by the main window: two actions with one shortcut would both stay silent.
+/// The commands of the main window and the windows in it, triggered by menu, button or key. Each command is one action,
+/// owned by the main window: two actions with the same shortcut would both be ambiguous and do nothing.
 enum class window_command
 {
     new_leq,
@@ -52,8 +52,8 @@ enum class window_command
 /// All commands, in the order of the enumeration.
 const std::vector<window_command>& all_commands();
 
-/// The actions of all commands with their captions, tool tips, icons and shortcuts (the platform's, and a
-/// fallback of our own where it has none). Object names are the commands' names: "save_as".
+/// The actions of all commands with their captions, tool tips, icons and shortcuts (the platform's standard keys, else
+/// the program's own). Object names are the commands' names, such as "save_as".
 class command_actions : public QObject
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ public:
     explicit command_actions(QObject* parent);
 
     QAction* action(window_command which) const { return actions_.at(which); }
-    /// The caption without what a window put in its place.
+    /// Restores the default caption.
     void restore_caption(window_command which);
 
 signals:

@@ -83,7 +83,7 @@ bool document_window::may_replace(const std::string& text)
 
 void document_window::show_caption(QString caption)
 {
-    // What a person wrote is no place for the mark of unsaved work.
+    // The user's text must not be read as the placeholder of the modified mark.
     caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     setWindowTitle(caption + QStringLiteral("[*]"));
     setWindowModified(!is_saved());

@@ -13,7 +13,7 @@ namespace kelvarin
 {
 
 /// A window whose content is saved and printed: a problem, a report, a graph. It carries out Save, Save As, Print,
-/// Print Preview and Close, with their questions; the derived window says what is written and printed.
+/// Print Preview and Close with their questions; the derived window supplies the content.
 class document_window : public child_window
 {
     Q_OBJECT
@@ -25,32 +25,32 @@ public:
     void perform(window_command which) override;
     QString file_panel() const override;
 
-    /// Each is true when the content is saved afterwards. `save` asks for a file only where there is none.
+    /// Each returns true if the content is saved afterwards. `save` asks for a file only if there is none.
     bool save();
     bool save_as();
-    /// Asks what is to become of unsaved work (`text` as the question): true where one may go on.
+    /// Asks with `text` whether to save unsaved work. Returns true if the content may be replaced.
     bool may_replace(const std::string& text);
 
 protected:
-    /// The file that Save writes; empty where there is none yet.
+    /// The file that Save writes; empty if there is none yet.
     virtual const std::filesystem::path& file_path() const = 0;
     virtual bool is_saved() const = 0;
     /// The dialog of Save As.
     virtual file_question save_question() const = 0;
-    /// Writes the content in the form of the filter's pair `filter_index` (0: in the form that the file has), after
-    /// what has to be asked. A failure is shown; true where the content is saved.
+    /// Writes the content in the form of the filter's pair `filter_index` (0: the form that the file has), asking what
+    /// has to be confirmed. Shows a failure. Returns true if the content is saved.
     virtual bool write_file(const std::filesystem::path& path, int filter_index) = 0;
 
-    /// The name of the printed document, and its pages.
+    /// The title of the printed document, and its pages.
     virtual QString printed_name() const = 0;
     virtual void print_pages(QPrinter& printer) const = 0;
 
-    /// The question before the window closes over unsaved work; empty where none is asked.
+    /// The question before the window closes with unsaved work; empty if there is nothing to ask.
     virtual std::string question_on_close() const { return {}; }
-    /// Takes over what is being typed into a field or cell: called before the content is saved, replaced or closed.
+    /// Ends editing in a field or cell: called before the content is saved, replaced or closed.
     virtual void take_over_typing() {}
 
-    /// Shows the window's caption with the mark of unsaved work.
+    /// Sets the window's caption with the mark of unsaved work.
     void show_caption(QString caption);
 
     void closeEvent(QCloseEvent* event) override;

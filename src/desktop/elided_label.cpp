@@ -11,7 +11,7 @@ namespace kelvarin
 elided_label::elided_label(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
-    // Any width is enough: the window is never made wider for a long text.
+    // A long text must not widen the window.
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     setProperty("elides", true);
 }

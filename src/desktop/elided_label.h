@@ -6,8 +6,7 @@
 namespace kelvarin
 {
 
-/// A line of text in whatever room there is: what does not fit is left out at the end, and the tool tip then has
-/// it whole.
+/// A line of text that is elided at its end if it doesn't fit; the tool tip then has the whole text.
 class elided_label : public QLabel
 {
     Q_OBJECT
@@ -15,7 +14,7 @@ class elided_label : public QLabel
 public:
     explicit elided_label(QWidget* parent = nullptr);
 
-    /// The text is never read as markup.
+    /// Sets a plain text, never interpreted as markup.
     void show_text(const QString& text);
     const QString& whole_text() const { return whole_text_; }
 

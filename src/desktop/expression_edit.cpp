@@ -25,7 +25,7 @@ namespace
 
 constexpr int lines_shown = 3;
 
-/// The functions of equations; others are variables there, and offering them would lead astray.
+/// The functions that equations may use. Others would be variables there, so they are not offered.
 QStringList function_names()
 {
     QStringList names;
@@ -79,11 +79,11 @@ void expression_edit::build_completer()
     list_->setObjectName(QStringLiteral("lstCompletions"));
     list_->setAccessibleName(tr("Functions and variables"));
     list_->setFont(font());
-    // Installed behind the completer's own filter, and so asked before it.
+    // Installed after the completer's own filter, and so called before it.
     list_->installEventFilter(this);
     set_names({});
     connect(completer_, qOverload<const QString&>(&QCompleter::activated), this, &expression_edit::complete);
-    // The completer hides from this field that it lost the focus while the list is open.
+    // The completer hides the loss of focus from this field while the list is open.
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
         if (now && now != this) stop_completing();
     });
@@ -123,7 +123,7 @@ void expression_edit::mark_place(const std::optional<text_place>& place)
     caret.setPosition(span.start);
     setTextCursor(caret);
     caret.setPosition(span.start + span.length, QTextCursor::KeepAnchor);
-    // A place without letters is shown at the letter before it.
+    // An empty place is shown at the character before it.
     if (span.length == 0) caret.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
     QTextEdit::ExtraSelection mark;
     mark.cursor = caret;
@@ -146,7 +146,7 @@ QSize expression_edit::sizeHint() const
 
 void expression_edit::text_changed()
 {
-    // New tints are reported as changes too.
+    // Changes of tints are signalled as changes of text too.
     const QString text = toPlainText();
     if (text == text_before_) return;
     text_before_ = text;
@@ -188,7 +188,7 @@ void expression_edit::offer_completions(int letters_at_least)
     QRect place = cursorRect();
     place.setWidth(list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width() + line_unit(*this));
     completer_->complete(place);
-    // Nothing is chosen before a person does: a finished name is never replaced by a longer one.
+    // No row is preselected: Enter must not replace a finished name by a longer one.
     list_->setCurrentIndex({});
 }
 
@@ -206,12 +206,12 @@ void expression_edit::complete(const QString& name)
 
 bool expression_edit::eventFilter(QObject* watched, QEvent* event)
 {
-    // The base asks too, from its constructor on: then there is no list yet.
+    // The base class calls this from its constructor, before the list exists.
     const bool key = list_ && watched == list_ && event->type() == QEvent::KeyPress;
     if (!key || !leaves_the_list(*static_cast<QKeyEvent*>(event))) return QPlainTextEdit::eventFilter(watched, event);
     const QString chosen = list_->currentIndex().data(completer_->completionRole()).toString();
     stop_completing();
-    // With nothing chosen in the list the key means what it means without it.
+    // If no row is selected, the key has its usual meaning.
     if (!chosen.isEmpty() && static_cast<QKeyEvent*>(event)->modifiers() == Qt::NoModifier)
         complete(chosen);
     else

@@ -20,9 +20,9 @@ namespace kelvarin
 
 class expression_highlighter;
 
-/// A field for an expression: three lines tall at least, fixed-width, functions and keywords tinted, names
-/// completed (functions, and the names of set_names): by itself from the second letter on, with Ctrl+Space from the
-/// first. Tab leaves it; Ctrl+Enter reports done_asked.
+/// A field for an expression: at least three lines tall, in a fixed-width font, functions and keywords tinted, with
+/// completion of names (functions, and the names of set_names): automatic from the second character on, with Ctrl+Space
+/// from the first. Tab leaves the field; Ctrl+Enter emits done_asked.
 class expression_edit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -30,13 +30,13 @@ class expression_edit : public QPlainTextEdit
 public:
     explicit expression_edit(QWidget* parent = nullptr);
 
-    /// The text with line ends and tabs as blanks.
+    /// The text with blanks for line ends and tabs.
     std::string expression() const;
     void set_expression(std::string_view text);
-    /// The variables that completion offers, beside the functions.
+    /// Sets the variables that completion offers in addition to the functions.
     void set_names(const QStringList& names);
-    /// Underlines a range of bytes of expression() and puts the caret there; nothing removes the mark, and so does
-    /// the next change of the text.
+    /// Underlines a range of bytes of expression() and puts the caret there. The mark is removed by nullopt and by the
+    /// next change of the text.
     void mark_place(const std::optional<text_place>& place);
 
     QSize sizeHint() const override;
@@ -44,7 +44,7 @@ public:
 
 signals:
     void done_asked();
-    /// A third of a second after the last change of the text.
+    /// Emitted a third of a second after the last change of the text.
     void paused();
 
 protected:

@@ -16,7 +16,7 @@ QStringList dialog_filters(const std::string& filter)
     const QStringList parts = to_qstring(filter).split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        // The description repeats the pattern in parentheses, and there the toolkit reads it.
+        // The toolkit takes the pattern from the first parentheses, so those in the description are removed.
         const QString description = parts[i].section(QLatin1String(" ("), 0, 0);
         QString pattern = parts[i + 1];
         pattern.replace(QLatin1Char(';'), QLatin1Char(' '));
@@ -29,7 +29,7 @@ QStringList dialog_filters(const std::string& filter)
 namespace
 {
 
-/// The extension that a filter stands for: "txt" of "Text (*.txt)"; nothing of "All file (*)".
+/// The extension of a filter: "txt" of "Text (*.txt)"; empty for "All file (*)".
 QString extension_of(const QString& dialog_filter)
 {
     static const QRegularExpression pattern(QStringLiteral("\\(\\*\\.(\\w+)"));

@@ -12,7 +12,7 @@
 
 #include <cassert>
 
-// The macro needs a function outside any namespace.
+// Q_INIT_RESOURCE must be used outside any namespace.
 static void load_icon_files()
 {
     Q_INIT_RESOURCE(icons);
@@ -24,7 +24,7 @@ namespace kelvarin
 namespace
 {
 
-// The two tones as the files write them.
+// The two colours in the icon files that the palette replaces.
 constexpr const char* ink_tone = "currentColor";
 constexpr const char* accent_tone = "#0f7c80";
 
@@ -45,7 +45,7 @@ QColor accent_of(const QPalette& palette, QIcon::Mode mode)
     return mode == QIcon::Selected ? palette.color(QPalette::HighlightedText) : accent(palette);
 }
 
-/// Draws one file in the colours that the palette has at that moment.
+/// Draws one icon file in the current colours of the palette.
 class palette_icon final : public QIconEngine
 {
 public:

@@ -13,7 +13,7 @@ namespace kelvarin
 link_label::link_label(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::RichText);
-    // Any width is enough: the window is never made wider for a long text.
+    // A long text must not widen the window.
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     connect(this, &QLabel::linkActivated, this,
             [this](const QString& link) { emit name_clicked(names_.value(link.toInt())); });
@@ -42,7 +42,7 @@ void link_label::show_text(const QString& text, const QStringList& names)
     names_ = names;
     pieces_ = pieces_of(text, names);
     setAccessibleName(text.trimmed());
-    // Only a label with links is a stop of the Tab key.
+    // A label without links takes no keyboard focus.
     setTextInteractionFlags(pieces_.size() > 1 ? Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard
                                                : Qt::NoTextInteraction);
     setFocusPolicy(pieces_.size() > 1 ? Qt::StrongFocus : Qt::NoFocus);
@@ -76,7 +76,7 @@ void link_label::show_what_fits()
 void link_label::focusInEvent(QFocusEvent* event)
 {
     QLabel::focusInEvent(event);
-    // Tab goes to a link at once, not to the label first.
+    // Tab goes directly to the first link.
     if (event->reason() == Qt::TabFocusReason) focusNextPrevChild(true);
     if (event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(false);
 }

@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// A line of text in which names are links, by mouse and by keyboard. What does not fit is left out, and the tool
-/// tip then holds the whole.
+/// A line of text in which names are links, reachable by mouse and keyboard. A text that doesn't fit is elided, and the
+/// tool tip then has the whole text.
 class link_label : public QLabel
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class link_label : public QLabel
 public:
     explicit link_label(QWidget* parent = nullptr);
 
-    /// The names become links where they stand, in their order, behind the first ": " of the text.
+    /// Turns the names, in their order, into links where they occur after the first ": " of the text.
     void show_text(const QString& text, const QStringList& names);
     const QString& whole_text() const { return text_; }
 
@@ -35,7 +35,7 @@ private:
     struct piece
     {
         QString text;
-        /// The name's place in the list, -1 of a text that is no link.
+        /// Index of the name in the list; -1 for text that is not a link.
         qsizetype link = -1;
     };
 

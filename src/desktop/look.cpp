@@ -13,7 +13,7 @@ namespace kelvarin
 namespace
 {
 
-/// A hue with the lightness that reads on the palette's base.
+/// A hue with a lightness that is readable on the palette's base.
 QColor on_base(const QPalette& palette, int hue, int saturation, int on_light, int on_dark)
 {
     return QColor::fromHsl(hue, saturation, is_dark(palette) ? on_dark : on_light);
@@ -54,7 +54,7 @@ QPalette solving_palette(const QPalette& palette)
 {
     QPalette solving = palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        // On dark ground the accent is a bright colour: as a whole button it would shout.
+        // In a dark palette the accent is a bright colour, too strong for a whole button.
         const double muted = is_dark(palette) ? 0.5 : 0.0;
         solving.setColor(group, QPalette::Button, mixed(accent(palette), palette.color(QPalette::Window), muted));
         solving.setColor(group, QPalette::ButtonText, QColor(Qt::white));

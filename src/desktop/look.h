@@ -7,27 +7,27 @@
 
 class QWidget;
 
-/// What the windows have in common in looks. Every colour comes from the palette or is mixed from it.
+/// The common appearance of all windows. Every colour comes from the palette or is mixed from it.
 namespace kelvarin
 {
 
-/// The height of a line of text: the unit of all distances.
+/// The height of a line of text in pixels, the unit of all distances.
 int line_unit(const QWidget& widget);
 
 /// The fixed-width font of equations, numbers and cells, in the size of `widget`'s font.
 QFont fixed_font(const QWidget& widget);
 
 bool is_dark(const QPalette& palette);
-/// The one accent: the solving button, selections, links. Readable on the palette's base.
+/// The accent colour of the solving button, selections and links. Readable on the palette's base.
 QColor accent(const QPalette& palette);
-/// `from` with a part (0 to 1) of `to` mixed in.
+/// `from` mixed with the fraction `part` (0 to 1) of `to`.
 QColor mixed(const QColor& from, const QColor& to, double part);
 
-/// `palette` for the button that solves, and for text that stands back.
+/// Palettes for the button that solves, and for secondary text.
 QPalette solving_palette(const QPalette& palette);
 QPalette quiet_palette(const QPalette& palette);
 
-/// Colours with a meaning, readable on the palette's base: an unknown name, one defined twice, and the tints of
+/// Colours with a meaning, readable on the palette's base: an undefined name, a name defined twice, and the tints of
 /// words in an expression.
 QColor fault_colour(const QPalette& palette);
 QColor warning_colour(const QPalette& palette);

@@ -8,17 +8,17 @@
 namespace kelvarin
 {
 
-/// A field of a problem window whose every change is a step of the problem. It has no undo of its own: the keys for
-/// undo and redo mean the problem in it too.
+/// A field of a problem window; each of its changes is a step of the problem. It has no undo of its own: the keys for
+/// undo and redo apply to the problem.
 class problem_field : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// As wide as so many digits in the fixed-width font.
+    /// `digits`: the width, in digits of the fixed-width font.
     problem_field(int digits, const char* name, const QString& tip);
 
-    /// Shows a text without moving the caret of somebody who types it.
+    /// Sets the text without moving the caret.
     void show_text(const std::string& text);
 
 protected:

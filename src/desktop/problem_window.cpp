@@ -20,7 +20,7 @@ namespace kelvarin
 namespace
 {
 
-/// Long enough not to write at every key, short enough to lose nothing that a person would miss.
+/// Long enough not to write at every key, short enough to lose little typing.
 constexpr int recovery_delay_ms = 500;
 
 } // namespace
@@ -45,7 +45,7 @@ void problem_window::build_menus()
     main_frame& frame = context().frame;
     file_menu_ = new QMenu(tr("&File"), this);
     file_menu_->addMenu(frame.new_menu());
-    // Opens into this window, whatever the file's extension; the main window's command looks for the right one.
+    // Opens into this window, whatever the file's extension; the main window's command opens the right kind of window.
     open_here_ = file_menu_->addAction(tr("&Open..."), this, &problem_window::open_by_dialog);
     open_here_->setObjectName(QStringLiteral("mnuOpen"));
     for (const window_command which : {window_command::save, window_command::save_as})
@@ -59,7 +59,7 @@ void problem_window::build_menus()
         file_menu_->addAction(frame.action(which));
     connect(file_menu_, &QMenu::aboutToShow, this, &problem_window::show_recent_files);
 
-    // The entries of recent files are shortened; their tips have the whole paths.
+    // The captions of recent files are shortened; their tool tips have the whole paths.
     file_menu_->setToolTipsVisible(true);
 
     edit_menu_ = new QMenu(tr("&Edit"), this);
@@ -92,7 +92,7 @@ void problem_window::open_recent_file(std::size_t index)
 void problem_window::remember_file()
 {
     remember_recent_file(context().registry, kind_->recent_suffix, document().path());
-    // What can not be remembered is no reason to bother anybody who just saved a problem.
+    // The problem is saved; a failure to store the list of recent files is not worth a message.
     static_cast<void>(context().registry.flush());
     show_recent_files();
 }
@@ -186,7 +186,7 @@ bool problem_window::show_boxes(const std::vector<message_box>& boxes)
     for (const message_box& box : boxes) {
         if (box.place) mark_place(*box.place);
         context().user.show(this, box);
-        // A box lets the program go on behind it.
+        // This window may have been closed while the box was shown.
         if (!self) return false;
         if (box.fatal) context().frame.end_program();
     }
@@ -233,7 +233,7 @@ bool problem_window::is_foreign(const std::filesystem::path& path) const
 {
     if (!kind_->passes_on_other_files) return false;
     const text_file file = read_text_file(path);
-    // By what is in it, whatever its extension: a problem may be kept as a text.
+    // Decided by the content, not the extension: a problem may be stored in a text file.
     return file.ok() && !holds_problem(file.text, *kind_);
 }
 
@@ -272,7 +272,7 @@ void problem_window::keep_recovery_copy()
     recovery_timer_.stop();
     if (document().problem_saved()) return drop_recovery_copy();
     if (recovery_slot_ == 0) recovery_slot_ = context().recovery.new_slot();
-    // A copy that can not be kept must not disturb the work that it would protect.
+    // A failure to write the recovery copy must not interrupt the work.
     static_cast<void>(context().recovery.keep(recovery_slot_, {.kind = std::string(document().kind()),
                                                                .title = document().title(),
                                                                .path = document().path(),

@@ -17,14 +17,14 @@ class QCloseEvent;
 namespace kelvarin
 {
 
-/// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy,
-/// undo, and the run. It talks to its document through problem_document alone.
+/// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy, undo,
+/// and the run. It uses its document only through problem_document.
 class problem_window : public document_window
 {
     Q_OBJECT
 
 public:
-    /// `kind` outlives the window.
+    /// `kind` must outlive the window.
     problem_window(desktop_context& context, const problem_kind& kind);
     ~problem_window() override;
 
@@ -38,43 +38,44 @@ public:
     virtual problem_document& document() = 0;
     const problem_document& document() const { return const_cast<problem_window*>(this)->document(); }
 
-    /// Reads a file into this window, asking first where something would be lost. A refusal is shown.
+    /// Reads a file into this window, asking first if unsaved work would be lost. Shows a refusal. Returns true if the
+    /// file was read.
     bool open(const std::filesystem::path& path);
-    /// The dialog of this kind's File, Open, then the same.
+    /// Shows the dialog of this kind's File, Open, then reads the chosen file.
     bool open_by_dialog();
-    /// Takes over a problem that a crash left behind.
+    /// Takes over the problem of a recovery file.
     bool recover(int slot, const recovery_entry& entry);
 
-    /// Writes what is unsaved to its recovery file now, or removes the file.
+    /// Writes unsaved work to its recovery file now, or removes the file if there is none.
     void keep_recovery_copy();
 
 protected:
-    /// Shows the whole document anew, after any change of it.
+    /// Updates the window after any change of the document.
     virtual void show_document() = 0;
-    /// Switches off, for the time of a run, all that could start or change it.
+    /// Disables, during a run, all controls that could start or change it.
     virtual void enable_controls_for_run(bool running) = 0;
-    /// Whether the problem may be solved now, and what does it.
+    /// Whether the problem may be solved now, and the command that solves it.
     virtual bool can_solve() const = 0;
     virtual void solve() = 0;
 
-    /// Shows the place that a run's box is about.
+    /// Shows the place that a box of the run is about.
     virtual void mark_place(const text_place&) {}
 
-    /// To be called after every change of the document: title, marks, recovery copy, commands, and
+    /// To be called after every change of the document: updates title, marks, recovery copy and commands, and calls
     /// show_document.
     void document_changed();
-    /// A refusal is shown; everything else is a change of the document.
+    /// Shows the refusal if there is one, else calls document_changed.
     void changed_or_refused(const problem_document::refusal& refused);
     void change_title();
-    /// Shows what a run has to say, one box after the other; false where the window was closed behind one.
+    /// Shows the boxes of a run one after the other. Returns false if the window was closed meanwhile.
     bool show_boxes(const std::vector<message_box>& boxes);
 
-    /// Starts a job of this window: progress, Stop, closing and controls are taken care of. `done` gets the
-    /// outcome while the window still exists.
+    /// Starts a job of this window and manages progress, Stop, closing and controls. `done` receives the outcome while
+    /// the window still exists.
     template <class Job, class Done> void start_run(Job job, Done done) { run_.start(std::move(job), std::move(done)); }
 
-    /// File: new, open, save, save as, print, recent files, close, exit. Edit begins with undo and redo; a
-    /// window adds its own items behind. Both are owned by this window.
+    /// File: new, open, save, save as, print, recent files, close, exit. Edit begins with undo and redo; a window
+    /// appends its own items. Both are owned by this window.
     QMenu* file_menu() const { return file_menu_; }
     QMenu* edit_menu() const { return edit_menu_; }
     const problem_kind& kind() const { return *kind_; }

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-/// Texts between the core, where they are UTF-8, and the toolkit.
+/// Conversion of texts between the core (UTF-8) and the toolkit.
 namespace kelvarin
 {
 
@@ -22,7 +22,7 @@ inline std::string to_text(const QString& text)
     return text.toStdString();
 }
 
-/// A text as a tool tip that shows it letter for letter, although tips read markup.
+/// A text as a tool tip that shows it literally, although tool tips interpret markup.
 inline QString tip_text(const QString& text)
 {
     return Qt::mightBeRichText(text) ? QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()) : text;

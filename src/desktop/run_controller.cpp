@@ -31,14 +31,14 @@ void run_controller::stop()
 void run_controller::start_job(std::function<void(run_listener&)> job, std::function<void()> done)
 {
     if (running_) return;
-    // Each job has a listener of its own, so that a wish to stop never reaches the next one.
+    // Each job has its own listener, so that a request to stop never reaches the next job.
     listener_ = std::make_unique<recording_listener>();
     running_ = true;
     progress_timer_.start();
     emit started();
     worker_ = std::thread([this, job = std::move(job), done = std::move(done), listener = listener_.get()] {
         job(*listener);
-        // Dropped without harm where this object is gone by then: the destructor waits for this thread.
+        // The destructor waits for this thread; a call queued for a destroyed object is dropped.
         QMetaObject::invokeMethod(
             this, [this, done] { end_job(done); }, Qt::QueuedConnection);
     });
@@ -50,7 +50,7 @@ void run_controller::end_job(const std::function<void()>& done)
     progress_timer_.stop();
     running_ = false;
     emit finished();
-    // `done` may close the window, and with it this object.
+    // `done` may close the window and destroy this object.
     const QPointer<run_controller> self(this);
     done();
     if (self) emit handed_over();

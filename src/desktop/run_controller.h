@@ -17,24 +17,24 @@
 namespace kelvarin
 {
 
-/// Runs one job at a time in a thread of its own, while the window stays alive. The job sees nothing but what
-/// it was given and its listener; what it returns is handed over in the window's thread.
+/// Runs one job at a time in a thread of its own, so that the window stays responsive. The job uses only its own data
+/// and its listener; its result is handed over in the window's thread.
 class run_controller : public QObject
 {
     Q_OBJECT
 
 public:
     explicit run_controller(QObject* parent);
-    /// Asks a running job to stop and waits for it; its outcome is not handed over any more.
+    /// Asks a running job to stop and waits for it; its outcome is discarded.
     ~run_controller() override;
 
     bool running() const { return running_; }
     double fraction() const { return listener_->fraction(); }
-    /// Asks the job to stop; it ends soon after, in its own way.
+    /// Asks the job to stop; it ends soon after with an outcome.
     void stop();
 
-    /// Starts `job(listener)`; `done(outcome)` is called when it has ended, behind finished().
-    /// Nothing happens where a job is under way.
+    /// Starts `job(listener)`; `done(outcome)` is called when it has ended, after finished(). Does nothing if a job is
+    /// under way.
     template <class Job, class Done> void start(Job job, Done done)
     {
         using outcome = std::invoke_result_t<Job, run_listener&>;

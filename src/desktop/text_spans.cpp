@@ -23,7 +23,7 @@ std::vector<text_span> expression_spans(std::string_view text, std::size_t offse
 {
     std::vector<text_span> spans;
     for (const token& word : scan_tokens(text.substr(std::min(offset, text.size())))) {
-        // A function that is none in equations counts as a variable there, and looks like one.
+        // A function that equations don't have is a variable there, and is not tinted.
         if (word.is_function() && is_equation_word(word.text))
             spans.push_back(span_of(text, offset + word.offset, word.length, text_meaning::function));
         else if (word.kind == token_kind::tokVerb || word.kind == token_kind::tokBoolean)

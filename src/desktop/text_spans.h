@@ -11,7 +11,7 @@
 namespace kelvarin
 {
 
-/// What a part of an equation's text is, and so how it looks.
+/// The meaning of a part of an equation's text, which determines its format.
 enum class text_meaning
 {
     function,
@@ -20,11 +20,11 @@ enum class text_meaning
     undefined,
     /// A name that several rows define.
     duplicate,
-    /// What a message is about.
+    /// The part that a message is about.
     marked
 };
 
-/// A part of a text, counted in the toolkit's letters (UTF-16).
+/// A part of a text, counted in the toolkit's UTF-16 units.
 struct text_span
 {
     int start = 0;
@@ -34,14 +34,14 @@ struct text_span
     friend bool operator==(const text_span&, const text_span&) = default;
 };
 
-/// A range of bytes of a text as a span; it is cut where the text ends.
+/// A range of bytes of a text (UTF-8) as a span, cut at the text's end.
 text_span span_of(std::string_view text, std::size_t offset, std::size_t length, text_meaning meaning);
 
-/// The functions and keywords, as the engine's scanner finds them, of the expression that begins at byte
-/// `offset` of a text.
+/// The functions and keywords, as found by the engine's scanner, of the expression that begins at byte `offset` of a
+/// text.
 std::vector<text_span> expression_spans(std::string_view text, std::size_t offset = 0);
 
-/// Tints for words, waves below faults.
+/// Tints for words, wavy underlines for faults.
 QTextCharFormat span_format(text_meaning meaning, const QPalette& palette);
 
 } // namespace kelvarin

@@ -28,7 +28,7 @@ traffic_light::traffic_light(QWidget* parent)
 {
     imgTraffic_->setObjectName(QStringLiteral("imgTraffic"));
     lblTraffic_->setObjectName(QStringLiteral("lblTraffic"));
-    // The longer word's room, so that nothing beside the light moves when it changes.
+    // Wide enough for the longer word, so that nothing moves when it changes.
     lblTraffic_->setMinimumWidth(lblTraffic_->fontMetrics().horizontalAdvance(tr("not ready")));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

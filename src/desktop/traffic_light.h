@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// The traffic light: a lamp and a word beside it ("ready", "not ready"), which is also spoken.
+/// The traffic light: a lamp and a word beside it ("ready", "not ready"), also as accessible text.
 class traffic_light : public QWidget
 {
     Q_OBJECT

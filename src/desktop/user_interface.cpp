@@ -42,7 +42,7 @@ QMessageBox::StandardButton button_of(user_answer given)
     return given == user_answer::no ? QMessageBox::No : QMessageBox::Cancel;
 }
 
-/// The window that a box stands over: the parent's, as long as it is shown.
+/// The window to show a box over: the parent's, or the active window if there is no parent.
 QWidget* owner_of(QWidget* parent)
 {
     return parent ? parent->window() : QApplication::activeWindow();
@@ -55,7 +55,7 @@ public:
     {
         QMessageBox shown(box_icon_of(box.icon), to_qstring(box.title), box_text(box.text), QMessageBox::Ok,
                           owner_of(parent));
-        // Messages quote what a person typed: never as markup.
+        // Messages quote the user's texts, which must not be interpreted as markup.
         shown.setTextFormat(Qt::PlainText);
         shown.exec();
     }

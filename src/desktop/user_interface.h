@@ -26,8 +26,8 @@ enum class user_answer
     cancel
 };
 
-/// A question with Yes and No, and Cancel where one may draw back. Enter takes `default_answer`; Esc is Cancel,
-/// or No where there is none.
+/// A question with Yes and No, and optionally Cancel. Enter takes `default_answer`; Esc is Cancel, or No if there is no
+/// Cancel.
 struct user_question
 {
     std::string text;
@@ -45,7 +45,7 @@ struct file_question
     std::string filter = {};
     /// The proposed file, or the folder to start in.
     std::filesystem::path proposed = {};
-    /// Put behind a typed name without extension, when saving.
+    /// Appended to a typed name without extension, when saving.
     QString default_extension = {};
 };
 
@@ -56,8 +56,8 @@ struct chosen_file
     int filter_index = 1;
 };
 
-/// Everything that a window asks a person or the desktop around it. Boxes and choices come back when they are
-/// answered; the windows' own dialogs don't go through here.
+/// All boxes, questions and desktop services that a window uses. Boxes and questions return when they are answered; the
+/// windows' own dialogs don't use this interface.
 class user_interface
 {
 public:
@@ -65,32 +65,32 @@ public:
 
     virtual void show(QWidget* parent, const message_box& box) = 0;
     virtual user_answer ask(QWidget* parent, const user_question& asked) = 0;
-    /// One line of text; nothing where it was cancelled (an empty text is an answer).
+    /// Asks for one line of text. Returns nullopt if it was cancelled; an empty text is a valid answer.
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& proposed) = 0;
     virtual std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) = 0;
-    /// Asks by itself before an existing file is written over.
+    /// Asks before an existing file is overwritten.
     virtual std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) = 0;
     virtual std::optional<QFont> choose_font(QWidget* parent, const QFont& present) = 0;
 
     virtual void copy(std::unique_ptr<QMimeData> content) = 0;
     void copy_text(const QString& text);
-    /// What the clipboard holds; never null.
+    /// The content of the clipboard; never null.
     virtual const QMimeData* clipboard() const = 0;
 
-    /// Lets a person choose a printer (or a PDF file) and calls `paint`; false where that was cancelled.
+    /// Lets the user choose a printer (or a PDF file) and calls `paint`. Returns false if cancelled.
     virtual bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) = 0;
-    /// Shows the pages that `paint` makes, from where they can be printed.
+    /// Shows the pages that `paint` makes; they can be printed from there.
     virtual void print_preview(QWidget* parent, const QString& document_name,
                                const std::function<void(QPrinter&)>& paint) = 0;
 
     virtual void beep() = 0;
 };
 
-/// The real one: the toolkit's dialogs, the desktop's clipboard and printers.
+/// The interface of the real desktop: the toolkit's dialogs, the clipboard and printers.
 std::unique_ptr<user_interface> make_desktop_interface();
 
-/// A box's text with its lines (separated by CR) as the labels of the toolkit want them.
+/// A box's text with its CR line separators converted to LF.
 QString box_text(const std::string& text);
 
 } // namespace kelvarin

@@ -23,7 +23,7 @@ std::string key_of(const QWidget& window)
 
 std::optional<int> kept_number(const registry_store& registry, const std::string& key, std::string_view name)
 {
-    // No screen reaches further.
+    // No screen extends further.
     constexpr double furthest = 1e5;
     const std::optional<std::string> text = registry.read(key, name);
     const std::optional<double> number = text ? numeric_value(*text) : std::nullopt;

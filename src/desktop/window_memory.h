@@ -8,11 +8,11 @@ class QWidget;
 namespace kelvarin
 {
 
-/// Gives a top-level window, by its object name, the size and place that it was remembered with. What lies outside
-/// every screen, or is no number, is passed over.
+/// Restores the size and position that was stored for a top-level window under its object name. A position outside
+/// every screen and values that are not numbers are ignored.
 void restore_window(const registry_store& registry, QWidget& window);
 
-/// Remembers size and place of a window; the caller flushes the registry.
+/// Stores size and position of a window; the caller flushes the registry.
 void remember_window(registry_store& registry, const QWidget& window);
 
 } // namespace kelvarin
