@@ -26,7 +26,7 @@ std::string number_body(double size)
         std::string body = format_masked(size, "0.0##E+00");
         return body.size() > widest_body ? format_masked(size, "0.0#E+00") : body;
     }
-    // In single precision, which lifts values just below a power of ten to it.
+    // Single precision rounds values just below a power of ten up to it.
     const int digits = static_cast<int>(std::floor(static_cast<float>(std::log(size) / std::log(10.0))));
     switch (digits) {
     case 1:
@@ -129,7 +129,7 @@ std::string shorten_path(std::string_view path)
     const std::size_t first = path.find_first_not_of(path_separators);
     const std::size_t folder_end = path.find_first_of(path_separators, first);
     const std::size_t last = path.find_last_of(path_separators);
-    // Nothing stands between the first folder and the name.
+    // There is nothing between the first folder and the file name.
     if (first == std::string_view::npos || folder_end == std::string_view::npos || folder_end == last)
         return std::string(path);
     std::string name(path.substr(0, folder_end));

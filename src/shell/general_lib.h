@@ -4,30 +4,31 @@
 #include <string>
 #include <string_view>
 
-/// The text and number helpers that all subsystems share.
+/// Text and number functions used everywhere.
 namespace kelvarin
 {
 
-/// The report form of a number: as a rule 10 characters, a sign or blank, then the digits padded with
-/// blanks to 9. `x` is finite.
+/// A number as reports show it: usually 10 characters, a minus sign or blank, then the digits padded with blanks to 9.
+/// `x` must be finite.
 std::string format_number(double x);
 
 /// LF, CR and tab become blanks; doubled blanks inside the text become single ones.
 std::string clean_expression_text(std::string_view text);
 /// The text without CR and tab.
 std::string strip_line_controls(std::string_view text);
-/// Renames whole words: a hit counts when both neighbours are among "+-/*( )^=", CR, LF, tab, or the ends.
+/// Renames whole words: an occurrence is one if both neighbours are among "+-/*( )^=", CR, LF, tab, or the ends of the
+/// text.
 std::string replace_name(std::string_view text, std::string_view old_name, std::string_view new_name);
 
-/// Splits at the last separator: the part behind it, or (`before`) the part in front; the whole text
-/// (`before`) or nothing where there is no separator.
+/// Splits at the last separator: the part after it, or with `before` the part in front. Without a separator the result
+/// is empty, or with `before` the whole text.
 std::string part_after_last(std::string_view text, bool before, std::string_view separator);
 
-/// The text behind the last `/` or `\`.
+/// The text after the last `/` or `\`.
 std::string file_name_of(std::string_view path);
-/// The text up to the last `/` or `\`, which is included.
+/// The text up to and including the last `/` or `\`.
 std::string folder_of(std::string_view path);
-/// The display name of a long path: its first folder, "/..." and the file's name. Short ones stay.
+/// The short form of a long path for display: its first folder, "/..." and the file's name. Short paths are unchanged.
 std::string shorten_path(std::string_view path);
 
 } // namespace kelvarin

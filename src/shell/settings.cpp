@@ -26,7 +26,7 @@ std::string registry_key(const setting_row& row)
     return std::string(registry_root) + "\\settings\\" + std::string(row.key);
 }
 
-/// The row of a key that must be there.
+/// The row of an existing key.
 std::size_t row_of(std::string_view key)
 {
     if (const std::optional<std::size_t> row = settings::find(key)) return *row;
@@ -48,10 +48,11 @@ bool is_boolean_text(std::string_view text)
     return word == "true" || word == "false";
 }
 
-/// Checks a number and gives the text to store; `accepted` is left alone by a refusal.
+/// Checks a number and sets `accepted` to the text to store. Returns the box if it is refused, leaving `accepted`
+/// unchanged.
 std::optional<message_box> check_number(const setting_row& row, std::string_view text, std::string& accepted)
 {
-    // Too large to be read is outside the bounds.
+    // A number too large to read exceeds the bounds.
     const double number = prefix_value(text).value_or(std::numeric_limits<double>::infinity());
     if (row.type == setting_type::integer && number != std::floor(number))
         return refusal("Only integer input is allowed.");

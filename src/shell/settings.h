@@ -26,13 +26,13 @@ struct setting_row
 {
     std::string_view key;
     setting_type type = setting_type::floating;
-    /// In the text form in which values are kept: "150", "1E-07", "True".
+    /// In the text form in which values are stored: "150", "1E-07", "True".
     std::string_view default_value;
-    /// Bounds, both included; 0 and unused for booleans and strings.
+    /// Bounds, both inclusive; 0 and unused for booleans and strings.
     double minimum_value = 0.0;
     double maximum_value = 0.0;
-    /// Folders of the settings tree, outermost first, separated by " / "; empty with an empty caption where
-    /// the tree does not show the setting.
+    /// Folders of the settings tree, outermost first, separated by " / "; folder and caption are empty if the tree does
+    /// not show the setting.
     std::string_view folder;
     std::string_view caption;
 };
@@ -40,36 +40,35 @@ struct setting_row
 /// The 48 settings in table order.
 std::span<const setting_row> settings_table();
 
-/// The values in force. Keys compare without case; a key that no row has is a programming error.
+/// The current values. Keys are case-insensitive; an unknown key is a programming error.
 class settings
 {
 public:
-    /// All defaults.
+    /// Sets all defaults.
     settings();
-    /// The defaults, overlaid by what the registry holds: `build_settings` with load_saved.
+    /// The defaults, overridden by the values in the registry: `build_settings` with load_saved.
     explicit settings(const registry_store& saved);
 
-    /// Overlays saved values; they are neither checked nor converted.
+    /// Overrides values by stored ones, without checking or converting them.
     void load_settings(const registry_store& saved);
-    /// Writes every value to the registry (a blank text as one blank); the caller flushes it.
+    /// Writes every value to the registry (an empty text as one blank); the caller flushes it.
     void save_settings(registry_store& saved) const;
 
     /// The text of a value.
     const std::string& value(std::string_view key) const;
-    /// A number by plain prefix reading; 0 where the value begins with none or with one too large.
+    /// The number at the beginning of the value; 0 if there is none or if it is too large.
     double number(std::string_view key) const;
-    /// The same as a whole number, halves to the even neighbour, held within 16 bits.
+    /// The same rounded to a whole number, halves to even, clamped to 16 bits.
     int whole_number(std::string_view key) const;
     bool is_true(std::string_view key) const;
 
-    /// Stores a text as the settings window does after its checks; a refusal is the box to show, and
-    /// nothing is changed.
+    /// Checks and stores a text as the settings window does. Returns the box if it is refused; then nothing changes.
     std::optional<message_box> set_value(std::string_view key, std::string_view text);
-    /// Back to the default.
+    /// Restores the default.
     void restore(std::string_view key);
     void restore_all();
 
-    /// The index of a key's row, if there is one.
+    /// The index of a key's row. Returns nullopt if there is none.
     static std::optional<std::size_t> find(std::string_view key);
 
 private:

@@ -11,8 +11,8 @@ namespace
 
 using enum setting_type;
 
-// One row per setting; window, store and options are made from these rows. The upper bound 0.1 of all
-// tolerances and steps is meant: nothing larger is accepted.
+// One row per setting; window, store and options use these rows. The upper bound 0.1 of all tolerances and steps is
+// intended.
 constexpr std::array table = std::to_array<setting_row>({
     {"general_show_status_bar", boolean, "True", 0, 0, "General", "Show status bar"},
     {"general_show_background_pictures", boolean, "False", 0, 0, "General", "Show background pictures"},

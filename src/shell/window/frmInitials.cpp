@@ -22,9 +22,9 @@ namespace kelvarin
 namespace
 {
 
-/// The index of a leaf's row in the settings table; folders have none.
+/// Item role of a leaf's row in the settings table; folders have none.
 constexpr int row_role = Qt::UserRole;
-/// Whether a folder was open before a search opened others.
+/// Item role: whether a folder was expanded before a search.
 constexpr int open_role = Qt::UserRole + 1;
 
 const setting_row* row_of(const QTreeWidgetItem* item)
@@ -77,7 +77,7 @@ void frmInitials::build_ui()
             [](QTreeWidgetItem* item) { item->setIcon(0, program_icon("folder_open")); });
     connect(tvw_, &QTreeWidget::itemCollapsed, this,
             [](QTreeWidgetItem* item) { item->setIcon(0, program_icon("folder")); });
-    // Enter on a leaf goes where its value is entered.
+    // Enter on a leaf moves the focus to the field of its value.
     connect(tvw_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         if (row_of(item) != nullptr) txtTreeData_->setFocus();
     });
@@ -133,7 +133,7 @@ QLayout* frmInitials::build_value_side()
     lblHint_ = add_label(this, "lblHint");
     lblHint_->setWordWrap(true);
     lblDefault_ = add_label(this, "lblDefault");
-    // Their lines are kept free while they are empty, so that nothing moves when a setting is chosen.
+    // Their lines are reserved while empty, so that nothing moves when a setting is chosen.
     for (QLabel* label : {lblFolder_, lblEq_, lblHint_, lblDefault_})
         label->setMinimumHeight(label->fontMetrics().height());
     cmdSet_ = add_button(this, "cmdSet", tr("&Set"), tr("Take the value over"));
@@ -160,7 +160,7 @@ QLayout* frmInitials::build_value_side()
 
 void frmInitials::build_tree()
 {
-    // Folders stand above the leaves beside them, whatever the order of the table.
+    // Folders come before the leaves of the same level, independent of the table's order.
     const std::span<const setting_row> rows = settings_table();
     for (const setting_row& row : rows) {
         if (!row.caption.empty()) folder_of(row);
@@ -198,7 +198,7 @@ void frmInitials::rebuild_leaf(QTreeWidgetItem& leaf)
     const std::string& value = context_.store.value(row.key);
     leaf.setText(0, leaf_text(row, value));
     QFont font = tvw_->font();
-    // A boolean may be typed in any case.
+    // The text of a boolean may have any case.
     const bool changed = row.type == setting_type::boolean ? lower_case(value) != lower_case(row.default_value)
                                                            : value != row.default_value;
     font.setBold(changed);
@@ -222,7 +222,7 @@ void frmInitials::filter_tree(const QString& words)
     for (int i = 0; i < tvw_->topLevelItemCount(); ++i)
         filter_item(*tvw_->topLevelItem(i), wanted, false);
     if (!wanted.isEmpty()) return;
-    // Back to how the tree was; the current leaf stays in sight.
+    // Restores the expanded folders; the current leaf stays visible.
     for (QTreeWidgetItemIterator each(tvw_); *each != nullptr; ++each) {
         QTreeWidgetItem& item = **each;
         if (item.data(0, open_role).isValid()) item.setExpanded(item.data(0, open_role).toBool());
@@ -327,7 +327,7 @@ void frmInitials::keyPressEvent(QKeyEvent* event)
 
 void frmInitials::showEvent(QShowEvent* event)
 {
-    // Not where a desktop only uncovers the window: what is being typed stays.
+    // Not when the window system shows the window again: text being typed stays.
     if (!event->spontaneous()) {
         rebuild_leaves();
         show_current();

@@ -15,8 +15,8 @@ class QTreeWidgetItem;
 namespace kelvarin
 {
 
-/// "Kelvarin Settings": the settings as a tree, each with its checks and resets. A top-level window that is
-/// hidden, not deleted, when it is closed.
+/// "Kelvarin Settings": the settings as a tree, with a check and a reset for each. A top-level window that is hidden,
+/// not deleted, when it is closed.
 class frmInitials : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     explicit frmInitials(desktop_context& context, QWidget* parent = nullptr);
 
 signals:
-    /// A value has been changed: the main window looks again at those that concern it.
+    /// A value has changed: the main window rereads the settings that it uses.
     void settings_changed();
 
 protected:
@@ -43,7 +43,7 @@ private:
     void filter_tree(const QString& words);
     bool filter_item(QTreeWidgetItem& item, const QString& words, bool inside_match);
 
-    /// The setting whose leaf is the current item; nothing where that is a folder.
+    /// The setting of the current item; null if it is a folder.
     const setting_row* current_row() const;
     void show_current();
     void show_value(const setting_row& row);

@@ -20,7 +20,8 @@ namespace kelvarin
 namespace
 {
 
-/// Where the undefined names are listed: from behind their heading up to the next one.
+/// The range of the undefined names: from the end of their heading to the next heading. Null if there is no such
+/// heading.
 QTextCursor undefined_names(QTextDocument& document)
 {
     QTextCursor range = document.find(QStringLiteral("Undefined variables"));
@@ -34,7 +35,7 @@ QTextCursor undefined_names(QTextDocument& document)
     return range;
 }
 
-/// Letters that names are made of.
+/// Whether a character may be part of a name.
 bool is_part_of_name(QChar letter)
 {
     return letter.isLetterOrNumber() || letter == QLatin1Char('_');
@@ -62,7 +63,7 @@ void frmMsg::build_ui()
     txtMsg_->setObjectName(QStringLiteral("txtMsg"));
     txtMsg_->setAccessibleName(tr("Message"));
     txtMsg_->setOpenLinks(false);
-    // The text brings the colours of reports, which are made for paper.
+    // The text has the colours of reports, which need white paper.
     QPalette paper = txtMsg_->palette();
     paper.setColor(QPalette::Base, Qt::white);
     paper.setColor(QPalette::Text, Qt::black);
@@ -88,7 +89,7 @@ void frmMsg::display_msg(const QString& caption, std::string_view text, const QS
 {
     setWindowTitle(caption);
     std::vector<styled_line> lines = read_rich_text(rich_text_document(text));
-    // Room below the last line comes from the window.
+    // The window itself leaves space below the last line.
     while (!lines.empty() && lines.back().empty())
         lines.pop_back();
     fill_document(*txtMsg_->document(), lines);
@@ -102,7 +103,7 @@ void frmMsg::put_always_on_top()
 {
     const bool shown = isVisible();
     setWindowFlag(Qt::WindowStaysOnTopHint);
-    // A change of flags hides a window.
+    // setWindowFlag hides the window.
     if (shown) show();
 }
 

@@ -10,7 +10,7 @@ class QTextBrowser;
 namespace kelvarin
 {
 
-/// Shows a rich text over the window that asked for it, until OK.
+/// Shows a rich text in a dialog over the calling window.
 class frmMsg : public QDialog
 {
     Q_OBJECT
@@ -18,14 +18,14 @@ class frmMsg : public QDialog
 public:
     explicit frmMsg(QWidget* parent);
 
-    /// Shows a text in the reports' vocabulary, without prolog and tail, and returns at once; the window
-    /// deletes itself when it is closed. Names in `linked_names` become links where they stand as whole words
-    /// behind the heading "Undefined variables".
+    /// Shows a text in the rich-text subset of reports, without prolog and tail, and returns at once; the window
+    /// deletes itself when it is closed. Names in `linked_names` become links where they occur as whole words below the
+    /// heading "Undefined variables".
     void display_msg(const QString& caption, std::string_view text, const QStringList& linked_names = {});
     void put_always_on_top();
 
 signals:
-    /// A link was followed; the window has been closed before.
+    /// A link was clicked; the window has been closed already.
     void name_clicked(const QString& name);
 
 private:

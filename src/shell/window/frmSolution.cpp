@@ -63,7 +63,7 @@ void frmSolution::build_menus()
         edit_menu_->addAction(frame.action(which));
     edit_menu_->addSeparator();
     QList<QKeySequence> larger = QKeySequence::keyBindings(QKeySequence::ZoomIn);
-    // The plus sign without the shift key.
+    // The plus sign without Shift.
     larger.append(QKeySequence(Qt::CTRL | Qt::Key_Equal));
     connect(add_zoom_action(tr("Zoom &In"), "mnuZoomIn", larger), &QAction::triggered, txtSolution_,
             [this] { txtSolution_->step_zoom(true); });
@@ -78,7 +78,7 @@ QAction* frmSolution::add_zoom_action(const QString& caption, const char* name, 
     auto* action = new QAction(caption, this);
     action->setObjectName(QString::fromLatin1(name));
     action->setShortcuts(keys);
-    // Every report has these keys; they go to the one with the focus.
+    // Every report has these keys; the focused one receives them.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(action);
     edit_menu_->addAction(action);

@@ -13,8 +13,8 @@
 namespace kelvarin
 {
 
-/// The result window: shows a report, prints it, copies it and saves it. It holds the report's text as it was
-/// given; opened files are shown as they stand.
+/// The result window: shows a report, prints it, copies it and saves it. It keeps the report's original text; opened
+/// files are shown unchanged.
 class frmSolution : public document_window
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ class frmSolution : public document_window
 public:
     explicit frmSolution(desktop_context& context);
 
-    /// What the creator sets before the window is shown: whether the report is unsaved work, the file it stands
-    /// in (empty for none) and the title that the status bar shows.
+    /// To be called before the window is shown: whether the report is unsaved work, its file (empty if there is none)
+    /// and the title for the status bar.
     void update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title);
     /// Shows a rich-text document. `caption` is the window's: "Nonlinear Equations Solution #1".
     void show_report(std::string rich_text, const QString& caption);
@@ -58,7 +58,7 @@ private:
     std::string content_as(report_format format) const;
 
     std::string rich_text_;
-    /// The text of a file that was opened as plain text.
+    /// The text of a file that was opened as plain text; nullopt for rich text.
     std::optional<std::string> given_text_;
     QString caption_;
     std::filesystem::path file_;
@@ -71,11 +71,10 @@ private:
     QMenu* edit_menu_ = nullptr;
 };
 
-/// Shows the report of a run in a new window beside its problem; the frame takes it over.
+/// Shows the report of a run in a new window beside its problem; the frame owns the window.
 void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption);
 
-/// Opens a report or text file in a new window, which the frame takes over. A file that can not be read is
-/// refused by a box.
+/// Opens a report or text file in a new window, which the frame owns. Returns the box if the file can't be read.
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path);
 
 } // namespace kelvarin

@@ -40,7 +40,7 @@ std::vector<std::string_view> words_of(std::string_view text)
     return words;
 }
 
-/// One cell, or several where it is nothing but numbers.
+/// Adds one cell, or several if the text consists of numbers only.
 void add_cells(std::vector<std::string>& cells, std::string_view text)
 {
     const std::vector<std::string_view> words = words_of(text);
@@ -95,7 +95,7 @@ QString html_table_of(std::span<const styled_line> lines)
     return html + QLatin1String("</table>\n</body>\n</html>\n");
 }
 
-/// Nothing but rows of tables, and empty lines.
+/// Whether the lines are rows of tables, at least one, and empty lines.
 bool is_table(std::span<const styled_line> lines)
 {
     const auto fits = [](const styled_line& line) { return line.empty() || is_table_row(line); };
@@ -123,7 +123,7 @@ bool is_table_row(const styled_line& line)
 std::unique_ptr<QMimeData> clipboard_content(std::span<const styled_line> lines)
 {
     auto content = std::make_unique<QMimeData>();
-    // What was chosen ends inside its last line.
+    // The selection ends inside its last line.
     QString plain = to_qstring(plain_text_of(lines));
     plain.chop(1);
     content->setText(plain);

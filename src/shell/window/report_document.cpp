@@ -22,12 +22,12 @@ namespace
 {
 
 constexpr double points_per_inch = 72.0;
-/// In lines of fixed width tabs stand for columns.
+/// Tab stops in fixed-width lines.
 constexpr int columns_of_tab = 8;
-/// Smaller print than that is of no use to anybody.
+/// Smaller print is not readable.
 constexpr double smallest_print = 0.4;
 
-/// What the toolkit takes for the resolution of a document for which none was set.
+/// The resolution that the toolkit assumes for a document.
 double pixels_per_inch()
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -44,7 +44,7 @@ QTextCharFormat format_of(const styled_run& run, double zoom)
 {
     QTextCharFormat format;
     format.setFontFamilies({to_qstring(run.font)});
-    // What stands in where a desktop has no such font; names of generic families do not do that.
+    // Used if the font isn't installed; names of generic families have no fallback of their own.
     format.setFontStyleHint(hint_of(run.family));
     format.setFontFixedPitch(run.family == font_class::monospace);
     format.setFontPointSize(run.size / 2.0 * zoom);
@@ -55,7 +55,7 @@ QTextCharFormat format_of(const styled_run& run, double zoom)
     return format;
 }
 
-/// The formats of runs at a zoom; neighbours in one style share theirs.
+/// The formats of runs at a zoom; consecutive runs of one style share a format.
 class format_maker
 {
 public:
@@ -77,7 +77,7 @@ private:
     QTextCharFormat format_;
 };
 
-/// Tabs at every eighth column, for lines that are in fixed width as a whole.
+/// Tab stops at every eighth column, for lines entirely in fixed width.
 QList<QTextOption::Tab> column_tabs(const styled_line& line, const QTextCharFormat& format)
 {
     qsizetype letters = 0;
@@ -110,7 +110,7 @@ QTextBlockFormat block_format_of(const styled_line& line, const QTextCharFormat&
     return format;
 }
 
-/// The letters of a run, one for one, without those that the toolkit takes for the end of a block.
+/// The text of a run, with blanks for the characters that the toolkit would treat as the end of a block.
 QString shown_text(const styled_run& run)
 {
     QString text = to_qstring(run.text);
@@ -122,7 +122,7 @@ QString shown_text(const styled_run& run)
     return text;
 }
 
-/// The letters `from` to `to` of a line, counted as the toolkit does.
+/// The characters `from` to `to` of a line, in UTF-16 units.
 styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to)
 {
     styled_line part;
@@ -173,7 +173,7 @@ void fill_document(QTextDocument& document, std::span<const styled_line> lines, 
 
 double widest_row(const QTextDocument& document)
 {
-    // Asking for the last block has all of them laid out.
+    // Requesting the last block lays out all blocks.
     static_cast<void>(document.documentLayout()->blockBoundingRect(document.lastBlock()));
     double widest = 0.0;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {

@@ -16,20 +16,20 @@ class QPagedPaintDevice;
 namespace kelvarin
 {
 
-/// The styled lines as a document of the toolkit: fonts, colours, tab stops; one block for each line, with the same
-/// letters. Sizes are multiplied by `zoom`. Paper is white, whatever the palette.
+/// Fills a document of the toolkit with styled lines: fonts, colours, tab stops; one block per line, with the same
+/// number of characters. Sizes are multiplied by `zoom`. The paper is white, whatever the palette.
 void fill_document(QTextDocument& document, std::span<const styled_line> lines, double zoom = 1.0);
 
-/// The width, in pixels, of the widest row of a table: those are never broken, so that columns stand.
+/// The width in pixels of the widest row of a table. Such rows are never wrapped, so that columns stay aligned.
 double widest_row(const QTextDocument& document);
 
-/// The part of `lines` that `selection` marks in the document that was filled with them.
+/// The part of `lines` that is selected in the document that was filled with them.
 std::vector<styled_line> selected_lines(std::span<const styled_line> lines, const QTextCursor& selection);
 
-/// Prints with page numbers; made smaller where a row of a table would not fit on the page.
+/// Prints with page numbers, scaled down if a row of a table is wider than the page.
 void print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines);
 
-/// The lines as a file in PDF.
+/// The lines as a PDF file.
 std::string pdf_of(std::span<const styled_line> lines, const QString& title);
 
 } // namespace kelvarin

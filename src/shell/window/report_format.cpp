@@ -10,7 +10,7 @@ namespace kelvarin
 
 report_format format_of_report(const std::filesystem::path& path, int filter_index)
 {
-    // A name that contains one of the first two is of that form, wherever it stands: "report.txt.bak".
+    // ".txt" and ".rtf" decide the format anywhere in the name: "report.txt.bak".
     const std::string name = lower_case(path.filename().string());
     if (name.find(".txt") != name.npos) return report_format::plain_text;
     if (name.find(".rtf") != name.npos) return report_format::rich_text;

@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// The forms in which a report is saved.
+/// The file formats of reports.
 enum class report_format
 {
     rich_text,
@@ -16,12 +16,11 @@ enum class report_format
     html
 };
 
-/// The filter of the dialog in which a report is saved.
+/// The filter of the dialog for saving a report.
 inline constexpr std::string_view report_save_filter =
     "Rich text (*.rtf)|*.rtf|Text (*.txt)|*.txt|All file (*.*)|*.*|PDF (*.pdf)|*.pdf|HTML (*.html)|*.html";
 
-/// The form by the extension of the chosen name where it has a known one, else by the chosen part of the filter,
-/// counted from 1.
+/// The format by the extension of the chosen name if it is a known one, else by the chosen pair of the filter (from 1).
 report_format format_of_report(const std::filesystem::path& path, int filter_index);
 
 } // namespace kelvarin

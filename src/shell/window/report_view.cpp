@@ -25,7 +25,7 @@ namespace
 {
 
 constexpr std::array zoom_steps = {0.5, 0.67, 0.8, 0.9, 1.0, 1.1, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0, 4.0};
-/// Of the text, in inches: about 90 letters of its size.
+/// Width of the text in inches: about 90 characters.
 constexpr double readable_width = 5.9;
 constexpr double sheet_padding = 0.7;
 constexpr int wheel_notch = 120;
@@ -76,7 +76,7 @@ void report_view::set_zoom(double zoom)
 
 void report_view::step_zoom(bool larger)
 {
-    // Zooms that were put between the steps go to the next one.
+    // A zoom between the steps goes to the next step.
     constexpr double close = 0.005;
     if (larger) {
         const auto* next = std::ranges::find_if(zoom_steps, [&](double step) { return step > zoom_ + close; });
@@ -102,10 +102,10 @@ int report_view::ground() const
 void report_view::fill()
 {
     fill_document(*document(), lines_, zoom_);
-    // The margins come first, so that all of it is laid out once where no row of a table is too wide for them.
+    // Margins are set before measuring, so that one layout is enough if no table row is too wide for them.
     widest_row_ = 0.0;
     lay_out_sheet();
-    // A document in a box that was not shown yet has no width, and is not laid out.
+    // A document in a widget that was never shown has no width and is not laid out.
     if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
     widest_row_ = widest_row(*document());
     lay_out_sheet();
@@ -115,7 +115,7 @@ void report_view::lay_out_sheet()
 {
     const double room = viewport()->width() - 2.0 * ground();
     const double text = std::max(readable_width * logicalDpiX() * zoom_, widest_row_);
-    // Where it is narrow, first the margins give way, then the text is broken; tables are scrolled.
+    // In a narrow window the margins shrink first, then the text wraps; tables scroll.
     const double padding =
         std::clamp((room - text) / 2, static_cast<double>(ground()), sheet_padding * logicalDpiX() * zoom_);
     sheet_width_ = std::max(std::min(room, text + 2 * padding), widest_row_ + 2 * padding);
@@ -138,7 +138,7 @@ void report_view::apply_palette()
     QPalette colours = palette();
     const QColor window = colours.color(QPalette::Window);
     colours.setColor(QPalette::Base, mixed(window, colours.color(QPalette::Shadow), 0.15));
-    // The text stands on paper; reports bring their own colours, and this one draws the text cursor.
+    // The text cursor is drawn in this colour on white paper; reports set their own colours.
     colours.setColor(QPalette::Text, Qt::black);
     setPalette(colours);
     applying_palette_ = false;
@@ -149,7 +149,7 @@ bool report_view::event(QEvent* event)
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
-            // These are commands of the main window.
+            // Copy and Select All are commands of the main window.
             event->ignore();
             return false;
         }
@@ -216,7 +216,7 @@ void report_view::wheelEvent(QWheelEvent* event)
 
 QMimeData* report_view::createMimeDataFromSelection() const
 {
-    // The caller owns it, as of every such function of the toolkit.
+    // The caller takes ownership.
     return clipboard_content(marked_lines()).release();
 }
 

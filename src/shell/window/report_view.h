@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// Shows styled lines on a sheet of white paper that lies on a ground in the palette's tone, at any zoom. The
-/// sheet is as wide as one likes to read, and wider only where the rows of a table need it.
+/// Shows styled lines on a sheet of white paper on a background in the palette's tone, at any zoom. The sheet has a
+/// width that is comfortable to read, and more only if the rows of a table need it.
 class report_view : public QTextBrowser
 {
     Q_OBJECT
@@ -21,19 +21,19 @@ public:
 
     void set_lines(std::vector<styled_line> lines);
     const std::vector<styled_line>& lines() const { return lines_; }
-    /// What is marked; empty where nothing is.
+    /// The selected lines; empty if there is no selection.
     std::vector<styled_line> marked_lines() const;
 
     double zoom() const { return zoom_; }
-    /// Keeps what is at the top, and what is marked.
+    /// Keeps the scroll position and the selection.
     void set_zoom(double zoom);
-    /// To the next of the usual steps.
+    /// Zooms to the next of the standard steps.
     void step_zoom(bool larger);
 
     QSize sizeHint() const override;
 
 signals:
-    /// The keys or the menu of the box asked for it.
+    /// Copying was requested by key or menu.
     void copy_asked();
     void menu_asked(const QPoint& global_position);
     void zoom_changed();

@@ -41,7 +41,7 @@ QString leaf_caption(const QString& leaf)
 QString leaf_value(const QString& leaf)
 {
     QString value = leaf.section(QLatin1Char('='), 1);
-    // The blank belongs to the separator; a text that is stored as it stands must not grow by it.
+    // The blank belongs to the separator; otherwise a stored text would grow by a blank each time.
     if (value.startsWith(QLatin1Char(' '))) value.remove(0, 1);
     return value;
 }
