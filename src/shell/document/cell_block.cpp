@@ -26,7 +26,8 @@ std::string quoted_where_needed(const std::string& cell)
     return quoted + quote;
 }
 
-/// Takes a quotation off the front of the text and gives what it holds; nothing where none is closed.
+/// Removes a quotation from the front of the text and returns its content. Returns an empty text and removes nothing if
+/// the quotation isn't closed.
 std::string take_quotation(std::string_view& text)
 {
     std::string held;
@@ -41,8 +42,8 @@ std::string take_quotation(std::string_view& text)
     return {};
 }
 
-/// Takes a cell off the front of the text. Quotation marks inside an unquoted cell stand for themselves, and so
-/// does one that is never closed.
+/// Removes a cell from the front of the text and returns its content. Quotation marks inside an unquoted cell, and one
+/// that isn't closed, are ordinary characters.
 std::string take_cell(std::string_view& text)
 {
     std::string cell;
@@ -62,7 +63,7 @@ void skip_line_end(std::string_view& text)
     }
 }
 
-/// The cell with a point, where it is a number with a decimal comma.
+/// A number with a decimal comma, rewritten with a point. Returns nullopt for any other text.
 std::optional<std::string> with_point(std::string_view cell)
 {
     std::string text(trimmed(cell));
@@ -168,7 +169,7 @@ std::vector<std::string> paste_block(cell_columns& cells, cell_range range, cons
 
 message_box left_out_box(const std::vector<std::string>& left_out)
 {
-    // As many as show which part of the block it is.
+    // Enough to recognise the part of the block.
     constexpr std::size_t most_shown = 4;
     std::string text = left_out.size() == 1
                            ? "1 pasted cell lies outside the grid and was left out: "

@@ -21,7 +21,7 @@ void cell_columns::set_cell(int row, int column, std::string_view text)
 void cell_columns::set_column(int column, std::vector<std::string> cells)
 {
     assert(cells.size() == static_cast<std::size_t>(rows_));
-    // What has not changed stays shared.
+    // An unchanged column stays shared.
     if (cells == cells_of(column)) return;
     columns_[static_cast<std::size_t>(column)] = std::make_shared<const std::vector<std::string>>(std::move(cells));
 }

@@ -12,16 +12,16 @@
 namespace kelvarin
 {
 
-/// The texts of a grid's cells, column by column. Copies share their columns: a column is never changed but replaced by
-/// a changed copy, so a copy costs one pointer a column, an edit costs the edited columns, and comparison passes over
-/// columns that are one object. Undo by values lives from that. Rows and columns count from 0.
+/// The texts of a grid's cells, column by column. Copies share their columns: a column is never modified but replaced
+/// by a modified copy, so a copy costs one pointer per column, an edit costs the edited columns, and comparison skips
+/// shared columns. This keeps steps of undo small. Rows and columns count from 0.
 ///
-/// Every change of a cell copies its column: whoever changes many cells of a column does it by one `edit_column`.
+/// Each call of `set_cell` copies its column: use one `edit_column` to change many cells of a column.
 class cell_columns
 {
 public:
     cell_columns() = default;
-    /// Empty cells.
+    /// A grid of empty cells.
     cell_columns(int rows, int columns);
 
     int rows() const { return rows_; }
@@ -30,16 +30,16 @@ public:
 
     const std::string& cell(int row, int column) const { return cells_of(column)[static_cast<std::size_t>(row)]; }
     const std::vector<std::string>& cells_of(int column) const { return *columns_[static_cast<std::size_t>(column)]; }
-    /// Whether both hold the column as one object.
+    /// Whether both objects share the column.
     bool shares_column(int column, const cell_columns& other) const
     {
         return &cells_of(column) == &other.cells_of(column);
     }
 
     void set_cell(int row, int column, std::string_view text);
-    /// `cells` are as many as there are rows.
+    /// `cells` must have rows() elements.
     void set_column(int column, std::vector<std::string> cells);
-    /// Calls `edit` with the cells of a column, whose number stays.
+    /// Calls `edit` with a copy of a column's cells and stores the result. `edit` must not change their number.
     template <class Edit> void edit_column(int column, Edit edit)
     {
         std::vector<std::string> cells = cells_of(column);

@@ -7,28 +7,28 @@
 namespace kelvarin
 {
 
-/// Where a document is kept. An example that takes the content's place has no file, so that Save never writes it
-/// over the one that was open; when the saved content comes back by undo, its file does as well.
+/// The path of a document's file. An example that replaces the content has no file, so that Save doesn't overwrite the
+/// file that was open; when undo restores the saved content, it restores the path as well.
 class document_path
 {
 public:
-    /// Empty where the document has no file.
+    /// Empty if the document has no file.
     const std::filesystem::path& path() const { return path_; }
 
-    /// The document was opened, saved, restored, or (with an empty path) begun anew.
+    /// The document was opened, saved, restored, or (with an empty path) newly created.
     void set(std::filesystem::path path)
     {
         path_ = std::move(path);
         left_.clear();
     }
 
-    /// An example took the place of the content.
+    /// An example replaced the content.
     void leave()
     {
         if (!path_.empty()) left_ = std::exchange(path_, {});
     }
 
-    /// The saved content is back.
+    /// The saved content was restored.
     void come_back()
     {
         if (path_.empty()) path_ = left_;
@@ -36,7 +36,7 @@ public:
 
 private:
     std::filesystem::path path_;
-    /// The file of the content that an example took the place of.
+    /// The file of the content that an example replaced.
     std::filesystem::path left_;
 };
 

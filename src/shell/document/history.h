@@ -10,12 +10,12 @@
 namespace kelvarin
 {
 
-/// Undo and redo by values: a document's earlier and later contents, each with the name of the step that
-/// leads away from it. Saving moves the clean mark and keeps both stacks.
+/// Undo and redo by values: the earlier and later contents of a document, each with the name of the step that changed
+/// it. Saving moves the clean mark and keeps both stacks.
 template <class Content> class history
 {
 public:
-    /// Keeps `before`, the content that a step named `step` is about to change; what could be redone is gone.
+    /// Stores `before`, the content before a step named `step`, and clears the redo stack.
     void record(Content before, std::string step)
     {
         undo_.push_back({std::move(before), std::move(step)});
@@ -25,18 +25,18 @@ public:
 
     bool can_undo() const { return !undo_.empty(); }
     bool can_redo() const { return !redo_.empty(); }
-    /// The name of the step that undo takes back; empty when there is none.
+    /// The name of the step that undo reverts; empty if there is none.
     std::string undo_step() const { return undo_.empty() ? std::string() : undo_.back().step; }
     std::string redo_step() const { return redo_.empty() ? std::string() : redo_.back().step; }
 
-    /// Swaps `content` with the one before the last step; false when there is none.
+    /// Swaps `content` with the one before the last step. Returns false if there is none.
     bool undo(Content& content) { return move_entry(undo_, redo_, content); }
     bool redo(Content& content) { return move_entry(redo_, undo_, content); }
 
-    /// The content as it is now is the saved one.
+    /// Marks the present content as the saved one.
     void mark_clean() { clean_ = undo_.size(); }
     bool is_clean() const { return clean_ == undo_.size(); }
-    /// No content that undo or redo reaches is the saved one.
+    /// Marks that no content reachable by undo or redo is the saved one.
     void mark_unsaved() { clean_.reset(); }
     void clear()
     {
@@ -64,7 +64,7 @@ private:
 
     std::vector<entry> undo_;
     std::vector<entry> redo_;
-    /// The number of undoable steps at which the content is the saved one.
+    /// The number of undoable steps at which the content is the saved one; nullopt if there is no such number.
     std::optional<std::size_t> clean_ = 0;
 };
 

@@ -9,7 +9,7 @@
 namespace kelvarin
 {
 
-/// Makes values of what the library's parser reads; a function that returns false ends the parsing.
+/// Builds a json_value from the events of the library's parser. A handler that returns false ends the parsing.
 class json_builder final : public nlohmann::json_sax<nlohmann::json>
 {
 public:
@@ -38,7 +38,7 @@ public:
     bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) override { return false; }
 
 private:
-    /// Where the next value belongs: behind the last key of an object, or at the end of an array.
+    /// The place of the next value: after the last key of an object, or at the end of an array.
     json_value& next_place()
     {
         if (open_.empty()) return root_;
@@ -52,7 +52,7 @@ private:
     }
     bool open(json_value::content held)
     {
-        // Values are read and destroyed level by level, on the stack.
+        // Limits the recursion when values are read and destroyed.
         constexpr std::size_t deepest = 100;
         if (open_.size() == deepest) return false;
         json_value& opened = next_place();
@@ -67,8 +67,8 @@ private:
     }
 
     json_value root_;
-    /// The arrays and objects around the next value, the innermost last. An outer one does not grow, and so does not
-    /// move, while an inner one is open.
+    /// The arrays and objects around the next value, the innermost last. An outer one doesn't grow while an inner one
+    /// is open, so the pointers stay valid.
     std::vector<json_value*> open_;
 };
 

@@ -10,7 +10,7 @@
 namespace kelvarin
 {
 
-/// The numbers that a run hands to tables, graphs, CSV and JSON: columns of the same length, each with its name.
+/// The numbers that a run passes to tables, graphs, CSV and JSON: columns of equal length with their names.
 struct named_columns
 {
     std::vector<std::string> names;
@@ -18,7 +18,7 @@ struct named_columns
     std::vector<std::vector<double>> columns;
 
     named_columns() = default;
-    /// Columns without rows.
+    /// Named columns without rows.
     explicit named_columns(std::vector<std::string> column_names)
         : names(std::move(column_names)), columns(names.size())
     {
@@ -33,8 +33,8 @@ struct named_columns
 };
 
 /// The columns as comma-separated values: a line of names, then one for each row, each ended by LF. Numbers have a
-/// decimal point and the fewest digits that read back to the same double; one that is not finite is an empty field. A
-/// name with a comma, a quotation mark or a line end stands in quotation marks (RFC 4180).
+/// decimal point and the fewest digits that read back as the same double; numbers that are not finite are empty fields.
+/// Names with a comma, a quotation mark or a line end are quoted (RFC 4180).
 std::string csv_text(const named_columns& table);
 
 } // namespace kelvarin

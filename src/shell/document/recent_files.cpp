@@ -52,7 +52,7 @@ void remember_recent_file(registry_store& registry, std::string_view suffix, con
     std::vector<fs::path> files = load_recent_files(registry, suffix);
     std::erase(files, newest);
     files.insert(files.begin(), newest);
-    // Values can not be taken away, so the rest is emptied.
+    // Registry values can't be deleted, so the remaining ones are set to empty.
     files.resize(recent_file_limit);
     const std::string key = key_of(suffix);
     for (std::size_t number = 1; number <= recent_file_limit; ++number)

@@ -15,7 +15,7 @@ namespace kelvarin
 namespace
 {
 
-/// The marker of a graph file, alone or behind the hexadecimal number that graphs are written with.
+/// Whether the line is the marker of a graph file, alone or after the hexadecimal number that graph files have.
 bool is_graph_marker(std::string_view line)
 {
     constexpr std::string_view marker = "KVRGRF/V500//";
@@ -28,7 +28,7 @@ bool is_graph_marker(std::string_view line)
 
 bool recognises(const problem_kind& kind, std::span<const std::string_view> lines)
 {
-    // What has no second line is no problem of any kind.
+    // A file without a second line is no problem of any kind.
     return lines.size() >= 2 && kind.recognises && kind.recognises(lines);
 }
 

@@ -19,23 +19,23 @@ enum class document_form
     problem
 };
 
-/// What a file is taken for.
+/// The type of a file.
 struct recognised_document
 {
     document_form form = document_form::unknown;
-    /// Of a problem; null otherwise.
+    /// The kind of a problem; null otherwise.
     const problem_kind* kind = nullptr;
 
-    /// "nle", "graph", "report", "text" or "unknown", as answers name it.
+    /// "nle", "graph", "report", "text" or "unknown", as in JSON answers.
     std::string_view key() const;
 };
 
-/// What a file is by its name's extension and its lines: a graph, a report, a text, or a problem of the first of
+/// The type of a file by its name's extension and its lines: a graph, a report, a text, or a problem of the first of
 /// `kinds` that recognises it.
 recognised_document recognise_document(std::string_view path, std::string_view text,
                                        std::span<const problem_kind* const> kinds);
 
-/// Whether a text holds a problem of this kind, whatever its file's name.
+/// Whether a text holds a problem of this kind, regardless of the file's name.
 bool holds_problem(std::string_view text, const problem_kind& kind);
 
 /// "The file format of " + path + " does not match any of the Kelvarin input files format."

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// In the folder stand, for each session (a running program):
+// The folder contains, for each session (a running program):
 //
 //   SESSION.lock      locked by the system for as long as the program lives
 //   SESSION.N.json    the problem in slot N
 //
-// Who holds the lock of a session owns its files. A name whose lock file is gone, or is there and not locked,
-// has no owner, and whoever gets that lock may take the files; so two programs that start at once never take
-// the same ones. Lock files are removed by their holder only. A lock counts only while its file still stands
-// under its name: between opening and locking another program may have found it free and removed it.
+// The holder of a session's lock owns its files. A session whose lock file is missing or not locked has no owner, and a
+// program that gets the lock may take the files; so two programs that start at once never take the same ones. Only the
+// holder removes a lock file. A lock is valid only if its file still has its name: another program may have locked and
+// removed it between opening and locking.
 
 #include "shell/document/recovery.h"
 
@@ -45,7 +45,7 @@ fs::path lock_file_of(const fs::path& folder, const std::string& session)
     return folder / (session + std::string(lock_ending));
 }
 
-/// Makes the folder, for this user's eyes only: problems may be nobody else's business.
+/// Creates the folder, readable by this user alone, since problems may be confidential.
 std::optional<file_failure> make_folder(const fs::path& folder)
 {
     constexpr mode_t private_mode = 0700;
@@ -55,12 +55,12 @@ std::optional<file_failure> make_folder(const fs::path& folder)
     if (::mkdir(folder.c_str(), private_mode) == 0) return std::nullopt;
     const int reason = errno;
     if (!fs::is_directory(folder, error)) return file_failure{folder, system_reason(reason)};
-    // Someone else's folder keeps its mode, and then its files are not ours to hide.
+    // chmod fails for a folder of another user, which keeps its mode.
     static_cast<void>(::chmod(folder.c_str(), private_mode) == 0);
     return std::nullopt;
 }
 
-/// Whether the open file is the one that stands under the name.
+/// Whether the open file is still the one with this name.
 bool stands_at(const posix_file& file, const fs::path& path)
 {
     struct stat open_file
@@ -73,8 +73,8 @@ bool stands_at(const posix_file& file, const fs::path& path)
            open_file.st_dev == named_file.st_dev && open_file.st_ino == named_file.st_ino;
 }
 
-/// The locked file of a session; nothing, with errno set, where another program has it. `flags` may ask for a
-/// file that nobody had.
+/// Opens and locks the file of a session. Returns nullopt, with errno set, if another program holds it. `flags` may
+/// demand a new file.
 std::optional<posix_file> lock_session(const fs::path& path, int flags)
 {
     constexpr mode_t private_mode = 0600;
@@ -93,7 +93,7 @@ struct slot_file
     std::string session;
 };
 
-/// "SESSION.N.json" taken apart; nothing for other names.
+/// Splits "SESSION.N.json". Returns nullopt for other names.
 std::optional<slot_file> slot_file_of(const fs::path& path)
 {
     const std::string name = path.filename().string();
@@ -105,7 +105,7 @@ std::optional<slot_file> slot_file_of(const fs::path& path)
     return slot_file{path, std::string(stem.substr(0, dot))};
 }
 
-/// All files of slots, by name, so that those of a session stand together.
+/// All slot files sorted by name, so that those of a session are adjacent.
 std::vector<slot_file> slot_files_in(const fs::path& folder)
 {
     std::vector<slot_file> files;
@@ -117,7 +117,7 @@ std::vector<slot_file> slot_files_in(const fs::path& folder)
     return files;
 }
 
-/// The sessions that have nothing but a lock file, left behind by programs that ended with nothing unsaved.
+/// Removes lock files without slot files, left by programs that ended with nothing unsaved.
 void remove_stale_locks(const fs::path& folder)
 {
     std::error_code error;
@@ -190,7 +190,8 @@ std::vector<recovery_store::found_problem> recovery_store::claim_orphans()
     return found;
 }
 
-/// Takes one file whose session we own. It is moved, so that at each moment it is there exactly once.
+/// Takes one file of a session that this program has locked. Renaming moves it, so that it exists exactly once at any
+/// time.
 void recovery_store::claim_from(const fs::path& file, std::vector<found_problem>& found)
 {
     const text_file read = read_text_file(file);
@@ -202,7 +203,7 @@ void recovery_store::claim_from(const fs::path& file, std::vector<found_problem>
     }
     const int slot = new_slot();
     fs::rename(file, file_of(slot), error);
-    // What can not be moved stays for a later program.
+    // A file that can not be moved is left for a later program.
     if (!error) found.push_back({slot, std::move(*entry)});
 }
 

@@ -11,11 +11,10 @@ namespace kelvarin
 namespace
 {
 
-/// Raised whenever a field changes its meaning, so that no older program misreads a newer one's file.
+/// To be raised when a field changes its meaning, so that an older program doesn't misread a newer file.
 constexpr int recovery_format = 1;
 
-/// A path is text as a rule, but the file system asks only for bytes, and JSON only takes text: any other path is
-/// written as an array of its bytes.
+/// A path may be any bytes, but JSON strings are UTF-8: a path that isn't is written as an array of its bytes.
 void write_path(json_writer& file, const std::string& path)
 {
     file.key("path");

@@ -12,20 +12,20 @@
 namespace kelvarin
 {
 
-/// What the runs of all kinds of problem end with; each kind adds its numbers. Report, JSON, table and graph are
+/// The common part of the outcomes of all kinds of runs; each kind adds its numbers. Report, JSON, table and graph are
 /// functions of the outcome, the problem and the date.
 struct run_outcome
 {
-    /// A report is to be made; otherwise the boxes say why not.
+    /// Whether a report is to be made; if not, the boxes say why.
     bool has_report = false;
-    /// The listener asked the run to stop.
+    /// Whether the run ended because the listener asked for it.
     bool stopped = false;
-    /// What is shown to the user, in this order.
+    /// The boxes to show, in this order.
     std::vector<message_box> boxes;
-    /// Of the computation alone.
+    /// Seconds of the computation alone.
     double elapsed_seconds = 0.0;
 
-    /// Ends the run without a report.
+    /// Sets the box of a run that ends without a report.
     void refuse(message_box box)
     {
         has_report = false;
@@ -33,15 +33,15 @@ struct run_outcome
     }
 };
 
-/// The boxes in which a kind says that its run failed or was stopped.
+/// The boxes of a kind for a failed and for a stopped run.
 struct run_ending_boxes
 {
     message_box (*failed)(const runtime_failure& failure);
     message_box stopped;
 };
 
-/// Calls `run`, and turns whatever it throws into the kind's box: runtime_failure, a lack of memory (as runtime_failure
-/// 7), and run_stopped. Nothing else is caught: it would be a mistake in the program.
+/// Calls `run` and converts what it throws into the kind's box: runtime_failure, std::bad_alloc (as runtime_failure 7),
+/// and run_stopped. Other exceptions are programming errors and are not caught.
 template <class Run> void guard_run(run_outcome& outcome, const run_ending_boxes& boxes, Run run)
 {
     try {

@@ -18,29 +18,29 @@
 namespace kelvarin
 {
 
-/// How a kind of problem turns its content into texts and back.
+/// The conversions between a kind's content and its texts.
 template <class Content> struct content_format
 {
-    /// The kind as recovery files name it: "nle".
+    /// The kind's key in recovery files: "nle".
     std::string_view kind;
-    /// The name of the step that puts an example in place of the problem.
+    /// The name of the undo step that replaces the problem by an example.
     std::string_view example_step;
 
-    /// The content of a problem file's text (UTF-8); nullopt if the text is no problem of this kind. `current` is the
-    /// content that is to be replaced: what a file does not name stays as it is there.
+    /// The content of a problem file's text (UTF-8). Returns nullopt if the text is not a problem of this kind.
+    /// `current` is the content to be replaced and supplies what a file doesn't contain.
     std::optional<Content> (*read)(std::string_view text, const Content& current);
-    /// The text of a problem file, in the current or the older format. May throw runtime_failure where the content has
-    /// no such text.
+    /// The text of a problem file, in the current or the older format. May throw runtime_failure if the content can't
+    /// be represented in the format.
     std::string (*write)(const Content& content, bool older_format);
-    /// A text that holds everything, also what a problem file has no room for.
+    /// A text that preserves the whole content, including what a problem file omits.
     std::string (*recovery_text)(const Content& content);
-    /// The content that `recovery_text` wrote; nullopt if it did not write this.
+    /// The content that `recovery_text` wrote. Returns nullopt if the text is not valid.
     std::optional<Content> (*read_recovery)(std::string_view text);
-    /// The lines that are printed; `path` is empty where the problem has no file.
+    /// The text that is printed; `path` is empty if the problem has no file.
     std::string (*listing)(const Content& content, const std::filesystem::path& path);
 };
 
-/// A document whose content is one value: undo and redo keep earlier and later values, and files, recovery and print
+/// A document whose content is one value: undo and redo store earlier and later values, and files, recovery and print
 /// are made from the value by the kind's format. A kind derives from it and adds the operations on its content, each of
 /// which makes the next value and calls `change`.
 ///
@@ -48,7 +48,7 @@ template <class Content> struct content_format
 template <class Content> class value_document : public problem_document
 {
 public:
-    /// `format` outlives the document.
+    /// `format` must outlive the document.
     explicit value_document(const content_format<Content>& format) : format_(&format) {}
 
     const Content& content() const { return content_; }
@@ -115,19 +115,19 @@ public:
     std::string printed_listing() const final { return format_->listing(content_, path()); }
 
 protected:
-    /// Begins with a content that was made elsewhere and that nobody has saved yet; undo starts anew.
+    /// Starts with a content that was made elsewhere and is unsaved; clears the undo stack.
     void start_unsaved(Content content)
     {
         start_anew(std::move(content), {});
         history_.mark_unsaved();
     }
-    /// Puts `next` in place of the content, as a step of undo. Nothing happens where they are equal.
+    /// Replaces the content by `next` as a step of undo. Does nothing if they are equal.
     void change(std::string_view step, Content next)
     {
         if (next == content_) return;
         history_.record(std::exchange(content_, std::move(next)), std::string(step));
     }
-    /// The same for changes that come with every key typed: those in a row are one step.
+    /// The same for changes made while typing: consecutive ones are one step.
     void change_on(std::string_view step, Content next)
     {
         if (history_.undo_step() == step && !history_.can_redo() && !history_.is_clean())
@@ -135,8 +135,8 @@ protected:
         else
             change(step, std::move(next));
     }
-    /// Puts an example in place of the problem, in one step. The path goes, so that no save writes the example over the
-    /// file that was open.
+    /// Replaces the problem by an example in one step. The path is cleared, so that Save doesn't overwrite the file
+    /// that was open.
     void change_to_example(Content example)
     {
         change(format_->example_step, std::move(example));

@@ -16,7 +16,7 @@ namespace kelvarin
 namespace
 {
 
-/// The letter behind the backslash in the short escapes; 0 of a character that has none.
+/// The letter of a character's short escape after the backslash; 0 if it has none.
 constexpr char short_escape(char c)
 {
     switch (c) {
@@ -42,7 +42,7 @@ enum class treatment : char
 {
     as_it_is,
     escaped,
-    /// Part of a letter of several bytes, if the text is UTF-8.
+    /// Part of a multi-byte character, if the text is UTF-8.
     beyond_ascii
 };
 
@@ -124,7 +124,7 @@ void json_writer::value(std::string_view text)
     }
     text_ += '"';
     if (!beyond_ascii || is_utf8(text)) return;
-    // Such names are rare: the library knows how its replacements stand.
+    // Invalid UTF-8 is rare and left to the library, which replaces it.
     text_.resize(before);
     text_ += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
@@ -155,7 +155,7 @@ void json_writer::value(double number)
 {
     if (!std::isfinite(number)) return null();
     separate();
-    // The form and, where several are as short, the choice of digits are the library's own.
+    // The library decides on the form and chooses among equally short digits.
     std::array<char, 64> digits;
     const char* const begin = digits.data();
     const char* const end = nlohmann::detail::to_chars(digits.data(), digits.data() + digits.size(), number);

@@ -10,35 +10,35 @@
 namespace kelvarin
 {
 
-/// Writes indented JSON straight into a text: the one writer of the program. Numbers have the fewest digits that give
-/// the same double back.
+/// Writes indented JSON into a text; all JSON of the program is written by this class. Numbers have the fewest digits
+/// that read back as the same double.
 ///
-/// Every array and object is closed by its `end`; within an object each value follows its key.
+/// Every array and object must be closed by its `end`; within an object each value follows its key.
 class json_writer
 {
 public:
-    /// `depth` is that of the value among those around it: its lines are indented by so many steps, except
-    /// the first, which stands where the writer of the surroundings put it.
+    /// `depth` is the nesting depth of the value in the surrounding text: its lines are indented by `depth` steps,
+    /// except the first, which continues the surrounding line.
     explicit json_writer(int depth = 0) : line_end_(",\n" + std::string(spaces_of(depth), ' ')) {}
 
     void begin_object() { begin('{'); }
     void end_object() { end('}'); }
     void begin_array() { begin('['); }
     void end_array() { end(']'); }
-    /// A name that needs no escapes.
+    /// `name` must need no escapes.
     void key(std::string_view name);
-    /// Bytes that are no UTF-8 are replaced.
+    /// Invalid UTF-8 is replaced.
     void value(std::string_view text);
     void value(const char* text) { value(std::string_view(text)); }
     void value(bool truth);
     void value(std::int64_t number);
     void value(int number) { value(static_cast<std::int64_t>(number)); }
-    /// One that is not finite is null.
+    /// A number that is not finite is written as null.
     void value(double number);
     void value(std::span<const double> numbers);
     void value(std::span<const std::string> texts);
     void null();
-    /// A text that another writer made at the depth of this place.
+    /// Inserts JSON that another writer made for this depth.
     void raw(std::string_view text);
     template <class Value> void member(std::string_view name, const Value& content)
     {
@@ -47,7 +47,7 @@ public:
     }
 
     void reserve(std::size_t bytes) { text_.reserve(bytes); }
-    /// The text, complete when everything that was begun is ended.
+    /// Takes the text; complete once everything that was begun has ended.
     std::string take() { return std::move(text_); }
 
 private:
@@ -59,11 +59,11 @@ private:
     void separate();
 
     std::string text_;
-    /// A comma, and the line break with the indentation of this place.
+    /// A comma and a line break with the present indentation.
     std::string line_end_;
-    /// The next value is the first one of its array or object.
+    /// Whether the next value is the first of its array or object.
     bool is_first_ = false;
-    /// A value stands alone or behind its key, not behind another one.
+    /// Whether the next value needs no separator: it is the only one or follows its key.
     bool stands_alone_ = true;
 };
 

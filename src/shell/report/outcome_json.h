@@ -7,14 +7,14 @@
 #include <span>
 #include <string_view>
 
-/// The keys that stand in the JSON answers of all kinds.
+/// The keys common to the JSON answers of all kinds.
 namespace kelvarin
 {
 
-/// Opens the object of a file's answer: "file" (as the user named it), "kind" (a kind's key) and "title".
+/// Begins the object of a file's answer: "file" (as the user named it), "kind" (a kind's key) and "title".
 void begin_answer(json_writer& writer, std::string_view file, std::string_view kind, std::string_view title);
 
-/// "ok", and "messages" with title and text of each box.
+/// Writes "ok", and "messages" with title and text of each box.
 void write_ending(json_writer& writer, bool ok, std::span<const message_box> boxes);
 
 } // namespace kelvarin

@@ -14,10 +14,10 @@
 namespace kelvarin
 {
 
-/// How a kind of problem sets the lines of the blocks "Settings" and "General", in rich text.
+/// The format of a kind's lines in the blocks "Settings" and "General", in rich text.
 struct report_layout
 {
-    /// What begins each line: a blank, or an empty group that indents.
+    /// The beginning of each line: a blank, or an empty group that indents.
     std::string_view margin = " ";
     /// Between the label of a setting and its value.
     std::string_view equals = " = ";
@@ -38,33 +38,32 @@ struct setting_line
     std::string_view key;
 };
 
-/// A report as it grows, in rich text. Parts are taken as rich text unless they are said to be as typed; those are
-/// escaped here.
+/// Composes a report in rich text. Arguments are rich text unless described as typed; typed texts are escaped here.
 class report_text
 {
 public:
-    /// Begins with the head of every report: title (as typed), date and the program's version.
+    /// Writes the head of every report: title (as typed), date and the program's version.
     report_text(std::string_view title, calendar_date date, report_layout layout = {});
 
     /// Room for so many bytes.
     void reserve(std::size_t bytes) { body_.reserve(bytes); }
-    /// A part of a line that is not yet at its end.
+    /// Appends to the current line.
     void add(std::string_view part) { body_ += part; }
-    /// The parts of a line, then its end; without parts an empty line.
+    /// Appends the parts and ends the line; without parts an empty line.
     void line(std::initializer_list<std::string_view> parts = {});
-    /// The same behind the margin of the layout.
+    /// The same with the margin of the layout in front.
     void margin_line(std::initializer_list<std::string_view> parts);
 
-    /// An equation or condition, as typed, behind its number: "[1] x = 2".
+    /// An equation or condition, as typed, after its number: "[1] x = 2".
     void numbered_line(std::size_t number, std::initializer_list<std::string_view> typed);
-    /// The head, then each row that has a comment with the comment below, and an empty line. Nothing where no row has
-    /// one.
+    /// The head, then each row that has a comment with the comment below, and an empty line. Adds nothing if no row has
+    /// a comment.
     void comments(std::string_view head, std::span<const commented_row> rows);
     /// A line "label = value".
     void setting(std::string_view label, std::string_view value);
-    /// The settings as they are in `store`, numbers all of them.
+    /// A line for each setting with its value in `store`; all of them are numbers.
     void settings_of(std::span<const setting_line> lines, const settings& store);
-    /// "Data file: " with a shortened path; nothing where the problem has no file.
+    /// "Data file: " with a shortened path; adds nothing if the problem has no file.
     void data_file(const std::filesystem::path& path);
     /// "Elapsed time: 0.0000 sec".
     void elapsed_time(double seconds);

@@ -15,7 +15,7 @@ namespace
 
 using font = std::pair<std::string, font_class>;
 
-/// The fonts and colours of some lines, each once, in order of first appearance.
+/// The distinct fonts and colours of some lines, in order of first appearance.
 struct style_tables
 {
     std::vector<font> fonts;
@@ -31,7 +31,7 @@ struct style_tables
         }
     }
 
-    /// The place of a value in a list, at the end of which it is put where it is missing.
+    /// The index of a value in a list; a missing value is appended.
     template <class Value> static std::size_t number_in(std::vector<Value>& list, const Value& value)
     {
         const auto found = std::ranges::find(list, value);
@@ -57,7 +57,7 @@ std::string_view family_word(font_class family)
 std::string font_entry(std::size_t number, const font& entry)
 {
     std::string name = escape_rich_text(entry.first);
-    // The one letter that would end the entry.
+    // A semicolon would end the entry.
     for (std::size_t at = name.find(';'); at != std::string::npos; at = name.find(';', at))
         name.replace(at, 1, R"(\'3b)");
     return R"({\f)" + std::to_string(number) + std::string(family_word(entry.second)) + ' ' + name + ";}";

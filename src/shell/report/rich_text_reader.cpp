@@ -17,30 +17,30 @@ namespace kelvarin
 namespace
 {
 
-/// What a group changes and its end restores.
+/// The state that a group inherits and its end restores.
 struct group_state
 {
     bool bold = false;
     bool italic = false;
     bool underline = false;
     bool hidden = false;
-    /// Numbers in the tables.
+    /// Indexes in the tables.
     int colour = 0;
     int font = 3;
     int size = styled_run().size;
-    /// How many characters behind a \u escape are its replacement for readers without Unicode.
+    /// Number of characters after a \u escape that replace it for readers without Unicode.
     int replacement_length = 1;
 
     friend bool operator==(const group_state&, const group_state&) = default;
 };
 
-/// Groups whose text is not part of the document's. A group that begins with \* is one of them too.
+/// Groups whose text is not part of the document's text. A group that begins with \* is one of them too.
 constexpr std::array<std::string_view, 25> destinations = {
     "fonttbl", "colortbl", "stylesheet", "info",       "pict",     "header",   "headerl", "headerr", "headerf",
     "footer",  "footerl",  "footerr",    "footerf",    "filetbl",  "footnote", "fldinst", "objdata", "listtable",
     "pntxta",  "pntxtb",   "template",   "nonshppict", "xmlnstbl", "tc",       "xe"};
 
-/// Words that stand for text.
+/// Control words that represent characters.
 struct text_word
 {
     std::string_view name;
@@ -71,7 +71,7 @@ bool has_style_of(const styled_run& run, const styled_run& other)
            run.colour == other.colour && run.font == other.font && run.family == other.family && run.size == other.size;
 }
 
-/// One walk over the document, without recursion: groups are a stack of states with a limit, and deeper ones
+/// Reads the document in one pass without recursion: groups are a stack of states of limited depth, and deeper groups
 /// are only counted, so that no document can exhaust stack or memory.
 class rich_text_reader
 {
@@ -101,15 +101,15 @@ private:
     void end_line();
 
     rich_text_scanner scanner_;
-    /// The document's tables; a document without any has those of reports, as most have.
+    /// The tables in use: the document's own, or those of reports if it has none.
     const font_table* fonts_ = &report_fonts();
     const colour_table* colours_ = &report_colours();
     font_table own_fonts_;
     colour_table own_colours_;
-    /// What \plain gives back.
+    /// The state that \plain restores.
     group_state plain_;
     group_state state_;
-    /// What the last run of the line was made from.
+    /// The state of the line's last run.
     group_state run_state_;
     std::vector<group_state> outer_;
     std::size_t uncounted_depth_ = 0;
@@ -224,7 +224,7 @@ void rich_text_reader::read_symbol(char symbol)
 void rich_text_reader::read_word()
 {
     const control_word word = scanner_.take_word();
-    // \bin is followed by data whether it counts as a replacement or not.
+    // \bin is followed by data even if it counts as a replacement.
     if (is_replacement() && word.name != "bin") return;
     apply(word);
 }
@@ -246,7 +246,7 @@ void rich_text_reader::apply(const control_word& word)
     else if (const auto found = std::ranges::find(text_words, word.name, &text_word::name); found != text_words.end())
         append_letter(found->letter);
     else if (word.name == "rtf") {
-        // Now it is a whole document, and those begin in the format's own size.
+        // A complete document begins with the format's default size.
         constexpr int size_of_documents = 24;
         plain_.size = size_of_documents;
         plain_.font = 0;
@@ -306,7 +306,7 @@ void rich_text_reader::make_plain()
 
 void rich_text_reader::read_unicode(int number)
 {
-    // Written as a signed 16-bit number, by some programs as an unsigned one.
+    // The number is a signed 16-bit one; some programs write it unsigned.
     const auto code = static_cast<char32_t>(number < 0 ? number + 0x10000 : number);
     if (code >= 0xD800 && code <= 0xDBFF) {
         flush_surrogate();
@@ -319,7 +319,7 @@ void rich_text_reader::read_unicode(int number)
     replacement_left_ = state_.replacement_length;
 }
 
-/// Whether the character just read only stands in for a \u escape before it.
+/// Whether the character just read only replaces a \u escape before it.
 bool rich_text_reader::is_replacement()
 {
     if (replacement_left_ == 0) return false;
@@ -340,17 +340,17 @@ void rich_text_reader::append_ascii(std::string_view text)
 void rich_text_reader::append_letter(char32_t code)
 {
     flush_surrogate();
-    // Controls are no text, and a line end may not get into a line.
+    // Controls are not text, and a line must not contain line ends.
     const bool is_control = (code < 0x20 && code != U'\t') || code == 0x7F;
     if (!is_control && !state_.hidden) append_utf8(run_text(), code);
 }
 
-/// The text of the run that has the present style, a new one where the last has another.
+/// The text of the last run if it has the current style, else of a new run.
 std::string& rich_text_reader::run_text()
 {
     if (!line_.empty() && run_state_ == state_) return line_.back().text;
     styled_run run = new_run();
-    // Two numbers may mean one font or colour.
+    // Different numbers may mean the same font or colour.
     if (line_.empty() || !has_style_of(line_.back(), run)) line_.push_back(std::move(run));
     run_state_ = state_;
     return line_.back().text;
@@ -372,7 +372,7 @@ styled_run rich_text_reader::new_run() const
     return run;
 }
 
-/// The first half of a pair whose second never came becomes U+FFFD.
+/// A high surrogate without a low one becomes U+FFFD.
 void rich_text_reader::flush_surrogate()
 {
     if (high_surrogate_ == 0) return;

@@ -33,7 +33,7 @@ std::optional<int> hex_digit(char byte)
 
 char32_t ansi_letter(unsigned char byte)
 {
-    // Where Latin-1 has controls, 0x80 to 0x9f. The five gaps stay what they are in Latin-1.
+    // Code page 1252 in the range of Latin-1's controls, 0x80 to 0x9f. Its five gaps are as in Latin-1.
     constexpr std::size_t first = 0x80;
     constexpr std::array<char16_t, 32> letters = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
@@ -123,7 +123,7 @@ void rich_text_scanner::skip_control()
         ++at_;
         return;
     }
-    // Binary data may hold braces.
+    // Binary data may contain braces.
     if (const control_word word = take_word(); word.name == "bin") skip_bytes(word.parameter);
 }
 

@@ -8,38 +8,38 @@
 namespace kelvarin
 {
 
-/// A word of rich text: \fs18 is "fs" with 18.
+/// A control word of rich text: \fs18 is "fs" with 18.
 struct control_word
 {
     std::string_view name;
     std::optional<int> parameter;
 };
 
-/// The letter of \'hh: the "ansi" of these documents is code page 1252.
+/// The character of \'hh: the "ansi" of these documents is code page 1252.
 char32_t ansi_letter(unsigned char byte);
 
-/// Walks over a rich-text document. Nothing here fails: what is cut short ends with the document.
+/// Scans a rich-text document. No function fails: a token that is cut short ends with the document.
 class rich_text_scanner
 {
 public:
     explicit rich_text_scanner(std::string_view document) : document_(document) {}
 
     bool at_end() const { return at_ >= document_.size(); }
-    /// The byte ahead; there is one.
+    /// The next byte; not to be called at the end.
     char peek() const { return document_[at_]; }
     void advance() { ++at_; }
-    /// Over the data of \bin, which may hold anything.
+    /// Skips the data of \bin, which may contain any bytes.
     void skip_bytes(std::optional<int> count);
 
-    /// The bytes ahead that stand for themselves, up to braces, backslashes, controls and what is not ASCII.
+    /// Takes the text up to the next brace, backslash, control or non-ASCII byte.
     std::string_view take_plain();
-    /// The letter ahead in UTF-8, a byte of Latin-1 where it is none.
+    /// Takes one UTF-8 character; an invalid byte is taken as Latin-1.
     char32_t take_letter();
-    /// Behind a backslash with a letter ahead: name, number and the one blank that ends them.
+    /// After a backslash, with a letter next: name, number and the one blank that ends them.
     control_word take_word();
-    /// Behind \': the two digits, or nothing, and then nothing is taken.
+    /// After \': takes the two digits. Returns nullopt and takes nothing if there are none.
     std::optional<unsigned char> take_hex();
-    /// The rest of the group we are in; the brace that closes it is left.
+    /// Takes the rest of the current group, without its closing brace.
     std::string_view take_group();
 
     static bool is_letter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }

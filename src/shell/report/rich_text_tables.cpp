@@ -15,7 +15,7 @@ namespace kelvarin
 namespace
 {
 
-/// What a walk over the font table has found of the present entry.
+/// Reads a font table, collecting the parts of the current entry.
 class font_table_reader
 {
 public:
@@ -33,7 +33,7 @@ private:
     font_table fonts_;
     std::optional<int> number_;
     std::string name_;
-    /// The first half of a pair of \u escapes.
+    /// The high surrogate of an incomplete pair of \u escapes.
     char32_t high_surrogate_ = 0;
     std::optional<font_class> family_;
     std::optional<font_class> pitch_;
@@ -65,7 +65,7 @@ void font_table_reader::read_control()
     if (rich_text_scanner::is_letter(byte)) return apply(scanner_.take_word());
     scanner_.advance();
     if (byte == '*')
-        // Other names of the font, its shape, the font itself.
+        // Alternative names, shape data or embedded fonts.
         scanner_.take_group();
     else if (byte == '\'') {
         if (const std::optional<unsigned char> letter = scanner_.take_hex()) append_letter(ansi_letter(*letter));
@@ -104,7 +104,7 @@ void font_table_reader::append_letter(char32_t code)
         append_utf8(name_, code);
 }
 
-/// The one character behind \u that stands in for it.
+/// Skips the character after \u that replaces it.
 void font_table_reader::skip_replacement()
 {
     if (scanner_.at_end() || scanner_.peek() == '{' || scanner_.peek() == '}' || scanner_.peek() == ';') return;
@@ -149,7 +149,7 @@ font_table read_font_table(std::string_view group)
 
 colour_table read_colour_table(std::string_view group)
 {
-    // Nobody counts further, and a hostile table would only take memory.
+    // More would only let a malformed table use up memory.
     constexpr std::size_t most_colours = 4096;
     constexpr int largest_part = 255;
     rich_text_scanner scanner(group);

@@ -17,11 +17,11 @@ struct rich_text_font
     font_class family = font_class::sans;
 };
 
-/// The fonts of a document by their numbers, which need not be in order.
+/// The fonts of a document by number, in any order.
 using font_table = std::map<int, rich_text_font>;
 using colour_table = std::vector<rgb_colour>;
 
-/// The tables of reports as they stand behind \fonttbl and \colortbl.
+/// The contents of the \fonttbl and \colortbl groups of reports.
 inline constexpr std::string_view report_font_group =
     R"({\f0\fnil MS Sans Serif;}{\f1\froman\fcharset2{\*\fname Symbol;}MT Symbol;})"
     R"({\f2\fswiss\fcharset177 MS Sans Serif;}{\f3\fswiss\fprq2 Arial;}{\f4\froman Times New Roman;})"
@@ -30,14 +30,14 @@ inline constexpr std::string_view report_colour_group =
     R"(\red0\green0\blue0;\red0\green0\blue160;\red150\green0\blue0;\red0\green128\blue0;)"
     R"(\red128\green128\blue0;\red0\green128\blue128;\red128\green0\blue128;\red254\green0\blue0;)";
 
-/// The same, read once.
+/// The same, parsed once.
 const font_table& report_fonts();
 const colour_table& report_colours();
 
-/// Reads what stands behind \fonttbl in its group. A font's class comes from its name, and where that tells
-/// nothing from its family word or its pitch.
+/// Reads the group's content after \fonttbl. A font's class comes from its name, or if the name is not conclusive from
+/// its family word or pitch.
 font_table read_font_table(std::string_view group);
-/// Reads what stands behind \colortbl in its group. An entry without numbers, the "automatic" one, is black.
+/// Reads the group's content after \colortbl. An entry without numbers, the "automatic" one, is black.
 colour_table read_colour_table(std::string_view group);
 
 } // namespace kelvarin

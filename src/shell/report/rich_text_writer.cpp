@@ -32,7 +32,7 @@ constexpr bool stands_for_itself(char letter)
     return letter >= 0x20 && letter < 0x7F && letter != '{' && letter != '}' && letter != '\\';
 }
 
-/// One \u escape; its number is a signed 16-bit one, and a reader without Unicode shows the "?".
+/// Appends one \u escape; its number is signed 16-bit, and readers without Unicode show the "?".
 void append_unit(std::string& text, char16_t unit)
 {
     text += "\\u";
@@ -88,7 +88,7 @@ std::string escape_rich_text(std::string_view text)
             text.remove_prefix(1);
             continue;
         }
-        // A byte that is no part of a letter is read as Latin-1, as in files.
+        // An invalid byte is read as Latin-1, as in files.
         const utf8_letter letter = first_utf8_letter(text).value_or(utf8_letter{byte, 1});
         append_escaped_letter(escaped, letter.code);
         text.remove_prefix(letter.length);

@@ -10,8 +10,8 @@ namespace kelvarin
 namespace
 {
 
-/// Paper is white and its plain text black, whatever a reader's own colours are. Stops are half an inch apart,
-/// but 8 columns where a line is in fixed width as a whole, so that columns made by tabs stand.
+/// The paper is white and plain text black, independent of the browser's colours. Tab stops are half an inch apart, but
+/// 8 columns in lines entirely in fixed width, so that tabulated columns stay aligned.
 constexpr std::string_view style_sheet = "body{background:#ffffff;color:#000000}"
                                          "p{margin:0;white-space:pre-wrap;tab-size:0.5in}"
                                          "p.columns{tab-size:8}";
@@ -65,7 +65,7 @@ void append_hex(std::string& text, std::uint8_t byte)
 std::string style_of(const styled_run& run)
 {
     std::string font = run.font;
-    // What would end the quoted name.
+    // These would end the quoted name.
     std::erase_if(font, [](char byte) { return byte == '\'' || byte == '\\'; });
     std::string style = "font-family:'" + font + "',";
     style += generic_family(run.family);
@@ -90,7 +90,7 @@ void append_line(std::string& html, const styled_line& line)
         html += escape_html(run.text);
         html += "</span>";
     }
-    // A paragraph without content would have no height.
+    // An empty paragraph would have no height.
     if (line.empty()) html += "<br>";
     html += "</p>\n";
 }

@@ -19,7 +19,7 @@ struct name_word
     font_class family;
 };
 
-/// In this order: "Sans Serif" is sans, and "Sans Mono" is monospace.
+/// The order matters: "Sans Serif" is sans, and "Sans Mono" is monospace.
 constexpr std::array<name_word, 22> name_words = {
     {{"courier", font_class::monospace},    {"mono", font_class::monospace},  {"consol", font_class::monospace},
      {"typewriter", font_class::monospace}, {"fixed", font_class::monospace}, {"menlo", font_class::monospace},

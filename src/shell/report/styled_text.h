@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// Text in styles, line by line: what reports and other rich text become when they are read, and what windows,
-/// plain text, HTML and rich text are made from.
+/// Styled text, line by line: the result of reading reports and other rich text, and the source of windows, plain text,
+/// HTML and rich text.
 namespace kelvarin
 {
 
@@ -21,7 +21,7 @@ struct rgb_colour
     friend bool operator==(const rgb_colour&, const rgb_colour&) = default;
 };
 
-/// What stands in for a font that is not there.
+/// The generic family that replaces a font that isn't installed.
 enum class font_class
 {
     serif,
@@ -29,7 +29,7 @@ enum class font_class
     monospace
 };
 
-/// The class of a font by the words in its name; `otherwise` where they tell nothing.
+/// The class of a font by the words in its name; `otherwise` if they are not conclusive.
 font_class class_of_font(std::string_view family, font_class otherwise);
 
 /// A run of text in one style, inside one line. The defaults are those of reports.
@@ -54,14 +54,14 @@ using styled_line = std::vector<styled_run>;
 /// The distance of tab stops, in twentieths of a point.
 inline constexpr int tab_distance = 720;
 
-/// The text of the lines, each ended by LF, tabs as tabs.
+/// The text of the lines, each ended by LF; tabs are preserved.
 std::string plain_text_of(std::span<const styled_line> lines);
 
 /// A plain text (UTF-8) as lines in "Courier New". Controls other than tabs become blanks.
 std::vector<styled_line> styled_plain_text(std::string_view text);
 
-/// A whole HTML document that looks like the lines: blanks as they stand, tabs to stops. `title` is what a
-/// browser shows for its name.
+/// A complete HTML document with the appearance of the lines: blanks are preserved, tabs go to their stops. `title` is
+/// the document's title in a browser.
 std::string html_of(std::span<const styled_line> lines, std::string_view title = "KELVARIN Report");
 
 } // namespace kelvarin
