@@ -12,7 +12,7 @@ namespace kelvarin
 namespace
 {
 
-/// log10(e) to the twelve digits that the conversion has always used.
+/// log10(e) to twelve digits, as the conversion is defined.
 constexpr double log10_of_e = 0.434294481903;
 
 double per_atmosphere(antoine_pressure unit)
@@ -38,7 +38,7 @@ antoine_constants with_pressure(antoine_constants constants, antoine_log log, an
     return constants;
 }
 
-/// A scale by its place against degrees Celsius: t = ratio * (t_C + from_zero) + shift.
+/// A temperature scale in terms of degrees Celsius: t = ratio * (t_C + from_zero) + shift.
 struct scale
 {
     double ratio;
@@ -69,7 +69,7 @@ antoine_constants with_temperature(antoine_constants constants, antoine_temperat
     if (from == to) return constants;
     const scale old_scale = scale_of(from);
     const scale new_scale = scale_of(to);
-    // C + t_C is ratio times smaller than its like of the scale, and so is B.
+    // B/(C + t) must not change: C + t is proportional to the size of a degree, and so is B.
     constants.B = constants.B / old_scale.ratio * new_scale.ratio;
     const double in_celsius = (constants.C + old_scale.shift) / old_scale.ratio + old_scale.from_zero;
     constants.C = (in_celsius - new_scale.from_zero) * new_scale.ratio - new_scale.shift;

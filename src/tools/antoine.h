@@ -35,12 +35,12 @@ enum class antoine_temperature
     R
 };
 
-/// The choices as they are shown, in the order of their enumerations.
+/// The displayed choices, in the order of their enumerations.
 inline constexpr std::array<std::string_view, 2> antoine_log_items = {"log", "ln"};
 inline constexpr std::array<std::string_view, 6> antoine_pressure_items = {"mmHg", "atm", "psi", "kPa", "bar", "Pa"};
 inline constexpr std::array<std::string_view, 4> antoine_temperature_items = {"deg C", "deg F", "K", "R"};
 
-/// What the constants of an Antoine equation belong to: log(P) = A + B/(C + t) with P and t in these units.
+/// The form of an Antoine equation: log(P) = A + B/(C + t) with P and t in these units.
 struct antoine_form
 {
     antoine_log log = antoine_log::log10;
@@ -58,14 +58,14 @@ struct antoine_constants
     double C = 0.0;
 };
 
-/// Said beside the fields of new constants.
+/// Shown beside the fields of new constants.
 inline constexpr std::string_view antoine_sign_note =
     "The equation is written with + B. Tables that write A - B/(C+t) print B without its sign: enter it negative.";
 
-/// The constants that give the same vapour pressure at the same state in another form.
+/// The constants that give the same vapour pressures in another form.
 antoine_constants convert_antoine(const antoine_constants& constants, const antoine_form& from, const antoine_form& to);
 
-/// The vapour pressure at temperature t, both in the form's units.
+/// The vapour pressure at temperature t, in the form's units.
 double vapour_pressure(const antoine_constants& constants, const antoine_form& form, double t);
 
 /// "mmHg ; deg C".
@@ -73,23 +73,23 @@ std::string antoine_units_text(const antoine_form& form);
 /// "log(P)=A+B/(C+t)" or "ln(P)=A+B/(C+t)".
 std::string antoine_equation_text(const antoine_form& form);
 
-/// The constants of the window with their form, in full; fields and line show them through masks.
+/// The constants of the window in full precision, with their form; fields and line format them by masks.
 class antoine_tool
 {
 public:
     const antoine_form& form() const { return form_; }
-    /// Nothing until constants were entered.
+    /// nullopt until constants were entered.
     const std::optional<antoine_constants>& constants() const { return constants_; }
 
-    /// Takes typed constants, which belong to the form as it is; refused where one is no number as a whole.
+    /// Takes constants as typed, in the present form. Returns a box if one is not a number as a whole.
     std::optional<message_box> enter(std::string_view A, std::string_view B, std::string_view C);
-    /// Rewrites the constants for another form; without constants the form alone changes. Refused where one of
-    /// them would be too large a number.
+    /// Converts the constants to another form; without constants only the form changes. Returns a box if one of them
+    /// would overflow.
     std::optional<message_box> choose(const antoine_form& form);
 
-    /// A, B and C as their fields show them, by the masks "#0.00000" and "#0.0000"; empty without constants.
+    /// A, B and C as their fields show them, by the masks "#0.00000" and "#0.0000"; empty if there are no constants.
     std::array<std::string, 3> field_texts() const;
-    /// "log(P)=8.07131+-1730.6300/(233.4260+t)"; empty without constants.
+    /// "log(P)=8.07131+-1730.6300/(233.4260+t)"; empty if there are no constants.
     std::string displayed_line() const;
 
 private:

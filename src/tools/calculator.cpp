@@ -58,7 +58,7 @@ try {
     }
 
     if (!line.target.empty()) {
-        // Anew, so that the variable set last is the last one listed.
+        // Removed first, so that the variable set last is the last in the list.
         variables_.Remove_var(line.target);
         variables_.Add_new_var(line.target, solved.value);
     }

@@ -12,49 +12,49 @@
 namespace kelvarin
 {
 
-/// What a calculator line says: an expression, and the variable that takes its value, if any.
+/// A parsed calculator line: an expression, and the variable that gets its value, if any.
 struct calculator_line
 {
-    /// Empty where nothing is assigned.
+    /// Empty if the line assigns nothing.
     std::string target;
     std::string expression;
-    /// Where the expression stands in the text that was read, in bytes.
+    /// Byte offset of the expression in the original text.
     std::size_t offset = 0;
 };
 
-/// The text as one line: line ends and tabs become blanks, and those around it go.
+/// The text as one line: line ends and tabs become blanks, and the result is trimmed.
 std::string on_one_line(std::string_view text);
 
-/// Reads a line. It is split at its first "=", whatever that belongs to; what stands in front is the target
-/// if it is a valid name, and nothing if it is empty. Otherwise the whole line is the expression, so that
-/// `(a == b)` stays a comparison. Line ends and tabs count as blanks.
+/// Parses a line. It is split at its first "=": the part in front is the target if it is a valid name, and if it is
+/// empty there is no target. Otherwise the whole line is the expression, so that `(a == b)` is a comparison. Line ends
+/// and tabs count as blanks.
 calculator_line read_calculator_line(std::string_view text);
 
-/// What a line gave: a value, or the box that tells why there is none.
+/// The result of a line: a value, or the box that says why there is none.
 struct calculator_answer
 {
     std::optional<double> value;
-    /// The variable that took the value; empty where none did.
+    /// The variable that was set; empty if there is none.
     std::string variable;
     std::optional<message_box> refusal;
 };
 
-/// What the checker has against a line, and where in its text, if that can be told.
+/// The checker's message about a line, and its place in the text if known.
 struct line_fault
 {
     std::string message;
     std::optional<byte_range> place;
 };
 
-/// Lines typed one after the other, each of which sees the variables that the ones before it made.
+/// Evaluates lines one after the other; each can use the variables that earlier ones set.
 class calculator
 {
 public:
-    /// Checks, evaluates and stores. A line that is refused or fails assigns nothing.
+    /// Checks and evaluates a line and stores its variable. A line that is refused or fails assigns nothing.
     calculator_answer solve_line(std::string_view text);
-    /// Only checks: nothing where the line is acceptable or blank.
+    /// Only checks a line. Returns nullopt if it is acceptable or blank.
     std::optional<line_fault> fault_of(std::string_view text) const;
-    /// Gives a variable the number that a text is. A text that is none is refused, and the variable keeps its value.
+    /// Sets a variable to a number given as text. Returns a box and keeps the old value if the text is not a number.
     std::optional<message_box> set_variable(std::string_view name, std::string_view text);
 
     clsParse& variables() { return variables_; }

@@ -7,17 +7,17 @@
 #include <string_view>
 #include <vector>
 
-/// What a calculator shows of the lines that it solved, and how they come back.
+/// The history of solved lines: how it is displayed, and how lines are recalled.
 namespace kelvarin
 {
 
-/// The masks that answers can be shown by, in the order of their list.
+/// The masks for answers, in the order of their list.
 const std::vector<std::string_view>& answer_masks();
 
-/// A value by a mask; its plain text, with all digits, where there is none.
+/// A value formatted by a mask; its plain text with all digits if the mask is empty.
 std::string answer_text(double value, std::string_view mask);
 
-/// What a piece of a history entry is; a window gives each kind a colour.
+/// The role of a piece of a history entry, which determines its colour.
 enum class piece_kind
 {
     prompt,
@@ -35,7 +35,7 @@ struct history_piece
     friend bool operator==(const history_piece&, const history_piece&) = default;
 };
 
-/// A line cut into its operators, its parentheses and what stands between them.
+/// Splits a line into operators, parentheses and the texts between them.
 std::vector<history_piece> pieces_of_line(std::string_view line);
 
 /// A solved line and the text of its value.
@@ -45,11 +45,11 @@ struct history_entry
     std::string value;
 };
 
-/// The entry as it is shown, in one line: "> ", the line, a tab, " = " and the value.
+/// The displayed entry on one line: "> ", the line, a tab, " = " and the value.
 std::vector<history_piece> pieces_of_entry(const history_entry& entry);
 
-/// The solved lines, oldest first, and a walk through them. What stood in the entry field when a walk began is
-/// kept and comes back at its end.
+/// The solved lines, oldest first, and a position in them for recall. The entry field's text at the beginning of a
+/// recall is stored and comes back at its end.
 class calculator_history
 {
 public:
@@ -57,16 +57,16 @@ public:
     void clear();
     const std::vector<history_entry>& entries() const { return entries_; }
 
-    /// The line before or behind the one where the walk stands, passing over those that read as `present`, the
-    /// text of the entry field. Nothing where there is none.
+    /// The line before or after the position, skipping lines equal to `present`, the text of the entry field. Returns
+    /// nullopt if there is none.
     std::optional<std::string> earlier(std::string_view present);
     std::optional<std::string> later(std::string_view present);
-    /// Ends a walk: the next one begins with the last line.
+    /// Ends a recall: the next one begins with the last line.
     void end_walk();
 
 private:
     std::vector<history_entry> entries_;
-    /// Where the walk stands: at an entry, or behind the last one at the kept text.
+    /// Index of the recalled entry; entries_.size() stands for the stored text.
     std::size_t position_ = 0;
     std::string kept_;
 };

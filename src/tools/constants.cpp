@@ -19,7 +19,7 @@ constant_group& group_named(std::vector<constant_group>& groups, std::string_vie
     return groups.emplace_back(constant_group{std::string(name), {}});
 }
 
-/// Adds the constant of a line; answers what is wrong with it, or nothing.
+/// Adds the constant of a line. Returns what is wrong with the line, or an empty text.
 std::string add_constant(std::string_view line, std::string_view group, std::vector<constant_group>& groups)
 {
     const std::size_t equals = line.find('=');
@@ -35,7 +35,7 @@ std::string add_constant(std::string_view line, std::string_view group, std::vec
 
 std::size_t letter_count(std::string_view text)
 {
-    // The bytes behind the first of a letter are no letters of their own.
+    // UTF-8 continuation bytes are not characters of their own.
     return static_cast<std::size_t>(
         std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u; }));
 }

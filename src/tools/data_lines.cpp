@@ -25,7 +25,7 @@ word_search::word_search(std::string_view words)
 
 bool word_search::all_in(std::initializer_list<std::string_view> texts) const
 {
-    // No word holds a line end, so none is found across two texts.
+    // Words contain no line end, so none is found across two texts.
     std::string whole;
     for (const std::string_view text : texts)
         whole.append(lower_case(text)).append("\n");

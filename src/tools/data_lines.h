@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
-/// What the files of units and of constants have in common.
+/// Common parts of the readers of the files of units and of constants.
 namespace kelvarin
 {
 
-/// A line of a data file that was passed over, counted from 1, and why.
+/// A skipped line of a data file, counted from 1, and the reason.
 struct data_fault
 {
     int line = 0;
@@ -21,24 +21,24 @@ struct data_fault
     friend bool operator==(const data_fault&, const data_fault&) = default;
 };
 
-/// Whether a trimmed line says nothing: a blank one, or one that begins with an apostrophe.
+/// Whether a trimmed line is blank or a comment, which begins with an apostrophe.
 bool is_passed_over(std::string_view line);
 
-/// Words that are looked for, in any case; no word at all is found everywhere.
+/// A search for words, ignoring case; a search without words matches everything.
 class word_search
 {
 public:
-    /// The words stand between blanks.
+    /// `words` are separated by blanks.
     explicit word_search(std::string_view words);
 
-    /// Whether each word stands in one of the texts.
+    /// Whether each word occurs in at least one of the texts.
     bool all_in(std::initializer_list<std::string_view> texts) const;
 
 private:
     std::vector<std::string> words_;
 };
 
-/// What is said where a data file can not be found; the window that needs it closes behind the box.
+/// The message about a missing data file; the window that needs it closes afterwards.
 message_box missing_data_box(std::string_view file_name);
 
 } // namespace kelvarin

@@ -16,7 +16,7 @@ namespace kelvarin
 namespace
 {
 
-/// Type, name, factor and offset; the note may be missing.
+/// Type, name, factor and offset; the note is optional.
 constexpr std::size_t least_fields = 4;
 constexpr std::size_t most_fields = 5;
 
@@ -32,7 +32,7 @@ std::vector<std::string_view> fields_of(std::string_view line)
     return fields;
 }
 
-/// Adds the unit of a line; answers what is wrong with it, or nothing.
+/// Adds the unit of a line. Returns what is wrong with the line, or an empty text.
 std::string add_unit(std::string_view line, std::vector<unit>& units)
 {
     const std::vector<std::string_view> fields = fields_of(line);
@@ -57,8 +57,8 @@ int decimal_exponent(double value)
     return significant_digits(value).exponent;
 }
 
-/// The text of a result to two digits less than its largest part has: what a difference of nearly equal parts
-/// leaves behind them is rounding.
+/// The text of a result to the decimal place of the 14th digit of `largest_part`, the largest term of its sum: further
+/// digits are rounding errors.
 std::string text_of_result(double result, double largest_part)
 {
     constexpr int digits_of_parts = 14;

@@ -76,7 +76,7 @@ void constant_view::add_remark(const QString& text, bool is_heading)
 
 void constant_view::tint_remark(QListWidgetItem& item) const
 {
-    // It can not be selected, but it is as much to be read as the others.
+    // Disabled items would be grey, but headings and remarks must be as readable as the others.
     item.setForeground(accent(palette()));
 }
 

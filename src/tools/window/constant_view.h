@@ -10,7 +10,7 @@
 namespace kelvarin
 {
 
-/// Constants in a list of aligned columns, one group or several under their names.
+/// A list of constants in aligned columns, of one group or of several with their names as headings.
 class constant_view : public QListWidget
 {
     Q_OBJECT
@@ -19,12 +19,12 @@ public:
     explicit constant_view(QWidget* parent);
 
     void show_group(const constant_group& group);
-    /// All columns stand below each other. `empty_text` is shown where there is no constant.
+    /// The columns are aligned across all groups. `empty_text` is shown if there are no constants.
     void show_groups(const std::vector<constant_group>& groups, const QString& empty_text);
 
-    /// The selected constant; null where there is none.
+    /// The selected constant; null if there is none.
     const physical_constant* selected() const;
-    /// Its line, as it is shown.
+    /// The line of the selected constant as displayed.
     QString selected_line() const;
 
 signals:

@@ -8,14 +8,14 @@ namespace kelvarin
 
 class user_interface;
 
-/// A layout without margins of its own, inside another one.
+/// Removes the margins of a layout inside another one and returns it.
 template <class Layout> Layout* inner(Layout* layout)
 {
     layout->setContentsMargins(0, 0, 0, 0);
     return layout;
 }
 
-/// Puts a plain text on the clipboard. An empty one changes nothing: what is there is worth more.
+/// Puts a plain text on the clipboard. An empty text leaves the clipboard unchanged.
 void copy_plain_text(user_interface& user, const QString& text);
 
 } // namespace kelvarin

@@ -30,7 +30,7 @@ void data_window::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (has_data_ || event->spontaneous()) return;
     has_data_ = read_data();
-    // Behind this call, when the window is there to stand behind the box and can be closed.
+    // Queued, so that the window is visible behind the box and can be closed.
     if (!has_data_) QMetaObject::invokeMethod(this, &data_window::refuse, Qt::QueuedConnection);
 }
 
@@ -46,7 +46,7 @@ bool data_window::read_data()
 
 void data_window::refuse()
 {
-    // Hidden again meanwhile, it asks for nothing; the next time it is shown it looks for the file anew.
+    // If it was hidden meanwhile there is no box; the next time it is shown it looks for the file again.
     if (!isVisible()) return;
     context_.user.show(this, missing_data_box(file_name_));
     close();

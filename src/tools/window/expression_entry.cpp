@@ -16,10 +16,10 @@ namespace kelvarin
 namespace
 {
 
-/// How many lines of the field are seen at once.
+/// Number of visible lines.
 constexpr int shown_lines = 3;
 
-/// The number of the toolkit's letters in the first bytes of a text.
+/// Number of UTF-16 units in the first `bytes` bytes of a text.
 int letters_in(std::string_view text, std::size_t bytes)
 {
     return static_cast<int>(to_qstring(text.substr(0, bytes)).size());
@@ -29,9 +29,9 @@ int letters_in(std::string_view text, std::size_t bytes)
 
 expression_entry::expression_entry(QWidget* parent) : QTextEdit(parent)
 {
-    // What is pasted takes the look of the field.
+    // Pasted text takes the format of the field.
     setAcceptRichText(false);
-    // Lines have no use for tabs, the keyboard has.
+    // Tab moves the focus; lines contain no tabs.
     setTabChangesFocus(true);
 }
 

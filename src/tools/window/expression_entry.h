@@ -11,7 +11,7 @@
 namespace kelvarin
 {
 
-/// The field in which lines are typed. The keys that mean more than text become signals.
+/// The field in which lines are typed. Keys that solve or recall lines are emitted as signals.
 class expression_entry : public QTextEdit
 {
     Q_OBJECT
@@ -19,16 +19,16 @@ class expression_entry : public QTextEdit
 public:
     explicit expression_entry(QWidget* parent);
 
-    /// What Return alone does: solve, or begin a new line. With Ctrl it always solves, with Shift it never does.
+    /// The effect of Return alone: solve, or begin a new line. Ctrl+Return always solves, Shift+Return never does.
     void set_return_solves(bool solves) { return_solves_ = solves; }
 
     /// The text in UTF-8.
     std::string expression() const;
-    /// Puts a text in place of the present one, as one step of undo, with the caret behind it.
+    /// Replaces the whole text, as one step of undo, and puts the caret at its end.
     void replace_expression(const std::string& text);
-    /// Puts a text in place of the selection, and the caret `back` letters in front of its end.
+    /// Replaces the selection by a text and puts the caret `back` characters before its end.
     void insert_at_caret(const QString& text, int back);
-    /// Underlines a range of bytes of the text; nothing takes the line away.
+    /// Underlines a range of bytes of the text; nullopt removes the line.
     void mark_fault(const std::optional<byte_range>& place);
 
     QSize sizeHint() const override;

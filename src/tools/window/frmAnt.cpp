@@ -24,7 +24,7 @@ namespace kelvarin
 namespace
 {
 
-/// A pressure to be looked at: six digits.
+/// A pressure with six significant digits.
 std::string pressure_text(double pressure)
 {
     return plain_text(prefix_value(format_masked(pressure, "0.00000E+00")).value_or(pressure));
@@ -130,7 +130,7 @@ void frmAnt::show_equation()
 void frmAnt::show_constants()
 {
     const auto& constants = tool_.constants();
-    // What is being typed stays as it is, whatever is chosen meanwhile.
+    // Text being typed stays unchanged when another form is chosen.
     if (!entering_ && constants) {
         const std::array<std::string, 3> texts = tool_.field_texts();
         const std::array values = {constants->A, constants->B, constants->C};

@@ -23,8 +23,8 @@ class QStackedLayout;
 namespace kelvarin
 {
 
-/// "Antoine constants manipulator": takes the constants of an Antoine equation and rewrites them for other
-/// logarithms, pressures and temperatures. A top-level window, beside the main window or alone.
+/// "Antoine constants manipulator": takes the constants of an Antoine equation and converts them to other logarithms
+/// and units of pressure and temperature. A top-level window, beside the main window or alone.
 class frmAnt : public QWidget
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ private:
     void choice_Click();
     void cmdHelp_Click();
 
-    /// Opens the fields for new constants, or shows the present ones in them.
+    /// Makes the fields editable for new constants, or read-only with the present ones.
     void set_entering(bool entering);
     void show_equation();
     void show_constants();

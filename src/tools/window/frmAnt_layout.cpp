@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the controls of the converter of Antoine equations stand.
+// The layout of the converter of Antoine equations.
 #include "tools/window/frmAnt.h"
 
 #include "desktop/controls.h"
@@ -25,7 +25,7 @@ namespace kelvarin
 namespace
 {
 
-/// Takes its room while it is hidden, so that nothing moves when it comes.
+/// Reserves the space of a hidden control, so that nothing moves when it is shown.
 void keep_place(QWidget& control)
 {
     QSizePolicy policy = control.sizePolicy();
@@ -120,7 +120,7 @@ QWidget* frmAnt::build_frame()
 QLayout* frmAnt::build_fields()
 {
     static constexpr std::array names = {"txtA", "txtB", "txtC"};
-    // C has no letter of its own: that is the one that closes the window.
+    // C has no mnemonic: Alt+C closes the window.
     const std::array captions = {tr("&A"), tr("&B"), tr("C")};
     auto* row = inner(new QHBoxLayout);
     row->setSpacing(line_unit(*this) / 2);
@@ -167,7 +167,7 @@ QLayout* frmAnt::build_pressure()
     txtT_->setToolTip(tr("A temperature at which the vapour pressure is known shows whether the constants are right"));
     lblPressure_ = named(new QLabel(this), "lblPressure");
     lblPressure_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // Whatever the pressure, the window keeps its width.
+    // The width of the window doesn't depend on the pressure.
     lblPressure_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("deg F:  1.23457E-300 mmHg")));
     auto* caption = new QLabel(tr("Pressure at &t ="), this);
     caption->setBuddy(txtT_);

@@ -93,7 +93,7 @@ void frmCal::connect_controls()
     connect(lstVars_, &QListWidget::itemSelectionChanged, this, &frmCal::enable_controls);
     connect(cmdDeleteVar_, &QPushButton::clicked, this, &frmCal::cmdDeleteVar_Click);
     connect(cmdModifyVar_, &QPushButton::clicked, this, &frmCal::cmdModifyVar_Click);
-    // Not "activated", which on some desktops is a single click.
+    // Not itemActivated, which on some desktops is emitted by a single click.
     connect(lstVars_, &QListWidget::itemDoubleClicked, this, &frmCal::cmdModifyVar_Click);
     connect(lstFuncs_, &QListWidget::itemDoubleClicked, this, &frmCal::lstFuncs_DblClick);
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -122,7 +122,7 @@ void frmCal::cmdCalculate_Click()
     if (!solved.variable.empty()) show_variables();
     check_expression_text();
     enable_controls();
-    // What is typed next takes its place.
+    // Selected, so that typing replaces it.
     txtExpression_->selectAll();
 }
 
@@ -278,7 +278,7 @@ void frmCal::chkMore_Click()
     // The window grows and shrinks below the pages, so that nothing above them moves.
     const int rest = height() - layout()->totalMinimumSize().height();
     tabMore_->setVisible(chkMore_->isChecked());
-    // So that the least height of the window is the new one.
+    // Updates the minimum height of the window.
     layout()->activate();
     if (isMaximized() || isFullScreen()) return;
     const int wanted = rest + layout()->totalMinimumSize().height();
@@ -313,7 +313,7 @@ void frmCal::changeEvent(QEvent* event)
 
 void frmCal::keyPressEvent(QKeyEvent* event)
 {
-    // Not shortcuts: the main window has F5 for itself.
+    // Not QShortcuts: F5 is a shortcut of the main window.
     if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_F5) return cmdCalculate_Click();
     if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_F9) return cmdCopyAnswer_Click();
     QWidget::keyPressEvent(event);

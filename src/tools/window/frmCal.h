@@ -28,8 +28,8 @@ class expression_entry;
 class history_view;
 class on_top_check;
 
-/// "Calculator": lines are typed, solved and kept in a history; variables made on the way stay. A top-level
-/// window, beside the main window or alone.
+/// "Calculator": lines are typed, solved and listed in a history; their variables are kept. A top-level window, beside
+/// the main window or alone.
 class frmCal : public QWidget
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ private:
     void enable_controls();
     void set_text_font(const QFont& font);
     void tint_controls();
-    /// The name of the variable that is selected in the list; empty where none is.
+    /// The name of the variable selected in the list; empty if there is none.
     std::string selected_variable() const;
     std::string answer_mask() const;
 
@@ -84,7 +84,7 @@ private:
     calculator calculator_;
     calculator_history history_;
     std::optional<double> answer_;
-    /// Runs from the last key until what is typed is checked.
+    /// Runs from the last change of the text until it is checked.
     QTimer check_delay_;
 
     history_view* txtHistory_ = nullptr;

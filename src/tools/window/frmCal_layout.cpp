@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the controls of the calculator stand.
+// The layout of the calculator.
 #include "tools/window/frmCal.h"
 
 #include "desktop/controls.h"
@@ -110,7 +110,7 @@ QLayout* frmCal::build_entry()
     txtExpression_->setAccessibleName(tr("Expression"));
     txtExpression_->setPlaceholderText(tr("Expression, or name = expression"));
     lblCheck_ = named(new QLabel(this), "lblCheck");
-    // The checker quotes what was typed: never as markup, and never wider than the window.
+    // The checker quotes the typed text, which must not be interpreted as markup.
     lblCheck_->setTextFormat(Qt::PlainText);
     lblCheck_->setWordWrap(true);
     lblCheck_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -193,7 +193,7 @@ QWidget* frmCal::build_functions_page()
     lstFuncs_->setToolTip(tr("A double click or Enter puts the function into the expression"));
     const QStringList names = to_qstring(function_list()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     lstFuncs_->addItems(names);
-    // In columns as wide as the longest name.
+    // Columns as wide as the longest name.
     int widest = 0;
     for (const QString& name : names)
         widest = std::max(widest, lstFuncs_->fontMetrics().horizontalAdvance(name));
@@ -202,7 +202,7 @@ QWidget* frmCal::build_functions_page()
     lstFuncs_->setFlow(QListView::LeftToRight);
     lstFuncs_->setWrapping(true);
     lstFuncs_->setResizeMode(QListView::Adjust);
-    // As high as the other pages are; the rest is scrolled.
+    // As high as the other pages; the rest is scrolled.
     lstFuncs_->setMinimumHeight(unit * 6);
     lstFuncs_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* column = inner(new QVBoxLayout(page));

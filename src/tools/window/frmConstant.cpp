@@ -82,7 +82,7 @@ void frmConstant::connect_controls()
 {
     connect(txtSearch_, &QLineEdit::textChanged, this, &frmConstant::txtSearch_Change);
     connect(cmbConstType_, &QComboBox::currentIndexChanged, this, &frmConstant::cmbConstType_Click);
-    // Who chooses the group that is chosen already wants to see it again behind a search.
+    // Choosing the current group again ends a search and shows the group.
     connect(cmbConstType_, &QComboBox::activated, this, &frmConstant::cmbConstType_Click);
     connect(lstConst_, &QListWidget::itemSelectionChanged, this, &frmConstant::enable_controls);
     connect(lstConst_, &constant_view::copy_requested, this, &frmConstant::cmdCopy_Click);
@@ -102,7 +102,7 @@ std::vector<data_fault> frmConstant::show_data(std::string_view content)
 
 void frmConstant::cmbConstType_Click()
 {
-    // The emptied search comes back here.
+    // Clearing the search calls this function again.
     if (!txtSearch_->text().isEmpty()) return txtSearch_->clear();
     const auto index = static_cast<std::size_t>(cmbConstType_->currentIndex());
     if (index < groups_.size()) lstConst_->show_group(groups_[index]);

@@ -17,14 +17,13 @@ namespace kelvarin
 
 class constant_view;
 
-/// "Constants": physical constants in groups, to look up and copy. A top-level window, beside the main window or
-/// alone.
+/// "Constants": physical constants in groups, to look up and copy. A top-level window, beside the main window or alone.
 class frmConstant : public data_window
 {
     Q_OBJECT
 
 public:
-    /// The viewer of the thermodynamic data base stands in the first folder.
+    /// The viewer of the thermodynamic data base is expected in the first folder.
     explicit frmConstant(desktop_context& context, QWidget* parent = nullptr,
                          std::vector<std::filesystem::path> folders = data_folders());
 

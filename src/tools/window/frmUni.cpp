@@ -25,7 +25,7 @@ namespace kelvarin
 namespace
 {
 
-/// A selection's lines are parted by signs that no other program knows.
+/// Lines of a selection are separated by U+2029, which other programs don't understand.
 QString selected_text(const QPlainTextEdit& text)
 {
     return text.textCursor().selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
@@ -82,7 +82,7 @@ void frmUni::cmbTypeOfUnits_Click()
         for (const unit& each : offered_)
             box->addItem(to_qstring(each.unit_name));
     }
-    // A unit into itself is nobody's wish.
+    // Different units are preselected.
     if (offered_.size() > 1) cmbUnitAfter_->setCurrentIndex(1);
     clear_result();
 }

@@ -22,8 +22,8 @@ class link_text;
 class on_top_check;
 class unit_search;
 
-/// "Unit conversions": converts a number between two units of one type and keeps the results in a list. A top-level
-/// window, beside the main window or alone.
+/// "Unit conversions": converts a number between two units of one type and lists the results. A top-level window,
+/// beside the main window or alone.
 class frmUni : public data_window
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
                     std::vector<std::filesystem::path> folders = data_folders());
 
 signals:
-    /// The converter of Antoine equations is wanted.
+    /// The converter of Antoine equations is requested.
     void antoine_asked();
 
 protected:
@@ -60,13 +60,13 @@ private:
     void clear_result();
     void show_notes();
     void enable_controls();
-    /// The unit that a combo box shows; nothing where it is empty.
+    /// The unit selected in a combo box; null if the box is empty.
     const unit* chosen_unit(const QComboBox& box) const;
 
     std::vector<unit> units_;
-    /// Those of the chosen type, as the combo boxes list them.
+    /// The units of the chosen type, in the order of the combo boxes.
     std::vector<unit> offered_;
-    /// The last converted number alone.
+    /// The last converted number as text.
     QString value_;
 
     unit_search* txtSearch_ = nullptr;

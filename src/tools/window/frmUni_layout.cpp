@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the controls of the units converter stand.
+// The layout of the units converter.
 #include "tools/window/frmUni.h"
 
 #include "desktop/controls.h"
@@ -93,7 +93,7 @@ QLayout* frmUni::build_units()
         note->setTextFormat(Qt::PlainText);
         note->setWordWrap(true);
         note->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-        // Room for each note, so that nothing moves with the next one.
+        // Reserves the space of a note, so that nothing moves.
         note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         note->setFixedHeight(note->fontMetrics().lineSpacing() * lines_of_note);
     }
@@ -167,7 +167,7 @@ QLayout* frmUni::build_results()
     buttons->addStretch();
     auto* column = inner(new QVBoxLayout);
     column->setSpacing(unit / 4);
-    // No wider than its caption: elsewhere in its row a click means nothing.
+    // No wider than its caption: a click beside it has no effect.
     column->addWidget(chkHistory_, 0, Qt::AlignLeft);
     column->addWidget(txtResults_, 1);
     column->addSpacing(unit / 4);

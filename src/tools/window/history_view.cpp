@@ -23,7 +23,7 @@ namespace kelvarin
 namespace
 {
 
-/// The colours of reports, as they are on white paper; on a dark ground they are lightened with the colour of text.
+/// The colours of reports, made for white paper; on a dark background they are mixed with the text colour.
 QTextCharFormat format_of(piece_kind kind, const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::Text);
@@ -105,7 +105,7 @@ void history_view::stand_on_lower_edge()
     QTextFrameFormat format = paper->frameFormat();
     const double least = document()->documentMargin();
     const double free = viewport()->height() - (document()->size().height() - format.topMargin());
-    // Whole pixels, lest rounding makes the paper higher than the view.
+    // Floor: rounding must not make the document higher than the view.
     const double margin = entries_.empty() ? least : std::max(least, std::floor(free));
     if (qFuzzyCompare(1.0 + margin, 1.0 + format.topMargin())) return;
     format.setTopMargin(margin);
@@ -146,7 +146,7 @@ void history_view::resizeEvent(QResizeEvent* event)
 
 void history_view::keyPressEvent(QKeyEvent* event)
 {
-    // Through the window, as the button does.
+    // The window copies, as for the button.
     if (event->matches(QKeySequence::Copy)) return emit copy_requested();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         if (!entries_.empty()) emit entry_chosen(textCursor().blockNumber());
@@ -165,7 +165,7 @@ void history_view::mouseReleaseEvent(QMouseEvent* event)
 {
     QTextEdit::mouseReleaseEvent(event);
     const bool moved = (event->pos() - pressed_at_).manhattanLength() >= QApplication::startDragDistance();
-    // Who drags over a text or clicks it twice wants to copy it.
+    // A drag or double click selects text for copying and doesn't choose the entry.
     if (event->button() != Qt::LeftButton || moved || textCursor().hasSelection() || entries_.empty()) return;
     const QTextBlock block = cursorForPosition(event->pos()).block();
     const QRectF written = document()->documentLayout()->blockBoundingRect(block);

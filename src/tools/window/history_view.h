@@ -11,8 +11,7 @@
 namespace kelvarin
 {
 
-/// The solved lines in their colours, oldest first, standing on the lower edge like a transcript. What is copied
-/// from it is plain text.
+/// The solved lines in their colours, oldest first, aligned to the lower edge like a transcript. Copied text is plain.
 class history_view : public QTextEdit
 {
     Q_OBJECT
@@ -24,7 +23,7 @@ public:
     void add_entry(const history_entry& entry);
 
     QString selected_text() const;
-    /// All entries, one a line.
+    /// All entries, one per line.
     QString whole_text() const;
 
 signals:

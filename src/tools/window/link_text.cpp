@@ -27,7 +27,7 @@ void link_text::show_caption()
 void link_text::focusInEvent(QFocusEvent* event)
 {
     QLabel::focusInEvent(event);
-    // Tab goes to the link at once, not to the label first.
+    // Tab goes directly to the link.
     if (event->reason() == Qt::TabFocusReason) focusNextPrevChild(true);
     if (event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(false);
 }

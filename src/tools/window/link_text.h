@@ -6,7 +6,7 @@
 namespace kelvarin
 {
 
-/// A caption that is a link as a whole, by mouse and by keyboard.
+/// A caption that is entirely a link, reachable by mouse and keyboard.
 class link_text : public QLabel
 {
     Q_OBJECT

@@ -22,7 +22,7 @@ void on_top_check::raise_window(bool above_others)
     QWidget& kept = *window();
     const QRect place = kept.geometry();
     kept.setWindowFlag(Qt::WindowStaysOnTopHint, above_others);
-    // The change of the flag has hidden the window.
+    // setWindowFlag has hidden the window.
     kept.setGeometry(place);
     kept.show();
     kept.activateWindow();

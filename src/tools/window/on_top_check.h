@@ -6,7 +6,7 @@
 namespace kelvarin
 {
 
-/// "On Top": keeps the window that it stands in above all others, where the desktop lets a program do that.
+/// "On Top": keeps its window above all others, on desktops that let a program do that.
 class on_top_check : public QCheckBox
 {
     Q_OBJECT

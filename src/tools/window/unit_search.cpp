@@ -29,9 +29,9 @@ unit_search::unit_search(QWidget* parent)
 {
     setClearButtonEnabled(true);
     completer_->setModel(offered_);
-    // The list is made here, and words of a unit are found in any order.
+    // The hits are computed here: the words of a unit may be typed in any order.
     completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-    // As another field's helper it leaves the text of this one alone.
+    // With setWidget instead of setCompleter the completer doesn't change this field's text.
     completer_->setWidget(this);
     list_ = completer_->popup();
     list_->setObjectName(QStringLiteral("lstHits"));
@@ -60,7 +60,7 @@ void unit_search::offer_units()
 
 void unit_search::take_unit()
 {
-    // The completer's own model, not ours, is behind the list; its rows are the same.
+    // The popup shows the completer's own model; its rows correspond to hits_.
     const QModelIndex chosen = list_->isVisible() ? list_->currentIndex() : QModelIndex();
     list_->hide();
     take_row(chosen.isValid() ? chosen.row() : 0);

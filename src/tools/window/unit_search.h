@@ -14,7 +14,7 @@ class QStringListModel;
 namespace kelvarin
 {
 
-/// A field in which words of a unit's type, name or note are typed; the units that have them drop down below it.
+/// A field for words of a unit's type, name or note; matching units are listed below it.
 class unit_search : public QLineEdit
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     void set_units(std::vector<unit> units) { units_ = std::move(units); }
 
 signals:
-    /// A unit was clicked, or Return pressed on it; without one in the list, Return takes the first that was found.
+    /// A unit was clicked, or Return pressed on it; Return without a selected unit chooses the first one found.
     void unit_chosen(const kelvarin::unit& chosen);
 
 private:
