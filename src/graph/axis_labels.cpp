@@ -14,11 +14,11 @@ namespace
 {
 
 constexpr std::string_view exponent_mask = "0.00E-0";
-/// Digits behind those that tell two divisions apart: 0.333 and 0.667 will do for thirds.
+/// Digits beyond those that distinguish two divisions: 0.333 and 0.667 are enough for thirds.
 constexpr int further_digits = 2;
 constexpr int most_digits = 15;
 
-/// `value` with so many decimals; nothing that rounds to zero has a sign.
+/// `value` with this number of decimals; a value that rounds to zero has no sign.
 std::string with_decimals(double value, int decimals)
 {
     std::array<char, 64> buffer{};
@@ -29,23 +29,23 @@ std::string with_decimals(double value, int decimals)
     return is_zero && text.starts_with('-') ? text.substr(1) : text;
 }
 
-/// The place of the first digit: 2 for 345.
+/// The decimal exponent of the first digit: 2 for 345.
 int decimal_exponent(double value)
 {
     return static_cast<int>(std::floor(std::log10(std::abs(value))));
 }
 
-/// A number to be written, and how far its text may be from it.
+/// A number to be labelled, and the accepted error of its label.
 struct told_number
 {
     double value = 0.0;
     double tolerance = 0.0;
 };
 
-/// How far a label may be from its division, in divisions.
+/// Accepted error of a label, as a fraction of a division.
 constexpr double label_tolerance = 1e-3;
 
-/// The fewest decimals, up to `most`, that tell every number.
+/// The fewest decimals, up to `most`, that represent every number within its tolerance.
 int needed_decimals(const std::vector<told_number>& numbers, int most)
 {
     for (int decimals = 0; decimals < most; ++decimals) {
@@ -70,7 +70,7 @@ std::vector<std::string> fixed_labels(const std::vector<double>& values, double 
     return labels;
 }
 
-/// A division at zero that rounding has moved off it.
+/// Whether the value is zero up to rounding errors.
 bool is_zero_division(double value, double division)
 {
     return std::abs(value) < division * 1e-9;

@@ -12,13 +12,13 @@ namespace kelvarin
 namespace
 {
 
-/// In place of a true ceiling.
+/// Added before rounding down, in place of a true ceiling.
 constexpr double just_below_one = 0.99999999;
 
 constexpr const char* x_range_text = "The range of the x values is too large or too small to be drawn.";
 constexpr const char* y_range_text = "The range of the y values is too large or too small to be drawn.";
 
-/// The extremes of what was added so far. They start beyond every number, so that even 1e300 counts.
+/// The extremes of the values added so far. They start at infinity, so that any finite number replaces them.
 struct extremes_scan
 {
     double min = std::numeric_limits<double>::infinity();
@@ -35,7 +35,7 @@ struct extremes_scan
     }
 };
 
-/// Equal ends are moved apart by 1; beyond 2^53 that changes nothing, and the rounding refuses them.
+/// Equal ends are moved apart by 1. Beyond 2^53 this has no effect, and rounded_range refuses them.
 axis_range widened(double min, double max)
 {
     if (min == max) return {min - 1.0, max + 1.0};

@@ -16,8 +16,8 @@ drawn_point held_within(drawn_point point, const drawn_box& box)
     return {std::clamp(point.x, box.left, box.right()), std::clamp(point.y, box.top, box.bottom())};
 }
 
-/// `far`, where it lies so far outside that the place at which its line enters the box would be lost in rounding, moved
-/// nearer along the line to `near`.
+/// Returns `far`, or if it is so far outside that rounding would lose the point where its line enters the box, a point
+/// on the line nearer to `near`.
 drawn_point pulled_near(drawn_point far, drawn_point near, const drawn_box& box)
 {
     const double limit = 1e4 * (box.width + box.height);
@@ -28,7 +28,7 @@ drawn_point pulled_near(drawn_point far, drawn_point near, const drawn_box& box)
     return {near.x + dx * (limit / length), near.y + dy * (limit / length)};
 }
 
-/// Whether rounding at a point is nothing against the size of the box.
+/// Whether rounding errors at the point are negligible against the size of the box.
 bool is_near(drawn_point point, const drawn_box& box)
 {
     const double limit = 100.0 * (box.width + box.height);
@@ -66,7 +66,7 @@ std::optional<std::pair<drawn_point, drawn_point>> clipped_line(drawn_point from
             leaves = std::min(leaves, at);
     }
     if (enters > leaves) return std::nullopt;
-    // Rounding may leave a cut end just outside; an end that was inside keeps its bits.
+    // Rounding may leave a cut end just outside; an end that was inside is unchanged.
     const auto point_at = [&](double t) { return held_within({from.x + t * dx, from.y + t * dy}, box); };
     return std::pair(enters > 0.0 ? point_at(enters) : held_within(from, box),
                      leaves < 1.0 ? point_at(leaves) : held_within(to, box));

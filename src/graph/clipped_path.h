@@ -13,11 +13,11 @@
 namespace kelvarin
 {
 
-/// The part of a straight line that lies in a box, its border included; nothing where none does. Coordinates may be as
-/// large as 1e150. [LiangBarsky1984]
+/// The part of a straight line inside a box, including its border. Returns nullopt if there is none. Coordinates may be
+/// as large as 1e150. [LiangBarsky1984]
 std::optional<std::pair<drawn_point, drawn_point>> clipped_line(drawn_point from, drawn_point to, const drawn_box& box);
 
-/// Puts a line together from its points, cut at the border of a box: what lies outside leaves a gap between two pieces.
+/// Builds a path from the points of a line, cut at the border of a box; parts outside leave a gap between two pieces.
 class clipped_path
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
         const bool inside = box_.contains(point);
         if (inside && inside_ && last_ && end_ == last_) {
-            // Most points by far; nothing is to be cut.
+            // The most frequent case: nothing is cut.
             path_.points.push_back(point);
             last_ = end_ = point;
         } else {
@@ -35,7 +35,7 @@ public:
         }
         inside_ = inside;
     }
-    /// The next point begins another piece.
+    /// The next point starts another piece.
     void lift() { last_.reset(); }
     drawn_path taken() { return std::move(path_); }
 
@@ -46,19 +46,19 @@ private:
     drawn_box box_;
     std::optional<drawn_point> last_;
     bool inside_ = false;
-    /// Where the last piece ended, if it ended inside.
+    /// The end of the last piece, if it is inside the box.
     std::optional<drawn_point> end_;
 };
 
-/// Takes the points of a line one by one and passes on those that matter in a picture of columns `column` wide: of
-/// points in a row that share a column, the first, the lowest, the highest and the last, in their order. All are
-/// finite.
+/// Takes the points of a line one by one and passes on those that are visible in a picture with columns of width
+/// `column`: of consecutive points in one column, the first, the lowest, the highest and the last, in their order. All
+/// points must be finite.
 class column_thinner
 {
 public:
     explicit column_thinner(double column) : column_(column) {}
 
-    /// `pass_on` is called for points before this one.
+    /// `pass_on` is called for earlier points.
     template <class PassOn> void add(drawn_point point, const PassOn& pass_on)
     {
         if (count_ > 0 && point.x >= begin_ && point.x < begin_ + column_) {
@@ -73,7 +73,7 @@ public:
         count_ = 1;
     }
 
-    /// The line ends here: passes on what was kept back.
+    /// Ends the line and passes on the remaining points.
     template <class PassOn> void finish(const PassOn& pass_on)
     {
         if (count_ == 0) return;
@@ -95,7 +95,7 @@ private:
     };
 
     double column_;
-    /// Where the present column begins, and how many points lie in it.
+    /// Left edge of the current column, and the number of points in it.
     double begin_ = 0.0;
     std::size_t count_ = 0;
     numbered_point first_;
@@ -104,7 +104,7 @@ private:
     numbered_point last_;
 };
 
-/// The points without those that stand in the same cell, `cell` wide and high, as an earlier one.
+/// Leaves out points that lie in the same cell, `cell` wide and high, as an earlier one.
 std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, const drawn_box& box, double cell);
 
 } // namespace kelvarin

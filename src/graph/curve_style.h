@@ -18,36 +18,37 @@ struct curve_style
     int marker = 0;
 };
 
-/// The palette in its order: the colours of Okabe and Ito, which all kinds of colour vision tell apart, with a dark
-/// amber in place of the yellow, too faint for lines on white; ordered so that neighbours also differ in lightness, for
-/// printers without colour. [OkabeIto2008]
+/// The palette in its order: the colours of Okabe and Ito, which are distinguishable with all kinds of colour vision,
+/// with a dark amber in place of the yellow, which is too faint for lines on white; neighbours also differ in
+/// lightness, for printers without colour. [OkabeIto2008]
 std::span<const drawn_colour> curve_palette();
 
-/// How curve number `index` is drawn: eight colours, then the same with other dashes; functions follow the curves.
+/// The style of curve number `index`: eight colours, then the same with other dashes. Functions are numbered after the
+/// curves.
 curve_style curve_style_of(std::size_t index);
 
 inline constexpr int marker_count = 40;
 
-/// One line or circle of a marker. Lengths are radii of the marker, about its middle.
+/// One line or circle of a marker. Lengths are in radii of the marker, from its centre.
 struct marker_stroke
 {
     enum class ground
     {
         none,
-        /// Filled with the page's colour: what lies below does not show through.
+        /// Filled with the page's colour, which hides what is below.
         page,
         ink
     };
 
-    /// Of a line, else empty.
+    /// The points of a line; empty for a circle.
     std::vector<drawn_point> points;
     bool closed = false;
-    /// Of a circle, else 0.
+    /// The radius of a circle; 0 for a line.
     double radius = 0.0;
     ground fill = ground::none;
 };
 
-/// The outline of marker 0 to 39, in the order of drawing; any other number has none.
+/// The outline of marker 0 to 39, in drawing order; empty for any other number.
 std::span<const marker_stroke> marker_outline(int shape);
 
 } // namespace kelvarin

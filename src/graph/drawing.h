@@ -11,8 +11,8 @@
 #include <variant>
 #include <vector>
 
-/// A picture as a list of shapes, in the order in which they are painted. Lengths are points of 1/72 inch, x to the
-/// right and y down from the page's upper left corner; angles are degrees clockwise.
+/// A picture as a list of shapes in painting order. Lengths are points of 1/72 inch, x to the right and y down from the
+/// page's upper left corner; angles are degrees clockwise.
 namespace kelvarin
 {
 
@@ -50,7 +50,7 @@ struct drawn_box
     friend bool operator==(const drawn_box&, const drawn_box&) = default;
 };
 
-/// What a shape stands for.
+/// What a shape represents.
 enum class drawn_role
 {
     page,
@@ -69,14 +69,14 @@ enum class drawn_role
     legend,
     legend_sample,
     legend_text,
-    /// Words in place of a picture.
+    /// A text in place of the picture.
     notice
 };
 
 struct drawn_part
 {
     drawn_role role = drawn_role::page;
-    /// Which curve, function, label; -1 where there is one alone.
+    /// Number of the curve, function or label; -1 if there is only one.
     int index = -1;
 
     friend bool operator==(const drawn_part&, const drawn_part&) = default;
@@ -89,11 +89,11 @@ struct drawn_stroke
 {
     drawn_colour colour = 0;
     double width = 1.0;
-    /// Lengths of ink and gap in turn, in widths of the line; empty: all ink.
+    /// Alternating lengths of dashes and gaps, in multiples of the line width; empty for a solid line.
     std::span<const double> dashes = {};
 };
 
-/// Lines with round joins; one path of several pieces, each beginning at one of `starts`.
+/// Lines with round joins; one path of several pieces, each beginning at an index in `starts`.
 struct drawn_path
 {
     drawn_part part;
@@ -102,12 +102,12 @@ struct drawn_path
     std::vector<std::size_t> starts;
 };
 
-/// One outline of marker_outline at each of the points.
+/// The outline marker_outline(shape) at each of the points.
 struct drawn_markers
 {
     drawn_part part;
     int shape = 0;
-    /// From the middle to the edge.
+    /// From the centre to the edge.
     double radius = 2.0;
     drawn_stroke stroke;
     std::vector<drawn_point> points;
@@ -126,11 +126,11 @@ struct drawn_text
     std::string text;
     graph_font font;
     drawn_colour colour = 0;
-    /// On the baseline, where the anchor says.
+    /// On the baseline, at the position of the anchor.
     drawn_point position;
     text_anchor anchor = text_anchor::start;
     double angle = 0.0;
-    /// What it covers, by the metrics with which it was placed.
+    /// The bounding box by the metrics of the layout.
     drawn_box box;
 };
 

@@ -17,7 +17,7 @@ namespace kelvarin
 namespace
 {
 
-/// Two decimals at most, without trailing zeros; what rounds to zero has no sign.
+/// At most two decimals without trailing zeros; a value that rounds to zero has no sign.
 std::string length_text(double value)
 {
     std::array<char, 400> buffer{};
@@ -42,7 +42,7 @@ std::string colour_text(drawn_colour colour)
     return text;
 }
 
-/// A text as character data or attribute value. Control characters, which no document may hold, are blanks.
+/// A text as character data or attribute value. Control characters are invalid in XML and become blanks.
 std::string escaped(std::string_view text)
 {
     std::string safe;
@@ -197,7 +197,7 @@ public:
     std::string taken() { return std::move(text_.append("</svg>\n")); }
 
 private:
-    /// The graph's own face first; then those whose widths the layout counted on.
+    /// The graph's own font first, then those whose widths the layout assumes.
     static std::string family_of(const graph_font& font)
     {
         const std::string usual = "Liberation Sans, Arial, Helvetica, sans-serif";

@@ -8,8 +8,8 @@
 namespace kelvarin
 {
 
-/// A drawing as SVG 1.1, in points. Texts are texts; lengths have two decimals, so that one drawing has one text. What
-/// a shape stands for is its class: "curve curve-0".
+/// A drawing as SVG 1.1, in points. Texts remain texts; lengths have two decimals, so that the result is reproducible.
+/// The class of a shape is what it represents: "curve curve-0".
 std::string drawing_svg(const drawing& picture);
 
 } // namespace kelvarin

@@ -13,13 +13,13 @@ namespace kelvarin
 {
 
 inline constexpr std::size_t largest_function_count = 30;
-/// Counts and most sizes are 16 bits wide in a graph file.
+/// Counts and most sizes are 16-bit numbers in a graph file.
 inline constexpr int largest_file_count = 32767;
 
-/// Lengths in a graph's fields are twentieths of a point.
+/// Lengths in a graph's fields are in twips, twentieths of a point.
 inline constexpr double twips_per_point = 20.0;
 
-/// Bounds within which a drawing holds what a graph says. A file may say anything, and keeps it.
+/// Bounds that a drawing applies to the graph's values. Values from a file are stored unchanged.
 inline constexpr int default_ticks = 10;
 inline constexpr int least_ticks = 1;
 inline constexpr int largest_ticks = 100;
@@ -63,7 +63,7 @@ struct graph_margins
     friend bool operator==(const graph_margins&, const graph_margins&) = default;
 };
 
-/// The place of a title or of the legend, from the upper left corner of the window.
+/// The position of a title or of the legend, from the upper left corner of the window.
 struct graph_place
 {
     double top = 0.0;
@@ -98,7 +98,7 @@ enum class axis_label_format
     engineering
 };
 
-/// What a graph holds: a plain value. Column 0 is x, column c + 1 is curve c.
+/// The content of a graph: a plain value. Column 0 is x, column c + 1 is curve c.
 struct graph_content
 {
     /// The window's caption.
@@ -108,13 +108,13 @@ struct graph_content
     std::string x_title;
     std::string y_title;
 
-    /// At least x; all of one length.
+    /// At least x; all of equal length.
     std::vector<graph_column> columns = {graph_column()};
     /// One for each curve.
     std::vector<bool> curve_visible;
     std::vector<graph_function> functions;
 
-    /// Divisions of each axis.
+    /// Number of divisions of each axis.
     int ticks = default_ticks;
     /// In pixels of 1/96 inch.
     int line_width = 2;
@@ -127,19 +127,19 @@ struct graph_content
     axis_label_format x_labels = axis_label_format::plain;
     axis_label_format y_labels = axis_label_format::plain;
 
-    /// Nothing until it was moved: then the drawing finds the place.
+    /// nullopt until moved by the user: then the drawing determines the position.
     std::optional<graph_place> title_place;
     std::optional<graph_place> subtitle_place;
     std::optional<graph_place> legend_place;
-    /// The size of the window to which the places belong; in another they stand in proportion.
+    /// The size of the window to which the positions refer; in another size they are scaled.
     graph_size window_size;
 
     axis_range x_range;
     axis_range y_range;
-    /// The range is the user's; else it follows the data.
+    /// The range was set by the user; otherwise it follows the data.
     bool x_manual = false;
     bool y_manual = false;
-    /// Kept and shown as ticked; ranges follow the data whenever they are not manual.
+    /// Stored and shown as a check mark only; ranges follow the data whenever they are not manual.
     bool auto_scale = true;
     bool hor_gridline = false;
     bool ver_gridline = false;
@@ -152,11 +152,10 @@ struct graph_content
     friend bool operator==(const graph_content&, const graph_content&) = default;
 };
 
-/// What the file joins by commas may hold none, or all behind it would shift; and no line ends.
+/// A text without commas and line ends, which separate items in the file.
 std::string joinable_text(std::string_view text);
 
-/// The name by which expressions refer to a column: of a derived one, "name = expression", what stands in front of
-/// " = ".
+/// The name by which expressions refer to a column: for a derived one, "name = expression", the part before " = ".
 std::string_view reference_name(std::string_view column_name);
 
 } // namespace kelvarin

@@ -36,7 +36,7 @@ bool is_variable_name(std::string_view name)
     return tokens.size() == 1 && tokens.front().is_variable();
 }
 
-/// The points at which every one of the columns has a value.
+/// The indexes of points at which all of the columns have a value.
 std::vector<std::size_t> points_without_gap(std::span<const shared_values> columns, std::size_t count)
 {
     std::vector<std::size_t> points;
@@ -46,7 +46,7 @@ std::vector<std::size_t> points_without_gap(std::span<const shared_values> colum
     return points;
 }
 
-/// The values of a checked expression at all points; nullopt where an evaluation fails.
+/// The values of a checked expression at all points. Returns nullopt if an evaluation fails.
 std::optional<std::vector<double>> derived_values(const graph_content& graph, const std::string& text)
 {
     std::vector<std::string> names;
@@ -63,7 +63,7 @@ std::optional<std::vector<double>> derived_values(const graph_content& graph, co
     const auto* system = std::get_if<std::unique_ptr<compiled_system>>(&compiled);
     if (system == nullptr) return std::nullopt;
 
-    // The engine computes with finite values alone.
+    // The engine takes only finite values.
     const std::vector<std::size_t> points = points_without_gap(columns, graph.point_count());
     std::vector<std::vector<double>> inputs;
     point_sweep sweep(**system);

@@ -8,29 +8,30 @@
 #include <optional>
 #include <string_view>
 
-/// What is done to the columns of a graph. What is refused answers with the box to show and has changed nothing.
+/// Operations on the columns of a graph. A refused operation returns the box to show and changes nothing.
 namespace kelvarin
 {
 
-/// The first column to which expressions refer by `name`; nothing where there is none.
+/// The first column to which expressions refer by `name`. Returns nullopt if there is none.
 std::optional<std::size_t> find_column(const graph_content& graph, std::string_view name);
 
-/// Whether a derived curve can have this name: valid, no word of the language, and no other column's.
+/// Checks the name of a derived curve: it must be a valid name, not a keyword or function, and not the name of another
+/// column.
 std::optional<message_box> check_derived_name(const graph_content& graph, std::string_view name);
-/// Whether `text` is an expression of the names of columns.
+/// Checks that `text` is an expression of the names of columns.
 std::optional<message_box> check_derived_expression(const graph_content& graph, std::string_view text);
 
-/// Adds the curve "name = text", whose values are those of the expression at each point, and shows it. Where a column
-/// that it uses has a gap, it has one. An evaluation that fails refuses the curve whole.
+/// Adds the curve "name = text", whose values are those of the expression at each point, and shows it. It has gaps
+/// where columns that it uses have gaps. Refused if an evaluation fails.
 std::optional<message_box> add_derived_curve(graph_content& graph, std::string_view name, std::string_view text);
 
-/// Exchanges a column with that of x, with their names; which curves are shown stays with the places.
+/// Exchanges a column with the x column, including their names; visibility stays with the positions.
 void use_as_x(graph_content& graph, std::size_t column);
 
-/// Puts the points in the order of their x. Those with equal x stay in theirs, gaps go last.
+/// Sorts the points by x. The sort is stable, and gaps go last.
 void sort_by_x(graph_content& graph);
 
-/// Both axes follow the data again.
+/// Makes both axes follow the data again.
 void restore_xy(graph_content& graph);
 
 } // namespace kelvarin

@@ -12,14 +12,14 @@
 namespace kelvarin
 {
 
-/// A graph as a document. Curves and functions count from 0, columns with x as 0. Every operation that is refused
-/// returns the box to show and changes nothing; whatever changes, the limits of axes that are not manual follow.
+/// A graph as a document. Curves and functions count from 0, columns with x as 0. A refused operation returns the box
+/// to show and changes nothing; after every change the limits of axes that are not manual are found again.
 class graph_document final : public value_document<graph_content>
 {
 public:
-    /// A graph without points, to be opened.
+    /// A graph without points, for opening a file.
     graph_document();
-    /// A graph that a run hands over; nobody has saved it yet.
+    /// The graph of a run; it is unsaved.
     explicit graph_document(graph_content start);
 
     bool is_blank() const override;
@@ -34,7 +34,7 @@ public:
     void sort_by_x();
 
     refusal set_axis_limit(axis_end end, std::string_view text);
-    /// The ranges in which the graph is looked at become its manual ones.
+    /// Makes the displayed ranges the manual ones.
     void keep_view(axis_range x, axis_range y);
     void restore_xy();
     refusal set_ticks(std::string_view text);
@@ -44,15 +44,15 @@ public:
     refusal set_width(int graph_content::*width, std::string_view text);
     refusal set_marker_size(std::string_view text);
     void set_font(graph_font graph_content::*text, const graph_font& font);
-    /// A switch of the graph: &graph_content::draw_points.
+    /// Sets a flag of the graph, such as &graph_content::draw_points.
     void set_flag(bool graph_content::*flag, bool value);
     void set_subtitle(std::string_view text);
-    /// &graph_content::x_title or y_title.
+    /// `axis` is &graph_content::x_title or y_title.
     void set_axis_title(std::string graph_content::*axis, std::string_view text);
     void move_part(std::optional<graph_place> graph_content::*part, graph_place place, graph_size window);
 
 private:
-    /// Makes the next content by `edit` and puts it in place, unless the edit is refused.
+    /// Applies `edit` to a copy of the content and makes it the new content, unless the edit is refused.
     template <class Edit> refusal apply(std::string_view step, const Edit& edit);
 };
 

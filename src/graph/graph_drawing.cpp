@@ -20,7 +20,7 @@ namespace
 {
 
 constexpr double points_per_pixel = 0.75;
-/// Fewer points are drawn faster than they are thinned.
+/// Below this number, drawing is faster than thinning.
 constexpr std::size_t least_to_thin = 4096;
 
 drawn_path straight_line(drawn_part part, const drawn_stroke& stroke, drawn_point from, drawn_point to)
@@ -112,7 +112,7 @@ private:
             add(label);
     }
 
-    /// Whether point i and both its neighbours lie on the same side of the range: no line at it is seen.
+    /// Whether point i and both its neighbours are on the same side of the range, so that no line at it is visible.
     static bool is_out_of_sight(std::span<const double> values, std::size_t i, axis_range range)
     {
         if (i == 0 || i + 1 == values.size()) return false;
@@ -120,8 +120,8 @@ private:
         return before || (values[i - 1] > range.max && values[i] > range.max && values[i + 1] > range.max);
     }
 
-    /// Calls `on_point` with each point of a curve that is on the page or next to one, and `on_gap` where the line
-    /// breaks.
+    /// Calls `on_point` with each point of a curve that is on the page or next to one that is, and `on_gap` at breaks
+    /// of the line.
     template <class OnPoint, class OnGap>
     void for_each_point(std::size_t curve, const axis_mapping& mapping, const OnPoint& on_point,
                         const OnGap& on_gap) const
@@ -147,7 +147,7 @@ private:
             const curve_style style = curve_style_of(curve);
             if (graph_.scatter_connected) add_line(part, style, curve, mapping);
             if (graph_.draw_points) add_markers(part, style, curve, mapping);
-            // Drawn as neither, it is still a curve of the legend, and counts as shown.
+            // Even without line and points the curve is listed in the legend and counts as visible.
             entries_.push_back(
                 {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points});
         }

@@ -13,7 +13,7 @@
 namespace kelvarin
 {
 
-// The paper is white whatever the theme.
+// The paper is white in every theme.
 inline constexpr drawn_colour ground_colour = 0xFFFFFF;
 inline constexpr drawn_colour text_colour = 0x202020;
 inline constexpr drawn_colour axis_colour = 0x404040;
@@ -22,16 +22,17 @@ inline constexpr double hairline = 0.5;
 
 struct drawing_options
 {
-    /// The page, in points.
+    /// The page size in points.
     double width = 560.0;
     double height = 420.0;
-    /// The size of a pixel in points: long lines are thinned to what can be seen. 0 draws every point.
+    /// The size of a pixel in points: long lines are thinned to the visible detail. 0 draws every point.
     double pixel = 0.0;
-    /// What part of the graph is looked at, in place of the limits found in its data; both ranges are is_axis_range.
+    /// The displayed part of the graph, instead of the limits found from its data; both ranges must satisfy
+    /// is_axis_range.
     std::optional<axis_limits> view = std::nullopt;
 };
 
-/// A graph as it is drawn, and what a window needs to answer for it.
+/// A drawn graph, with what a window needs to handle gestures on it.
 struct graph_drawing
 {
     drawing picture;
@@ -39,16 +40,16 @@ struct graph_drawing
     drawn_box plot;
 };
 
-/// Draws a graph: titles and captions, the ground, axes with grid, ticks and labels, the curves, the functions, the
-/// legend. Lines are cut at the plot area's border; markers outside it are left out; a value that is not finite breaks
-/// its line. Where the limits can't be found, the picture holds the reason in words.
+/// Draws a graph: titles and captions, background, axes with grid, ticks and labels, curves, functions, legend. Lines
+/// are cut at the plot area's border; markers outside it are left out; a value that is not finite breaks its line. If
+/// the limits can't be found, the picture contains the reason as a text.
 graph_drawing draw_graph(const graph_content& graph, const drawing_options& options = {},
                          const text_metrics& metrics = sans_serif_metrics());
 
-/// The line of a curve, its width held within bounds.
+/// The line style of a curve, with its width clamped to its bounds.
 drawn_stroke curve_stroke(const graph_content& graph, const curve_style& style);
 
-/// The graph's markers at some points.
+/// The markers of a curve at some points.
 drawn_markers markers_at(const graph_content& graph, const curve_style& style, drawn_part part,
                          std::vector<drawn_point> points);
 

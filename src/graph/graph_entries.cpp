@@ -12,7 +12,7 @@ namespace kelvarin
 namespace
 {
 
-/// A whole number from `least` to `largest`.
+/// Reads a whole number from `least` to `largest`. Returns nullopt for any other text.
 std::optional<int> whole_number_within(std::string_view text, int least, int largest)
 {
     const std::optional<double> value = numeric_value(text);

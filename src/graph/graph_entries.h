@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-/// What a person types about a graph, as texts. What is refused answers with the box to show and has changed nothing.
+/// Operations on a graph with values typed as text. A refused operation returns the box to show and changes nothing.
 namespace kelvarin
 {
 
@@ -20,31 +20,31 @@ enum class axis_end
     ymax
 };
 
-/// Makes an axis manual, with this end moved and the other as it was found. Refused where the text is no number, or the
-/// ends would be equal or reversed.
+/// Makes an axis manual, with one end set to `text` and the other as it was found. Refused if the text is not a number,
+/// or the ends would be equal or reversed.
 std::optional<message_box> set_axis_limit(graph_content& graph, axis_end end, std::string_view text);
 
-/// Makes both axes manual, with the ranges in which the graph is looked at.
+/// Makes both axes manual, with the displayed ranges.
 void set_axis_ranges(graph_content& graph, axis_range x, axis_range y);
 
-/// A whole number within the bounds of axis_divisions.
+/// Sets the number of divisions, a whole number within the bounds of axis_divisions.
 std::optional<message_box> set_ticks(graph_content& graph, std::string_view text);
 
-/// A margin of the graph, &graph_margins::left. From 0 to what 16 bits hold.
+/// Sets a margin such as &graph_margins::left, from 0 to the largest 16-bit number.
 std::optional<message_box> set_margin(graph_content& graph, int graph_margins::*side, std::string_view text);
 
-/// A width in pixels, &graph_content::line_width or border_width, from 1 to 4.
+/// Sets a width in pixels, &graph_content::line_width or border_width, from 1 to 4.
 std::optional<message_box> set_width(graph_content& graph, int graph_content::*width, std::string_view text);
 
-/// From 1 to 300.
+/// Sets the marker size, from 1 to 300.
 std::optional<message_box> set_marker_size(graph_content& graph, std::string_view text);
 
-/// A title or the legend, &graph_content::legend_place, moved in a window of `window`; where the window has another
-/// size than before, the others stay in proportion.
+/// Moves a title or the legend, such as &graph_content::legend_place, in a window of size `window`. If the size has
+/// changed, the positions of the others are scaled.
 void move_part(graph_content& graph, std::optional<graph_place> graph_content::*part, graph_place place,
                graph_size window);
 
-/// The box of a graph that can't be drawn; nothing where it can.
+/// The box of a graph that can't be drawn. Returns nullopt if it can.
 std::optional<message_box> drawing_refusal(const axis_limits& limits);
 
 } // namespace kelvarin

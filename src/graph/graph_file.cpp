@@ -23,23 +23,23 @@ namespace
 
 constexpr std::string_view line_end = "\r\n";
 constexpr std::string_view marker = "KVRGRF/V500//";
-/// Three times the version 5.0 read as 50, in hexadecimal.
+/// The version 5.0 is read as 50; the file holds three times that in hexadecimal.
 constexpr std::string_view version_number = "96";
 constexpr std::string_view gap = "NaN";
-/// Lines in front of those of the columns.
+/// Number of lines before those of the columns.
 constexpr std::size_t field_lines = 47;
 
-/// A number, or that there is none.
+/// A number, or the mark of a gap.
 std::string data_text(double value)
 {
     return std::isfinite(value) ? exact_text(value) : std::string(gap);
 }
 
-// Both directions walk over the same fields in the order of their lines, so that they can't come apart. A `Lines` takes
-// each field by reference: one writes it, the other reads it.
+// Reading and writing visit the same fields in the order of their lines, so that they agree. A `Lines` takes each field
+// by reference: one class writes it, the other reads it.
 template <class Lines> void walk_place(Lines& lines, std::optional<graph_place>& place)
 {
-    // A file always has places: the corner itself stands for one that the drawing finds.
+    // A file always has positions: 0, 0 represents one that the drawing determines.
     graph_place corner = place.value_or(graph_place());
     lines.number(corner.top);
     lines.number(corner.left);
@@ -107,7 +107,7 @@ class line_writer
 public:
     void text(const std::string& value)
     {
-        // A line end would shift all lines behind it.
+        // A line end would shift the following lines.
         std::string line = value;
         std::ranges::replace(line, '\r', ' ');
         std::ranges::replace(line, '\n', ' ');
@@ -163,7 +163,7 @@ public:
     void boolean(bool& value) { value = boolean_of(next()); }
     void whole(int& value)
     {
-        // Whatever the number, the graph holds it as far as it can.
+        // Any number is accepted and clamped.
         constexpr double bound = 1e9;
         value = static_cast<int>(round_half_even(std::clamp(number_of(next()), -bound, bound)));
     }
@@ -177,8 +177,8 @@ public:
             value = static_cast<int>(rounded);
     }
 
-    /// The first `count` items of a joined line; what is behind them is passed over. A line of no items may be cut off
-    /// the end of a file: nothing is lost with it.
+    /// The first `count` items of a joined line; further ones are ignored. A line without items may be missing at the
+    /// end of a file.
     template <class Take> void joined(std::size_t count, const Take& take)
     {
         if (count == 0 && place_ == lines_.size()) return;
@@ -217,7 +217,7 @@ bool is_first_line(std::string_view line)
     return line.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
 }
 
-/// A comma would shift all items behind it.
+/// A comma would shift the following items.
 std::string without_commas(std::string text)
 {
     std::ranges::replace(text, ',', ';');
@@ -241,7 +241,7 @@ void read_lists(line_reader& lines, graph_content& graph, const graph_counts& co
     for (graph_column& column : graph.columns) {
         std::vector<double> values;
         lines.joined(points, [&](std::string_view item) { values.push_back(data_value(item)); });
-        // Columns of different lengths never come about, and no more is taken of a file that is damaged.
+        // Columns have equal lengths; a damaged file is read no further.
         if (!lines.ok()) return;
         column.values = shared_values(std::move(values));
     }
@@ -281,7 +281,7 @@ std::optional<graph_content> read_graph(std::string_view text)
     line_reader reader(std::span<const std::string_view>(lines).subspan(1));
     walk_fields(reader, graph, counts);
     if (!reader.ok() || counts.points < 1) return std::nullopt;
-    // Before memory is taken for them: the columns and the line of their names.
+    // Checked before memory is allocated: the columns and the line of their names.
     if (lines.size() < field_lines + static_cast<std::size_t>(counts.curves) + 2) return std::nullopt;
     if (graph.ticks == 0) graph.ticks = default_ticks;
     read_lists(reader, graph, counts);

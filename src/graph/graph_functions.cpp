@@ -40,7 +40,7 @@ std::vector<function_point> function_points(std::string_view text, axis_range x)
         const std::size_t failed = sweep.run(values, next).value_or(points.size());
         for (; next < failed; ++next)
             points[next].y = values[next];
-        // The failing point stays without a value, and hinders none behind it.
+        // The failing point has no value; later ones are evaluated all the same.
         (*system)->context().clear_failure();
         ++next;
     }

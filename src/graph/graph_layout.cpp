@@ -14,14 +14,14 @@ namespace kelvarin
 namespace
 {
 
-/// Between texts, and from a text to the page's edge.
+/// Distance between texts, and from a text to the page's edge.
 constexpr double spacing = 3.0;
-/// No more of the page than this goes to what stands above, below and beside the plot area.
+/// Maximum part of the page used by everything around the plot area.
 constexpr double largest_frame = 0.6;
-/// Beyond this part, what matters less is left out.
+/// Beyond this part, less important texts are left out.
 constexpr double usual_frame = 0.45;
 
-/// The page's edges as they are used up by captions, from the outside in.
+/// The space used at the page's edges by captions, from the outside in.
 struct edges
 {
     double left = 0.0;
@@ -30,7 +30,7 @@ struct edges
     double bottom = 0.0;
 };
 
-/// How much smaller things are on a page that has no room for their own size.
+/// The scale of texts on a page that is too small for their normal size.
 double part_of_usual(const drawn_box& page)
 {
     constexpr double usual_width = 260.0;
@@ -48,7 +48,7 @@ drawn_text horizontal_text(drawn_part part, std::string text, const graph_font& 
     return drawn;
 }
 
-/// Lays out what stands around the plot area, from the edges of the page inward.
+/// Lays out everything around the plot area, from the edges of the page inward.
 class layout_maker
 {
 public:
@@ -66,7 +66,7 @@ public:
     graph_layout made()
     {
         used_ = {spacing, spacing, spacing, spacing};
-        // What matters most comes first: later ones find less room.
+        // In order of importance: later texts have less space.
         const graph_font title_font = font_on_page(graph_.title_font, layout_.page);
         const graph_font subtitle_font = font_on_page(graph_.subtitle_font, layout_.page);
         add_title(drawn_role::title, graph_.title, title_font, graph_.title_place);
@@ -90,8 +90,8 @@ private:
         return largest;
     }
 
-    /// Whether so much height can still go to captions while all of them, with the labels, take no more than `part` of
-    /// the page.
+    /// Whether `height` more can be used by captions if all of them together with the labels use at most `part` of the
+    /// page.
     bool has_height(double height, double part) const
     {
         const double labels = tick_length + 2.0 * spacing + label_height_;
@@ -131,7 +131,7 @@ private:
         return true;
     }
 
-    /// The margins that the graph asks for, widened where labels need more, narrowed where the page has less.
+    /// Sets the margins of the graph, increased if labels need more, decreased on a small page.
     void place_plot()
     {
         const drawn_box& page = layout_.page;
@@ -174,7 +174,7 @@ private:
                 horizontal_text({drawn_role::x_title}, text, layout_.axes_font, {left, top}, metrics_));
     }
 
-    /// Upward along the axis, no longer than the axis: there it meets neither titles nor the labels of x.
+    /// Upward along the axis and no longer than the axis, so that it overlaps neither titles nor the labels of x.
     void add_y_title()
     {
         const drawn_box& plot = layout_.plot;
@@ -195,8 +195,8 @@ private:
         layout_.titles.push_back(std::move(drawn));
     }
 
-    /// Every how many divisions a label fits that takes `needed` along the axis: the last division has one, where that
-    /// does not halve their number.
+    /// The smallest stride in divisions between labels that need a length `needed` along the axis; a larger one, less
+    /// than twice that, if it gives the last division a label.
     int label_stride(double needed, double axis_length) const
     {
         const double division = axis_length / divisions_;
@@ -235,7 +235,7 @@ private:
             const double y = plot.bottom() - plot.height * i / divisions_;
             const double width = metrics_.width(label, layout_.axes_font);
             const drawn_point corner = {plot.left - tick_length - spacing - width, y - label_height_ / 2.0};
-            // The last one must not reach into a title above, the first not down to the labels of x.
+            // The last label must not overlap a title above, nor the first one the labels of x.
             if (corner.x < used_.left - spacing / 2.0 || corner.y < used_.top - spacing) continue;
             if (i == 0 && label_height_ / 2.0 >= tick_length + spacing) continue;
             add_label(horizontal_text({drawn_role::y_label, i}, label, layout_.axes_font, corner, metrics_));

@@ -18,7 +18,7 @@ constexpr double sample_length = 22.0;
 constexpr double padding = 4.0;
 /// From the legend to the axes.
 constexpr double distance = 6.0;
-/// The legend takes no more of the plot area than this, in width and in height.
+/// Maximum part of the plot area's width and height that the legend covers.
 constexpr double largest_part = 0.55;
 constexpr double row_of_height = 1.15;
 
@@ -52,7 +52,7 @@ std::span<const drawn_point> points_of(const drawn_shape& shape)
     return {};
 }
 
-/// The corner of the plot area in which a box covers the fewest points; of equal ones the upper right comes first.
+/// The corner of the plot area in which a box covers the fewest points; the upper right comes first among equals.
 drawn_box emptiest_corner(const legend_size& size, const drawn_box& plot, std::span<const drawn_shape> curves)
 {
     const double left = plot.left + distance;

@@ -12,7 +12,7 @@
 namespace kelvarin
 {
 
-/// A line of the legend: what stands for a curve, and its name.
+/// A line of the legend: a sample of the curve's style, and its name.
 struct legend_entry
 {
     drawn_part part;
@@ -22,9 +22,9 @@ struct legend_entry
     bool marker = false;
 };
 
-/// The legend's shapes: frame, samples, names. It stands where the user has moved it, else in the corner of the plot
-/// area where it covers the fewest points of `curves`. What there is no room for is counted in a last line. Empty where
-/// there are no entries or no room.
+/// The legend's shapes: frame, samples, names. It is where the user has moved it, else in the corner of the plot area
+/// where it covers the fewest points of `curves`. A last line counts the entries that don't fit. Empty if there are no
+/// entries or no space.
 std::vector<drawn_shape> legend_shapes(const graph_content& graph, std::span<const legend_entry> entries,
                                        std::span<const drawn_shape> curves, const graph_layout& layout,
                                        const text_metrics& metrics);

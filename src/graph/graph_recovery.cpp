@@ -15,10 +15,10 @@ namespace kelvarin
 namespace
 {
 
-/// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
+/// To be raised when a field changes its meaning, so that an older program doesn't misread a newer text.
 constexpr int recovery_format = 1;
 
-/// The fields that a file holds, with its lists empty: these have bounds and separators there, and none here.
+/// The fields of the file format, with empty lists: the file's limits and separators don't apply to the lists here.
 graph_content fields_of(const graph_content& graph)
 {
     graph_content fields = graph;

@@ -10,10 +10,10 @@
 namespace kelvarin
 {
 
-/// The graph as JSON, also what a graph file has no room for.
+/// The graph as JSON, including what a graph file omits.
 std::string graph_recovery_text(const graph_content& graph);
 
-/// The graph that graph_recovery_text wrote; nothing where the text is none of its.
+/// The graph that graph_recovery_text wrote. Returns nullopt if the text is not valid.
 std::optional<graph_content> read_graph_recovery(std::string_view text);
 
 } // namespace kelvarin

@@ -70,7 +70,7 @@ marker_stroke body_stroke(body shape, ground fill)
     return {};
 }
 
-/// The line across lies where the body is wide, and along it where an upright one would hide in a corner.
+/// The line crosses the widest part of the body; for triangles that point sideways it is vertical.
 marker_stroke bar_of(body shape)
 {
     switch (shape) {
@@ -130,7 +130,7 @@ outline dressed(body shape, dress how)
 
 std::array<outline, marker_count> all_outlines()
 {
-    // The first dozen differ most: bodies open and filled in turn, then strokes.
+    // The first twelve differ most: alternating open and filled bodies, then strokes.
     return {
         dressed(body::circle, dress::filled),
         dressed(body::square, dress::open),

@@ -12,8 +12,8 @@
 namespace kelvarin
 {
 
-/// The numbers of a column, never changed once made: copies of a content share them, so that a step of undo costs what
-/// it changed.
+/// The immutable numbers of a column: copies of a content share them, so that a step of undo stores only what it
+/// changed.
 class shared_values
 {
 public:
@@ -27,7 +27,7 @@ public:
     double operator[](std::size_t i) const { return (*values_)[i]; }
     std::span<const double> span() const { return *values_; }
 
-    /// By value; a gap (no number) equals a gap.
+    /// Compares by value; gaps (NaN) are equal to each other.
     friend bool operator==(const shared_values& a, const shared_values& b)
     {
         const auto same = [](double left, double right) {

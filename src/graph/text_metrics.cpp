@@ -45,7 +45,7 @@ constexpr advance_table bold_advances = {
 constexpr double thousandth = 1e-3;
 constexpr double ascent_of_size = 0.928;
 constexpr double descent_of_size = 0.236;
-/// Greek and Cyrillic letters are up to this wide, ideographs a whole size.
+/// Greek and Cyrillic letters are at most this wide, ideographs exactly; in font sizes.
 constexpr double other_letter = 1.0;
 constexpr char32_t first_wide_sign = 0x2E80;
 constexpr char32_t ellipsis_code = 0x2026;

@@ -9,10 +9,10 @@
 namespace kelvarin
 {
 
-/// All kinds of problem, in the order of toolbar and menus. A file is of the first kind that recognises it.
+/// All kinds of problem, in the order of toolbar and menus. A file belongs to the first kind that recognises it.
 std::span<const problem_kind* const> problem_kinds();
 
-/// The kind with this key; null where there is none.
+/// The kind with this key; null if there is none.
 const problem_kind* problem_kind_of(std::string_view key);
 
 } // namespace kelvarin
