@@ -24,7 +24,7 @@ constexpr const char* usage = "usage: kelvarin [FILE...]\n"
                               "       kelvarin calc|units|const|ant\n"
                               "Opens files, or one of the tools alone. kelvarin-solve works without windows.\n";
 
-/// What can be told without a window: true where that was all that was asked for.
+/// Answers requests that need no window. Returns true if there was nothing else to do.
 bool answered_on_the_terminal(int argc, char** argv)
 {
     if (argc != 2) return false;
@@ -51,7 +51,7 @@ void name_program()
 std::vector<std::string> arguments_of(const QApplication& application)
 {
     std::vector<std::string> arguments;
-    // Without the toolkit's own, which it has taken out.
+    // The toolkit has removed its own options.
     for (const QString& argument : application.arguments().mid(1))
         arguments.push_back(to_text(argument));
     return arguments;
@@ -66,7 +66,7 @@ bool on_a_desktop()
 void show_main_window(frmMDIKelvarin& window, const start_request& request)
 {
     window.show();
-    // Who opens a document wants to see that, and nothing before it.
+    // The splash would hide an opened document.
     if (request.documents.empty() && on_a_desktop()) (new frmStartup(&window))->show();
     window.offer_recovered_problems();
     window.open_documents(request.documents);
@@ -83,7 +83,7 @@ int Main(int argc, char** argv)
         return 1;
     }
     QApplication application(argc, argv);
-    // Numbers are read and written in one way in every country; the toolkit has just chosen the country's.
+    // Numbers have the same form in every country; the toolkit has just set the user's locale.
     std::setlocale(LC_NUMERIC, "C");
     name_program();
 

@@ -4,8 +4,8 @@
 namespace kelvarin
 {
 
-/// Starts the program with windows, and gives its exit status when it ends: 0, or 1 where there is no display or a
-/// state that must not be has ended it.
+/// Runs the program with windows. Returns its exit status: 0, or 1 if there is no display or an internal error ended
+/// it.
 int Main(int argc, char** argv);
 
 } // namespace kelvarin

@@ -9,10 +9,10 @@ class QPainter;
 namespace kelvarin
 {
 
-/// The ground behind the windows, a shade off the palette's own.
+/// The background behind the windows, slightly different from the palette's window colour.
 QColor ground_colour(const QPalette& palette);
 
-/// A quiet picture for that ground: an axis and the curves of a family that cross it.
+/// Paints a background picture: an axis and a family of curves that cross it.
 void paint_background_picture(QPainter& painter, const QRect& place, const QPalette& palette);
 
 } // namespace kelvarin

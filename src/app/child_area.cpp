@@ -20,7 +20,7 @@ namespace kelvarin
 namespace
 {
 
-/// Below this many letters of width a window is no use beside another.
+/// A window must be this many characters wide to be placed beside another.
 constexpr int least_letters = 60;
 
 child_window* child_of(const QMdiSubWindow* frame)
@@ -28,8 +28,8 @@ child_window* child_of(const QMdiSubWindow* frame)
     return frame ? qobject_cast<child_window*>(frame->widget()) : nullptr;
 }
 
-/// The frame's own menu holds "Close" on the keys of the main window's command, and of two actions with one key
-/// neither would be carried out.
+/// The menu of a subwindow has its own "Close" with the shortcut of the main window's command; with two actions on one
+/// shortcut neither would be triggered.
 void give_up_shortcuts(const QMdiSubWindow& frame)
 {
     if (!frame.systemMenu()) return;
@@ -72,7 +72,7 @@ void child_area::add(std::unique_ptr<child_window> window, bool beside)
         frame->show();
     }
     setActiveSubWindow(frame);
-    // Also where the main window itself has the keys only later.
+    // Also if the main window is not active yet.
     added->setFocus(Qt::OtherFocusReason);
 }
 
@@ -81,7 +81,7 @@ bool child_area::make_room_beside(QMdiSubWindow& in_front, QRect& place)
     const QRect whole = viewport()->rect();
     const int least = std::max(fontMetrics().averageCharWidth() * least_letters, in_front.minimumSizeHint().width());
     if (whole.width() < 2 * least) return false;
-    // A window that a person has put somewhere stays there, if it leaves enough beside it.
+    // A window that the user has placed stays there if it leaves enough space.
     const int right_of_it = whole.right() - in_front.geometry().right();
     if (in_front.isMaximized() || right_of_it < least) {
         const QList<QRect> halves = tiles(whole, 2, tiling::vertical);
@@ -143,7 +143,7 @@ void child_area::cascade()
 {
     QMdiSubWindow* in_front = activeSubWindow();
     QRect area;
-    // The one in front comes last, over all others.
+    // The active window comes last, on top of the others.
     const QList<QMdiSubWindow*> shown = shown_frames(StackingOrder, area);
     const int title_height = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) +
                              style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);

@@ -14,7 +14,7 @@ class QMdiSubWindow;
 namespace kelvarin
 {
 
-/// The part of the main window in which its children stand, and how they are laid out.
+/// The area of the main window that contains its children, and their arrangement.
 class child_area : public QMdiArea
 {
     Q_OBJECT
@@ -22,28 +22,28 @@ class child_area : public QMdiArea
 public:
     explicit child_area(QWidget* parent);
 
-    /// Takes a window over and brings it to the front: the first one fills the area, the next are as large as the
-    /// one in front where that fills it; `beside` puts it beside the one in front, where there is room for two.
+    /// Takes ownership of a window and makes it active: the first one fills the area, later ones do if the active one
+    /// does; with `beside` it is placed beside the active one if there is space for two.
     void add(std::unique_ptr<child_window> window, bool beside);
-    /// Brings a window to the front, restored where it was minimised.
+    /// Activates a window, restoring it if it was minimised.
     void bring_to_front(child_window& window);
 
-    /// The window in front; null where there is none.
+    /// The active window; null if there is none.
     child_window* front() const;
-    /// In the order in which they came.
+    /// In the order of their creation.
     std::vector<child_window*> children() const;
 
     void tile(tiling direction);
-    /// One behind the other, in the order in which they were in front, so that all titles are seen.
+    /// Overlapping in stacking order, so that all titles are visible.
     void cascade();
-    /// Lines up the minimised windows along the lower edge.
+    /// Arranges the minimised windows along the lower edge.
     void arrange_icons();
 
     void show_background_picture(bool shown);
 
 signals:
     void front_changed();
-    /// What a child tells of itself has changed.
+    /// The menus, panels or commands of a child have changed.
     void child_changed(kelvarin::child_window* window);
 
 protected:
@@ -51,9 +51,10 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// Two places side by side where two windows can be used at once; makes room for the second one.
+    /// Determines a place beside `in_front` if the area is wide enough for two windows, moving `in_front` if necessary.
+    /// Returns false if it isn't.
     bool make_room_beside(QMdiSubWindow& in_front, QRect& place);
-    /// The frames that are not minimised, and the part of the area that those leave free.
+    /// The frames that are not minimised in the given order, and the part of the area above the minimised ones.
     QList<QMdiSubWindow*> shown_frames(WindowOrder order, QRect& area) const;
     static void put(const QList<QMdiSubWindow*>& frames, const QList<QRect>& places);
     void take_ground();

@@ -48,7 +48,7 @@ bool file_drop::takes(QDropEvent& event)
     event.setDropAction(Qt::CopyAction);
     event.accept();
     if (event.type() == QEvent::Drop) {
-        // The one who dragged waits until the drop is taken: questions come after that.
+        // Queued: the program that the files were dragged from waits until the drop returns.
         QMetaObject::invokeMethod(
             this, [this, files] { emit dropped(files); }, Qt::QueuedConnection);
     }

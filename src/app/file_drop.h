@@ -12,7 +12,7 @@ class QDropEvent;
 namespace kelvarin
 {
 
-/// Takes files that are dropped anywhere on a window, also on fields in it that would take their names as text.
+/// Opens files that are dropped anywhere on a window, including its text fields, which would insert their names.
 class file_drop : public QObject
 {
     Q_OBJECT

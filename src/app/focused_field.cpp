@@ -84,14 +84,14 @@ template <class Field> void perform_in(Field& field, window_command which)
     }
 }
 
-/// Fields that are part of a problem leave undo and redo to the problem, whose steps they are.
+/// Whether undo and redo in the field belong to its problem.
 bool leaves_to_problem(const QWidget& field, window_command which)
 {
     return (which == window_command::undo || which == window_command::redo) &&
            qobject_cast<const problem_field*>(&field);
 }
 
-/// Calls `visit` with the field as what it is; false where it is no field that can be edited.
+/// Calls `visit` with the widget cast to its type. Returns false if it is not an editable field.
 template <class Visit> bool visit_field(QWidget* widget, Visit visit)
 {
     const auto as = [&]<class Field>(Field* field) {
@@ -112,7 +112,7 @@ focused_field::focused_field(QWidget& window) : QObject(&window), window_(window
 
 void focused_field::take(QWidget* focused)
 {
-    // A menu or box that takes the focus for a while leaves the field what commands are meant for.
+    // A menu or box takes the focus temporarily; commands still apply to the field.
     if (!focused || focused->window() != &window_ || focused == field_) return;
     if (field_) field_->disconnect(this);
     field_ = nullptr;

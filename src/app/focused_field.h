@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// The text field that has the focus in a window. The commands of editing mean the text in it, where it can
-/// follow them, before they mean the window around it. What is only read is not a field.
+/// The text field that has the focus in a window. Editing commands apply to it, if it supports them, before they apply
+/// to the window. Read-only fields are ignored.
 class focused_field : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     void perform(window_command which);
 
 signals:
-    /// What `can` answers may have changed.
+    /// The result of `can` may have changed.
     void changed();
 
 private:

@@ -6,7 +6,7 @@
 namespace kelvarin
 {
 
-/// Version and notices.
+/// The dialog with the version and notices.
 class frmAbout : public QDialog
 {
     Q_OBJECT

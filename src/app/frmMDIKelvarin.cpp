@@ -57,7 +57,7 @@ frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
 
 frmMDIKelvarin::~frmMDIKelvarin()
 {
-    // The children use what this class owns; the base would delete them too late.
+    // The base class would delete the children after the members that they use.
     disconnect(area_, nullptr, this, nullptr);
     disconnect(field_, nullptr, this, nullptr);
     delete takeCentralWidget();
@@ -113,7 +113,7 @@ void frmMDIKelvarin::restore_window_placement()
     const QScreen* main_screen = QGuiApplication::primaryScreen();
     const rectangle screen = main_screen ? rectangle_of(main_screen->availableGeometry()) : rectangle{};
     const placement placed = restore_placement(context_.registry, first_placement(screen), screens());
-    // Values that can not be written are written when the program ends, or never.
+    // On failure they are written when the program ends, or never.
     static_cast<void>(context_.registry.flush());
     move(placed.normal.left, placed.normal.top);
     resize(placed.normal.width, placed.normal.height);
@@ -125,7 +125,7 @@ placement frmMDIKelvarin::present_placement() const
     const window_state state = isMinimized()   ? window_state::minimised
                                : isMaximized() ? window_state::maximised
                                                : window_state::normal;
-    // The position counts the frame, the size does not: so they go back into move() and resize().
+    // Position with and size without the frame, as move() and resize() take them.
     return {{.left = x(), .top = y(), .width = width(), .height = height()}, state};
 }
 
@@ -160,7 +160,7 @@ QMenu* frmMDIKelvarin::help_menu()
 void frmMDIKelvarin::show_child(child_window* window, bool beside)
 {
     pages_->setCurrentWidget(area_);
-    // Laid out at once: where the window goes depends on the room there is.
+    // Immediate layout: the placement of a new window depends on the available space.
     pages_->parentWidget()->layout()->activate();
     area_->add(std::unique_ptr<child_window>(window), beside);
 }
@@ -173,7 +173,7 @@ child_window* frmMDIKelvarin::active_child() const
 void frmMDIKelvarin::show_front_child()
 {
     child_window* front = active_child();
-    // A window without children shows its start page; one whose children are all in the background does not.
+    // The start page is shown only if there are no children, not if they are all inactive.
     pages_->setCurrentWidget(area_->subWindowList().isEmpty() ? static_cast<QWidget*>(start_page_) : area_);
     menuBar()->clear();
     const QList<QMenu*> bar = front ? front->menus() : menus_->bar();
@@ -181,7 +181,7 @@ void frmMDIKelvarin::show_front_child()
         menuBar()->addMenu(menu);
     refresh_commands();
     refresh_panels();
-    // Once the frames have settled: one that goes takes the mark of unsaved work of the next one with it.
+    // Queued until the frames have settled: a closing one would take the modified mark of the next one with it.
     QMetaObject::invokeMethod(
         this,
         [this] {
@@ -197,7 +197,7 @@ void frmMDIKelvarin::refresh_panels()
     StbMDI_->show_panels(front ? front->file_panel() : tr("No File  "), front ? front->title_panel() : tr("No Title "));
     const bool running = front && front->is_running();
     StbMDI_->show_run(running);
-    // Progress and Stop are there during a run, also for those who did without the bar.
+    // Progress and Stop are shown during a run even if the status bar is switched off.
     StbMDI_->setVisible(running || context_.store.is_true("general_show_status_bar"));
     if (running) set_progress(front->fraction_done(), 0.0, 1.0);
 }
@@ -314,7 +314,7 @@ void frmMDIKelvarin::new_window_of_this_kind()
     const child_window* front = active_child();
     for (const problem_window_kind& kind : problem_window_kinds())
         if (front && front->objectName() == QLatin1String(kind.row->window_name)) return void(new_window(kind));
-    // With a report in front, or nothing: the kind that most problems are of.
+    // With a report or nothing active: the most frequent kind of problem.
     new_window(*kind_of_command(window_command::new_nle));
 }
 

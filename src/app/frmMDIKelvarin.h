@@ -29,7 +29,7 @@ class start_page;
 class tool_windows;
 struct problem_window_kind;
 
-/// What the program brings for its windows to work with; it outlives them.
+/// The program's services for its windows; they must outlive the windows.
 struct program_services
 {
     settings& store;
@@ -45,8 +45,8 @@ struct problem_window_counts
     int regressions = 0;
 };
 
-/// The main window: the problems, reports and graphs are its children. It owns toolbar, main menus and status
-/// bar, routes the commands to the child in front, opens documents and ends the program.
+/// The main window: problems, reports and graphs are its children. It owns toolbar, main menus and status bar, routes
+/// commands to the active child, opens documents and ends the program.
 class frmMDIKelvarin : public QMainWindow, public main_frame
 {
     Q_OBJECT
@@ -62,34 +62,34 @@ public:
     QMenu* help_menu() override;
     void show_child(child_window* window, bool beside = false) override;
     child_window* active_child() const override;
-    /// Opens a file by its kind: in the window in front where that is of the kind and idle, else in a new one.
-    /// A missing file is passed over.
+    /// Opens a file according to its kind: in the active window if that is of the kind and idle, else in a new one. A
+    /// missing file is ignored.
     void open_document(const std::filesystem::path& path) override;
     void end_program() override;
 
-    /// Several files at once: each after the first gets a window of its own.
+    /// Opens several files: each after the first in a window of its own.
     void open_documents(const std::vector<std::filesystem::path>& paths);
-    /// The dialog of File, Open.
+    /// Shows the dialog of File, Open.
     void open_file_dialog();
-    /// Closes the children from the last to the first, as far as the first that refuses.
+    /// Closes the children from the last to the first, stopping at the first that refuses.
     void close_all();
-    /// How far something is, between a start and an end.
+    /// Shows the progress of `x` between a start and an end.
     void set_progress(double x, double x_start, double x_end);
-    /// The open windows whose number is limited, by the names of their kinds.
+    /// The numbers of open windows of the kinds whose number is limited.
     problem_window_counts count_problem_windows() const;
 
     /// Shows a tool beside this window, which may be hidden.
     void show_tool(window_command tool);
-    /// Offers what ended programs left behind, if there is anything.
+    /// Offers the recovered problems of ended programs, if there are any.
     void offer_recovered_problems();
 
-    /// The session of the desktop ends: asks what is to be saved, and keeps copies of what is not.
+    /// Handles the end of the desktop session: asks what to save, and writes recovery copies of the rest.
     void commit_session(QSessionManager& session);
-    /// Asks every child whether it may close, without closing any; false at the first that refuses.
+    /// Asks every child whether it may close, without closing any. Returns false at the first refusal.
     bool may_end();
 
 signals:
-    /// The program is to end, with this exit status.
+    /// The program is to exit with this status.
     void ended(int status);
 
 protected:
@@ -98,12 +98,12 @@ protected:
 private:
     void build_ui();
     void connect_parts();
-    /// Where the window was when the program last ended, or the place of a first start.
+    /// Restores the window's last placement, or uses that of a first start.
     void restore_window_placement();
     placement present_placement() const;
     void apply_settings();
 
-    /// Brings a child to the front that will ask before it closes.
+    /// Activates a child that will ask before it closes.
     void show_what_would_ask(child_window& child);
     void show_front_child();
     void refresh_commands();
@@ -116,9 +116,9 @@ private:
     void new_window_of_this_kind();
 
     void show_message(const char* text);
-    /// False, with the told box, where no more windows of this kind may be opened.
+    /// Returns false after showing a box if no more windows of this kind may be opened.
     bool has_room_for(const problem_window_kind& kind);
-    /// A new window of a kind, shown in front; null where there may be none, which a box has told.
+    /// Shows a new window of a kind in front. Returns null after showing a box if there may be none.
     problem_window* new_window(const problem_window_kind& kind);
     void show_default_window(const problem_window_kind& kind);
     void open_in(const std::filesystem::path& path, bool in_new_window);
@@ -143,7 +143,7 @@ private:
     main_status_bar* StbMDI_ = nullptr;
     focused_field* field_ = nullptr;
     QPointer<frmRecovery> recovery_bar_;
-    /// The window that File, New shows of each kind.
+    /// The window that File, New shows for each kind.
     std::map<window_command, QPointer<problem_window>> default_windows_;
     bool close_after_runs_ = false;
     bool ended_ = false;

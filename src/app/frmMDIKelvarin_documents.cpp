@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window: new windows and their limits, opening of documents, what a crash left behind.
+// The main window: new windows and their limits, opening of documents, recovered problems.
 #include "app/child_area.h"
 #include "app/frmMDIKelvarin.h"
 #include "app/frmRecovery.h"
@@ -81,7 +81,7 @@ void frmMDIKelvarin::show_default_window(const problem_window_kind& kind)
     if (!kind.make) return show_message(kind.row->missing_text);
     QPointer<problem_window>& window = default_windows_[kind.fresh];
     const std::vector<child_window*> open = area_->children();
-    // One that is closed already may not be deleted yet.
+    // A closed window may not be deleted yet.
     if (std::ranges::find(open, window) == open.end()) window = nullptr;
     if (window) return area_->bring_to_front(*window);
     window = kind.make(context_).release();
@@ -133,7 +133,7 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
         if (const auto refused = open_report(context_, path)) context_.user.show(this, *refused);
         return;
     case document_form::unknown:
-        // What has no second line is no problem of any kind: recognition ends at the end of the file.
+        // A file without a second line is no problem of any kind.
         if (split_lines(file.text).size() < 2) return show_message(open_error);
         context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
         return;
@@ -150,7 +150,7 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
                           target->objectName() == QLatin1String(kind.row->window_name);
     if (takes_it) return void(target->open(path));
     target = new_window(kind);
-    // A refused file leaves no empty window behind its box.
+    // A refused file must not leave an empty window.
     const QPointer<problem_window> opened = target;
     if (target && !target->open(path) && opened) opened->close_with_frame();
 }

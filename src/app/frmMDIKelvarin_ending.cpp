@@ -17,7 +17,7 @@ namespace kelvarin
 void frmMDIKelvarin::close_all()
 {
     for (child_window* child : area_->children() | std::views::reverse) {
-        // One that is busy closes by itself when it has stopped; it refuses nothing.
+        // A busy child closes by itself when its run has stopped, so it doesn't refuse.
         const bool is_running = child->is_running();
         show_what_would_ask(*child);
         if (!child->close_with_frame() && !is_running) return;
@@ -27,7 +27,7 @@ void frmMDIKelvarin::close_all()
 void frmMDIKelvarin::show_what_would_ask(child_window& child)
 {
     const auto* problem = qobject_cast<const problem_window*>(&child);
-    // The question is about the window that one sees.
+    // The window must be visible when the question about it is asked.
     if (problem && !problem->document().problem_saved()) area_->bring_to_front(child);
 }
 
@@ -56,7 +56,7 @@ void frmMDIKelvarin::close_when_runs_have_stopped()
     for (const child_window* child : area_->children())
         if (child->is_running()) return;
     close_after_runs_ = false;
-    // Later: the window that tells of its run's end is still at it.
+    // Queued: the signal comes from a window that is still handling the end of its run.
     QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
@@ -64,7 +64,7 @@ bool frmMDIKelvarin::may_end()
 {
     for (child_window* child : area_->children() | std::views::reverse) {
         show_what_would_ask(*child);
-        // Only asked, not closed: a later one may still refuse, and then all of them stay.
+        // Only asked, not closed: if a later one refuses, all of them stay.
         QCloseEvent asked;
         QApplication::sendEvent(child, &asked);
         if (asked.isAccepted()) continue;
@@ -91,7 +91,7 @@ void frmMDIKelvarin::unload()
     tools_->hide_all();
     save_placement(context_.registry, present_placement());
     context_.store.save_settings(context_.registry);
-    // Nobody can do anything about a store that can not be written, least of all by staying.
+    // A failure to write the registry can't be handled at this point.
     static_cast<void>(context_.registry.flush());
     emit ended(0);
 }

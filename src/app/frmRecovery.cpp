@@ -20,7 +20,7 @@ namespace kelvarin
 namespace
 {
 
-/// More rows than these are scrolled to.
+/// Further rows are scrolled.
 constexpr int rows_in_sight = 4;
 
 enum column
@@ -138,7 +138,7 @@ void frmRecovery::remove(int slot)
 {
     const auto row = rows_.find(slot);
     if (row == rows_.end()) return;
-    // One of them may be the button that is being clicked.
+    // One of the controls may be the button that is being clicked.
     for (QWidget* control : row->second) {
         control->hide();
         control->deleteLater();

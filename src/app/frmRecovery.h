@@ -13,8 +13,8 @@ class QGridLayout;
 namespace kelvarin
 {
 
-/// A bar with the problems that an ended program left unsaved. Each can be opened, kept for the next start, or
-/// discarded; closing the bar keeps them all. It deletes itself when nothing is left to decide.
+/// A bar with the unsaved problems of ended programs. Each can be opened, kept for the next start, or discarded;
+/// closing the bar keeps them all. It deletes itself when all are decided.
 class frmRecovery : public QFrame
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class frmRecovery : public QFrame
 public:
     frmRecovery(std::vector<recovery_store::found_problem> found, QWidget* parent);
 
-    /// The problem of this slot needs no decision any more.
+    /// Removes the row of a problem that is decided.
     void remove(int slot);
 
 signals:

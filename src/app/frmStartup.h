@@ -8,8 +8,8 @@
 namespace kelvarin
 {
 
-/// The splash: the program's name and version, for a moment or until it is clicked. It waits for nothing and
-/// nothing waits for it; it deletes itself when it closes.
+/// The splash screen: the program's name and version, shown for a moment or until it is clicked. It doesn't delay the
+/// start; it deletes itself when it closes.
 class frmStartup : public QWidget
 {
     Q_OBJECT

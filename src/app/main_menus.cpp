@@ -19,7 +19,7 @@ constexpr std::initializer_list<window_command> tool_commands{window_command::ca
                                                               window_command::antoine, window_command::constants,
                                                               window_command::setup};
 
-/// The list shows windows 1 to 9 with their number as key, and the others without.
+/// Windows 1 to 9 have their number as mnemonic in the list; further ones have none.
 constexpr int last_number_with_key = 9;
 
 } // namespace

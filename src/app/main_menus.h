@@ -14,7 +14,7 @@ namespace kelvarin
 
 class child_area;
 
-/// The menus of the main window: those of its own bar, and those that every child shows in its bar too.
+/// The menus of the main window: those of its own bar, and those that are also in every child's bar.
 class main_menus : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class main_menus : public QObject
 public:
     main_menus(QWidget& window, const command_actions& actions, child_area& area);
 
-    /// The bar while no child is open.
+    /// The menu bar while no child is open.
     QList<QMenu*> bar() const { return {file_menu_, help_menu_}; }
     QMenu* new_menu() const { return new_menu_; }
     QMenu* tools_menu() const { return tools_menu_; }
@@ -30,7 +30,7 @@ public:
     QMenu* help_menu() const { return help_menu_; }
 
 signals:
-    /// One more window of the kind in front.
+    /// Another window of the active kind is requested.
     void new_window_asked();
 
 private:

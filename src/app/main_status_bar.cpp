@@ -68,7 +68,7 @@ void main_status_bar::show_run(bool running)
 
 void main_status_bar::show_fraction(double fraction)
 {
-    // Also a fraction that is no number must leave the bar within its range.
+    // A NaN must not leave the range of the bar.
     const double part = fraction > 0.0 ? std::min(fraction, 1.0) : 0.0;
     prgMain_->setValue(static_cast<int>(std::lround(part * whole)));
 }

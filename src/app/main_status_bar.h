@@ -12,7 +12,7 @@ namespace kelvarin
 
 class elided_label;
 
-/// The main window's status bar: the panels of the window in front (file, title), and how far its run is.
+/// The main window's status bar: the panels of the active window (file, title), and the progress of its run.
 class main_status_bar : public QStatusBar
 {
     Q_OBJECT
@@ -21,9 +21,9 @@ public:
     main_status_bar(QAction* stop, QWidget* parent);
 
     void show_panels(const QString& file, const QString& title);
-    /// Progress and Stop are there only while a run is under way.
+    /// Progress and Stop are shown only during a run.
     void show_run(bool running);
-    /// How far a run is, as a part of the whole; more than the whole counts as the whole.
+    /// Shows the progress from 0 to 1; larger values count as 1.
     void show_fraction(double fraction);
 
 private:

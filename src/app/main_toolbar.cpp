@@ -16,7 +16,7 @@ main_toolbar::main_toolbar(const command_actions& actions, QWidget* parent) : QT
     setMovable(false);
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     setIconSize(QSize(line_unit(*this), line_unit(*this)) * 3 / 2);
-    // Nothing here brings a toolbar back that was hidden.
+    // A hidden toolbar could not be shown again, since no menu item does that.
     toggleViewAction()->setEnabled(false);
     toggleViewAction()->setVisible(false);
 
@@ -25,7 +25,7 @@ main_toolbar::main_toolbar(const command_actions& actions, QWidget* parent) : QT
     addSeparator();
     for (const problem_window_kind& kind : problem_window_kinds()) {
         const QAction* fresh = actions.action(kind.fresh);
-        // Not the command itself: that shows the one window of the File menu, this makes one more.
+        // Not the command itself, which shows the one window of the File menu: this opens another window.
         auto* more = new QAction(fresh->icon(), QString::fromLatin1(kind.row->key).toUpper(), this);
         more->setToolTip(fresh->toolTip());
         connect(more, &QAction::triggered, this, [this, &kind] { emit new_window_asked(kind); });

@@ -10,7 +10,7 @@ namespace kelvarin
 
 struct problem_window_kind;
 
-/// The main window's toolbar: pictures over short texts. Each button's object name is its key.
+/// The main window's toolbar: icons above short texts. Each button's object name is its key.
 class main_toolbar : public QToolBar
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     main_toolbar(const command_actions& actions, QWidget* parent);
 
 signals:
-    /// One more window of a kind is wanted.
+    /// Another window of a kind is requested.
     void new_window_asked(const kelvarin::problem_window_kind& kind);
 
 private:

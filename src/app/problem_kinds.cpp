@@ -15,7 +15,7 @@ namespace kelvarin
 namespace
 {
 
-/// What makes the windows of the kind with this key.
+/// Makes the windows of the kind with this key.
 struct window_factory
 {
     std::string_view key;

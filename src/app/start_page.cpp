@@ -32,7 +32,7 @@ struct recent_file
     std::filesystem::path path;
 };
 
-/// The latest file of each kind first, then the one before it, as there is no time kept with them.
+/// The latest file of each kind first, then each second one and so on: the times are not stored.
 std::vector<recent_file> recent_files_of_all_kinds(const registry_store& registry)
 {
     std::vector<recent_file> files;
@@ -56,7 +56,7 @@ start_page::start_page(const command_actions& actions, const registry_store& reg
     build_ui(actions);
     setWidget(content_);
     setWidgetResizable(true);
-    // The page's own ground and picture show through.
+    // Lets the page's background and picture show.
     content_->setAutoFillBackground(false);
 }
 
@@ -135,7 +135,7 @@ void start_page::show_recent_files()
 {
     qDeleteAll(recent_rows_);
     recent_rows_.clear();
-    // The stretch at the end comes anew behind the new rows.
+    // The stretch at the end is replaced by a new one after the new rows.
     delete recent_column_->takeAt(recent_column_->count() - 1);
 
     const std::vector<recent_file> files = recent_files_of_all_kinds(registry_);
@@ -145,7 +145,7 @@ void start_page::show_recent_files()
     for (std::size_t i = 0; i < files.size(); ++i) {
         const std::filesystem::path& path = files[i].path;
         const std::string file_name = path.filename().string();
-        // The folder tells apart what the name alone does not.
+        // The folder distinguishes files of the same name.
         const QString caption =
             times_named[file_name] == 1
                 ? to_qstring(file_name)
@@ -169,7 +169,7 @@ void start_page::show_recent_files()
 
 void start_page::order_rows()
 {
-    // Column by column, as one reads; the recent files were made last.
+    // The tab order goes column by column; the recent files were created last.
     QWidget* before = nullptr;
     const auto rows = content_->findChildren<QToolButton*>();
     for (const char* column : {"cmdNew_", "cmdRecent_", "cmdExample_"}) {

@@ -14,7 +14,7 @@ class QToolButton;
 namespace kelvarin
 {
 
-/// Fills the main window while no child is open: new problems, files of late, examples.
+/// Fills the main window while no child is open: new problems, recent files, examples.
 class start_page : public QScrollArea
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
 
 signals:
     void document_chosen(const std::filesystem::path& path);
-    /// An example of the nonlinear problems, from 1.
+    /// An example of the nonlinear problems was chosen, from 1.
     void example_chosen(int number);
 
 protected:

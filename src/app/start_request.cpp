@@ -53,7 +53,7 @@ screen_variables screen_of_environment()
 bool has_screen(const screen_variables& variables)
 {
     if (variables.display || variables.wayland_display) return true;
-    // Platforms that draw elsewhere than on a desktop's screen need none.
+    // Platforms other than X11 and Wayland don't need a display.
     return variables.platform && !variables.platform->starts_with("xcb") && !variables.platform->starts_with("wayland");
 }
 

@@ -12,21 +12,21 @@
 namespace kelvarin
 {
 
-/// What the program was started for.
+/// The request of the program's arguments.
 struct start_request
 {
-    /// A tool that opens alone, the main window staying hidden.
+    /// A tool to open alone, with the main window hidden.
     std::optional<window_command> tool;
     std::vector<std::filesystem::path> documents;
 
     friend bool operator==(const start_request&, const start_request&) = default;
 };
 
-/// Reads the arguments behind the program's name. One of the words "calc", "units", "const" and "ant", alone and
-/// exactly so written, names a tool; all else are documents, with quotes around them taken off.
+/// Reads the arguments after the program's name. One of the words "calc", "units", "const" and "ant", alone and in
+/// exactly this form, names a tool; everything else is a list of documents, from which enclosing quotes are removed.
 start_request read_arguments(const std::vector<std::string>& arguments);
 
-/// What the environment says about a screen; nothing where a variable is not set.
+/// The environment variables that concern the display; nullopt for one that is not set.
 struct screen_variables
 {
     std::optional<std::string> platform;
@@ -36,7 +36,7 @@ struct screen_variables
 
 screen_variables screen_of_environment();
 
-/// Whether a window can be expected to open. The toolkit itself ends the process where it can not.
+/// Whether the environment has a display. Without one the toolkit would end the process.
 bool has_screen(const screen_variables& variables);
 
 } // namespace kelvarin

@@ -12,8 +12,8 @@
 namespace kelvarin
 {
 
-/// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings.
-/// They are made when they are first asked for, where they were when they were last shown.
+/// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings. They are
+/// made when first needed, at the position where they were last shown.
 class tool_windows : public QObject
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ namespace
 
 constexpr int most_in_one_line = 3;
 
-/// The edge before part `index` of `parts` equal ones; rounding never leaves a gap.
+/// The coordinate of the edge before part `index` of `parts` equal ones; rounding leaves no gaps.
 int edge(int start, int length, int parts, int index)
 {
     return start + length * index / parts;
@@ -23,7 +23,7 @@ QRect transposed(const QRect& place)
     return {place.y(), place.x(), place.height(), place.width()};
 }
 
-/// Columns of windows that stand one below the other; the last columns take one more where it does not come out even.
+/// Columns of windows one below the other; if they can't be equal, the last columns have one more.
 QList<QRect> columns_of(const QRect& area, int count)
 {
     const int columns = count <= most_in_one_line ? 1 : static_cast<int>(std::sqrt(count));

@@ -15,12 +15,12 @@ enum class tiling
     vertical
 };
 
-/// Places for `count` windows that fill `area` without gaps or overlaps. Up to three stand in one row or column;
-/// more make a grid, so that none becomes a mere strip.
+/// The geometries of `count` windows that fill `area` without gaps or overlaps. Up to three are in one row or column;
+/// more make a grid, so that none becomes too narrow.
 QList<QRect> tiles(const QRect& area, int count, tiling direction);
 
-/// Places for `count` windows of one size, each a step of `offset` further down and to the right, so that the titles of
-/// all are seen. Where that would leave less than a third of the area's height, further windows start at the top again.
+/// The geometries of `count` windows of one size, each shifted by `offset` down and to the right, so that all titles
+/// are visible. Windows that would have less than a third of the area's height start at the top again.
 QList<QRect> cascade_places(const QRect& area, int count, int offset);
 
 } // namespace kelvarin

@@ -10,15 +10,15 @@
 namespace kelvarin
 {
 
-/// Takes the answers in the order of the files and brings them to where they belong: standard output, one
-/// file, or a file each. Nothing is written in halves: what goes together waits for `finish`.
+/// Takes the answers in the order of the files and writes them to their destination: standard output, one file, or a
+/// file each. Combined output is written as a whole by `finish`.
 class answer_printer
 {
 public:
     answer_printer(const batch_request& request, std::ostream& out, std::ostream& err);
 
     void take(const std::string& file, file_answer answer);
-    /// Writes what waited; the exit status of the whole.
+    /// Writes the pending output. Returns the exit status of all answers.
     int finish();
 
 private:
@@ -34,7 +34,7 @@ private:
     int status_ = 0;
 };
 
-/// Writes to the file `place`, or where that is empty to `out`; the exit status.
+/// Writes to the file `place`, or to `out` if that is empty. Returns the exit status.
 int write_output(const std::string& place, std::string_view content, std::ostream& out, std::ostream& err);
 
 } // namespace kelvarin

@@ -9,16 +9,16 @@
 namespace kelvarin
 {
 
-/// What the batch program takes from outside.
+/// The environment of the batch program.
 struct batch_surroundings
 {
     const wall_clock& clock;
     /// The user's settings; read only.
     const registry_store& saved;
     run_listener& listener;
-    /// Somebody watches the error output.
+    /// Whether the error output is a terminal.
     bool err_is_terminal = false;
-    /// For elapsed times in fractions of a second.
+    /// The clock for elapsed times in fractions of a second.
     stopwatch seconds = steady_seconds;
 };
 

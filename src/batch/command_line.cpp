@@ -24,11 +24,11 @@ namespace
 constexpr const char* program_name = "kelvarin-solve";
 constexpr int most_jobs = 1024;
 
-/// The options as they were typed.
+/// The options as typed.
 struct typed_options
 {
     std::string format, output, kind;
-    /// Of the options of kinds, empty where they were not typed.
+    /// The options of kinds; empty if not given.
     std::map<std::string, std::string, std::less<>> kind_options;
     std::vector<std::string> assignments, files;
     int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
@@ -36,13 +36,13 @@ struct typed_options
     std::vector<std::string> lines;
 };
 
-/// Wrong usage, on its way to the one place that answers it.
+/// Thrown for wrong usage and caught by read_command_line.
 struct wrong_usage
 {
     std::string text;
 };
 
-/// Takes `--eval` and everything behind it off the arguments: those are lines, whatever they begin with.
+/// Removes `--eval` and the following arguments: all of them are lines, whatever they begin with.
 void take_lines(std::vector<std::string>& arguments, typed_options& typed)
 {
     const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
@@ -53,8 +53,8 @@ void take_lines(std::vector<std::string>& arguments, typed_options& typed)
     arguments.erase(eval, arguments.end());
 }
 
-/// Takes `--convert` and what belongs to it off the arguments, since the number may begin with "-": number, two units
-/// and, unless an option stands there, the type of the units.
+/// Removes `--convert` and its arguments, since the number may begin with "-": number, two units and, unless an option
+/// follows, the type of the units.
 void take_conversion(std::vector<std::string>& arguments, typed_options& typed)
 {
     constexpr std::ptrdiff_t least = 3;
@@ -80,7 +80,7 @@ std::string keys_of_solved_kinds(const std::string& last_word)
     return keys;
 }
 
-/// Each option once; where several kinds know it, with the help of the first.
+/// Declares each option once; if several kinds have it, with the help text of the first.
 void describe_kind_options(CLI::App& app, typed_options& typed)
 {
     for (const kind_answerer& answerer : kind_answerers())
@@ -169,7 +169,7 @@ void check_files(const batch_request& request)
         throw wrong_usage{"Several reports as rtf need an output name with {} in it, such as -o '{}.rtf'."};
 }
 
-/// No output may replace another one, or a problem that is to be solved.
+/// An output must not overwrite another one, or a problem to be solved.
 void check_outputs(const batch_request& request)
 {
     if (request.output.empty()) return;
@@ -199,7 +199,8 @@ const problem_kind* kind_of(std::string_view key)
                       keys_of_solved_kinds("and") + " are."};
 }
 
-/// A value is good if one of the kinds that know the option takes it; otherwise the complaint of the last one counts.
+/// A value is valid if one of the kinds that have the option accepts it; otherwise the error of the last one is
+/// reported.
 void check_kind_option(const std::string& name, const std::string& value)
 {
     std::optional<std::string> complaint;
@@ -227,7 +228,7 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     request.kind = kind_of(typed.kind);
     request.output = std::move(typed.output);
     const bool lists = request.action == batch_action::show_units || request.action == batch_action::show_constants;
-    // There is no file in a list: what stands in its place is looked for.
+    // With --units and --constants these arguments are search words, not files.
     (lists ? typed.lines : request.files) = std::move(typed.files);
     if (typed.jobs < 1 || typed.jobs > most_jobs)
         throw wrong_usage{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// How the batch program ends; of several files the highest counts.
+/// Exit statuses of the batch program; with several files the highest counts.
 namespace kelvarin::exit_status
 {
 inline constexpr int every_file_reported = 0;
@@ -9,6 +9,6 @@ inline constexpr int every_file_reported = 0;
 inline constexpr int a_run_failed = 1;
 /// Wrong usage, a file that cannot be read or written, a kind that is not solved.
 inline constexpr int unusable = 2;
-/// Ctrl+C, as shells count it.
+/// Ctrl+C: 128 + SIGINT.
 inline constexpr int interrupted = 130;
 } // namespace kelvarin::exit_status

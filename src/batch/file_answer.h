@@ -11,25 +11,25 @@
 namespace kelvarin
 {
 
-/// What one file gave. It is made without printing anything, so that files can be answered in any order.
+/// The answer to one file. It is made without printing, so that files can be answered in any order.
 struct file_answer
 {
-    /// The text of its JSON object, where JSON is asked for; of one among several at a depth of 1.
+    /// The text of its JSON object if the format is JSON, at batch_request::depth_of_object.
     std::string object = {};
-    /// The report in the format asked for, text or rtf; empty where there is none.
+    /// The report as plain text or rich text; empty if there is none.
     std::string report = {};
-    /// For standard error.
+    /// Text for standard error.
     std::string messages = {};
     int status = 0;
     bool stopped = false;
 };
 
-/// What the outcomes of all kinds become in the same way: report, messages, status. `report` is rich text, empty where
-/// there is none. The object is left to the kind.
+/// The part of the answer that is common to all kinds: report, messages, status. `report` is rich text, empty if there
+/// is none. The kind adds the object.
 file_answer answer_of(const std::string& file, const run_outcome& outcome, std::string report,
                       const batch_request& request);
 
-/// The answer to a file that gave no problem. `kind` is as in recognised_document::key.
+/// The answer to a file that is no readable problem. `kind` is as in recognised_document::key.
 file_answer refused_answer(const std::string& file, std::string_view kind, const message_box& refusal,
                            const batch_request& request);
 
@@ -41,7 +41,7 @@ template <class Outcome> Outcome outcome_refused(const message_box& refusal)
     return outcome;
 }
 
-/// A box as lines: its title and the file, where there is one, then its text.
+/// A box as lines: its title and the file, if there is one, then its text.
 std::string message_lines(const std::string& file, const message_box& box);
 
 } // namespace kelvarin

@@ -7,7 +7,7 @@ namespace kelvarin
 namespace
 {
 
-/// As a script tells the programs that it starts in the background.
+/// Shells start background programs of scripts with the signal ignored.
 bool is_ignored(int signal_number)
 {
     struct sigaction present = {};

@@ -10,9 +10,9 @@
 namespace kelvarin
 {
 
-/// While it lives, Ctrl+C asks a run to stop in place of ending the program. Made before other threads are
-/// started: the signal is blocked in the calling thread, and one thread waits for it. Where the program was
-/// started to ignore the signal, it goes on doing so.
+/// While this object exists, Ctrl+C asks a run to stop instead of ending the program. To be created before other
+/// threads are started: the signal is blocked in the calling thread, and one thread waits for it. If the program was
+/// started with the signal ignored, it stays ignored.
 class interrupt_watch
 {
 public:

@@ -27,7 +27,7 @@ std::string_view type_name(setting_type type)
     return "string";
 }
 
-/// A setting in the form that solvers read it in.
+/// Writes a setting as the solvers read it.
 void write_value(json_writer& writer, const settings& store, const setting_row& row)
 {
     switch (row.type) {
@@ -43,7 +43,7 @@ void write_value(json_writer& writer, const settings& store, const setting_row& 
     writer.value(store.value(row.key));
 }
 
-/// A bound of a setting, whole where the setting is.
+/// Writes a bound of a setting, as an integer if the setting is one.
 void write_bound(json_writer& writer, const setting_row& row, double bound)
 {
     if (row.type == setting_type::floating) return writer.value(bound);

@@ -18,27 +18,27 @@
 namespace kelvarin
 {
 
-/// Answers files on several threads and gives the answers out in the order of the files, so that what is
-/// printed does not depend on the number of threads.
+/// Answers files on several threads and returns the answers in the order of the files, so that the output doesn't
+/// depend on the number of threads.
 class ordered_answers
 {
 public:
-    /// Answers one file; called from several threads at a time.
+    /// Answers one file; called from several threads at the same time.
     using answer_function = std::function<file_answer(std::size_t file, run_listener& listener)>;
 
-    /// Starts min(jobs, count) threads; one job needs none. `program` says when to stop.
+    /// Starts min(jobs, count) threads, or none for one job. `program` can ask all runs to stop.
     ordered_answers(std::size_t count, int jobs, answer_function answer, run_listener& program);
     ordered_answers(const ordered_answers&) = delete;
     ordered_answers& operator=(const ordered_answers&) = delete;
-    /// Starts no further file and waits for those under way.
+    /// Starts no further file and waits for those in progress.
     ~ordered_answers();
 
-    /// The answer of the next file in order. While it is waited for, `progress` is told how far it is, from
-    /// the calling thread. An exception of the answering function comes out here.
+    /// The answer of the next file in order. While waiting, reports the file's fraction to `progress` in the calling
+    /// thread. Rethrows an exception of the answering function.
     file_answer next(run_listener& progress);
 
 private:
-    /// One file under way or done. Hands the wish to stop on from the program.
+    /// One file in progress or done. Forwards the request to stop from the program.
     struct entry final : run_listener
     {
         explicit entry(run_listener& program) : program_(program) {}

@@ -9,7 +9,7 @@ namespace
 
 constexpr std::chrono::milliseconds quiet_time{1000};
 constexpr std::chrono::milliseconds time_between{200};
-/// To the first column, and what stands there wiped away.
+/// Returns to the first column and clears the line.
 constexpr const char* wipe = "\r\x1b[K";
 
 } // namespace

@@ -11,14 +11,14 @@
 namespace kelvarin
 {
 
-/// Shows on a terminal how far a run is once it takes over a second, in one line that is wiped away at the
-/// end, and hands everything on to the listener of the program.
+/// Shows the progress of a run on a terminal once it takes longer than a second, in one line that is cleared at the
+/// end, and forwards all calls to the program's listener.
 class progress_line final : public run_listener
 {
 public:
     using time_point = std::chrono::steady_clock::time_point;
 
-    /// `terminal` is null where nobody watches.
+    /// `terminal` is null if the output is not a terminal.
     progress_line(run_listener& program, std::ostream* terminal, std::string label,
                   std::function<time_point()> now = std::chrono::steady_clock::now);
     progress_line(const progress_line&) = delete;

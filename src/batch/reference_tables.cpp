@@ -18,7 +18,7 @@ namespace kelvarin
 namespace
 {
 
-/// A data file's text; a box where there is none.
+/// The text of a data file, or a box if there is none.
 struct data_text
 {
     std::string text;
@@ -46,7 +46,7 @@ void tell_faults(std::string_view name, const std::vector<data_fault>& faults, s
         err << name << ", line " << fault.line << ": " << fault.reason << "\n";
 }
 
-/// The words behind the option as one text.
+/// The search words after the option as one text.
 std::string words_of(const batch_request& request)
 {
     std::string words;
@@ -55,7 +55,7 @@ std::string words_of(const batch_request& request)
     return words;
 }
 
-/// Why two units can not be converted into each other, where no type has both.
+/// The message for two units that no type has both of.
 std::string no_pair_text(const std::vector<unit>& units, const std::string& from, const std::string& to,
                          const std::string& type)
 {
@@ -133,7 +133,7 @@ void write_constant(json_writer& writer, const std::string& group, const physica
     writer.begin_object();
     writer.member("group", group);
     writer.member("name", constant.name);
-    // The value is kept as the text of the data file, which is a number in all of ours.
+    // The value is stored as text, usually a number.
     if (const std::optional<double> number = numeric_value(constant.value))
         writer.member("value", *number);
     else

@@ -8,8 +8,8 @@
 namespace kelvarin
 {
 
-/// Answers --convert, --units and --constants from the data files; lines of those that are wrong are told on
-/// `err`. Returns the exit status.
+/// Answers --convert, --units and --constants from the data files; faulty lines of these files are reported on `err`.
+/// Returns the exit status.
 int answer_from_tables(const batch_request& request, std::ostream& out, std::ostream& err);
 
 } // namespace kelvarin

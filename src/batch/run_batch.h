@@ -10,7 +10,7 @@
 namespace kelvarin
 {
 
-/// The whole program behind its arguments: reads them, works, prints. Returns the exit status.
+/// Runs the program: parses the arguments, works, prints. Returns the exit status.
 int run_batch(std::span<const std::string> arguments, std::ostream& out, std::ostream& err,
               const batch_surroundings& surroundings);
 

@@ -20,7 +20,7 @@ message_box refusal_box(std::string text)
     return {std::move(text), box_icon::exclamation};
 }
 
-/// Why a file has no answerer.
+/// The box that says why a file can't be answered.
 message_box no_answerer_box(const std::string& file, const recognised_document& found)
 {
     switch (found.form) {

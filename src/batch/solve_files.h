@@ -10,11 +10,11 @@
 namespace kelvarin
 {
 
-/// Solves a file as the request asks. `listener` is that of this file.
+/// Solves the problem of a file as requested. `listener` is that of this file.
 file_answer solve_file(const std::string& file, const batch_request& request, const batch_surroundings& surroundings,
                        run_listener& listener);
 
-/// Says what is defined in a file and what is missing, as JSON.
+/// Reports as JSON what is defined in a file and what is missing.
 file_answer check_file(const std::string& file, const batch_request& request);
 
 } // namespace kelvarin

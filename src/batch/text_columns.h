@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// Lines of as many cells each, as text in columns two blanks apart, without blanks at the ends of lines.
+/// Lines with equal numbers of cells as text in columns, separated by two blanks, without trailing blanks.
 std::string text_columns(const std::vector<std::vector<std::string>>& lines);
 
 } // namespace kelvarin

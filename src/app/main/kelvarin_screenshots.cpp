@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Makes the pictures of the documentation from the real windows, without a screen:
+// Renders the pictures of the documentation from the real windows, without a screen:
+//
 // kelvarin-screenshots PROBLEM.kvr FOLDER
 #include "app/frmMDIKelvarin.h"
 #include "desktop/qt_text.h"
@@ -73,7 +74,7 @@ template <class Widget> Widget& part(QWidget& window, const char* name)
     return *found;
 }
 
-/// What the windows of one picture work with: nobody's settings, a fixed day.
+/// The services for the windows of one picture: default settings, a fixed date.
 struct desk
 {
     settings store;

@@ -14,42 +14,42 @@
 namespace kelvarin
 {
 
-/// An option of the command line that a kind of problem knows.
+/// A command-line option of a kind of problem.
 struct kind_option
 {
     /// "--method".
     const char* name = "";
-    /// The word for its value in the help, "NAME", and what the help says of it.
+    /// The placeholder of its value in the help, "NAME", and the help text.
     const char* value_name = "";
     const char* help = "";
-    /// What is wrong with a value; nullopt where nothing is.
+    /// Returns what is wrong with a value, or nullopt if it is valid.
     std::optional<std::string> (*refusal)(std::string_view value) = nullptr;
 };
 
-/// The text of a problem file that is of the answerer's kind.
+/// The text of a problem file of the answerer's kind.
 struct problem_text
 {
     std::string file;
     std::string text;
 };
 
-/// How the files of one kind are answered.
+/// Functions that answer the files of one kind.
 struct kind_answerer
 {
     const problem_kind* kind = nullptr;
     std::span<const kind_option> options = {};
-    /// Solves the problem. A text that is no problem of the kind gives an answer that says so. `listener` is that of
-    /// this file.
+    /// Solves the problem. If the text is not a problem of the kind, the answer says so. `listener` is that of this
+    /// file.
     file_answer (*solve)(const problem_text& problem, const batch_request& request,
                          const batch_surroundings& surroundings, run_listener& listener) = nullptr;
-    /// Says what is defined and what is missing, as JSON.
+    /// Reports as JSON what is defined and what is missing.
     file_answer (*check)(const problem_text& problem, const batch_request& request) = nullptr;
 };
 
-/// The kinds that are solved, in the order in which help and messages name them.
+/// The kinds that can be solved, in the order of help and messages.
 std::span<const kind_answerer> kind_answerers();
 
-/// Null of a kind that is not solved.
+/// Null for a kind that can't be solved.
 const kind_answerer* answerer_of(const problem_kind& kind);
 
 } // namespace kelvarin

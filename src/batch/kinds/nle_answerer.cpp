@@ -32,7 +32,7 @@ std::optional<std::string> method_refusal(std::string_view value)
 constexpr std::array<kind_option, 1> options = {
     {{method_option, "NAME", "fastnewt, safenewt, safebroydn, constrained, or the number 0 to 3", method_refusal}}};
 
-/// The problem of a text, with the method of the command line in place of its own; nullopt if the text holds none.
+/// The problem of a text, with the method of the command line if given. Returns nullopt if the text is not a problem.
 std::optional<nle_content> content_of(const problem_text& problem, const batch_request& request)
 {
     std::optional<nle_content> content = read_nle(problem.text);

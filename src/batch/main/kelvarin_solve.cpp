@@ -10,8 +10,8 @@
 namespace
 {
 
-/// Memory that one file gave back serves the next: without this the large blocks of a run go back to the
-/// system after each file, and come again as fresh pages.
+/// Keeps freed memory for the next file: otherwise the large blocks of a run are returned to the system after each file
+/// and must be allocated again.
 void keep_memory_between_files()
 {
     constexpr int most_kept = 64 << 20;
