@@ -17,7 +17,7 @@ calendar_date system_clock::today() const
 
 std::int64_t system_clock::whole_seconds() const
 {
-    // Not the wall clock: setting that during a run must not change how long the run took.
+    // steady_clock: a change of the computer's clock must not affect measured times.
     const auto since_start = std::chrono::steady_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::seconds>(since_start).count();
 }

@@ -14,14 +14,14 @@ struct calendar_date
     int day = 0;
 };
 
-/// What the core asks about time.
+/// The core's source of date and time.
 class wall_clock
 {
 public:
     virtual ~wall_clock() = default;
 
     virtual calendar_date today() const = 0;
-    /// Seconds since some fixed moment, in whole seconds: the resolution that reports show.
+    /// Whole seconds since some fixed moment: the resolution of reports.
     virtual std::int64_t whole_seconds() const = 0;
 };
 
@@ -33,7 +33,7 @@ public:
     std::int64_t whole_seconds() const override;
 };
 
-/// A clock that stands still until it is set: for tests and reproducible output.
+/// A clock that advances only on request: for tests and reproducible output.
 class fixed_clock final : public wall_clock
 {
 public:
@@ -43,7 +43,7 @@ public:
 
     calendar_date today() const override { return date_; }
     std::int64_t whole_seconds() const override { return seconds_ += step_.load(); }
-    /// From now on every question about the time moves it by `step` seconds.
+    /// From now on each call of whole_seconds advances the clock by `step` seconds.
     void advance_by(std::int64_t step) { step_ = step; }
 
 private:

@@ -35,7 +35,7 @@ std::vector<fs::path> data_folders()
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(':'), rest.size());
         const fs::path folder = rest.substr(0, end);
-        // Relative folders are invalid here, and passed over.
+        // The specification declares relative paths invalid.
         if (folder.is_absolute()) folders.push_back(folder / program_folder_name);
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }

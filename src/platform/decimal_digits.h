@@ -16,11 +16,11 @@ struct decimal_digits
     int exponent = 0;
 
     bool is_zero() const { return digits.empty(); }
-    /// The digit at ten to the power `position`, "0" where there is none.
+    /// The digit at ten to the power `position`; "0" outside the digits.
     char digit_at(int position) const;
 };
 
-/// The 15 significant digits that every text of a number is made from. `value` is finite.
+/// The 15 significant digits from which every text of a number is made. `value` must be finite.
 decimal_digits significant_digits(double value);
 
 /// `number` with its first `kept` digits, halves rounded away from zero; a `kept` below 0 gives zero.

@@ -13,7 +13,7 @@ namespace kelvarin
 namespace
 {
 
-/// What a numeric mask asks for.
+/// The parts of a numeric mask.
 struct mask_shape
 {
     int integer_places = 0;

@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// `text` with A to Z as a to z, whatever the locale; all other bytes stay.
+/// `text` with A to Z replaced by a to z, independent of the locale; all other bytes are unchanged.
 std::string lower_case(std::string_view text);
 
 } // namespace kelvarin

@@ -17,7 +17,7 @@ enum class box_icon
     information
 };
 
-/// Where something stands in a problem: a row (from 1) and a range of bytes in its text.
+/// A part of a problem: a row (from 1) and a range of bytes in its text.
 struct text_place
 {
     int row = 0;
@@ -29,14 +29,14 @@ struct text_place
 
 inline constexpr const char* guide_title = "Kelvarin Guide";
 
-/// A message to the user as a value: the core makes it, a front end shows it. Lines are separated by CR.
+/// A message to the user as a value: the core creates it, a front end shows it. Lines are separated by CR.
 struct message_box
 {
     std::string text;
     box_icon icon = box_icon::none;
     std::string title = guide_title;
     std::optional<text_place> place = std::nullopt;
-    /// The core met a state that it holds impossible: a program with windows ends behind this box.
+    /// Whether the core detected an internal error: a program with windows ends after this box.
     bool fatal = false;
 };
 

@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-/// An open file or folder of the operating system, closed when it goes. -1 holds none.
+/// Owns an open file or folder of the operating system and closes it when destroyed. -1 means none.
 class posix_file
 {
 public:
@@ -18,14 +18,14 @@ public:
 
     bool is_open() const { return file_ >= 0; }
     int number() const { return file_; }
-    /// Hands the file over to a caller who closes it.
+    /// Passes the file to a caller, who must close it.
     int release() { return std::exchange(file_, -1); }
 
 private:
     int file_;
 };
 
-/// Why a system call failed, in words: the text of an errno value.
+/// The text of an errno value.
 std::string system_reason(int error_number);
 
 } // namespace kelvarin

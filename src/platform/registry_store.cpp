@@ -29,9 +29,9 @@ std::pair<std::string, std::string> place_of(std::string_view key, std::string_v
 
 constexpr std::string_view hex_digits = "0123456789ABCDEF";
 
-/// How a part of the file marks what cannot stand there as it is: a mark, then two hexadecimal digits. Keys
-/// have "%" for a mark, so that their backslashes stay readable; names and values have "\x", beside "\n",
-/// "\r" and doubled backslashes.
+/// Whether a byte must be written as an escape: a mark followed by two hexadecimal digits. The mark is "%" in keys, so
+/// that their backslashes stay readable, and "\x" in names and values, which also have "\n", "\r" and doubled
+/// backslashes.
 bool must_be_marked(char letter, bool bytes_are_text)
 {
     const auto byte = static_cast<unsigned char>(letter);
@@ -59,7 +59,7 @@ std::string escaped_key(std::string_view key)
     return text;
 }
 
-/// A value name (with "=" escaped, and "[" where it would look like a key's line) or a value.
+/// Escapes a value name (including "=", and "[" at its beginning, which would look like a key's line) or a value.
 std::string escaped(std::string_view plain, bool is_name)
 {
     const bool bytes_are_text = is_utf8(plain);
@@ -84,7 +84,7 @@ std::string escaped(std::string_view plain, bool is_name)
     return text;
 }
 
-/// The byte that two hexadecimal digits at the start of `text` stand for.
+/// The byte of the two hexadecimal digits at the start of `text`. Returns nullopt if there are none.
 std::optional<char> hex_byte(std::string_view text)
 {
     if (text.size() < 2) return std::nullopt;
@@ -105,7 +105,7 @@ std::string unescaped_key(std::string_view text)
     return key;
 }
 
-/// Undoes `escaped`. A backslash that begins no escape stands for itself: the file may be edited by hand.
+/// Reverses `escaped`. A backslash that starts no valid escape is kept: the file may have been edited by hand.
 std::string unescaped(std::string_view text)
 {
     std::string plain;
@@ -127,7 +127,7 @@ std::string unescaped(std::string_view text)
     return plain;
 }
 
-/// Where the "=" between name and value stands: the first that no backslash escapes.
+/// The position of the "=" between name and value: the first one without a backslash before it.
 std::size_t equals_sign(std::string_view line)
 {
     for (std::size_t at = 0; at < line.size(); ++at) {
@@ -137,8 +137,8 @@ std::size_t equals_sign(std::string_view line)
     return std::string_view::npos;
 }
 
-/// The folder of the store, locked against other programs that are about to merge their values. Where it
-/// cannot be locked, the store works as well, but two programs that end in the same moment may miss values.
+/// Opens and locks the folder of the store against other programs that merge their values. Without the lock the store
+/// works as well, but if two programs end at the same moment, values of one may be lost.
 posix_file locked_folder(const fs::path& folder)
 {
     posix_file lock(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -210,7 +210,7 @@ std::optional<file_failure> file_registry::flush()
     if (error) return file_failure{file_.parent_path(), error.message()};
 
     const posix_file lock = locked_folder(file_.parent_path());
-    // What is there and cannot be read must not be replaced by the little that we know.
+    // An unreadable file must not be replaced by the values of this program alone.
     if (std::optional<file_failure> failed = load()) return failed;
     for (const auto& [place, kept] : written_)
         entries_[place] = kept;

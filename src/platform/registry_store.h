@@ -13,11 +13,11 @@
 namespace kelvarin
 {
 
-/// The key under which the system keeps everything it remembers.
+/// The key of all stored values.
 inline constexpr std::string_view registry_root = "Software\\WinKlvn";
 
-/// Strings kept between sessions, each under a key (a path with backslashes) and a value name. Keys and
-/// value names compare without case.
+/// Strings stored between sessions, each under a key (a path with backslashes) and a value name. Keys and value names
+/// are case-insensitive.
 class registry_store
 {
 public:
@@ -25,7 +25,7 @@ public:
 
     virtual std::optional<std::string> read(std::string_view key, std::string_view value_name) const = 0;
     virtual void write(std::string_view key, std::string_view value_name, std::string_view value) = 0;
-    /// Makes what was written durable; nothing is kept before this call. A failure is returned, not thrown.
+    /// Makes written values durable; before this call nothing is stored. A failure is returned, not thrown.
     virtual std::optional<file_failure> flush() = 0;
 };
 
@@ -48,12 +48,12 @@ protected:
     std::map<std::pair<std::string, std::string>, entry> entries_;
 };
 
-/// The store in one text file: a line `[key]`, then lines `value name=value`. Names and values have backslash
-/// escapes for line ends, the backslash, "=" in names and bytes that are no text (`\x07`); in keys the
-/// backslash stands for itself and escapes are `%0A`. Any string comes back as it was. Lines that are neither
-/// are kept out without harm; a missing or unreadable file is an empty store. `flush` merges what was written
-/// here into the file as it stands by then, so that two programs do not undo each other's values; it makes
-/// the file's folders, and fails rather than replace a file that it cannot read.
+/// The store in one text file: a line `[key]`, then lines `value name=value`. Names and values have backslash escapes
+/// for line ends, the backslash, "=" in names and bytes that are not valid UTF-8 (`\x07`); in keys the backslash is an
+/// ordinary character and escapes are `%0A`. Any string is restored exactly. Other lines are ignored; a missing or
+/// unreadable file is an empty store. `flush` merges the written values into the present content of the file, so that
+/// two programs do not undo each other's values; it creates the file's folders, and fails rather than replace a file
+/// that it cannot read.
 class file_registry final : public memory_registry
 {
 public:
@@ -63,8 +63,7 @@ public:
     std::optional<file_failure> flush() override;
 
 private:
-    /// Takes the file's entries in place of those held; fails, and changes nothing, where there is a file that
-    /// cannot be read.
+    /// Replaces the entries by those of the file. Fails and changes nothing if the file exists but cannot be read.
     std::optional<file_failure> load();
     std::string file_text() const;
 
@@ -72,7 +71,7 @@ private:
     std::map<std::pair<std::string, std::string>, entry> written_;
 };
 
-/// `$XDG_CONFIG_HOME/kelvarin/registry.txt`, with `~/.config` where the variable is not set.
+/// `$XDG_CONFIG_HOME/kelvarin/registry.txt`, with `~/.config` if the variable is not set.
 std::filesystem::path default_registry_file();
 
 } // namespace kelvarin

@@ -7,8 +7,8 @@
 namespace kelvarin
 {
 
-/// A run's only link to its surroundings: how far it is goes out, the wish to stop comes in. Both may be
-/// used from another thread than the run's.
+/// A run's only link to its caller: it reports the fraction done and asks whether to stop. Both may be used from
+/// another thread than the run's.
 class run_listener
 {
 public:
@@ -19,14 +19,14 @@ public:
     virtual bool stop_asked() const = 0;
 };
 
-/// Thrown inside a run whose listener asked it to stop; the run's outcome says so.
+/// Thrown inside a run whose listener asks it to stop; the outcome records it.
 class run_stopped : public std::exception
 {
 public:
     const char* what() const noexcept override { return "run stopped"; }
 };
 
-/// Keeps the fraction and can be asked to stop; the plain implementation for programs and tests.
+/// Stores the fraction and a request to stop; the implementation for programs and tests.
 class recording_listener : public run_listener
 {
 public:

@@ -26,7 +26,7 @@ constexpr bool is_blank(char letter)
     return letter == ' ' || letter == '\t';
 }
 
-/// Where a number at the start of a text ends, and where its exponent letter stands. Length 0: no number.
+/// The extent of a number at the start of a text and the position of its exponent letter. Length 0: no number.
 struct number_shape
 {
     std::size_t length = 0;
@@ -45,8 +45,8 @@ std::size_t past_sign(std::string_view text, std::size_t at)
     return at < text.size() && (text[at] == '+' || text[at] == '-') ? at + 1 : at;
 }
 
-// The library's own readers would also take "inf", "nan" and hexadecimal digits, so they only ever see
-// what this scan has measured. The exponent letter d is one of the forms of a number.
+// std::from_chars would also accept "inf", "nan" and hexadecimal digits, so it only reads what this scan has accepted.
+// The exponent letter may be d.
 number_shape measure_number(std::string_view text)
 {
     number_shape shape;
@@ -71,8 +71,8 @@ number_shape measure_number(std::string_view text)
     return shape;
 }
 
-/// Whether a number that no double can hold is too large rather than too small: by the power of ten of its
-/// first digit other than 0.
+/// Whether a number outside the range of doubles is too large rather than too small, by the power of ten of its first
+/// nonzero digit.
 bool is_too_large(std::string_view number, const number_shape& shape)
 {
     const std::string_view mantissa = number.substr(0, shape.exponent_letter);
@@ -166,7 +166,7 @@ std::string plain_text(double value)
     constexpr int least_fixed_exponent = -4;
     constexpr int largest_fixed_exponent = 14;
 
-    // Whole numbers are most of what reports print.
+    // Fast path: reports print mostly whole numbers.
     if (std::fabs(value) < exponent_form_from && value == std::trunc(value)) {
         std::array<char, 24> buffer{};
         const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<long long>(value));

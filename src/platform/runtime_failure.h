@@ -8,7 +8,7 @@
 namespace kelvarin
 {
 
-/// Numbers of the run-time failures that the system can raise.
+/// Numbers of the run-time failures.
 namespace failure_number
 {
 inline constexpr int invalid_argument = 5;
@@ -20,12 +20,12 @@ inline constexpr int type_mismatch = 13;
 inline constexpr int numeric = 8888;
 } // namespace failure_number
 
-/// The fixed description of a run-time failure: "Overflow" for 6. A number outside the table has the
-/// description "Unknown failure".
+/// The description of a run-time failure: "Overflow" for 6. A number outside the table has the description "Unknown
+/// failure".
 std::string_view runtime_failure_text(int number);
 
-/// The one exception of the core: a run-time fault or a numeric routine that gave up. A run catches it in
-/// one handler, which shows number, description and detail.
+/// The only exception of the core: a run-time fault or a numeric routine that failed. A run has one handler for it,
+/// which shows number, description and detail.
 class runtime_failure : public std::exception
 {
 public:
@@ -33,7 +33,7 @@ public:
 
     int number() const noexcept { return number_; }
     std::string_view description() const noexcept { return runtime_failure_text(number_); }
-    /// What the failing numeric routine said of itself; empty for run-time faults.
+    /// The message of the failing numeric routine; empty for run-time faults.
     const std::string& detail() const noexcept { return detail_; }
     const char* what() const noexcept override { return what_.c_str(); }
 
@@ -43,7 +43,7 @@ private:
     std::string what_;
 };
 
-/// How a numeric routine gives up: throws runtime_failure 8888 with `text` as its detail.
+/// Reports the failure of a numeric routine: throws runtime_failure 8888 with `text` as its detail.
 [[noreturn]] void nrerror(std::string_view text);
 
 } // namespace kelvarin

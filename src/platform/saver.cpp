@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: MIT
 //
-// The user's files are written here and nowhere else. What holds at every moment, also when a call fails or
-// the power does:
+// The user's files are written by this file only. Its invariants hold at every moment, even if a call fails or the
+// power goes off:
 //
-//   1. The file under the user's name is either the old one, whole, or the new one, whole. Nothing ever
-//      writes into it: the content goes into a temporary file beside it, and one rename changes them over.
-//   2. The rename comes only after every byte, the mode and the size of the temporary file are on the disk
-//      and its close reported no error.
-//   3. A temporary file is ours: created by O_EXCL under a name nobody had, and gone after every failure.
-//   4. What is no regular file (a folder, a pipe, a device) is never replaced, nor a file that this user may
-//      not write, although a rename would not ask.
+//   1. The file under the user's name is either the complete old one or the complete new one. It is never written to:
+//      the content goes into a temporary file in the same folder, which is then renamed.
+//   2. The rename comes only after every byte, the mode and the size of the temporary file are on the disk and its
+//      close has reported no error.
+//   3. A temporary file belongs to this program: it is created by O_EXCL under an unused name, and is removed after
+//      every failure.
+//   4. Anything but a regular file (a folder, a pipe, a device) is never replaced, nor a file without write permission,
+//      although a rename would not check it.
 //   5. A link stays a link: the file that it leads to is replaced, in that file's own folder.
 //
-// The states, each arrow named by its function:
+// The states, each transition labelled by its function:
 //
 //   named --target_of--> target --create--> temporary, empty --fill--> written --settle--> on the disk
 //         --replace--> in place --sync_folder--> durable
 //
-// A failure up to `settle` or in `replace` leads back to "old file, no temporary file". After `replace` there
-// is no way back; a failure of `sync_folder` is reported, and says so.
+// A failure up to `settle` or in `replace` leads back to "old file, no temporary file". After `replace` there is no way
+// back; the reason of a failure of `sync_folder` says so.
 
 #include "platform/saver.h"
 
@@ -44,7 +45,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-/// Inside this file a failure is its reason; an empty text is none.
+/// Reason of a failure in this file; an empty text means success.
 using reason = std::string;
 
 reason last_reason()
@@ -52,7 +53,7 @@ reason last_reason()
     return system_reason(errno);
 }
 
-/// Repeats a call that a signal interrupted.
+/// Repeats a system call that was interrupted by a signal.
 template <class Call> auto uninterrupted(Call call)
 {
     auto result = call();
@@ -61,7 +62,7 @@ template <class Call> auto uninterrupted(Call call)
     return result;
 }
 
-/// Where the bytes go, and what was there before.
+/// The destination and the file that it replaces.
 struct save_target
 {
     fs::path path;
@@ -72,7 +73,7 @@ struct save_target
     };
 };
 
-/// Follows links by hand, since the last one may lead to a file that does not exist yet.
+/// Resolves links one by one, since the last one may lead to a file that does not exist yet.
 reason follow_links(fs::path& path)
 {
     constexpr int most_links = 40;
@@ -101,7 +102,7 @@ reason target_of(const fs::path& path, save_target& target)
     return {};
 }
 
-/// The temporary file: closed and removed unless it was renamed.
+/// The temporary file; the destructor closes and removes it unless it was renamed.
 class temporary_file
 {
 public:
@@ -165,8 +166,8 @@ reason temporary_file::fill(std::string_view content)
 
 reason temporary_file::take_over_owner_and_mode(const struct stat& old_file)
 {
-    // Another user's file stays theirs where we are allowed to say so; a group or owner that cannot be set
-    // is no reason to lose the user's work. The mode comes second: a change of owner clears bits of it.
+    // Keeps another user's file theirs if permitted; failing to set owner or group must not lose the user's work. The
+    // mode is set second, since a change of owner clears bits of it.
     if (old_file.st_uid != ::geteuid() || old_file.st_gid != ::getegid())
         static_cast<void>(::fchown(file_, old_file.st_uid, old_file.st_gid) == 0);
     constexpr mode_t mode_bits = 07777;
@@ -179,7 +180,7 @@ reason temporary_file::settle(const save_target& target)
         if (reason failed = take_over_owner_and_mode(target.old_file); !failed.empty()) return failed;
     }
     if (uninterrupted([&] { return calls_.fsync(file_); }) != 0) return last_reason();
-    // Not repeated: an interrupted close has closed the file, and its number may be somebody else's by now.
+    // Not repeated: an interrupted close has closed the file, and its number may be in use again.
     is_open_ = false;
     if (calls_.close(file_) != 0 && errno != EINTR) return last_reason();
     return {};
@@ -200,12 +201,12 @@ reason sync_folder(const save_target& target, const save_calls& calls)
     };
     const int folder =
         uninterrupted([&] { return calls.open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
-    // A folder may be writable and not readable; there the system cannot be asked for more.
+    // A folder may be writable but not readable; then it can't be synchronised.
     if (folder < 0) return errno == EACCES ? reason() : not_safe(last_reason());
     const bool synced = uninterrupted([&] { return calls.fsync(folder); }) == 0;
     const int error = errno;
     calls.close(folder);
-    // EINVAL: this file system keeps its folders durable by itself, or cannot.
+    // EINVAL: the file system can't synchronise folders, or needs not.
     if (synced || error == EINVAL) return {};
     return not_safe(system_reason(error));
 }

@@ -13,8 +13,8 @@
 namespace kelvarin
 {
 
-/// The system calls of the saver that can fail, so that a test can fail each in turn. Each behaves as the
-/// POSIX call of its name and reports by errno.
+/// The system calls of the saver that can fail, so that tests can make each of them fail. Each behaves as the POSIX
+/// call of its name and reports by errno.
 struct save_calls
 {
     std::function<int(const char* path, int flags, mode_t mode)> open;
@@ -24,13 +24,13 @@ struct save_calls
     std::function<int(const char* from, const char* to)> rename;
 };
 
-/// The calls of the operating system.
+/// The real system calls.
 const save_calls& system_save_calls();
 
-/// Writes `content` to `path`, atomically and durably: afterwards the file holds the whole content, or
-/// (with a failure returned) whatever it held before. One failure comes too late for that, and its reason says
-/// so: the whole content is in place, but the folder could not be made durable. A link is followed, an existing
-/// file's mode is kept, what is no regular file or may not be written is refused.
+/// Writes `content` to `path`, atomically and durably. Returns nullopt on success; on failure the file is as it was
+/// before. One failure occurs after that: the whole content is in place but the folder could not be made durable, and
+/// its reason says so. A link is followed, an existing file's mode is kept, and anything but a regular file with write
+/// permission is refused.
 std::optional<file_failure> save_file(const std::filesystem::path& path, std::string_view content,
                                       const save_calls& calls = system_save_calls());
 

@@ -6,10 +6,10 @@
 namespace kelvarin
 {
 
-/// A reading of a watch: seconds, with fractions, since some fixed moment.
+/// A function that returns seconds, with fractions, since some fixed moment.
 using stopwatch = std::function<double()>;
 
-/// The computer's steady watch, which nobody sets.
+/// The computer's steady clock.
 double steady_seconds();
 
 } // namespace kelvarin

@@ -21,7 +21,7 @@ namespace
 constexpr std::size_t largest_file = std::size_t{64} << 20;
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
-/// Reads to the end of the file into `bytes`; the reason of a failure, or an empty text.
+/// Reads to the end of the file into `bytes`. Returns the reason of a failure, or an empty text.
 std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes)
 {
     constexpr std::size_t step = std::size_t{64} * 1024;
@@ -46,7 +46,7 @@ std::string read_all(const posix_file& file, std::size_t expected, std::string& 
 text_file read_text_file(const std::filesystem::path& path)
 {
     const auto failed = [&path](std::string reason) { return text_file{{}, {path, std::move(reason)}}; };
-    // Without O_NONBLOCK the opening of a pipe would wait for somebody to write into it.
+    // Without O_NONBLOCK opening a pipe would wait for a writer.
     const posix_file file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file.is_open()) return failed(system_reason(errno));
     struct stat about

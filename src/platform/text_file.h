@@ -9,14 +9,14 @@
 namespace kelvarin
 {
 
-/// A file that could not be read or written: where and why, in words for the user.
+/// A file that could not be read or written: its path, and the reason for the user.
 struct file_failure
 {
     std::filesystem::path place;
     std::string reason;
 };
 
-/// The content of a text file as UTF-8. `failure.reason` is empty exactly when it was read.
+/// The content of a text file as UTF-8. `failure.reason` is empty if and only if it was read.
 struct text_file
 {
     std::string text;
@@ -25,24 +25,24 @@ struct text_file
     bool ok() const { return failure.reason.empty(); }
 };
 
-/// Reads a regular file (or what a link leads to) whole. Bytes that are no UTF-8 as a whole are taken as
-/// Latin-1; a byte order mark is dropped. A folder, a device, a missing file, a file over 64 MiB fail.
+/// Reads a whole regular file, following links. If the bytes are not valid UTF-8 as a whole, they are read as Latin-1;
+/// a byte order mark is dropped. A folder, a device, a missing file or a file over 64 MiB is a failure.
 text_file read_text_file(const std::filesystem::path& path);
 
-/// `bytes` if they are valid UTF-8, else their Latin-1 reading as UTF-8.
+/// `bytes` if they are valid UTF-8, else the UTF-8 text of their Latin-1 reading.
 std::string to_utf8(std::string_view bytes);
 
-/// The lines of `text`, whatever their ends: CR LF, LF, CR, or CR CR LF. A line end at the very end of the
-/// text opens no further line.
+/// The lines of `text`; line ends are CR LF, LF, CR, or CR CR LF. A line end at the very end of the text starts no
+/// further line.
 std::vector<std::string_view> split_lines(std::string_view text);
 
-/// `text` with each CR and LF replaced by a blank, as a line of a file or a field of one line takes it.
+/// `text` with each CR and LF replaced by a blank, for a line of a file or a one-line field.
 std::string one_line(std::string_view text);
 
-/// `text` without the blanks, tabs, CR and LF at its ends.
+/// `text` without blanks, tabs, CR and LF at both ends.
 std::string_view trimmed(std::string_view text);
 
-/// `text` as a field of one line holds it: CR, LF and tabs are blanks, and none stand around it.
+/// `text` for a one-line field: CR, LF and tabs become blanks, and the result is trimmed.
 std::string field_text(std::string_view text);
 
 } // namespace kelvarin
