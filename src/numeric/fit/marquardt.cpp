@@ -2,6 +2,7 @@
 #include "numeric/fit/marquardt.h"
 
 #include "numeric/arithmetic_check.h"
+#include "numeric/fit/curvature_matrix.h"
 #include "numeric/linear/gauss_jordan.h"
 #include "numeric/linear/matrix.h"
 
@@ -17,7 +18,7 @@ namespace kelvarin
 namespace
 {
 
-/// Half the curvature matrix and the gradient of the sum of squares at a point. [Press1992] eq. 15.5.8, 15.5.11
+/// Half the curvature matrix and the gradient of the sum of squares at a point.
 struct normal_system
 {
     matrix alpha;
@@ -108,26 +109,8 @@ private:
     void mrqcof(std::vector<double>& a, normal_system& system)
     {
         model_and_gradient(a, system.calculated);
-        system.chisq = 0.0;
-        for (std::size_t i = 0; i < y_.size(); ++i)
-            system.chisq += (y_[i] - system.calculated[i]) * (y_[i] - system.calculated[i]);
-        for (int k = 0; k < size(); ++k) {
-            const std::span<const double> of_k = gradient_.row(k);
-            double beta = 0.0;
-            for (std::size_t i = 0; i < y_.size(); ++i)
-                beta += (y_[i] - system.calculated[i]) * of_k[i];
-            system.beta[static_cast<std::size_t>(k)] = beta;
-            for (int l = 0; l <= k; ++l) {
-                const std::span<const double> of_l = gradient_.row(l);
-                double sum = 0.0;
-                for (std::size_t i = 0; i < y_.size(); ++i)
-                    sum += of_k[i] * of_l[i];
-                system.alpha(k, l) = system.alpha(l, k) = sum;
-            }
-        }
-        finite(system.chisq);
-        require_finite(system.alpha.values());
-        require_finite(system.beta);
+        system.chisq = sum_of_squares(y_, system.calculated);
+        curvature_matrix(gradient_, y_, system.calculated, system.alpha, system.beta);
     }
 
     const fit_model& model_;

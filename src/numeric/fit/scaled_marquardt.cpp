@@ -2,6 +2,7 @@
 #include "numeric/fit/scaled_marquardt.h"
 
 #include "numeric/arithmetic_check.h"
+#include "numeric/fit/curvature_matrix.h"
 #include "numeric/linear/matrix.h"
 #include "numeric/linear/symmetric_eigen.h"
 
@@ -19,14 +20,6 @@ namespace
 {
 
 constexpr double largest_lambda = 1e6;
-
-double sum_of_squares(std::span<const double> y, std::span<const double> calculated)
-{
-    double sum = 0.0;
-    for (std::size_t i = 0; i < y.size(); ++i)
-        sum += (y[i] - calculated[i]) * (y[i] - calculated[i]);
-    return finite(sum);
-}
 
 struct parameter_range
 {
@@ -58,18 +51,7 @@ public:
     {
         lm_gradient();
         matrix normal(size(), size());
-        for (int i = 0; i < size(); ++i) {
-            double of_residuals = 0.0;
-            for (std::size_t row = 0; row < y_.size(); ++row)
-                of_residuals += gradient_.row(i)[row] * (y_[row] - calculated_[row]);
-            scaled_gradient_[static_cast<std::size_t>(i)] = of_residuals;
-            for (int j = 0; j <= i; ++j) {
-                double sum = 0.0;
-                for (std::size_t row = 0; row < y_.size(); ++row)
-                    sum += gradient_.row(i)[row] * gradient_.row(j)[row];
-                normal(i, j) = normal(j, i) = finite(sum);
-            }
-        }
+        curvature_matrix(gradient_, y_, calculated_, normal, scaled_gradient_);
         for (int j = 0; j < size(); ++j) {
             const double s = std::sqrt(normal(j, j));
             if (s == 0.0) nrerror("L-M: Singular Matrix");
