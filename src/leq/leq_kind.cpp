@@ -26,13 +26,12 @@ const problem_kind& leq_kind()
         .window_name = "frmLEQ",
         .caption = "Linear Equations Solver",
         .recent_suffix = "\\files_leq",
-        .open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-        .save_filter = "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-        .older_format_filter = 2,
-        .older_format_question =
-            "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
+        .open_filter = problem_open_filter,
+        .save_filter = problem_save_filter,
+        .older_format_filter = problem_older_format_filter,
+        .older_format_question = problem_older_format_question,
         .unsaved_on_close = "LEQ Problem not saved. Do you want to save it before closing ?",
-        .unsaved_on_open = "Problem not saved. Do you wish to save it now ?",
+        .unsaved_on_open = problem_unsaved_on_open,
         .passes_on_other_files = true,
         .recognises = recognises_leq,
         .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<leq_problem>(); }};

@@ -24,6 +24,16 @@ struct problem_method
     std::span<const setting_line> settings = {};
 };
 
+// What kinds of problems in files of the same form have in common: their filters and questions.
+inline constexpr const char* problem_open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*";
+inline constexpr const char* problem_save_filter =
+    "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*";
+/// The place, from 1, of the older format in problem_save_filter.
+inline constexpr int problem_older_format_filter = 2;
+inline constexpr const char* problem_older_format_question =
+    "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?";
+inline constexpr const char* problem_unsaved_on_open = "Problem not saved. Do you wish to save it now ?";
+
 /// The properties of a kind of problem. Windows, command line, recovery and recognition use these rows, so a new kind
 /// is a new row.
 struct problem_kind
