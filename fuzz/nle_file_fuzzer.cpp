@@ -32,7 +32,7 @@ private:
 bool is_regular(const kelvarin::nle_content& content)
 {
     return std::ranges::all_of(content.rows, [](const kelvarin::equation_row& row) {
-        const kelvarin::equation_parts parts = kelvarin::parts_of(row.equation);
+        const kelvarin::equation_parts parts = kelvarin::parts_of(row.equation, kelvarin::nle_row_form);
         const bool equal_sign = row.equation.find('=') != std::string::npos;
         return equal_sign && kelvarin::is_valid_name(parts.name) && parts.implicit == (row.guess != kelvarin::no_guess);
     });

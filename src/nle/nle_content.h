@@ -13,6 +13,9 @@
 namespace kelvarin
 {
 
+/// The rows of nonlinear problems: "f(x) = ...".
+inline constexpr row_form nle_row_form = {"f("};
+
 enum class nle_method
 {
     fastnewt = 0,

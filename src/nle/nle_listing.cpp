@@ -33,7 +33,7 @@ std::string nle_listing(const nle_content& content, const std::filesystem::path&
     int number = 0;
     int implicit_rows = 0;
     for (const equation_row& row : content.rows) {
-        if (is_implicit(row.equation)) ++implicit_rows;
+        if (is_implicit(row.equation, nle_row_form)) ++implicit_rows;
         add_line(listing, {"[", std::to_string(++number), "] ", trimmed(row.equation)});
         add_line(listing, {indent, "Initial guess: ", row.guess});
         if (const std::string_view comment = trimmed(row.comment); !comment.empty())

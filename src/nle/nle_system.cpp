@@ -25,7 +25,7 @@ nle_system::nle_system(const nle_content& content, run_listener& listener) : lis
     int number = 0;
     for (const equation_row& row : content.rows) {
         ++number;
-        const equation_parts parts = parts_of(row.equation);
+        const equation_parts parts = parts_of(row.equation, nle_row_form);
         right_side_offsets_.push_back(parts.right_side_offset);
         if (row.equation.empty()) continue;
         equation_list& list = parts.implicit ? implicit_ : explicit_;

@@ -256,7 +256,7 @@ nle_content any_content()
 nle_content kept_by_file(nle_content content)
 {
     std::stable_partition(content.rows.begin(), content.rows.end(),
-                          [](const equation_row& row) { return is_implicit(row.equation); });
+                          [](const equation_row& row) { return is_implicit(row.equation, nle_row_form); });
     if (!content.lower_bound.empty()) {
         const int doubled = std::stoi(content.lower_bound) + std::stoi(content.upper_bound);
         std::string middle = std::to_string(std::abs(doubled) / 2);

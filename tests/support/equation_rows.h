@@ -9,6 +9,9 @@
 namespace kelvarin::test
 {
 
+/// "f(x) = ..." is implicit, all else explicit.
+inline constexpr row_form f_rows = {"f("};
+
 inline equation_row implicit_row(const std::string& name, const std::string& expression, const std::string& guess = "1")
 {
     return {"f(" + name + ") = " + expression, guess, ""};

@@ -36,10 +36,7 @@ struct row_form
     std::string_view suffix = {};
 };
 
-/// The rows of nonlinear problems: "f(x) = ...".
-inline constexpr row_form nle_row_form = {"f("};
-
-bool is_implicit(std::string_view equation, const row_form& form = nle_row_form);
+bool is_implicit(std::string_view equation, const row_form& form);
 
 /// The parts of an equation's text, with their byte offsets in it.
 struct equation_parts
@@ -54,6 +51,6 @@ struct equation_parts
     std::size_t right_side_offset = 0;
 };
 
-equation_parts parts_of(std::string_view equation, const row_form& form = nle_row_form);
+equation_parts parts_of(std::string_view equation, const row_form& form);
 
 } // namespace kelvarin

@@ -58,7 +58,7 @@ struct equation_set
 
 /// Analyses the rows; empty rows are not counted as equations. `given` is a name that is defined without a row: the
 /// independent variable of differential equations.
-equation_set analyse_rows(std::span<const equation_row> rows, const row_form& form = nle_row_form,
+equation_set analyse_rows(std::span<const equation_row> rows, const row_form& form,
                           std::optional<std::string_view> given = std::nullopt);
 
 } // namespace kelvarin

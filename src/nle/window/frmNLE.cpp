@@ -76,6 +76,7 @@ frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
               .new_implicit_item_name = "mnuNewRoot",
               .new_implicit_item = tr("New &nonlinear equation..."),
               .heads = {tr("Implicit equations / explicit equations"), tr("Initial guess"), tr("Comments")},
+              .form = nle_row_form,
               .hint = tr("Add a nonlinear equation, f(x) = 0, with \"Add NLE\",\nor an explicit one, a = ..., with "
                          "\"Add EE\"."),
               .listing_caption = tr("NLE variables"),

@@ -12,7 +12,7 @@ frmNleEE::frmNleEE(desktop_context& context, QWidget* parent, nle_problem& probl
                    tr("The variable is the value of the expression.")),
       problem_(problem), row_(row)
 {
-    if (row > 0) fill_from(problem.content().rows.at(static_cast<std::size_t>(row - 1)));
+    if (row > 0) fill_from(problem.content().rows.at(static_cast<std::size_t>(row - 1)), nle_row_form);
 }
 
 std::optional<message_box> frmNleEE::take_over()

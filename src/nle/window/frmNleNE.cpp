@@ -22,7 +22,7 @@ frmNleNE::frmNleNE(desktop_context& context, QWidget* parent, nle_problem& probl
     txtVar_Change();
     if (row == 0) return;
     const equation_row& present = problem.content().rows.at(static_cast<std::size_t>(row - 1));
-    fill_from(present);
+    fill_from(present, nle_row_form);
     txtGuess_->setText(to_qstring(guess_without_suffix(present.guess)));
     optConstrained_->button(static_cast<int>(constraint_of(present.guess)))->setChecked(true);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/equation_rows.h"
+#include "support/equation_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +38,7 @@ TEST(EquationRows, ReadsKindNameAndRightSide)
     };
     for (const row& r : rows) {
         SCOPED_TRACE(r.equation);
-        const equation_parts parts = parts_of(r.equation, nle_row_form);
+        const equation_parts parts = parts_of(r.equation, test::f_rows);
         EXPECT_EQ(parts.implicit, r.implicit);
         EXPECT_EQ(parts.name, r.name);
         EXPECT_EQ(parts.right_side, r.right_side);
@@ -74,10 +75,10 @@ TEST(EquationRows, OtherKindsMarkTheirImplicitRowsOtherwise)
 
 TEST(EquationRows, PartsKnowTheirOffsets)
 {
-    const equation_parts implicit = parts_of("f( xy ) =  x+1");
+    const equation_parts implicit = parts_of("f( xy ) =  x+1", test::f_rows);
     EXPECT_EQ(implicit.name_offset, 3U);
     EXPECT_EQ(implicit.right_side_offset, 11U);
-    const equation_parts bare = parts_of(" a");
+    const equation_parts bare = parts_of(" a", test::f_rows);
     EXPECT_EQ(bare.name_offset, 1U);
     EXPECT_EQ(bare.right_side_offset, 2U);
 }

@@ -81,13 +81,13 @@ TEST(RowEdits, ANameIsValidAndDefinedOnce)
         return std::string("The variable '") + name + "' has already been defined.";
     };
     const name_check checks[] = {
-        {" y ", nonlinear, nle_row_form, 0, ""},
-        {"2y", nonlinear, nle_row_form, 0, "Variable format for '2y'" + bad_format},
-        {"", nonlinear, nle_row_form, 0, "Variable format for ''" + bad_format},
-        {"x", nonlinear, nle_row_form, 0, taken("x")},
-        {"x", nonlinear, nle_row_form, 1, ""},
-        {" a", nonlinear, nle_row_form, 1, taken("a")},
-        {"c", nonlinear, nle_row_form, 0, taken("c")},
+        {" y ", nonlinear, test::f_rows, 0, ""},
+        {"2y", nonlinear, test::f_rows, 0, "Variable format for '2y'" + bad_format},
+        {"", nonlinear, test::f_rows, 0, "Variable format for ''" + bad_format},
+        {"x", nonlinear, test::f_rows, 0, taken("x")},
+        {"x", nonlinear, test::f_rows, 1, ""},
+        {" a", nonlinear, test::f_rows, 1, taken("a")},
+        {"c", nonlinear, test::f_rows, 0, taken("c")},
         {"y", differential, differential_form, 0, taken("y")},
         {"t", differential, differential_form, 0, ""},
         {"x", starts, start_value_form, 0, taken("x")},

@@ -18,7 +18,8 @@ using texts = std::vector<std::string>;
 TEST(SetAnalysis, PlacesPointAtTheNamesInTheRows)
 {
     const equation_set set = analyse_rows(
-        rows{implicit_row("x", "x - aa"), explicit_row("x", "1"), {"", "", ""}, explicit_row("y", "aa*aa")});
+        rows{implicit_row("x", "x - aa"), explicit_row("x", "1"), {"", "", ""}, explicit_row("y", "aa*aa")},
+        test::f_rows);
     const std::vector<text_place> undefined = {{1, 11, 2}, {4, 4, 2}, {4, 7, 2}};
     const std::vector<text_place> duplicates = {{1, 2, 1}, {2, 0, 1}};
     EXPECT_EQ(set.undefined_places, undefined);

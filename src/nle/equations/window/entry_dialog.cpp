@@ -168,9 +168,9 @@ void entry_dialog::clear_clicked()
     txtVar_->setFocus(Qt::OtherFocusReason);
 }
 
-void entry_dialog::fill_from(const equation_row& row)
+void entry_dialog::fill_from(const equation_row& row, const row_form& form)
 {
-    const equation_parts parts = parts_of(row.equation);
+    const equation_parts parts = parts_of(row.equation, form);
     txtVar_->setText(to_qstring(parts.name));
     txtEquation_->set_expression(parts.right_side);
     txtComment_->setText(to_qstring(row.comment));

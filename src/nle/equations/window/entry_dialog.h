@@ -70,7 +70,7 @@ protected:
     virtual QWidget* field_about(const message_box& refused) const;
 
     /// Fills variable, expression and comment.
-    void fill_from(const equation_row& row);
+    void fill_from(const equation_row& row, const row_form& form);
     QFormLayout* form() const { return form_; }
     /// Adds a row above the comment. Changes of a line edit in it update the checker's line.
     void insert_row(const QString& label, QWidget* field);

@@ -31,7 +31,7 @@ Qt::KeyboardModifiers modifiers_of(const QKeyEvent& event)
 } // namespace
 
 equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
-    : QTableView(parent), words_(words), model_(new equation_grid_model(words.heads, this))
+    : QTableView(parent), words_(words), model_(new equation_grid_model(words.heads, words.form, this))
 {
     setAccessibleName(tr("Equations"));
     QFont head_font = font();

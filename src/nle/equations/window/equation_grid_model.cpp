@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-equation_grid_model::equation_grid_model(const QStringList& heads, QObject* parent)
-    : QAbstractTableModel(parent), heads_(heads)
+equation_grid_model::equation_grid_model(const QStringList& heads, const row_form& form, QObject* parent)
+    : QAbstractTableModel(parent), heads_(heads), form_(form)
 {
 }
 
@@ -23,10 +23,10 @@ std::vector<equation_grid_model::shown_row> equation_grid_model::read_rows(std::
     for (const equation_row& row : rows) {
         const std::size_t number = read.size();
         const bool known = number < rows_.size() && rows_[number].row.equation == row.equation;
-        read.push_back(
-            {row,
-             known ? rows_[number].words : expression_spans(row.equation, parts_of(row.equation).right_side_offset),
-             {}});
+        read.push_back({row,
+                        known ? rows_[number].words
+                              : expression_spans(row.equation, parts_of(row.equation, form_).right_side_offset),
+                        {}});
     }
     const auto mark = [&read](const std::vector<text_place>& places, text_meaning meaning) {
         for (const text_place& place : places) {
@@ -105,8 +105,8 @@ void equation_grid_model::set_mark(const std::optional<text_place>& place)
 
 int equation_grid_model::row_defining(std::string_view name) const
 {
-    const auto found =
-        std::ranges::find_if(rows_, [name](const shown_row& row) { return parts_of(row.row.equation).name == name; });
+    const auto found = std::ranges::find_if(
+        rows_, [&](const shown_row& row) { return parts_of(row.row.equation, form_).name == name; });
     return name.empty() || found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
 }
 
@@ -114,7 +114,7 @@ std::string_view equation_grid_model::name_at(int row, int letter) const
 {
     const std::string_view equation = rows_[static_cast<std::size_t>(row)].row.equation;
     const auto at = static_cast<std::size_t>(to_qstring(equation).left(letter).toUtf8().size());
-    const equation_parts parts = parts_of(equation);
+    const equation_parts parts = parts_of(equation, form_);
     if (at >= parts.name_offset && at < parts.name_offset + parts.name.size()) return parts.name;
     for (const token& word : scan_tokens(parts.right_side)) {
         const std::size_t start = parts.right_side_offset + word.offset;
@@ -130,7 +130,7 @@ QString equation_grid_model::rows_defining(std::string_view name) const
     QStringList lines;
     for (std::size_t row = 0; row < rows_.size() && lines.size() < lines_at_most; ++row) {
         const std::string& equation = rows_[row].row.equation;
-        if (parts_of(equation).name == name)
+        if (parts_of(equation, form_).name == name)
             lines.append(tr("row %1: %2").arg(QString::number(row + 1), to_qstring(equation)));
     }
     return lines.join(QLatin1Char('\n'));

@@ -31,7 +31,7 @@ public:
         column_count
     };
 
-    explicit equation_grid_model(const QStringList& heads, QObject* parent);
+    equation_grid_model(const QStringList& heads, const row_form& form, QObject* parent);
 
     /// Replaces the rows and signals only what differs. Returns false if nothing did.
     bool show_rows(std::span<const equation_row> rows, const equation_set& marks, int empty_rows);
@@ -79,6 +79,7 @@ private:
     QString rows_defining(std::string_view name) const;
 
     QStringList heads_;
+    row_form form_;
     std::vector<shown_row> rows_;
     int row_count_ = 0;
     std::optional<text_place> mark_;

@@ -46,6 +46,7 @@ struct equation_window_parts
     QString new_implicit_item;
     /// Heads of the columns, as in equation_grid_words.
     QStringList heads;
+    row_form form;
     /// Shown in the grid while there is no equation.
     QString hint;
     /// The title of the listing of variables.
@@ -164,6 +165,7 @@ private:
 
     equation_status status_;
     QString listing_caption_;
+    row_form form_;
     /// Number of empty rows at the end of the grid.
     int empty_rows_ = 0;
     std::filesystem::path shown_path_;

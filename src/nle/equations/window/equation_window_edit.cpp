@@ -62,8 +62,9 @@ void equation_window::cmdEdit_Click()
 void equation_window::edit_row(int row)
 {
     if (is_running() || row < 1 || row > equation_count()) return;
-    show_dialog(make_entry_dialog(is_implicit(equations().rows()[static_cast<std::size_t>(row - 1)].equation), row),
-                row);
+    show_dialog(
+        make_entry_dialog(is_implicit(equations().rows()[static_cast<std::size_t>(row - 1)].equation, form_), row),
+        row);
 }
 
 void equation_window::show_dialog(entry_dialog* dialog, int row)
@@ -144,7 +145,7 @@ void equation_window::add_rows()
 void equation_window::ask_new_name()
 {
     const auto row = static_cast<std::size_t>(grid_->current_row() - 1);
-    const std::string name(parts_of(equations().rows()[row].equation).name);
+    const std::string name(parts_of(equations().rows()[row].equation, form_).name);
     const auto given = context().user.input(
         this, input_title, tr("New name of the variable '%1', in all equations:").arg(to_qstring(name)),
         to_qstring(name));
@@ -175,7 +176,7 @@ void equation_window::name_clicked(const QString& name)
     int number = 0;
     for (const equation_row& row : equations().rows()) {
         ++number;
-        if (parts_of(row.equation).name == wanted) rows.push_back(number);
+        if (parts_of(row.equation, form_).name == wanted) rows.push_back(number);
     }
     grid_->select_rows(rows);
     grid_->setFocus();

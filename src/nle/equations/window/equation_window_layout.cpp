@@ -38,6 +38,7 @@ void equation_window::build_ui(const equation_window_parts& parts)
 {
     setWindowIcon(program_icon(parts.icon_name));
     listing_caption_ = parts.listing_caption;
+    form_ = parts.form;
     const int unit = line_unit(*this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
@@ -46,7 +47,8 @@ void equation_window::build_ui(const equation_window_parts& parts)
     column->addLayout(build_button_row(parts));
     if (parts.above_grid) column->addWidget(parts.above_grid);
 
-    grid_ = named(new equation_grid({parts.heads, parts.new_implicit_caption, tr("&Add EE")}, this), parts.grid_name);
+    grid_ = named(new equation_grid({parts.heads, parts.form, parts.new_implicit_caption, tr("&Add EE")}, this),
+                  parts.grid_name);
     grid_->set_hint(parts.hint);
     column->addWidget(grid_, 1);
 

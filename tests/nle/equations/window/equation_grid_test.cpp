@@ -40,7 +40,7 @@ public:
     {
         auto* layout = new QVBoxLayout(&window);
         layout->addWidget(new QLineEdit);
-        grid = new equation_grid({{"Equations", "Initial guess", "Comments"}, "Add &NLE", "&Add EE"});
+        grid = new equation_grid({{"Equations", "Initial guess", "Comments"}, test::f_rows, "Add &NLE", "&Add EE"});
         layout->addWidget(grid);
         layout->addWidget(new QLineEdit);
         const auto note = [this](const char* gesture) {
@@ -65,7 +65,7 @@ public:
 
     void show(const std::vector<equation_row>& rows, int empty_rows = 0)
     {
-        grid->show_rows(rows, analyse_rows(rows), empty_rows);
+        grid->show_rows(rows, analyse_rows(rows, test::f_rows), empty_rows);
         test::settle();
     }
     void double_click(int row, int column)
