@@ -84,7 +84,7 @@ bool child_area::make_room_beside(QMdiSubWindow& in_front, QRect& place)
     // A window that the user has placed stays there if it leaves enough space.
     const int right_of_it = whole.right() - in_front.geometry().right();
     if (in_front.isMaximized() || right_of_it < least) {
-        const QList<QRect> halves = tiles(whole, 2, tiling::vertical);
+        const QList<QRect> halves = tiled_areas(whole, 2, tiling_direction::vertical);
         in_front.showNormal();
         in_front.setGeometry(halves.first());
         place = halves.last();
@@ -130,12 +130,12 @@ QList<QMdiSubWindow*> child_area::shown_frames(WindowOrder order, QRect& area) c
     return shown;
 }
 
-void child_area::tile(tiling direction)
+void child_area::tile(tiling_direction direction)
 {
     QMdiSubWindow* in_front = activeSubWindow();
     QRect area;
     const QList<QMdiSubWindow*> shown = shown_frames(CreationOrder, area);
-    put(shown, tiles(area, static_cast<int>(shown.size()), direction));
+    put(shown, tiled_areas(area, static_cast<int>(shown.size()), direction));
     setActiveSubWindow(in_front);
 }
 
@@ -147,7 +147,7 @@ void child_area::cascade()
     const QList<QMdiSubWindow*> shown = shown_frames(StackingOrder, area);
     const int title_height = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) +
                              style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
-    put(shown, cascade_places(area, static_cast<int>(shown.size()), title_height));
+    put(shown, cascaded_areas(area, static_cast<int>(shown.size()), title_height));
     for (QMdiSubWindow* frame : shown)
         frame->raise();
     setActiveSubWindow(in_front);

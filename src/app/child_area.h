@@ -33,7 +33,7 @@ public:
     /// In the order of their creation.
     std::vector<child_window*> children() const;
 
-    void tile(tiling direction);
+    void tile(tiling_direction direction);
     /// Overlapping in stacking order, so that all titles are visible.
     void cascade();
     /// Arranges the minimised windows along the lower edge.

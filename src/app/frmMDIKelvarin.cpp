@@ -282,10 +282,10 @@ bool frmMDIKelvarin::run_window_command(window_command which)
         area_->cascade();
         return true;
     case window_command::tile_horizontally:
-        area_->tile(tiling::horizontal);
+        area_->tile(tiling_direction::horizontal);
         return true;
     case window_command::tile_vertically:
-        area_->tile(tiling::vertical);
+        area_->tile(tiling_direction::vertical);
         return true;
     case window_command::arrange_icons:
         area_->arrange_icons();

@@ -22,7 +22,7 @@ std::string_view without_quotes(std::string_view text)
     return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
-std::optional<std::string> variable(const char* name)
+std::optional<std::string> environment_variable(const char* name)
 {
     const char* value = std::getenv(name);
     if (value == nullptr || *value == '\0') return std::nullopt;
@@ -47,7 +47,8 @@ start_request read_arguments(const std::vector<std::string>& arguments)
 
 screen_variables screen_of_environment()
 {
-    return {variable("QT_QPA_PLATFORM"), variable("DISPLAY"), variable("WAYLAND_DISPLAY")};
+    return {environment_variable("QT_QPA_PLATFORM"), environment_variable("DISPLAY"),
+            environment_variable("WAYLAND_DISPLAY")};
 }
 
 bool has_screen(const screen_variables& variables)

@@ -43,16 +43,16 @@ QList<QRect> columns_of(const QRect& area, int count)
 
 } // namespace
 
-QList<QRect> tiles(const QRect& area, int count, tiling direction)
+QList<QRect> tiled_areas(const QRect& area, int count, tiling_direction direction)
 {
-    if (direction == tiling::horizontal) return columns_of(area, count);
+    if (direction == tiling_direction::horizontal) return columns_of(area, count);
     QList<QRect> places = columns_of(transposed(area), count);
     for (QRect& place : places)
         place = transposed(place);
     return places;
 }
 
-QList<QRect> cascade_places(const QRect& area, int count, int offset)
+QList<QRect> cascaded_areas(const QRect& area, int count, int offset)
 {
     const int most_steps = std::max(0, area.height() * 2 / 3 / std::max(1, offset));
     const int steps = std::min(count - 1, most_steps);

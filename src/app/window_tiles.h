@@ -7,7 +7,7 @@
 namespace kelvarin
 {
 
-enum class tiling
+enum class tiling_direction
 {
     /// One below the other.
     horizontal,
@@ -17,10 +17,10 @@ enum class tiling
 
 /// The geometries of `count` windows that fill `area` without gaps or overlaps. Up to three are in one row or column;
 /// more make a grid, so that none becomes too narrow.
-QList<QRect> tiles(const QRect& area, int count, tiling direction);
+QList<QRect> tiled_areas(const QRect& area, int count, tiling_direction direction);
 
 /// The geometries of `count` windows of one size, each shifted by `offset` down and to the right, so that all titles
 /// are visible. Windows that would have less than a third of the area's height start at the top again.
-QList<QRect> cascade_places(const QRect& area, int count, int offset);
+QList<QRect> cascaded_areas(const QRect& area, int count, int offset);
 
 } // namespace kelvarin

@@ -37,7 +37,7 @@ struct typed_options
 };
 
 /// Thrown for wrong usage and caught by read_command_line.
-struct wrong_usage
+struct usage_error
 {
     std::string text;
 };
@@ -118,7 +118,7 @@ void describe_options(CLI::App& app, typed_options& typed)
 batch_action action_of(const typed_options& typed)
 {
     if (typed.check + typed.eval + typed.convert + typed.units + typed.constants + typed.show_settings > 1)
-        throw wrong_usage{
+        throw usage_error{
             "Only one of --check, --eval, --convert, --units, --constants and --settings can be asked for."};
     if (typed.check) return batch_action::check;
     if (typed.eval) return batch_action::eval;
@@ -135,10 +135,10 @@ output_format format_of(const typed_options& typed, batch_action action)
     const std::map<std::string, output_format> names = {
         {"text", output_format::plain}, {"rtf", output_format::rtf}, {"json", output_format::object}};
     const auto found = names.find(name);
-    if (found == names.end()) throw wrong_usage{"--format: text, rtf or json is expected, not '" + name + "'."};
-    if (only_json && found->second != output_format::object) throw wrong_usage{"--check and --eval give JSON only."};
+    if (found == names.end()) throw usage_error{"--format: text, rtf or json is expected, not '" + name + "'."};
+    if (only_json && found->second != output_format::object) throw usage_error{"--check and --eval give JSON only."};
     if (action != batch_action::solve && found->second == output_format::rtf)
-        throw wrong_usage{"--convert, --units, --constants and --settings give text or JSON only."};
+        throw usage_error{"--convert, --units, --constants and --settings give text or JSON only."};
     return found->second;
 }
 
@@ -147,26 +147,26 @@ void assign_settings(settings& store, const std::vector<std::string>& assignment
     for (const std::string& assignment : assignments) {
         const auto equal_sign = assignment.find('=');
         if (equal_sign == std::string::npos)
-            throw wrong_usage{"--set: KEY=VALUE is expected, not '" + assignment + "'."};
+            throw usage_error{"--set: KEY=VALUE is expected, not '" + assignment + "'."};
         const std::string key = assignment.substr(0, equal_sign);
-        if (!settings::find(key)) throw wrong_usage{"--set: there is no setting '" + key + "'; --settings lists them."};
+        if (!settings::find(key)) throw usage_error{"--set: there is no setting '" + key + "'; --settings lists them."};
         if (const auto refused = store.set_value(key, assignment.substr(equal_sign + 1)))
-            throw wrong_usage{refused->title + " (--set " + assignment + ")\n" + refused->text};
+            throw usage_error{refused->title + " (--set " + assignment + ")\n" + refused->text};
     }
 }
 
 void check_files(const batch_request& request)
 {
     const bool takes_files = request.action == batch_action::solve || request.action == batch_action::check;
-    if (!takes_files && !request.files.empty()) throw wrong_usage{"--eval, --convert and --settings take no FILE."};
-    if (takes_files && request.files.empty()) throw wrong_usage{"No FILE is given."};
-    if (request.action == batch_action::eval && request.lines.empty()) throw wrong_usage{"--eval: no line is given."};
+    if (!takes_files && !request.files.empty()) throw usage_error{"--eval, --convert and --settings take no FILE."};
+    if (takes_files && request.files.empty()) throw usage_error{"No FILE is given."};
+    if (request.action == batch_action::eval && request.lines.empty()) throw usage_error{"--eval: no line is given."};
     if (request.action == batch_action::convert && request.lines.size() < 3)
-        throw wrong_usage{"--convert: a number and two units are expected; --units lists them."};
+        throw usage_error{"--convert: a number and two units are expected; --units lists them."};
 
     const bool one_output = request.output.find("{}") == std::string::npos;
     if (request.format == output_format::rtf && request.files.size() > 1 && one_output)
-        throw wrong_usage{"Several reports as rtf need an output name with {} in it, such as -o '{}.rtf'."};
+        throw usage_error{"Several reports as rtf need an output name with {} in it, such as -o '{}.rtf'."};
 }
 
 /// An output must not overwrite another one, or a problem to be solved.
@@ -177,7 +177,7 @@ void check_outputs(const batch_request& request)
         std::set<std::string> names;
         for (const std::string& file : request.files) {
             const std::string name = output_name(request.output, file);
-            if (!names.insert(name).second) throw wrong_usage{"Two outputs would be written to '" + name + "'."};
+            if (!names.insert(name).second) throw usage_error{"Two outputs would be written to '" + name + "'."};
         }
     }
     for (const std::string& file : request.files) {
@@ -186,7 +186,7 @@ void check_outputs(const batch_request& request)
         if (!std::filesystem::exists(name, unknown)) continue;
         for (const std::string& problem : request.files)
             if (std::filesystem::equivalent(name, problem, unknown))
-                throw wrong_usage{"The output would replace the problem '" + problem + "'."};
+                throw usage_error{"The output would replace the problem '" + problem + "'."};
     }
 }
 
@@ -195,7 +195,7 @@ const problem_kind* kind_of(std::string_view key)
     if (key.empty()) return nullptr;
     for (const kind_answerer& answerer : kind_answerers())
         if (key == answerer.kind->key) return answerer.kind;
-    throw wrong_usage{"--kind " + std::string(key) + ": not yet solved by this version; only " +
+    throw usage_error{"--kind " + std::string(key) + ": not yet solved by this version; only " +
                       keys_of_solved_kinds("and") + " are."};
 }
 
@@ -210,7 +210,7 @@ void check_kind_option(const std::string& name, const std::string& value)
             complaint = option.refusal(value);
             if (!complaint) return;
         }
-    if (complaint) throw wrong_usage{*complaint};
+    if (complaint) throw usage_error{*complaint};
 }
 
 batch_request request_of(typed_options typed, const registry_store& saved)
@@ -231,7 +231,7 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     // With --units and --constants these arguments are search words, not files.
     (lists ? typed.lines : request.files) = std::move(typed.files);
     if (typed.jobs < 1 || typed.jobs > most_jobs)
-        throw wrong_usage{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};
+        throw usage_error{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};
     request.jobs = typed.jobs;
     request.lines = std::move(typed.lines);
     check_files(request);
@@ -270,7 +270,7 @@ std::variant<batch_request, command_line_end> read_command_line(std::span<const 
         return command_line_end{exit_status::every_file_reported, std::string(version.what()) + "\n"};
     } catch (const CLI::ParseError& error) {
         return command_line_end{exit_status::unusable, error.what()};
-    } catch (const wrong_usage& wrong) {
+    } catch (const usage_error& wrong) {
         return command_line_end{exit_status::unusable, wrong.text};
     }
 }

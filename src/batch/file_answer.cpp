@@ -12,8 +12,8 @@
 namespace kelvarin
 {
 
-file_answer answer_of(const std::string& file, const run_outcome& outcome, std::string report,
-                      const batch_request& request)
+file_answer file_answer_of(const std::string& file, const run_outcome& outcome, std::string report,
+                           const batch_request& request)
 {
     file_answer answer;
     for (const message_box& box : outcome.boxes)

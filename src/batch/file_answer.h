@@ -26,8 +26,8 @@ struct file_answer
 
 /// The part of the answer that is common to all kinds: report, messages, status. `report` is rich text, empty if there
 /// is none. The kind adds the object.
-file_answer answer_of(const std::string& file, const run_outcome& outcome, std::string report,
-                      const batch_request& request);
+file_answer file_answer_of(const std::string& file, const run_outcome& outcome, std::string report,
+                           const batch_request& request);
 
 /// The answer to a file that is no readable problem. `kind` is as in recognised_document::key.
 file_answer refused_answer(const std::string& file, std::string_view kind, const message_box& refusal,

@@ -40,7 +40,7 @@ int refused(const message_box& box, std::ostream& err)
     return exit_status::unusable;
 }
 
-void tell_faults(std::string_view name, const std::vector<data_fault>& faults, std::ostream& err)
+void report_faults(std::string_view name, const std::vector<data_fault>& faults, std::ostream& err)
 {
     for (const data_fault& fault : faults)
         err << name << ", line " << fault.line << ": " << fault.reason << "\n";
@@ -56,7 +56,7 @@ std::string words_of(const batch_request& request)
 }
 
 /// The message for two units that no type has both of.
-std::string no_pair_text(const std::vector<unit>& units, const std::string& from, const std::string& to,
+std::string no_pair_text(const std::vector<measurement_unit>& units, const std::string& from, const std::string& to,
                          const std::string& type)
 {
     if (find_unit_pair(units, from, to))
@@ -66,7 +66,8 @@ std::string no_pair_text(const std::vector<unit>& units, const std::string& from
     return "No type of units has both '" + from + "' and '" + to + "'.";
 }
 
-int convert(const batch_request& request, const std::vector<unit>& units, std::ostream& out, std::ostream& err)
+int convert(const batch_request& request, const std::vector<measurement_unit>& units, std::ostream& out,
+            std::ostream& err)
 {
     const std::string& number = request.lines[0];
     const std::string& from = request.lines[1];
@@ -74,7 +75,7 @@ int convert(const batch_request& request, const std::vector<unit>& units, std::o
     const std::string type = request.lines.size() > 3 ? request.lines[3] : std::string();
     const auto pair = find_unit_pair(units, from, to, type);
     if (!pair) return refused({no_pair_text(units, from, to, type)}, err);
-    const conversion typed = convert_typed(number, pair->first, pair->second);
+    const unit_conversion typed = convert_typed(number, pair->first, pair->second);
     if (typed.refusal) return refused(*typed.refusal, err);
     const double x = val(number);
     if (request.format != output_format::object)
@@ -91,20 +92,20 @@ int convert(const batch_request& request, const std::vector<unit>& units, std::o
     return write_output(request.output, writer.take() + "\n", out, err);
 }
 
-std::string units_text(const std::vector<unit>& units)
+std::string units_text(const std::vector<measurement_unit>& units)
 {
     std::vector<std::vector<std::string>> lines = {{"Type", "Unit", "Factor", "Offset", "Note"}};
-    for (const unit& each : units)
+    for (const measurement_unit& each : units)
         lines.push_back(
             {each.unit_type, each.unit_name, plain_text(each.factor), plain_text(each.offset), each.unit_note});
     return text_columns(lines);
 }
 
-std::string units_json(const std::vector<unit>& units)
+std::string units_json(const std::vector<measurement_unit>& units)
 {
     json_writer writer;
     writer.begin_array();
-    for (const unit& each : units) {
+    for (const measurement_unit& each : units) {
         writer.begin_object();
         writer.member("type", each.unit_type);
         writer.member("name", each.unit_name);
@@ -158,9 +159,9 @@ int answer_from_units(const batch_request& request, std::ostream& out, std::ostr
     const data_text file = read_data_file(units_file_name);
     if (file.refusal) return refused(*file.refusal, err);
     const unit_list list = read_units(file.text);
-    tell_faults(units_file_name, list.faults, err);
+    report_faults(units_file_name, list.faults, err);
     if (request.action == batch_action::convert) return convert(request, list.units, out, err);
-    const std::vector<unit> found = search_units(list.units, words_of(request));
+    const std::vector<measurement_unit> found = search_units(list.units, words_of(request));
     return write_output(request.output, request.format == output_format::object ? units_json(found) : units_text(found),
                         out, err);
 }
@@ -170,7 +171,7 @@ int answer_from_constants(const batch_request& request, std::ostream& out, std::
     const data_text file = read_data_file(constants_file_name);
     if (file.refusal) return refused(*file.refusal, err);
     const constant_list list = read_constants(file.text);
-    tell_faults(constants_file_name, list.faults, err);
+    report_faults(constants_file_name, list.faults, err);
     const std::vector<constant_group> found = search_constants(list.groups, words_of(request));
     return write_output(request.output,
                         request.format == output_format::object ? constants_json(found) : constants_text(found), out,

@@ -25,11 +25,11 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
                  const batch_surroundings& surroundings)
 {
     answer_printer printer(request, out, err);
-    const auto answer_of = [&](std::size_t i, run_listener& listener) {
+    const auto file_answer_of = [&](std::size_t i, run_listener& listener) {
         if (request.action == batch_action::check) return check_file(request.files[i], request);
         return solve_file(request.files[i], request, surroundings, listener);
     };
-    ordered_answers answers(request.files.size(), request.jobs, answer_of, surroundings.listener);
+    ordered_answers answers(request.files.size(), request.jobs, file_answer_of, surroundings.listener);
     for (const std::string& file : request.files) {
         file_answer answer = [&] {
             progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr, file);

@@ -36,7 +36,7 @@ int decimal_exponent(double value)
 }
 
 /// A number to be labelled, and the accepted error of its label.
-struct told_number
+struct labelled_number
 {
     double value = 0.0;
     double tolerance = 0.0;
@@ -46,21 +46,21 @@ struct told_number
 constexpr double label_tolerance = 1e-3;
 
 /// The fewest decimals, up to `most`, that represent every number within its tolerance.
-int needed_decimals(const std::vector<told_number>& numbers, int most)
+int needed_decimals(const std::vector<labelled_number>& numbers, int most)
 {
     for (int decimals = 0; decimals < most; ++decimals) {
         const double power = std::pow(10.0, decimals);
-        const auto is_told = [power](const told_number& number) {
+        const auto is_represented = [power](const labelled_number& number) {
             return std::abs(std::round(number.value * power) - number.value * power) <= number.tolerance * power;
         };
-        if (std::ranges::all_of(numbers, is_told)) return decimals;
+        if (std::ranges::all_of(numbers, is_represented)) return decimals;
     }
     return most;
 }
 
 std::vector<std::string> fixed_labels(const std::vector<double>& values, double division)
 {
-    std::vector<told_number> numbers;
+    std::vector<labelled_number> numbers;
     for (const double value : values)
         numbers.push_back({value, label_tolerance * division});
     const int decimals = needed_decimals(numbers, std::max(0, further_digits - decimal_exponent(division)));
@@ -78,7 +78,7 @@ bool is_zero_division(double value, double division)
 
 std::vector<std::string> exponent_labels(const std::vector<double>& values, double division)
 {
-    std::vector<told_number> mantissas;
+    std::vector<labelled_number> mantissas;
     int largest = decimal_exponent(division);
     for (const double value : values) {
         if (is_zero_division(value, division)) continue;

@@ -144,7 +144,7 @@ struct drawn_rectangle
 
 using drawn_shape = std::variant<drawn_rectangle, drawn_path, drawn_markers, drawn_text>;
 
-struct drawing
+struct drawn_picture
 {
     double width = 0.0;
     double height = 0.0;

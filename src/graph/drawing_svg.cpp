@@ -142,7 +142,7 @@ std::string path_data(std::span<const drawn_point> points, std::span<const std::
 class svg_writer
 {
 public:
-    explicit svg_writer(const drawing& picture)
+    explicit svg_writer(const drawn_picture& picture)
     {
         const std::string width = length_text(picture.width);
         const std::string height = length_text(picture.height);
@@ -230,7 +230,7 @@ private:
 
 } // namespace
 
-std::string drawing_svg(const drawing& picture)
+std::string drawing_svg(const drawn_picture& picture)
 {
     svg_writer writer(picture);
     for (const drawn_shape& shape : picture.shapes)

@@ -35,7 +35,7 @@ struct drawing_options
 /// A drawn graph, with what a window needs to handle gestures on it.
 struct graph_drawing
 {
-    drawing picture;
+    drawn_picture picture;
     axis_limits limits;
     drawn_box plot;
 };

@@ -102,7 +102,7 @@ template <class Lines> void walk_fields(Lines& lines, graph_content& graph, grap
     lines.boolean(graph.draw_points);
 }
 
-class line_writer
+class graph_line_writer
 {
 public:
     void text(const std::string& value)
@@ -151,10 +151,10 @@ bool boolean_of(std::string_view text)
     return lower_case(trimmed(text)) == "true" || number_of(text) != 0.0;
 }
 
-class line_reader
+class graph_line_reader
 {
 public:
-    explicit line_reader(std::span<const std::string_view> lines) : lines_(lines) {}
+    explicit graph_line_reader(std::span<const std::string_view> lines) : lines_(lines) {}
 
     bool ok() const { return ok_; }
 
@@ -224,7 +224,7 @@ std::string without_commas(std::string text)
     return text;
 }
 
-void write_lists(line_writer& lines, const graph_content& graph)
+void write_lists(graph_line_writer& lines, const graph_content& graph)
 {
     for (const graph_column& column : graph.columns)
         lines.joined(column.values.span(), data_text);
@@ -233,7 +233,7 @@ void write_lists(line_writer& lines, const graph_content& graph)
     lines.joined(graph.functions, [](const graph_function& function) { return without_commas(function.text); });
 }
 
-void read_lists(line_reader& lines, graph_content& graph, const graph_counts& counts)
+void read_lists(graph_line_reader& lines, graph_content& graph, const graph_counts& counts)
 {
     const auto curves = static_cast<std::size_t>(counts.curves);
     const auto points = static_cast<std::size_t>(counts.points);
@@ -265,7 +265,7 @@ std::string write_graph(const graph_content& graph)
     graph_counts counts = {file_count(graph.point_count()), file_count(graph.curve_count()),
                            file_count(graph.functions.size())};
     graph_content fields = graph;
-    line_writer lines;
+    graph_line_writer lines;
     lines.text(std::string(version_number) + std::string(marker));
     walk_fields(lines, fields, counts);
     write_lists(lines, graph);
@@ -278,7 +278,7 @@ std::optional<graph_content> read_graph(std::string_view text)
     if (lines.empty() || !is_first_line(lines.front())) return std::nullopt;
     graph_content graph;
     graph_counts counts;
-    line_reader reader(std::span<const std::string_view>(lines).subspan(1));
+    graph_line_reader reader(std::span<const std::string_view>(lines).subspan(1));
     walk_fields(reader, graph, counts);
     if (!reader.ok() || counts.points < 1) return std::nullopt;
     // Checked before memory is allocated: the columns and the line of their names.

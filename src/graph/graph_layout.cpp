@@ -22,7 +22,7 @@ constexpr double largest_frame = 0.6;
 constexpr double usual_frame = 0.45;
 
 /// The space used at the page's edges by captions, from the outside in.
-struct edges
+struct page_edges
 {
     double left = 0.0;
     double top = 0.0;
@@ -137,11 +137,12 @@ private:
         const drawn_box& page = layout_.page;
         const double part = part_of_usual(page);
         const auto in_points = [part](int twips) { return std::max(0.0, twips / twips_per_point) * part; };
-        edges margins = {in_points(graph_.margins.left), in_points(graph_.margins.top), in_points(graph_.margins.right),
-                         in_points(graph_.margins.bottom)};
+        page_edges margins = {in_points(graph_.margins.left), in_points(graph_.margins.top),
+                              in_points(graph_.margins.right), in_points(graph_.margins.bottom)};
         const double beside_label = tick_length + spacing;
-        const edges needed = {beside_label + largest_label(y_labels_), label_height_ / 2.0,
-                              metrics_.width(x_labels_.back(), layout_.axes_font) / 2.0, beside_label + label_height_};
+        const page_edges needed = {beside_label + largest_label(y_labels_), label_height_ / 2.0,
+                                   metrics_.width(x_labels_.back(), layout_.axes_font) / 2.0,
+                                   beside_label + label_height_};
         const auto fit = [](double& first, double& second, double first_needed, double second_needed, double room) {
             const double wanted = first + second;
             if (wanted > room) {
@@ -246,7 +247,7 @@ private:
     const text_metrics& metrics_;
     int divisions_;
     graph_layout layout_;
-    edges used_;
+    page_edges used_;
     double label_height_ = 0.0;
     std::vector<std::string> x_labels_;
     std::vector<std::string> y_labels_;

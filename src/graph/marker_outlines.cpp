@@ -10,10 +10,10 @@ namespace kelvarin
 namespace
 {
 
-using ground = marker_stroke::ground;
-using outline = std::vector<marker_stroke>;
+using marker_fill = marker_stroke::ground;
+using marker_strokes = std::vector<marker_stroke>;
 
-enum class body
+enum class marker_body
 {
     circle,
     square,
@@ -24,7 +24,7 @@ enum class body
     right
 };
 
-enum class dress
+enum class marker_interior
 {
     open,
     filled,
@@ -34,69 +34,69 @@ enum class dress
     dotted
 };
 
-marker_stroke line(std::vector<drawn_point> points)
+marker_stroke line_stroke(std::vector<drawn_point> points)
 {
     return {.points = std::move(points)};
 }
 
-marker_stroke polygon(std::vector<drawn_point> points, ground fill = ground::page)
+marker_stroke polygon_stroke(std::vector<drawn_point> points, marker_fill fill = marker_fill::page)
 {
     return {.points = std::move(points), .closed = true, .fill = fill};
 }
 
-marker_stroke circle(double radius, ground fill)
+marker_stroke circle_stroke(double radius, marker_fill fill)
 {
     return {.points = {}, .radius = radius, .fill = fill};
 }
 
-marker_stroke body_stroke(body shape, ground fill)
+marker_stroke body_stroke(marker_body shape, marker_fill fill)
 {
     switch (shape) {
-    case body::circle:
-        return circle(0.95, fill);
-    case body::square:
-        return polygon({{-0.85, -0.85}, {0.85, -0.85}, {0.85, 0.85}, {-0.85, 0.85}}, fill);
-    case body::diamond:
-        return polygon({{0, -1.1}, {1.1, 0}, {0, 1.1}, {-1.1, 0}}, fill);
-    case body::up:
-        return polygon({{0, -1.05}, {1.05, 0.8}, {-1.05, 0.8}}, fill);
-    case body::down:
-        return polygon({{0, 1.05}, {-1.05, -0.8}, {1.05, -0.8}}, fill);
-    case body::left:
-        return polygon({{-1.05, 0}, {0.8, -1.05}, {0.8, 1.05}}, fill);
-    case body::right:
-        return polygon({{1.05, 0}, {-0.8, 1.05}, {-0.8, -1.05}}, fill);
+    case marker_body::circle:
+        return circle_stroke(0.95, fill);
+    case marker_body::square:
+        return polygon_stroke({{-0.85, -0.85}, {0.85, -0.85}, {0.85, 0.85}, {-0.85, 0.85}}, fill);
+    case marker_body::diamond:
+        return polygon_stroke({{0, -1.1}, {1.1, 0}, {0, 1.1}, {-1.1, 0}}, fill);
+    case marker_body::up:
+        return polygon_stroke({{0, -1.05}, {1.05, 0.8}, {-1.05, 0.8}}, fill);
+    case marker_body::down:
+        return polygon_stroke({{0, 1.05}, {-1.05, -0.8}, {1.05, -0.8}}, fill);
+    case marker_body::left:
+        return polygon_stroke({{-1.05, 0}, {0.8, -1.05}, {0.8, 1.05}}, fill);
+    case marker_body::right:
+        return polygon_stroke({{1.05, 0}, {-0.8, 1.05}, {-0.8, -1.05}}, fill);
     }
     return {};
 }
 
 /// The line crosses the widest part of the body; for triangles that point sideways it is vertical.
-marker_stroke bar_of(body shape)
+marker_stroke bar_of(marker_body shape)
 {
     switch (shape) {
-    case body::up:
-        return line({{-0.75, 0.25}, {0.75, 0.25}});
-    case body::down:
-        return line({{-0.75, -0.25}, {0.75, -0.25}});
-    case body::left:
-        return line({{0.25, -0.75}, {0.25, 0.75}});
-    case body::right:
-        return line({{-0.25, -0.75}, {-0.25, 0.75}});
+    case marker_body::up:
+        return line_stroke({{-0.75, 0.25}, {0.75, 0.25}});
+    case marker_body::down:
+        return line_stroke({{-0.75, -0.25}, {0.75, -0.25}});
+    case marker_body::left:
+        return line_stroke({{0.25, -0.75}, {0.25, 0.75}});
+    case marker_body::right:
+        return line_stroke({{-0.25, -0.75}, {-0.25, 0.75}});
     default:
-        return line({{-0.85, 0}, {0.85, 0}});
+        return line_stroke({{-0.85, 0}, {0.85, 0}});
     }
 }
 
-drawn_point middle_of(body shape)
+drawn_point middle_of(marker_body shape)
 {
     switch (shape) {
-    case body::up:
+    case marker_body::up:
         return {0, 0.2};
-    case body::down:
+    case marker_body::down:
         return {0, -0.2};
-    case body::left:
+    case marker_body::left:
         return {0.2, 0};
-    case body::right:
+    case marker_body::right:
         return {-0.2, 0};
     default:
         return {0, 0};
@@ -106,73 +106,73 @@ drawn_point middle_of(body shape)
 marker_stroke dot_at(drawn_point middle)
 {
     constexpr double half = 0.28;
-    return polygon({{middle.x - half, middle.y - half},
-                    {middle.x + half, middle.y - half},
-                    {middle.x + half, middle.y + half},
-                    {middle.x - half, middle.y + half}},
-                   ground::ink);
+    return polygon_stroke({{middle.x - half, middle.y - half},
+                           {middle.x + half, middle.y - half},
+                           {middle.x + half, middle.y + half},
+                           {middle.x - half, middle.y + half}},
+                          marker_fill::ink);
 }
 
-outline dressed(body shape, dress how)
+marker_strokes outline_of(marker_body shape, marker_interior interior)
 {
-    switch (how) {
-    case dress::filled:
-        return {body_stroke(shape, ground::ink)};
-    case dress::barred:
-        return {body_stroke(shape, ground::page), bar_of(shape)};
-    case dress::dotted:
-        return {body_stroke(shape, ground::page), dot_at(middle_of(shape))};
-    case dress::open:
+    switch (interior) {
+    case marker_interior::filled:
+        return {body_stroke(shape, marker_fill::ink)};
+    case marker_interior::barred:
+        return {body_stroke(shape, marker_fill::page), bar_of(shape)};
+    case marker_interior::dotted:
+        return {body_stroke(shape, marker_fill::page), dot_at(middle_of(shape))};
+    case marker_interior::open:
         break;
     }
-    return {body_stroke(shape, ground::page)};
+    return {body_stroke(shape, marker_fill::page)};
 }
 
-std::array<outline, marker_count> all_outlines()
+std::array<marker_strokes, marker_count> all_outlines()
 {
     // The first twelve differ most: alternating open and filled bodies, then strokes.
     return {
-        dressed(body::circle, dress::filled),
-        dressed(body::square, dress::open),
-        dressed(body::up, dress::filled),
-        dressed(body::diamond, dress::open),
-        dressed(body::down, dress::filled),
-        dressed(body::circle, dress::open),
-        dressed(body::square, dress::filled),
-        dressed(body::up, dress::open),
-        outline{line({{-1, 0}, {1, 0}}), line({{0, -1}, {0, 1}})},
-        outline{line({{-0.85, -0.85}, {0.85, 0.85}}), line({{-0.85, 0.85}, {0.85, -0.85}})},
-        dressed(body::diamond, dress::filled),
-        dressed(body::down, dress::open),
-        outline{line({{0, -1.1}, {0, 1.1}}), line({{-0.95, -0.55}, {0.95, 0.55}}),
-                line({{-0.95, 0.55}, {0.95, -0.55}})},
-        dressed(body::left, dress::filled),
-        dressed(body::right, dress::open),
-        dressed(body::circle, dress::barred),
-        dressed(body::square, dress::dotted),
-        dressed(body::left, dress::open),
-        dressed(body::right, dress::filled),
-        dressed(body::up, dress::barred),
-        dressed(body::diamond, dress::dotted),
-        outline{line({{-1, 0}, {1, 0}})},
-        outline{line({{0, -1}, {0, 1}})},
-        dressed(body::circle, dress::dotted),
-        dressed(body::square, dress::barred),
-        dressed(body::down, dress::barred),
-        dressed(body::up, dress::dotted),
-        dressed(body::diamond, dress::barred),
-        dressed(body::down, dress::dotted),
-        dressed(body::left, dress::barred),
-        dressed(body::right, dress::dotted),
-        dressed(body::right, dress::barred),
-        dressed(body::left, dress::dotted),
-        outline{polygon({{-0.9, -0.95}, {0.9, -0.95}, {-0.9, 0.95}, {0.9, 0.95}}, ground::ink)},
-        outline{polygon({{-0.95, -0.9}, {-0.95, 0.9}, {0.95, -0.9}, {0.95, 0.9}}, ground::ink)},
-        outline{line({{-1, 0.6}, {0, -0.7}, {1, 0.6}})},
-        outline{line({{-1, -0.6}, {0, 0.7}, {1, -0.6}})},
-        outline{line({{0.6, -1}, {-0.7, 0}, {0.6, 1}})},
-        outline{line({{-0.6, -1}, {0.7, 0}, {-0.6, 1}})},
-        outline{line({{-0.9, -0.9}, {0, 0}, {0.9, -0.9}}), line({{0, 0}, {0, 1.1}})},
+        outline_of(marker_body::circle, marker_interior::filled),
+        outline_of(marker_body::square, marker_interior::open),
+        outline_of(marker_body::up, marker_interior::filled),
+        outline_of(marker_body::diamond, marker_interior::open),
+        outline_of(marker_body::down, marker_interior::filled),
+        outline_of(marker_body::circle, marker_interior::open),
+        outline_of(marker_body::square, marker_interior::filled),
+        outline_of(marker_body::up, marker_interior::open),
+        marker_strokes{line_stroke({{-1, 0}, {1, 0}}), line_stroke({{0, -1}, {0, 1}})},
+        marker_strokes{line_stroke({{-0.85, -0.85}, {0.85, 0.85}}), line_stroke({{-0.85, 0.85}, {0.85, -0.85}})},
+        outline_of(marker_body::diamond, marker_interior::filled),
+        outline_of(marker_body::down, marker_interior::open),
+        marker_strokes{line_stroke({{0, -1.1}, {0, 1.1}}), line_stroke({{-0.95, -0.55}, {0.95, 0.55}}),
+                       line_stroke({{-0.95, 0.55}, {0.95, -0.55}})},
+        outline_of(marker_body::left, marker_interior::filled),
+        outline_of(marker_body::right, marker_interior::open),
+        outline_of(marker_body::circle, marker_interior::barred),
+        outline_of(marker_body::square, marker_interior::dotted),
+        outline_of(marker_body::left, marker_interior::open),
+        outline_of(marker_body::right, marker_interior::filled),
+        outline_of(marker_body::up, marker_interior::barred),
+        outline_of(marker_body::diamond, marker_interior::dotted),
+        marker_strokes{line_stroke({{-1, 0}, {1, 0}})},
+        marker_strokes{line_stroke({{0, -1}, {0, 1}})},
+        outline_of(marker_body::circle, marker_interior::dotted),
+        outline_of(marker_body::square, marker_interior::barred),
+        outline_of(marker_body::down, marker_interior::barred),
+        outline_of(marker_body::up, marker_interior::dotted),
+        outline_of(marker_body::diamond, marker_interior::barred),
+        outline_of(marker_body::down, marker_interior::dotted),
+        outline_of(marker_body::left, marker_interior::barred),
+        outline_of(marker_body::right, marker_interior::dotted),
+        outline_of(marker_body::right, marker_interior::barred),
+        outline_of(marker_body::left, marker_interior::dotted),
+        marker_strokes{polygon_stroke({{-0.9, -0.95}, {0.9, -0.95}, {-0.9, 0.95}, {0.9, 0.95}}, marker_fill::ink)},
+        marker_strokes{polygon_stroke({{-0.95, -0.9}, {-0.95, 0.9}, {0.95, -0.9}, {0.95, 0.9}}, marker_fill::ink)},
+        marker_strokes{line_stroke({{-1, 0.6}, {0, -0.7}, {1, 0.6}})},
+        marker_strokes{line_stroke({{-1, -0.6}, {0, 0.7}, {1, -0.6}})},
+        marker_strokes{line_stroke({{0.6, -1}, {-0.7, 0}, {0.6, 1}})},
+        marker_strokes{line_stroke({{-0.6, -1}, {0.7, 0}, {-0.6, 1}})},
+        marker_strokes{line_stroke({{-0.9, -0.9}, {0, 0}, {0.9, -0.9}}), line_stroke({{0, 0}, {0, 1.1}})},
     };
 }
 
@@ -180,7 +180,7 @@ std::array<outline, marker_count> all_outlines()
 
 std::span<const marker_stroke> marker_outline(int shape)
 {
-    static const std::array<outline, marker_count> outlines = all_outlines();
+    static const std::array<marker_strokes, marker_count> outlines = all_outlines();
     if (shape < 0 || shape >= marker_count) return {};
     return outlines[static_cast<std::size_t>(shape)];
 }

@@ -14,10 +14,10 @@ namespace
 {
 
 /// Random whole numbers that are the same on every platform; the standard distributions are not.
-class number_source
+class random_integers
 {
 public:
-    explicit number_source(std::uint32_t seed) : engine_(seed) {}
+    explicit random_integers(std::uint32_t seed) : engine_(seed) {}
 
     int between(int least, int largest)
     {
@@ -29,7 +29,7 @@ private:
 };
 
 /// The column of each row's largest coefficient: a random permutation.
-std::vector<int> random_order(int n, number_source& random)
+std::vector<int> random_order(int n, random_integers& random)
 {
     std::vector<int> order(static_cast<std::size_t>(n));
     std::iota(order.begin(), order.end(), 0);
@@ -44,7 +44,7 @@ leq_content sample_leq(std::uint32_t seed)
 {
     constexpr int largest_side_coefficient = 5;
     constexpr int largest_unknown = 9;
-    number_source random(seed);
+    random_integers random(seed);
     const int n = random.between(3, 6);
     leq_content content(n);
     content.title = "Sample random problem";

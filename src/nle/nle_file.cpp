@@ -29,7 +29,7 @@ bool holds_bounds(std::string_view line)
            (is_marked(line, upper_marker) && before_comment(line).find(lower_marker) != std::string_view::npos);
 }
 
-bool is_behind_equations(std::string_view line)
+bool follows_equations(std::string_view line)
 {
     return is_marked(line, guess_marker) || holds_bounds(line);
 }
@@ -68,10 +68,10 @@ void read_equations(line_reader& lines, std::vector<equation_row>& rows)
 {
     // After an equation of the variable f, "f(0)=" is its guess and not an equation.
     for (; !lines.at_end() && is_implicit(lines.line(), nle_row_form); lines.take()) {
-        if (is_behind_equations(lines.line()) && defines_f(rows)) break;
+        if (follows_equations(lines.line()) && defines_f(rows)) break;
         add_row(lines.line(), "", rows);
     }
-    for (; !lines.at_end() && !is_behind_equations(lines.line()); lines.take())
+    for (; !lines.at_end() && !follows_equations(lines.line()); lines.take())
         add_row(lines.line(), no_guess, rows);
 }
 
@@ -94,14 +94,14 @@ void read_guesses(line_reader& lines, std::span<equation_row* const> implicit)
 }
 
 /// The text after a marker. Returns nullopt if the line doesn't contain it.
-std::optional<std::string_view> behind(std::string_view line, std::string_view marker)
+std::optional<std::string_view> text_after(std::string_view line, std::string_view marker)
 {
     const std::size_t at = before_comment(line).find(marker);
     if (at == std::string_view::npos) return std::nullopt;
     return line.substr(at + marker.size());
 }
 
-double middle(double lower, double upper)
+double midpoint(double lower, double upper)
 {
     const double sum = lower + upper;
     return std::isfinite(sum) ? sum / 2.0 : lower / 2.0 + upper / 2.0;
@@ -111,18 +111,18 @@ double middle(double lower, double upper)
 void read_bounds(line_reader& lines, std::span<equation_row* const> implicit, nle_content& content)
 {
     const std::string_view first = lines.take();
-    const double lower = val(behind(first, lower_marker).value());
-    std::optional<std::string_view> upper_text = behind(first, upper_marker);
+    const double lower = val(text_after(first, lower_marker).value());
+    std::optional<std::string_view> upper_text = text_after(first, upper_marker);
     while (!upper_text && !lines.at_end() && trimmed(lines.line()).empty())
         lines.take();
-    if (!upper_text && !lines.at_end()) upper_text = behind(lines.take(), upper_marker);
+    if (!upper_text && !lines.at_end()) upper_text = text_after(lines.take(), upper_marker);
 
     if (implicit.size() != 1) return;
     content.lower_bound = plain_text(lower);
     if (!upper_text) return;
     const double upper = val(*upper_text);
     content.upper_bound = plain_text(upper);
-    implicit.front()->guess = plain_text(middle(lower, upper));
+    implicit.front()->guess = plain_text(midpoint(lower, upper));
 }
 
 void write_guesses(const nle_content& content, std::string& text)

@@ -22,7 +22,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-std::pair<std::string, std::string> place_of(std::string_view key, std::string_view value_name)
+std::pair<std::string, std::string> entry_key(std::string_view key, std::string_view value_name)
 {
     return {lower_case(key), lower_case(value_name)};
 }
@@ -150,14 +150,14 @@ posix_file locked_folder(const fs::path& folder)
 
 std::optional<std::string> memory_registry::read(std::string_view key, std::string_view value_name) const
 {
-    const auto found = entries_.find(place_of(key, value_name));
+    const auto found = entries_.find(entry_key(key, value_name));
     if (found == entries_.end()) return std::nullopt;
     return found->second.value;
 }
 
 void memory_registry::write(std::string_view key, std::string_view value_name, std::string_view value)
 {
-    entries_[place_of(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
+    entries_[entry_key(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
 }
 
 file_registry::file_registry(fs::path file) : file_(std::move(file))
@@ -168,7 +168,7 @@ file_registry::file_registry(fs::path file) : file_(std::move(file))
 void file_registry::write(std::string_view key, std::string_view value_name, std::string_view value)
 {
     memory_registry::write(key, value_name, value);
-    written_[place_of(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
+    written_[entry_key(key, value_name)] = {std::string(key), std::string(value_name), std::string(value)};
 }
 
 std::optional<file_failure> file_registry::load()

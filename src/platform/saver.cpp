@@ -46,9 +46,9 @@ namespace
 namespace fs = std::filesystem;
 
 /// Reason of a failure in this file; an empty text means success.
-using reason = std::string;
+using failure_reason = std::string;
 
-reason last_reason()
+failure_reason last_reason()
 {
     return system_reason(errno);
 }
@@ -74,7 +74,7 @@ struct save_target
 };
 
 /// Resolves links one by one, since the last one may lead to a file that does not exist yet.
-reason follow_links(fs::path& path)
+failure_reason follow_links(fs::path& path)
 {
     constexpr int most_links = 40;
     std::error_code error;
@@ -87,13 +87,13 @@ reason follow_links(fs::path& path)
     return {};
 }
 
-reason target_of(const fs::path& path, save_target& target)
+failure_reason target_of(const fs::path& path, save_target& target)
 {
     target.path = path;
-    if (reason failed = follow_links(target.path); !failed.empty()) return failed;
+    if (failure_reason failed = follow_links(target.path); !failed.empty()) return failed;
     if (!target.path.has_filename()) return path.empty() ? "the file has no name" : "it is a folder";
     target.folder = target.path.has_parent_path() ? target.path.parent_path() : fs::path(".");
-    if (::stat(target.path.c_str(), &target.old_file) != 0) return errno == ENOENT ? reason() : last_reason();
+    if (::stat(target.path.c_str(), &target.old_file) != 0) return errno == ENOENT ? failure_reason() : last_reason();
 
     target.exists = true;
     if (S_ISDIR(target.old_file.st_mode)) return "it is a folder";
@@ -115,13 +115,13 @@ public:
         if (!path_.empty()) ::unlink(path_.c_str());
     }
 
-    reason create(const save_target& target);
-    reason fill(std::string_view content);
-    reason settle(const save_target& target);
-    reason replace(const save_target& target);
+    failure_reason create(const save_target& target);
+    failure_reason fill(std::string_view content);
+    failure_reason settle(const save_target& target);
+    failure_reason replace(const save_target& target);
 
 private:
-    reason take_over_owner_and_mode(const struct stat& old_file);
+    failure_reason take_over_owner_and_mode(const struct stat& old_file);
 
     const save_calls& calls_;
     fs::path path_;
@@ -129,7 +129,7 @@ private:
     bool is_open_ = false;
 };
 
-reason temporary_file::create(const save_target& target)
+failure_reason temporary_file::create(const save_target& target)
 {
     constexpr int most_tries = 100;
     constexpr mode_t mode_before_umask = 0666;
@@ -152,7 +152,7 @@ reason temporary_file::create(const save_target& target)
     return last_reason();
 }
 
-reason temporary_file::fill(std::string_view content)
+failure_reason temporary_file::fill(std::string_view content)
 {
     while (!content.empty()) {
         const ssize_t count = uninterrupted([&] { return calls_.write(file_, content.data(), content.size()); });
@@ -164,20 +164,20 @@ reason temporary_file::fill(std::string_view content)
     return {};
 }
 
-reason temporary_file::take_over_owner_and_mode(const struct stat& old_file)
+failure_reason temporary_file::take_over_owner_and_mode(const struct stat& old_file)
 {
     // Keeps another user's file theirs if permitted; failing to set owner or group must not lose the user's work. The
     // mode is set second, since a change of owner clears bits of it.
     if (old_file.st_uid != ::geteuid() || old_file.st_gid != ::getegid())
         static_cast<void>(::fchown(file_, old_file.st_uid, old_file.st_gid) == 0);
     constexpr mode_t mode_bits = 07777;
-    return ::fchmod(file_, old_file.st_mode & mode_bits) == 0 ? reason() : last_reason();
+    return ::fchmod(file_, old_file.st_mode & mode_bits) == 0 ? failure_reason() : last_reason();
 }
 
-reason temporary_file::settle(const save_target& target)
+failure_reason temporary_file::settle(const save_target& target)
 {
     if (target.exists) {
-        if (reason failed = take_over_owner_and_mode(target.old_file); !failed.empty()) return failed;
+        if (failure_reason failed = take_over_owner_and_mode(target.old_file); !failed.empty()) return failed;
     }
     if (uninterrupted([&] { return calls_.fsync(file_); }) != 0) return last_reason();
     // Not repeated: an interrupted close has closed the file, and its number may be in use again.
@@ -186,7 +186,7 @@ reason temporary_file::settle(const save_target& target)
     return {};
 }
 
-reason temporary_file::replace(const save_target& target)
+failure_reason temporary_file::replace(const save_target& target)
 {
     if (uninterrupted([&] { return calls_.rename(path_.c_str(), target.path.c_str()); }) != 0) return last_reason();
     path_.clear();
@@ -194,15 +194,15 @@ reason temporary_file::replace(const save_target& target)
 }
 
 /// Makes the rename durable.
-reason sync_folder(const save_target& target, const save_calls& calls)
+failure_reason sync_folder(const save_target& target, const save_calls& calls)
 {
-    const auto not_safe = [](const reason& why) {
+    const auto not_safe = [](const failure_reason& why) {
         return "it is written, but may be lost if the power fails now: " + why;
     };
     const int folder =
         uninterrupted([&] { return calls.open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
     // A folder may be writable but not readable; then it can't be synchronised.
-    if (folder < 0) return errno == EACCES ? reason() : not_safe(last_reason());
+    if (folder < 0) return errno == EACCES ? failure_reason() : not_safe(last_reason());
     const bool synced = uninterrupted([&] { return calls.fsync(folder); }) == 0;
     const int error = errno;
     calls.close(folder);
@@ -211,15 +211,15 @@ reason sync_folder(const save_target& target, const save_calls& calls)
     return not_safe(system_reason(error));
 }
 
-reason save_steps(const fs::path& path, std::string_view content, const save_calls& calls)
+failure_reason save_steps(const fs::path& path, std::string_view content, const save_calls& calls)
 {
     save_target target;
     temporary_file file(calls);
-    if (reason failed = target_of(path, target); !failed.empty()) return failed;
-    if (reason failed = file.create(target); !failed.empty()) return failed;
-    if (reason failed = file.fill(content); !failed.empty()) return failed;
-    if (reason failed = file.settle(target); !failed.empty()) return failed;
-    if (reason failed = file.replace(target); !failed.empty()) return failed;
+    if (failure_reason failed = target_of(path, target); !failed.empty()) return failed;
+    if (failure_reason failed = file.create(target); !failed.empty()) return failed;
+    if (failure_reason failed = file.fill(content); !failed.empty()) return failed;
+    if (failure_reason failed = file.settle(target); !failed.empty()) return failed;
+    if (failure_reason failed = file.replace(target); !failed.empty()) return failed;
     return sync_folder(target, calls);
 }
 
@@ -239,7 +239,7 @@ const save_calls& system_save_calls()
 
 std::optional<file_failure> save_file(const fs::path& path, std::string_view content, const save_calls& calls)
 {
-    reason failed = save_steps(path, content, calls);
+    failure_reason failed = save_steps(path, content, calls);
     if (failed.empty()) return std::nullopt;
     return file_failure{path, std::move(failed)};
 }

@@ -39,14 +39,14 @@ antoine_constants with_pressure(antoine_constants constants, antoine_log log, an
 }
 
 /// A temperature scale in terms of degrees Celsius: t = ratio * (t_C + from_zero) + shift.
-struct scale
+struct temperature_scale
 {
     double ratio;
     double from_zero;
     double shift;
 };
 
-scale scale_of(antoine_temperature unit)
+temperature_scale scale_of(antoine_temperature unit)
 {
     static constexpr double ratio = 1.8;
     static constexpr double freezing = 32.0;
@@ -67,8 +67,8 @@ scale scale_of(antoine_temperature unit)
 antoine_constants with_temperature(antoine_constants constants, antoine_temperature from, antoine_temperature to)
 {
     if (from == to) return constants;
-    const scale old_scale = scale_of(from);
-    const scale new_scale = scale_of(to);
+    const temperature_scale old_scale = scale_of(from);
+    const temperature_scale new_scale = scale_of(to);
     // B/(C + t) must not change: C + t is proportional to the size of a degree, and so is B.
     constants.B = constants.B / old_scale.ratio * new_scale.ratio;
     const double in_celsius = (constants.C + old_scale.shift) / old_scale.ratio + old_scale.from_zero;

@@ -67,13 +67,13 @@ try {
     return refused("Internal Error trapped (" + std::to_string(failure.number()) + ")");
 }
 
-std::optional<line_fault> calculator::fault_of(std::string_view text) const
+std::optional<calculator_fault> calculator::fault_of(std::string_view text) const
 {
     if (trimmed(text).empty()) return std::nullopt;
     const calculator_line line = read_calculator_line(text);
     const check_result checked = check_expression(line.expression, &variables_);
     if (checked.ok) return std::nullopt;
-    line_fault fault{checked.message, checked.place};
+    calculator_fault fault{checked.message, checked.place};
     if (fault.place) fault.place->offset += line.offset;
     return fault;
 }

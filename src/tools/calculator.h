@@ -40,7 +40,7 @@ struct calculator_answer
 };
 
 /// The checker's message about a line, and its place in the text if known.
-struct line_fault
+struct calculator_fault
 {
     std::string message;
     std::optional<byte_range> place;
@@ -53,7 +53,7 @@ public:
     /// Checks and evaluates a line and stores its variable. A line that is refused or fails assigns nothing.
     calculator_answer solve_line(std::string_view text);
     /// Only checks a line. Returns nullopt if it is acceptable or blank.
-    std::optional<line_fault> fault_of(std::string_view text) const;
+    std::optional<calculator_fault> fault_of(std::string_view text) const;
     /// Sets a variable to a number given as text. Returns a box and keeps the old value if the text is not a number.
     std::optional<message_box> set_variable(std::string_view name, std::string_view text);
 

@@ -33,11 +33,12 @@ std::vector<history_piece> pieces_of_line(std::string_view line)
     std::vector<history_piece> pieces;
     for (const char c : line) {
         if (operators.find(c) != std::string_view::npos) {
-            pieces.push_back({piece_kind::operator_sign, std::string(1, c)});
+            pieces.push_back({history_piece_kind::operator_sign, std::string(1, c)});
         } else if (parentheses.find(c) != std::string_view::npos) {
-            pieces.push_back({piece_kind::parenthesis, std::string(1, c)});
+            pieces.push_back({history_piece_kind::parenthesis, std::string(1, c)});
         } else {
-            if (pieces.empty() || pieces.back().kind != piece_kind::text) pieces.push_back({piece_kind::text, ""});
+            if (pieces.empty() || pieces.back().kind != history_piece_kind::text)
+                pieces.push_back({history_piece_kind::text, ""});
             pieces.back().text += c;
         }
     }
@@ -46,10 +47,10 @@ std::vector<history_piece> pieces_of_line(std::string_view line)
 
 std::vector<history_piece> pieces_of_entry(const history_entry& entry)
 {
-    std::vector<history_piece> pieces = {{piece_kind::prompt, "> "}};
+    std::vector<history_piece> pieces = {{history_piece_kind::prompt, "> "}};
     for (history_piece& piece : pieces_of_line(entry.line))
         pieces.push_back(std::move(piece));
-    pieces.push_back({piece_kind::value, "\t = " + entry.value});
+    pieces.push_back({history_piece_kind::value, "\t = " + entry.value});
     return pieces;
 }
 

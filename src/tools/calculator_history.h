@@ -18,7 +18,7 @@ const std::vector<std::string_view>& answer_masks();
 std::string answer_text(double value, std::string_view mask);
 
 /// The role of a piece of a history entry, which determines its colour.
-enum class piece_kind
+enum class history_piece_kind
 {
     prompt,
     text,
@@ -29,7 +29,7 @@ enum class piece_kind
 
 struct history_piece
 {
-    piece_kind kind = piece_kind::text;
+    history_piece_kind kind = history_piece_kind::text;
     std::string text;
 
     friend bool operator==(const history_piece&, const history_piece&) = default;

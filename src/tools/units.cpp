@@ -33,7 +33,7 @@ std::vector<std::string_view> fields_of(std::string_view line)
 }
 
 /// Adds the unit of a line. Returns what is wrong with the line, or an empty text.
-std::string add_unit(std::string_view line, std::vector<unit>& units)
+std::string add_unit(std::string_view line, std::vector<measurement_unit>& units)
 {
     const std::vector<std::string_view> fields = fields_of(line);
     if (fields.size() < least_fields) return "fields are missing";
@@ -47,7 +47,7 @@ std::string add_unit(std::string_view line, std::vector<unit>& units)
     return {};
 }
 
-conversion refused(std::string text)
+unit_conversion refused(std::string text)
 {
     return {std::nullopt, {}, message_box{std::move(text), box_icon::exclamation}};
 }
@@ -87,44 +87,48 @@ unit_list read_units(std::string_view text)
     return list;
 }
 
-std::vector<std::string> unit_types(const std::vector<unit>& units)
+std::vector<std::string> unit_types(const std::vector<measurement_unit>& units)
 {
     std::vector<std::string> types;
-    for (const unit& each : units)
+    for (const measurement_unit& each : units)
         if (std::ranges::find(types, each.unit_type) == types.end()) types.push_back(each.unit_type);
     return types;
 }
 
-std::vector<unit> units_of_type(const std::vector<unit>& units, std::string_view type)
+std::vector<measurement_unit> units_of_type(const std::vector<measurement_unit>& units, std::string_view type)
 {
-    std::vector<unit> found;
-    std::ranges::copy_if(units, std::back_inserter(found), [&](const unit& each) { return each.unit_type == type; });
+    std::vector<measurement_unit> found;
+    std::ranges::copy_if(units, std::back_inserter(found),
+                         [&](const measurement_unit& each) { return each.unit_type == type; });
     return found;
 }
 
-std::vector<unit> search_units(const std::vector<unit>& units, std::string_view words)
+std::vector<measurement_unit> search_units(const std::vector<measurement_unit>& units, std::string_view words)
 {
     const word_search wanted(words);
-    std::vector<unit> found;
-    for (const unit& each : units)
+    std::vector<measurement_unit> found;
+    for (const measurement_unit& each : units)
         if (wanted.all_in({each.unit_type, each.unit_name, each.unit_note})) found.push_back(each);
     return found;
 }
 
-std::optional<std::pair<unit, unit>> find_unit_pair(const std::vector<unit>& units, std::string_view from,
-                                                    std::string_view to, std::string_view type)
+std::optional<std::pair<measurement_unit, measurement_unit>> find_unit_pair(const std::vector<measurement_unit>& units,
+                                                                            std::string_view from, std::string_view to,
+                                                                            std::string_view type)
 {
     for (const std::string& each : unit_types(units)) {
         if (!type.empty() && each != type) continue;
-        const std::vector<unit> candidates = units_of_type(units, each);
-        const auto named = [&](std::string_view name) { return std::ranges::find(candidates, name, &unit::unit_name); };
+        const std::vector<measurement_unit> candidates = units_of_type(units, each);
+        const auto named = [&](std::string_view name) {
+            return std::ranges::find(candidates, name, &measurement_unit::unit_name);
+        };
         if (named(from) != candidates.end() && named(to) != candidates.end())
             return std::pair(*named(from), *named(to));
     }
     return std::nullopt;
 }
 
-conversion convert_units(double x, const unit& from, const unit& to)
+unit_conversion convert_units(double x, const measurement_unit& from, const measurement_unit& to)
 {
     if (from.unit_type != to.unit_type)
         return refused(from.unit_name + " and " + to.unit_name + " are of different types.");
@@ -138,11 +142,11 @@ conversion convert_units(double x, const unit& from, const unit& to)
     return {result, text_of_result(result, std::ranges::max(parts)), std::nullopt};
 }
 
-conversion convert_typed(std::string_view number, const unit& from, const unit& to)
+unit_conversion convert_typed(std::string_view number, const measurement_unit& from, const measurement_unit& to)
 {
     const std::optional<double> x = numeric_value(number);
     if (!x) return refused("Must be numeric value !");
-    conversion converted = convert_units(*x, from, to);
+    unit_conversion converted = convert_units(*x, from, to);
     if (converted.value)
         converted.text = plain_text(*x) + " " + from.unit_name + " = " + converted.text + " " + to.unit_name;
     return converted;

@@ -383,10 +383,10 @@ TEST(MainWindow, WindowMenuListsAndArrangesTheWindows)
 TEST(WindowTiles, FillTheAreaWithoutGapsOrOverlaps)
 {
     const QRect area(3, 5, 1001, 703);
-    for (const tiling direction : {tiling::horizontal, tiling::vertical})
+    for (const tiling_direction direction : {tiling_direction::horizontal, tiling_direction::vertical})
         for (int count = 1; count <= 12; ++count) {
             SCOPED_TRACE(count);
-            const QList<QRect> places = tiles(area, count, direction);
+            const QList<QRect> places = tiled_areas(area, count, direction);
             ASSERT_EQ(places.size(), count);
             qint64 covered = 0;
             for (qsizetype i = 0; i < places.size(); ++i) {
@@ -397,8 +397,8 @@ TEST(WindowTiles, FillTheAreaWithoutGapsOrOverlaps)
             }
             EXPECT_EQ(covered, qint64(area.width()) * area.height());
         }
-    EXPECT_EQ(tiles(area, 3, tiling::horizontal).first().width(), area.width());
-    EXPECT_EQ(tiles(area, 3, tiling::vertical).first().height(), area.height());
+    EXPECT_EQ(tiled_areas(area, 3, tiling_direction::horizontal).first().width(), area.width());
+    EXPECT_EQ(tiled_areas(area, 3, tiling_direction::vertical).first().height(), area.height());
 }
 
 TEST(WindowTiles, ACascadeShowsTheBeginningOfEveryTitle)
@@ -407,7 +407,7 @@ TEST(WindowTiles, ACascadeShowsTheBeginningOfEveryTitle)
     constexpr int title = 28;
     for (int count = 1; count <= 14; ++count) {
         SCOPED_TRACE(count);
-        const QList<QRect> places = cascade_places(area, count, title);
+        const QList<QRect> places = cascaded_areas(area, count, title);
         ASSERT_EQ(places.size(), count);
         for (qsizetype i = 0; i < places.size(); ++i) {
             EXPECT_TRUE(area.contains(places[i]));

@@ -13,9 +13,9 @@ namespace
 
 TEST(CalculatorHistory, ColoursOperatorsAndParenthesesAlone)
 {
-    constexpr auto text = piece_kind::text;
-    constexpr auto sign = piece_kind::operator_sign;
-    constexpr auto bracket = piece_kind::parenthesis;
+    constexpr auto text = history_piece_kind::text;
+    constexpr auto sign = history_piece_kind::operator_sign;
+    constexpr auto bracket = history_piece_kind::parenthesis;
     struct row
     {
         std::string line;
@@ -33,9 +33,11 @@ TEST(CalculatorHistory, ColoursOperatorsAndParenthesesAlone)
         SCOPED_TRACE(expected.line);
         EXPECT_EQ(pieces_of_line(expected.line), expected.pieces);
     }
-    EXPECT_EQ(pieces_of_entry({"1+2", "3.0"}),
-              (std::vector<history_piece>{
-                  {piece_kind::prompt, "> "}, {text, "1"}, {sign, "+"}, {text, "2"}, {piece_kind::value, "\t = 3.0"}}));
+    EXPECT_EQ(pieces_of_entry({"1+2", "3.0"}), (std::vector<history_piece>{{history_piece_kind::prompt, "> "},
+                                                                           {text, "1"},
+                                                                           {sign, "+"},
+                                                                           {text, "2"},
+                                                                           {history_piece_kind::value, "\t = 3.0"}}));
 }
 
 TEST(CalculatorHistory, WalksBackAndReturnsToWhatWasTyped)

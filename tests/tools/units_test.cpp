@@ -24,15 +24,15 @@ unit_list own_units()
     return file ? read_units(read_text_file(*file).text) : unit_list();
 }
 
-unit unit_named(const std::vector<unit>& units, std::string_view type, std::string_view name)
+measurement_unit unit_named(const std::vector<measurement_unit>& units, std::string_view type, std::string_view name)
 {
-    const auto found =
-        std::ranges::find_if(units, [&](const unit& each) { return each.unit_type == type && each.unit_name == name; });
+    const auto found = std::ranges::find_if(
+        units, [&](const measurement_unit& each) { return each.unit_type == type && each.unit_name == name; });
     EXPECT_NE(found, units.end()) << type << " " << name;
-    return found == units.end() ? unit() : *found;
+    return found == units.end() ? measurement_unit() : *found;
 }
 
-std::string text_of(const conversion& converted)
+std::string text_of(const unit_conversion& converted)
 {
     return converted.refusal ? converted.refusal->title + ": " + converted.refusal->text : converted.text;
 }
@@ -57,13 +57,13 @@ TEST(OwnUnits, AgreeWithTheirDefinitionsInBothDirections)
     EXPECT_TRUE(list.faults.empty());
     auto sizes = expected_sizes();
     ASSERT_GT(sizes.size(), 300u);
-    for (const unit& each : list.units) {
+    for (const measurement_unit& each : list.units) {
         SCOPED_TRACE(each.unit_type + " / " + each.unit_name);
         EXPECT_FALSE(each.unit_note.empty());
         if (each.unit_type == "Temperature") continue;
         const auto size = sizes.find({each.unit_type, each.unit_name});
         ASSERT_NE(size, sizes.end());
-        const unit base = units_of_type(list.units, each.unit_type).front();
+        const measurement_unit base = units_of_type(list.units, each.unit_type).front();
         EXPECT_EQ(base.factor, 1.0);
         EXPECT_EQ(each.offset, 0.0);
         EXPECT_GE(test::digits_shown(convert_units(1.0, each, base).value.value_or(0.0), size->second), 15.0);
@@ -87,15 +87,15 @@ TEST(OwnUnits, TheFourTemperatureScalesAgreeAtTheirFixedPointsBothWays)
         {"37", "98.6", "310.15", "558.27"},
         {"100", "212", "373.15", "671.67"},
     };
-    const std::vector<unit> units = own_units().units;
+    const std::vector<measurement_unit> units = own_units().units;
     for (const auto& point : points) {
         for (std::size_t from = 0; from < scales.size(); ++from) {
             for (std::size_t to = 0; to < scales.size(); ++to) {
                 // A point that is given rounded comes out as exact only where it is not converted.
                 if (from != to && point[from].size() > 10) continue;
                 SCOPED_TRACE(point[from] + " " + scales[from] + " -> " + scales[to]);
-                const unit source = unit_named(units, "Temperature", scales[from]);
-                const unit target = unit_named(units, "Temperature", scales[to]);
+                const measurement_unit source = unit_named(units, "Temperature", scales[from]);
+                const measurement_unit target = unit_named(units, "Temperature", scales[to]);
                 const std::string line = text_of(convert_typed(point[from], source, target));
                 std::string expected = point[from] + " " + scales[from] + " = " + point[to] + " " + scales[to];
                 EXPECT_NEAR(std::stod(line.substr(line.find('=') + 1)), std::stod(point[to]), 1e-11);
@@ -124,7 +124,7 @@ TEST(Units, FileLinesBecomeUnitsOrFaultsWithTheirNumbers)
                              "Time | s | 1d0 | -.5 |";
     const unit_list list = read_units(text);
     std::string read;
-    for (const unit& each : list.units)
+    for (const measurement_unit& each : list.units)
         read += each.unit_type + "/" + each.unit_name + "/" + std::to_string(each.factor) + "/" +
                 std::to_string(each.offset) + "/" + each.unit_note + "\n";
     EXPECT_EQ(read, "Length/m/1.000000/0.000000/metre\n"
@@ -144,16 +144,16 @@ TEST(Units, FileLinesBecomeUnitsOrFaultsWithTheirNumbers)
 
 TEST(Units, TheFormulaTakesOffsetsInBaseUnitsAndRefusesWhatHasNoResult)
 {
-    const unit celsius = {"T", "deg C", "", 1.0, 0.0};
+    const measurement_unit celsius = {"T", "deg C", "", 1.0, 0.0};
     // -32 as an offset of Fahrenheit is another scale: (100 + 0) * 1.8 + 32 * 1.8.
-    const unit shifted = {"T", "deg X", "", 1.8, -32.0};
-    const unit nothing = {"T", "nothing", "", 0.0, 0.0};
-    const unit other = {"L", "m", "", 1.0, 0.0};
-    const unit small = {"T", "tiny", "", 1e-300, 0.0};
+    const measurement_unit shifted = {"T", "deg X", "", 1.8, -32.0};
+    const measurement_unit nothing = {"T", "nothing", "", 0.0, 0.0};
+    const measurement_unit other = {"L", "m", "", 1.0, 0.0};
+    const measurement_unit small = {"T", "tiny", "", 1e-300, 0.0};
     struct row
     {
         std::string number;
-        unit from, to;
+        measurement_unit from, to;
         std::string text;
     };
     const std::vector<row> cases = {
@@ -177,7 +177,7 @@ TEST(Units, TheFormulaTakesOffsetsInBaseUnitsAndRefusesWhatHasNoResult)
 
 TEST(Units, ANameInTwoTypesStaysInsideTheTypeThatHasBoth)
 {
-    const std::vector<unit> units = own_units().units;
+    const std::vector<measurement_unit> units = own_units().units;
     struct row
     {
         std::string from, to, type;
@@ -197,14 +197,14 @@ TEST(Units, ANameInTwoTypesStaysInsideTheTypeThatHasBoth)
 
 TEST(Units, SearchFindsAllWordsInTypeNameOrNote)
 {
-    const std::vector<unit> units = {
+    const std::vector<measurement_unit> units = {
         {"Pressure", "psi", "pound-force per square inch", 1, 0},
         {"Pressure", "inHg", "conventional inch of mercury", 1, 0},
         {"Length", "in", "inch, 25.4 mm exactly", 1, 0},
     };
     const auto names = [&](std::string_view words) {
         std::string text;
-        for (const unit& each : search_units(units, words))
+        for (const measurement_unit& each : search_units(units, words))
             text += each.unit_name + " ";
         return text;
     };

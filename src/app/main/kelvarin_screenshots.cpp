@@ -67,7 +67,7 @@ QWidget* shown_window(const char* name)
     return found;
 }
 
-template <class Widget> Widget& part(QWidget& window, const char* name)
+template <class Widget> Widget& find_control(QWidget& window, const char* name)
 {
     auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
     if (!found) throw std::runtime_error(std::string("there is no ") + name);
@@ -75,7 +75,7 @@ template <class Widget> Widget& part(QWidget& window, const char* name)
 }
 
 /// The services for the windows of one picture: default settings, a fixed date.
-struct desk
+struct picture_services
 {
     settings store;
     memory_registry registry;
@@ -85,10 +85,10 @@ struct desk
     recovery_store recovery{to_path(folder.path())};
 };
 
-class photographer
+class picture_taker
 {
 public:
-    photographer(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
+    picture_taker(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
 
     void take(QWidget& window, const char* name) const
     {
@@ -102,7 +102,7 @@ private:
     QString ending_;
 };
 
-void take_problem(frmMDIKelvarin& window, const photographer& camera, const QString& problem)
+void take_problem(frmMDIKelvarin& window, const picture_taker& camera, const QString& problem)
 {
     window.open_document(to_path(problem));
     settle();
@@ -115,37 +115,37 @@ void take_problem(frmMDIKelvarin& window, const photographer& camera, const QStr
     camera.take(*report, "report");
 }
 
-void take_calculator(frmMDIKelvarin& window, const photographer& camera)
+void take_calculator(frmMDIKelvarin& window, const picture_taker& camera)
 {
     window.show_tool(window_command::calculator);
     QWidget& calculator = *shown_window("frmCal");
     for (const char* line :
          {"d = 0.25", "area = 3.14159265358979*d^2/4", "q = 0.085", "v = q/area", "if v > 1.5 then 1 else 0"}) {
-        part<QWidget>(calculator, "txtExpression").setFocus();
+        find_control<QWidget>(calculator, "txtExpression").setFocus();
         if (auto* entry = calculator.findChild<QTextEdit*>(QStringLiteral("txtExpression")))
             entry->setPlainText(QString::fromLatin1(line));
         else
-            part<QPlainTextEdit>(calculator, "txtExpression").setPlainText(QString::fromLatin1(line));
-        part<QPushButton>(calculator, "cmdCalculate").click();
+            find_control<QPlainTextEdit>(calculator, "txtExpression").setPlainText(QString::fromLatin1(line));
+        find_control<QPushButton>(calculator, "cmdCalculate").click();
     }
     camera.take(calculator, "calculator");
     calculator.close();
 }
 
-void take_settings(frmMDIKelvarin& window, const photographer& camera)
+void take_settings(frmMDIKelvarin& window, const picture_taker& camera)
 {
     window.show_tool(window_command::setup);
     QWidget& shown = *shown_window("frmInitials");
-    auto& tree = part<QTreeWidget>(shown, "tvw");
+    auto& tree = find_control<QTreeWidget>(shown, "tvw");
     const auto leaves = tree.findItems(QStringLiteral("Max # of iterations"), Qt::MatchContains | Qt::MatchRecursive);
     if (!leaves.isEmpty()) tree.setCurrentItem(leaves.first());
     camera.take(shown, "settings");
     shown.close();
 }
 
-void take_all(const QString& problem, const photographer& camera)
+void take_all(const QString& problem, const picture_taker& camera)
 {
-    desk used;
+    picture_services used;
     frmMDIKelvarin window({used.store, used.registry, used.clock, *used.user, used.recovery});
     window.resize(main_size);
     window.show();

@@ -44,7 +44,7 @@ file_answer solve(const problem_text& problem, const batch_request& request, con
     const leq_run_problem run = {std::move(*content), problem.file};
     const leq_outcome outcome = run_leq(run.content, surroundings.seconds);
     std::string report = outcome.has_report ? leq_report(run, outcome, surroundings.clock.today()) : std::string();
-    file_answer answer = answer_of(problem.file, outcome, std::move(report), request);
+    file_answer answer = file_answer_of(problem.file, outcome, std::move(report), request);
     if (request.format == output_format::object)
         answer.object = object_of(problem.file, run.content, outcome, answer.report, request);
     return answer;

@@ -62,7 +62,7 @@ file_answer solve(const problem_text& problem, const batch_request& request, con
     const nle_outcome outcome = run_nle(run, request.store, surroundings.clock, listener);
     std::string report =
         outcome.has_report ? nle_report(run, outcome, request.store, surroundings.clock.today()) : std::string();
-    file_answer answer = answer_of(problem.file, outcome, std::move(report), request);
+    file_answer answer = file_answer_of(problem.file, outcome, std::move(report), request);
     if (request.format == output_format::object)
         answer.object = object_of(problem.file, run.content, outcome, answer.report, request);
     return answer;

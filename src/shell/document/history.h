@@ -12,7 +12,7 @@ namespace kelvarin
 
 /// Undo and redo by values: the earlier and later contents of a document, each with the name of the step that changed
 /// it. Saving moves the clean mark and keeps both stacks.
-template <class Content> class history
+template <class Content> class undo_history
 {
 public:
     /// Stores `before`, the content before a step named `step`, and clears the redo stack.

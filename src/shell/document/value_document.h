@@ -154,7 +154,7 @@ private:
     const content_format<Content>* format_;
     Content content_;
     document_path path_;
-    history<Content> history_;
+    undo_history<Content> history_;
 };
 
 } // namespace kelvarin

@@ -38,7 +38,7 @@ constexpr char short_escape(char c)
     }
 }
 
-enum class treatment : char
+enum class byte_treatment : char
 {
     as_it_is,
     escaped,
@@ -47,17 +47,17 @@ enum class treatment : char
 };
 
 constexpr auto treatments = [] {
-    std::array<treatment, 256> made{};
+    std::array<byte_treatment, 256> made{};
     for (std::size_t i = 0; i < made.size(); ++i) {
         if (i >= 0x80)
-            made[i] = treatment::beyond_ascii;
+            made[i] = byte_treatment::beyond_ascii;
         else if (i < 0x20 || short_escape(static_cast<char>(i)) != 0)
-            made[i] = treatment::escaped;
+            made[i] = byte_treatment::escaped;
     }
     return made;
 }();
 
-treatment treatment_of(char c)
+byte_treatment treatment_of(char c)
 {
     return treatments[static_cast<unsigned char>(c)];
 }
@@ -114,8 +114,8 @@ void json_writer::value(std::string_view text)
     bool beyond_ascii = false;
     for (std::size_t start = 0; start < text.size();) {
         std::size_t end = start;
-        while (end < text.size() && treatment_of(text[end]) != treatment::escaped) {
-            beyond_ascii |= treatment_of(text[end]) == treatment::beyond_ascii;
+        while (end < text.size() && treatment_of(text[end]) != byte_treatment::escaped) {
+            beyond_ascii |= treatment_of(text[end]) == byte_treatment::beyond_ascii;
             ++end;
         }
         text_.append(text, start, end - start);

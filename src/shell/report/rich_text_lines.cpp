@@ -13,19 +13,19 @@ namespace kelvarin
 namespace
 {
 
-using font = std::pair<std::string, font_class>;
+using font_key = std::pair<std::string, font_class>;
 
 /// The distinct fonts and colours of some lines, in order of first appearance.
 struct style_tables
 {
-    std::vector<font> fonts;
+    std::vector<font_key> fonts;
     std::vector<rgb_colour> colours;
 
     explicit style_tables(std::span<const styled_line> lines)
     {
         for (const styled_line& line : lines) {
             for (const styled_run& run : line) {
-                number_in(fonts, font(run.font, run.family));
+                number_in(fonts, font_key(run.font, run.family));
                 number_in(colours, run.colour);
             }
         }
@@ -54,7 +54,7 @@ std::string_view family_word(font_class family)
     return R"(\fmodern)";
 }
 
-std::string font_entry(std::size_t number, const font& entry)
+std::string font_entry(std::size_t number, const font_key& entry)
 {
     std::string name = escape_rich_text(entry.first);
     // A semicolon would end the entry.
@@ -87,7 +87,7 @@ void append_text(std::string& document, std::string_view text)
 
 void append_run(std::string& document, const styled_run& run, style_tables& tables)
 {
-    document += R"({\f)" + std::to_string(style_tables::number_in(tables.fonts, font(run.font, run.family)));
+    document += R"({\f)" + std::to_string(style_tables::number_in(tables.fonts, font_key(run.font, run.family)));
     document += R"(\fs)" + std::to_string(run.size);
     document += R"(\cf)" + std::to_string(style_tables::number_in(tables.colours, run.colour));
     if (run.bold) document += R"(\b)";

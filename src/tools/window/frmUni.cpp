@@ -79,7 +79,7 @@ void frmUni::cmbTypeOfUnits_Click()
     offered_ = units_of_type(units_, to_text(cmbTypeOfUnits_->currentText()));
     for (QComboBox* box : {cmbUnitBefore_, cmbUnitAfter_}) {
         box->clear();
-        for (const unit& each : offered_)
+        for (const measurement_unit& each : offered_)
             box->addItem(to_qstring(each.unit_name));
     }
     // Different units are preselected.
@@ -87,16 +87,16 @@ void frmUni::cmbTypeOfUnits_Click()
     clear_result();
 }
 
-const unit* frmUni::chosen_unit(const QComboBox& box) const
+const measurement_unit* frmUni::chosen_unit(const QComboBox& box) const
 {
     const auto index = static_cast<std::size_t>(box.currentIndex());
     return index < offered_.size() ? &offered_[index] : nullptr;
 }
 
-void frmUni::go_to_unit(const unit& wanted)
+void frmUni::go_to_unit(const measurement_unit& wanted)
 {
     cmbTypeOfUnits_->setCurrentText(to_qstring(wanted.unit_type));
-    const auto found = std::ranges::find(offered_, wanted.unit_name, &unit::unit_name);
+    const auto found = std::ranges::find(offered_, wanted.unit_name, &measurement_unit::unit_name);
     const auto index = static_cast<int>(found - offered_.begin());
     if (cmbUnitAfter_->currentIndex() == index) cmbUnitAfter_->setCurrentIndex(cmbUnitBefore_->currentIndex());
     cmbUnitBefore_->setCurrentIndex(index);
@@ -114,7 +114,7 @@ void frmUni::cmdSwap_Click()
 void frmUni::show_notes()
 {
     for (const auto& [box, label] : {std::pair(cmbUnitBefore_, lblNoteBefore_), {cmbUnitAfter_, lblNoteAfter_}}) {
-        const unit* chosen = chosen_unit(*box);
+        const measurement_unit* chosen = chosen_unit(*box);
         label->setText(chosen ? to_qstring(chosen->unit_note) : QString());
         label->setToolTip(tip_text(label->text()));
     }
@@ -124,11 +124,11 @@ void frmUni::show_notes()
 
 void frmUni::cmdConvert_Click()
 {
-    const unit* before = chosen_unit(*cmbUnitBefore_);
-    const unit* after = chosen_unit(*cmbUnitAfter_);
+    const measurement_unit* before = chosen_unit(*cmbUnitBefore_);
+    const measurement_unit* after = chosen_unit(*cmbUnitAfter_);
     if (!before || !after) return;
     const std::string typed = to_text(txtNumToConvert_->text());
-    const conversion line = convert_typed(typed, *before, *after);
+    const unit_conversion line = convert_typed(typed, *before, *after);
     txtNumToConvert_->setFocus();
     txtNumToConvert_->selectAll();
     if (line.refusal) {

@@ -56,16 +56,16 @@ private:
     void cmdCopyAll_Click();
     void cmdClear_Click();
     void cmbTypeOfUnits_Click();
-    void go_to_unit(const unit& wanted);
+    void go_to_unit(const measurement_unit& wanted);
     void clear_result();
     void show_notes();
     void enable_controls();
     /// The unit selected in a combo box; null if the box is empty.
-    const unit* chosen_unit(const QComboBox& box) const;
+    const measurement_unit* chosen_unit(const QComboBox& box) const;
 
-    std::vector<unit> units_;
+    std::vector<measurement_unit> units_;
     /// The units of the chosen type, in the order of the combo boxes.
-    std::vector<unit> offered_;
+    std::vector<measurement_unit> offered_;
     /// The last converted number as text.
     QString value_;
 

@@ -24,26 +24,26 @@ namespace
 {
 
 /// The colours of reports, made for white paper; on a dark background they are mixed with the text colour.
-QTextCharFormat format_of(piece_kind kind, const QPalette& palette)
+QTextCharFormat format_of(history_piece_kind kind, const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::Text);
     const auto on_ground = [&](const QColor& on_paper) { return mixed(on_paper, text, is_dark(palette) ? 0.55 : 0.0); };
     QTextCharFormat format;
     switch (kind) {
-    case piece_kind::prompt:
+    case history_piece_kind::prompt:
         format.setForeground(on_ground(QColor(0, 128, 0)));
         format.setFontWeight(QFont::Bold);
         break;
-    case piece_kind::text:
+    case history_piece_kind::text:
         format.setForeground(text);
         break;
-    case piece_kind::operator_sign:
+    case history_piece_kind::operator_sign:
         format.setForeground(on_ground(QColor(0, 0, 160)));
         break;
-    case piece_kind::parenthesis:
+    case history_piece_kind::parenthesis:
         format.setForeground(on_ground(QColor(254, 0, 0)));
         break;
-    case piece_kind::value:
+    case history_piece_kind::value:
         format.setForeground(on_ground(QColor(128, 0, 128)));
         break;
     }

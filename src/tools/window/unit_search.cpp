@@ -16,7 +16,7 @@ namespace kelvarin
 namespace
 {
 
-QString offered_line(const unit& each)
+QString offered_line(const measurement_unit& each)
 {
     const std::string line = each.unit_type + ": " + each.unit_name;
     return to_qstring(each.unit_note.empty() ? line : line + " (" + each.unit_note + ")");
@@ -45,7 +45,7 @@ unit_search::unit_search(QWidget* parent)
 void unit_search::offer_units()
 {
     const std::string words = to_text(text());
-    hits_ = trimmed(words).empty() ? std::vector<unit>() : search_units(units_, words);
+    hits_ = trimmed(words).empty() ? std::vector<measurement_unit>() : search_units(units_, words);
     QStringList lines;
     std::ranges::transform(hits_, std::back_inserter(lines), offered_line);
     if (trimmed(words).empty()) {
@@ -69,7 +69,7 @@ void unit_search::take_unit()
 void unit_search::take_row(int row)
 {
     if (row < 0 || row >= static_cast<int>(hits_.size())) return;
-    const unit chosen = hits_[static_cast<std::size_t>(row)];
+    const measurement_unit chosen = hits_[static_cast<std::size_t>(row)];
     hits_.clear();
     clear();
     emit unit_chosen(chosen);

@@ -22,19 +22,19 @@ class unit_search : public QLineEdit
 public:
     explicit unit_search(QWidget* parent);
 
-    void set_units(std::vector<unit> units) { units_ = std::move(units); }
+    void set_units(std::vector<measurement_unit> units) { units_ = std::move(units); }
 
 signals:
     /// A unit was clicked, or Return pressed on it; Return without a selected unit chooses the first one found.
-    void unit_chosen(const kelvarin::unit& chosen);
+    void unit_chosen(const kelvarin::measurement_unit& chosen);
 
 private:
     void offer_units();
     void take_unit();
     void take_row(int row);
 
-    std::vector<unit> units_;
-    std::vector<unit> hits_;
+    std::vector<measurement_unit> units_;
+    std::vector<measurement_unit> hits_;
     QCompleter* completer_ = nullptr;
     QStringListModel* offered_ = nullptr;
     QAbstractItemView* list_ = nullptr;
