@@ -107,7 +107,7 @@ double midpoint(double lower, double upper)
     return std::isfinite(sum) ? sum / 2.0 : lower / 2.0 + upper / 2.0;
 }
 
-/// The bounds stand on one line or on two.
+/// The bounds are on one line or on two.
 void read_bounds(line_reader& lines, std::span<equation_row* const> implicit, nle_content& content)
 {
     const std::string_view first = lines.take();

@@ -13,7 +13,7 @@ namespace kelvarin::backtracking
 namespace
 {
 
-/// alpha of the sufficient decrease, [DennisSchnabel1983] A6.3.1, [Press1992] (9.7.7).
+/// alpha of the sufficient decrease, [DennisSchnabel1983] A6.3.1, [Press1992] eq. 9.7.7.
 constexpr double ALF = 0.0001;
 /// The shortest step worth a trial, relative to x.
 constexpr double TOLX = 1e-07;
@@ -21,14 +21,14 @@ constexpr double TOLX = 1e-07;
 constexpr double shortest_backtrack = 0.1;
 constexpr double longest_backtrack = 0.5;
 
-/// Minimum of the parabola through fold, its slope and the full step's value. [Press1992] (9.7.11)
+/// Minimum of the parabola through fold, its slope and the full step's value. [Press1992] eq. 9.7.11
 double parabola_minimum(double fold, double slope, double f)
 {
     return quotient(-slope, 2.0 * (f - fold - slope));
 }
 
 /// Minimum of the cubic through fold, its slope and the last two trials. [DennisSchnabel1983] sec. 6.3.2,
-/// [Press1992] (9.7.13) for the coefficients a and b, (9.7.14) for the minimum.
+/// [Press1992] eq. 9.7.13 for the coefficients a and b, 9.7.14 for the minimum.
 double cubic_minimum(double fold, double slope, trial last, trial before)
 {
     const double rhs1 = last.f - fold - last.alam * slope;
@@ -66,12 +66,12 @@ double shortest_step(std::span<const double> p, std::span<const double> xold)
 void step_along(std::span<const double> xold, std::span<const double> p, double alam, std::span<double> x)
 {
     for (std::size_t i = 0; i < x.size(); ++i)
-        x[i] = finite(xold[i] + alam * p[i]); // [Press1992] (9.7.6)
+        x[i] = finite(xold[i] + alam * p[i]); // [Press1992] eq. 9.7.6
 }
 
 bool decreases_enough(trial last, double fold, double slope)
 {
-    return last.f <= fold + ALF * last.alam * slope; // [Press1992] (9.7.7)
+    return last.f <= fold + ALF * last.alam * slope; // [Press1992] eq. 9.7.7
 }
 
 double next_fraction(double fold, double slope, trial last, const std::optional<trial>& before)

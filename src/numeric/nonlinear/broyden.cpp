@@ -42,8 +42,8 @@ public:
         form_r();
     }
 
-    /// Broyden's formula, [Press1992] (9.7.17), [Broyden1965]: the smallest change of B that satisfies the secant
-    /// condition B s = fvec - fvcold, (9.7.16), for the last step s.
+    /// Broyden's formula, [Press1992] eq. 9.7.17, [Broyden1965]: the smallest change of B that satisfies the secant
+    /// condition B s = fvec - fvcold, eq. 9.7.16, for the last step s.
     void update(std::span<const double> x, std::span<const double> xold, std::span<const double> fvec,
                 std::span<const double> fvcold, double EPS)
     {
@@ -61,7 +61,7 @@ public:
         }
     }
 
-    /// The step p, B p = -fvec, [Press1992] (9.7.15), and the gradient g = B^T fvec.
+    /// The step p, B p = -fvec, [Press1992] eq. 9.7.15, and the gradient g = B^T fvec.
     void step(std::span<const double> fvec, std::span<double> p, std::span<double> g)
     {
         q_transposed_times(fvec, p);

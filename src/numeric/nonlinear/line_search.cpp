@@ -18,7 +18,7 @@ double FMAX(double a, double b)
 double fmin_nle(nonlinear_system& system, std::span<const double> x, std::span<double> fvec)
 {
     evaluate_finite(system, x, fvec);
-    return 0.5 * dot(fvec, fvec); // [Press1992] (9.7.4)
+    return 0.5 * dot(fvec, fvec); // [Press1992] eq. 9.7.4
 }
 
 line_search_result lnsrch(nonlinear_system& system, std::span<const double> xold, double fold,

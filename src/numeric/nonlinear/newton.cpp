@@ -18,7 +18,7 @@ namespace kelvarin
 namespace
 {
 
-/// p, the Newton step: fjac p = -fvec, [Press1992] (9.6.6) and (9.7.3). Departs from the publication in the
+/// p, the Newton step: fjac p = -fvec, [Press1992] eq. 9.6.6 and 9.7.3. Departs from the publication in the
 /// elimination, which replaces the LU decomposition and does not detect a singular Jacobian: p is then what the
 /// elimination has left, for one unknown with a flat slope -fvec itself.
 void newton_step(const jacobian_workspace& fjac, std::span<const double> fvec, std::span<double> p,
@@ -28,7 +28,7 @@ void newton_step(const jacobian_workspace& fjac, std::span<const double> fvec, s
     gauss_jordan_solve(fjac.elements, p, memory, fjac.pattern);
 }
 
-/// x += p, [Press1992] (9.6.7). Throws runtime_failure 6 and leaves x unchanged if a sum is not finite.
+/// x += p, [Press1992] eq. 9.6.7. Throws runtime_failure 6 and leaves x unchanged if a sum is not finite.
 void move(std::span<double> x, std::span<const double> p, std::span<double> moved)
 {
     std::ranges::transform(x, p, moved.begin(), std::plus<>());
@@ -63,7 +63,7 @@ void add_gradient(const matrix& fjac, std::span<const double> fvec, std::span<do
     }
 }
 
-/// Gradient of half the sum of squares: the transposed Jacobian times the residuals, as in [Press1992] (9.7.5).
+/// Gradient of half the sum of squares: the transposed Jacobian times the residuals, as in [Press1992] eq. 9.7.5.
 void gradient(const jacobian_workspace& fjac, std::span<const double> fvec, std::span<double> g)
 {
     std::ranges::fill(g, 0.0);

@@ -9,7 +9,7 @@ namespace kelvarin
 class user_interface;
 
 /// Removes the margins of a layout inside another one and returns it.
-template <class Layout> Layout* inner(Layout* layout)
+template <class Layout> Layout* without_margins(Layout* layout)
 {
     layout->setContentsMargins(0, 0, 0, 0);
     return layout;

@@ -26,7 +26,7 @@ namespace
 {
 
 /// Reserves the space of a hidden control, so that nothing moves when it is shown.
-void keep_place(QWidget& control)
+void retain_size_when_hidden(QWidget& control)
 {
     QSizePolicy policy = control.sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -56,7 +56,7 @@ void frmAnt::build_ui()
 QLayout* frmAnt::build_choices()
 {
     const int unit = line_unit(*this);
-    auto* grid = inner(new QGridLayout);
+    auto* grid = without_margins(new QGridLayout);
     grid->setHorizontalSpacing(unit);
     grid->setVerticalSpacing(unit / 2);
     optLog_ = add_choices(*grid, tr("Logarithm"), "optLog", antoine_log_items);
@@ -102,10 +102,10 @@ QWidget* frmAnt::build_frame()
     lblUnits_ = named(new QLabel(frameconstants_), "lblUnits");
     QLayout* fields = build_fields();
     lblNote_ = named(new QLabel(to_qstring(antoine_sign_note), frameconstants_), "lblNote");
-    keep_place(*lblNote_);
+    retain_size_when_hidden(*lblNote_);
     lblNote_->setWordWrap(true);
     const int unit = line_unit(*this);
-    auto* head = inner(new QHBoxLayout);
+    auto* head = without_margins(new QHBoxLayout);
     head->addWidget(lblEquation_);
     head->addStretch();
     head->addWidget(lblUnits_);
@@ -122,7 +122,7 @@ QLayout* frmAnt::build_fields()
     static constexpr std::array names = {"txtA", "txtB", "txtC"};
     // C has no mnemonic: Alt+C closes the window.
     const std::array captions = {tr("&A"), tr("&B"), tr("C")};
-    auto* row = inner(new QHBoxLayout);
+    auto* row = without_margins(new QHBoxLayout);
     row->setSpacing(line_unit(*this) / 2);
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         auto* caption = new QLabel(captions[i], frameconstants_);
@@ -141,9 +141,9 @@ QLayout* frmAnt::build_entry()
     cmdABC_->setToolTip(tr("Enter constants that belong to the choices above"));
     cmdok_ = named(new QPushButton(tr("&OK"), this), "cmdok");
     cmdCancelABC_ = named(new QPushButton(tr("Cancel"), this), "cmdCancelABC");
-    keep_place(*cmdok_);
-    keep_place(*cmdCancelABC_);
-    auto* row = inner(new QHBoxLayout);
+    retain_size_when_hidden(*cmdok_);
+    retain_size_when_hidden(*cmdCancelABC_);
+    auto* row = without_margins(new QHBoxLayout);
     row->setSpacing(line_unit(*this) / 2);
     row->addWidget(cmdABC_);
     row->addStretch();
@@ -173,16 +173,16 @@ QLayout* frmAnt::build_pressure()
     caption->setBuddy(txtT_);
 
     const int unit = line_unit(*this);
-    auto* line = inner(new QHBoxLayout);
+    auto* line = without_margins(new QHBoxLayout);
     line->setSpacing(unit / 2);
     line->addWidget(LblDisplayed_);
     line->addWidget(cmdCopy_);
-    auto* check = inner(new QHBoxLayout);
+    auto* check = without_margins(new QHBoxLayout);
     check->setSpacing(unit / 2);
     check->addWidget(caption);
     check->addWidget(txtT_);
     check->addWidget(lblPressure_, 1);
-    auto* rows = inner(new QVBoxLayout);
+    auto* rows = without_margins(new QVBoxLayout);
     rows->setSpacing(unit / 2);
     rows->addLayout(line);
     rows->addLayout(check);
@@ -193,7 +193,7 @@ QLayout* frmAnt::build_buttons()
 {
     cmdHelp_ = named(new QPushButton(tr("&Help"), this), "cmdHelp");
     cmdClose_ = named(new QPushButton(tr("&Close"), this), "cmdClose");
-    auto* row = inner(new QHBoxLayout);
+    auto* row = without_margins(new QHBoxLayout);
     row->setSpacing(line_unit(*this) / 2);
     row->addStretch();
     row->addWidget(cmdHelp_);

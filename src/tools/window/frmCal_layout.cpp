@@ -91,11 +91,11 @@ QWidget* frmCal::build_variables()
     cmdDeleteVar_ = named(new QPushButton(tr("Delete"), panel), "cmdDeleteVar");
     cmdDeleteVar_->setToolTip(tr("Remove the selected variable"));
 
-    auto* head = inner(new QHBoxLayout);
+    auto* head = without_margins(new QHBoxLayout);
     head->addWidget(caption);
     head->addStretch();
     head->addWidget(lblNum_vars_);
-    auto* column = inner(new QVBoxLayout(panel));
+    auto* column = without_margins(new QVBoxLayout(panel));
     column->setSpacing(line_unit(*this) / 4);
     column->addLayout(head);
     column->addWidget(lstVars_);
@@ -116,7 +116,7 @@ QLayout* frmCal::build_entry()
     lblCheck_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lblCheck_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 
-    auto* column = inner(new QVBoxLayout);
+    auto* column = without_margins(new QVBoxLayout);
     column->setSpacing(line_unit(*this) / 4);
     column->addWidget(txtExpression_);
     column->addWidget(lblCheck_);
@@ -144,11 +144,11 @@ QLayout* frmCal::build_answer()
     cmbformat_->setToolTip(
         tr("How answers are shown: 0 is a digit, # one that may be missing. Empty shows all digits."));
 
-    auto* answer_row = inner(new QHBoxLayout);
+    auto* answer_row = without_margins(new QHBoxLayout);
     answer_row->setSpacing(line_unit(*this) / 4);
     answer_row->addWidget(txtAnswer_);
     answer_row->addWidget(cmdCopyAnswer_);
-    auto* form = inner(new QFormLayout);
+    auto* form = without_margins(new QFormLayout);
     form->setSpacing(line_unit(*this) / 2);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     auto* caption = new QLabel(tr("&Answer"), this);
@@ -168,17 +168,17 @@ QLayout* frmCal::build_buttons()
     cmdExit_ = named(new QPushButton(tr("E&xit"), this), "cmdExit");
 
     const int unit = line_unit(*this);
-    auto* solving = inner(new QHBoxLayout);
+    auto* solving = without_margins(new QHBoxLayout);
     solving->setSpacing(unit / 2);
     solving->addWidget(cmdCalculate_, 1);
     solving->addWidget(cmdCleanExpr_);
-    auto* rest = inner(new QHBoxLayout);
+    auto* rest = without_margins(new QHBoxLayout);
     rest->setSpacing(unit);
     rest->addWidget(chkMore_);
     rest->addWidget(chkOnTop_);
     rest->addStretch();
     rest->addWidget(cmdExit_);
-    auto* rows = inner(new QVBoxLayout);
+    auto* rows = without_margins(new QVBoxLayout);
     rows->setSpacing(unit / 2);
     rows->addLayout(solving);
     rows->addLayout(rest);
@@ -205,7 +205,7 @@ QWidget* frmCal::build_functions_page()
     // As high as the other pages; the rest is scrolled.
     lstFuncs_->setMinimumHeight(unit * 6);
     lstFuncs_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    auto* column = inner(new QVBoxLayout(page));
+    auto* column = without_margins(new QVBoxLayout(page));
     column->addWidget(lstFuncs_);
     return page;
 }
@@ -223,12 +223,12 @@ QWidget* frmCal::build_history_page()
     chkWordWrap_->setChecked(true);
     cmdFont_ = named(new QPushButton(tr("Change Font..."), page), "cmdFont");
 
-    auto* copying = inner(new QHBoxLayout);
+    auto* copying = without_margins(new QHBoxLayout);
     copying->addWidget(cmdCopy_);
     copying->addWidget(cmdCopyAll_);
     copying->addWidget(cmdClearHistory_);
     copying->addStretch();
-    auto* looking = inner(new QHBoxLayout);
+    auto* looking = without_margins(new QHBoxLayout);
     looking->addWidget(cmdFont_);
     looking->addSpacing(line_unit(*this) / 2);
     looking->addWidget(chkWordWrap_);

@@ -55,12 +55,12 @@ void frmConstant::build_ui()
     auto* chkOnTop = new on_top_check(this);
 
     const int unit = line_unit(*this);
-    auto* form = inner(new QFormLayout);
+    auto* form = without_margins(new QFormLayout);
     form->setSpacing(unit / 2);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->addRow(tr("&Search"), txtSearch_);
     form->addRow(tr("&Type"), cmbConstType_);
-    auto* buttons = inner(new QHBoxLayout);
+    auto* buttons = without_margins(new QHBoxLayout);
     buttons->setSpacing(unit / 2);
     buttons->addWidget(cmdCopy_);
     buttons->addWidget(cmdCopyValue_);

@@ -72,7 +72,7 @@ QLayout* frmUni::build_choice()
     txtSearch_ = named(new unit_search(this), "txtSearch");
     txtSearch_->setPlaceholderText(tr("A unit, its type or words about it"));
     cmbTypeOfUnits_ = unit_box(this, "cmbTypeOfUnits");
-    auto* form = inner(new QFormLayout);
+    auto* form = without_margins(new QFormLayout);
     form->setSpacing(line_unit(*this) / 2);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->addRow(tr("&Search"), txtSearch_);
@@ -98,7 +98,7 @@ QLayout* frmUni::build_units()
         note->setFixedHeight(note->fontMetrics().lineSpacing() * lines_of_note);
     }
     const int unit = line_unit(*this);
-    auto* grid = inner(new QGridLayout);
+    auto* grid = without_margins(new QGridLayout);
     grid->setHorizontalSpacing(unit / 2);
     grid->setVerticalSpacing(unit / 4);
     grid->addWidget(caption_of(cmbUnitBefore_, tr("&From")), 0, 0);
@@ -126,7 +126,7 @@ QLayout* frmUni::build_number()
     for (QLineEdit* field : {txtNumToConvert_, txtResult_})
         field->setFont(fixed_font(*this));
     const int unit = line_unit(*this);
-    auto* grid = inner(new QGridLayout);
+    auto* grid = without_margins(new QGridLayout);
     grid->setSpacing(unit / 2);
     grid->addWidget(caption_of(txtNumToConvert_, tr("&Number")), 0, 0);
     grid->addWidget(txtNumToConvert_, 0, 1);
@@ -159,13 +159,13 @@ QLayout* frmUni::build_results()
     cmdClear_->setToolTip(tr("Forget the results"));
 
     const int unit = line_unit(*this);
-    auto* buttons = inner(new QHBoxLayout);
+    auto* buttons = without_margins(new QHBoxLayout);
     buttons->setSpacing(unit / 2);
     buttons->addWidget(cmdCopy_);
     buttons->addWidget(cmdCopyAll_);
     buttons->addWidget(cmdClear_);
     buttons->addStretch();
-    auto* column = inner(new QVBoxLayout);
+    auto* column = without_margins(new QVBoxLayout);
     column->setSpacing(unit / 4);
     // No wider than its caption: a click beside it has no effect.
     column->addWidget(chkHistory_, 0, Qt::AlignLeft);
@@ -179,7 +179,7 @@ QLayout* frmUni::build_foot()
 {
     lblAntoine_ = named(new link_text(tr("Antoine equation units converter ..."), this), "lblAntoine");
     chkOnTop_ = new on_top_check(this);
-    auto* row = inner(new QHBoxLayout);
+    auto* row = without_margins(new QHBoxLayout);
     row->addWidget(lblAntoine_);
     row->addStretch();
     row->addWidget(chkOnTop_);

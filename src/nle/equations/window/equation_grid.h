@@ -24,7 +24,7 @@ struct equation_grid_words
 {
     /// Heads of the columns of equations, values and comments; a column of values with an empty head is hidden.
     QStringList heads;
-    /// How the rows mark what is implicit.
+    /// The form of the implicit rows.
     row_form form;
     /// The captions of the menu items that add a row: an implicit one, and an explicit one.
     QString new_implicit;

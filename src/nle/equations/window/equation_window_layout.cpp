@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where everything of the window stands.
+// The layout of the windows of equations.
 
 #include "desktop/controls.h"
 #include "desktop/icons.h"
@@ -102,7 +102,7 @@ QBoxLayout* equation_window::build_button_row(const equation_window_parts& parts
         row->addWidget(button);
     row->addSpacing(line_unit(*this));
     row->addWidget(build_run_place(), 1);
-    // All of one height, which is that of the tallest.
+    // All buttons get the height of the tallest one.
     for (QPushButton* button : {cmdNewImplicit_, cmdNewEquation_, cmdEdit_, cmdRemove_, cmdRun_})
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     light_ = new traffic_light(this);
