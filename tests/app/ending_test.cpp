@@ -3,11 +3,8 @@
 
 #include <QPointer>
 
-namespace
+namespace kelvarin::test
 {
-
-using namespace kelvarin;
-using namespace kelvarin::test;
 
 TEST(Ending, WritesTheStateThenThePlaceThenAllSettings)
 {
@@ -26,12 +23,13 @@ TEST(Ending, WritesTheStateThenThePlaceThenAllSettings)
     EXPECT_EQ(desk.registry.read("Software\\WinKlvn\\settings\\newt_MAXITS", "value"), "150");
 }
 
-TEST(Ending, AMaximisedWindowKeepsItsLastPlace)
+TEST(Ending, AMaximisedWindowKeepsItsLastPlaceAndTheBarItsSetting)
 {
     main_desk desk;
     desk.window->showMaximized();
     settle();
     const auto width = desk.registry.read(registry_root, "Window Width");
+    ASSERT_EQ(desk.store.set_value("general_show_status_bar", "False"), std::nullopt);
     desk.registry.take_written();
     desk.run(window_command::exit);
     EXPECT_EQ(desk.registry.take_written()[1], "Software\\WinKlvn\\settings\\general_show_status_bar");
@@ -40,6 +38,7 @@ TEST(Ending, AMaximisedWindowKeepsItsLastPlace)
 
     desk.start();
     EXPECT_TRUE(desk.window->isMaximized());
+    EXPECT_FALSE(desk.person().is_shown("StbMDI"));
 }
 
 TEST(Ending, FirstStartTakesMostOfTheScreenAndWritesItAtOnce)
@@ -127,28 +126,4 @@ TEST(Ending, AnImpossibleStateEndsTheProgramWithoutQuestionsAndKeepsTheWork)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(desk.folder / "recovery"), {}), 2);
 }
 
-TEST(Ending, SettingsComeBackAtTheNextStart)
-{
-    scratch_folder folder;
-    const auto file = folder / "registry.txt";
-    const fixed_clock clock;
-    scripted_user user;
-    recovery_store recovery(folder / "recovery");
-    {
-        file_registry registry(file);
-        settings store(registry);
-        frmMDIKelvarin window({store, registry, clock, user, recovery});
-        window.show();
-        ASSERT_EQ(store.set_value("newt_MAXITS", "99"), std::nullopt);
-        ASSERT_EQ(store.set_value("general_show_status_bar", "False"), std::nullopt);
-        window.close();
-    }
-    file_registry registry(file);
-    settings store(registry);
-    frmMDIKelvarin window({store, registry, clock, user, recovery});
-    window.show();
-    EXPECT_EQ(store.value("newt_MAXITS"), "99");
-    EXPECT_FALSE(robot(window).is_shown("StbMDI"));
-}
-
-} // namespace
+} // namespace kelvarin::test

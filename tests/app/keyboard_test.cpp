@@ -5,13 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
-
-namespace
+namespace kelvarin::test
 {
-
-using namespace kelvarin;
-using namespace kelvarin::test;
 
 TEST(Keyboard, MakesOneMoreWindowOfTheKindInFront)
 {
@@ -80,4 +75,4 @@ TEST(Keyboard, ClosesAToolWhichComesBackInItsSize)
     EXPECT_EQ(top_window("frmCal").size(), larger);
 }
 
-} // namespace
+} // namespace kelvarin::test

@@ -118,20 +118,6 @@ TEST(KindsOfWindows, WriteTheirFilesAndTheOlderOnesAfterAQuestion)
     }
 }
 
-TEST(KindsOfWindows, ComeBackAfterACrash)
-{
-    for (const kind_words& kind : all_words) {
-        SCOPED_TRACE(kind.key);
-        kind_desk desk(kind);
-        recovery_entry left;
-        left.content = desk.window.document().recovery_text();
-        problem_window& recovered = desk.make(kind.key);
-        ASSERT_TRUE(recovered.recover(1, left));
-        EXPECT_EQ(recovered.document().recovery_text(), left.content);
-        EXPECT_FALSE(recovered.document().problem_saved());
-    }
-}
-
 TEST(KindsOfWindows, PassFilesOfOtherKindsOn)
 {
     kind_desk desk(all_words[0]);

@@ -17,11 +17,8 @@
 #include <set>
 #include <string>
 
-namespace
+namespace kelvarin::test
 {
-
-using namespace kelvarin;
-using namespace kelvarin::test;
 
 TEST(Kinds, EachHasItsWindowsAndItsAnswererUnlessItsRowSaysWhyNot)
 {
@@ -86,4 +83,4 @@ TEST(Kinds, MethodsAreThoseOfTheCommandLineAndReadSettingsThatExist)
     }
 }
 
-} // namespace
+} // namespace kelvarin::test

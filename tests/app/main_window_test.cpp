@@ -4,23 +4,20 @@
 #include "app/frmAbout.h"
 #include "app/frmStartup.h"
 #include "app/window_tiles.h"
+#include "support/table.h"
 #include "support/window_walk.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <set>
 
-namespace
+namespace kelvarin::test
 {
-
-using namespace kelvarin;
-using namespace kelvarin::test;
 
 TEST(MainWindow, EachPressOfTheToolbarMakesOneMoreWindowUpToTen)
 {
@@ -69,18 +66,13 @@ TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
 TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
 {
     main_desk desk;
-    struct row
-    {
-        window_command which;
-        const char* text;
-    };
-    for (const row& each :
-         {row{window_command::new_deq, "Differential equations are not yet solved by this version."},
-          row{window_command::new_reg, "Data tables are not yet solved by this version."},
-          row{window_command::new_opt, "Optimization problems are not yet solved by this version."}}) {
-        SCOPED_TRACE(each.text);
-        desk.user.expect_box(each.text);
-        desk.run(each.which);
+    for (const auto& [which, text] : table<window_command, const char*>{
+             {window_command::new_deq, "Differential equations are not yet solved by this version."},
+             {window_command::new_reg, "Data tables are not yet solved by this version."},
+             {window_command::new_opt, "Optimization problems are not yet solved by this version."}}) {
+        SCOPED_TRACE(text);
+        desk.user.expect_box(text);
+        desk.run(which);
         EXPECT_TRUE(desk.user.is_done());
         EXPECT_EQ(desk.user.boxes().back().icon, box_icon::exclamation);
     }
@@ -208,15 +200,12 @@ TEST(MainWindow, ProgressIsAPartOfTheWay)
 {
     main_desk desk;
     const auto& progress = desk.person().find<QProgressBar>("prgMain");
-    struct row
-    {
-        double x, start, end, part;
-    };
-    for (const row& each : {row{3.0, 1.0, 5.0, 0.5}, row{9.0, 1.0, 5.0, 1.0}, row{0.0, 1.0, 5.0, 0.0},
-                            row{2.0, 4.0, 0.0, 0.5}, row{1.0, 1.0, 1.0, 0.0}}) {
-        SCOPED_TRACE(each.x);
-        desk.window->set_progress(each.x, each.start, each.end);
-        EXPECT_EQ(progress.value(), static_cast<int>(each.part * progress.maximum()));
+    const table<double, double, double, double> cases = {
+        {3.0, 1.0, 5.0, 0.5}, {9.0, 1.0, 5.0, 1.0}, {0.0, 1.0, 5.0, 0.0}, {2.0, 4.0, 0.0, 0.5}, {1.0, 1.0, 1.0, 0.0}};
+    for (const auto& [x, start, end, part] : cases) {
+        SCOPED_TRACE(x);
+        desk.window->set_progress(x, start, end);
+        EXPECT_EQ(progress.value(), static_cast<int>(part * progress.maximum()));
     }
 }
 
@@ -238,28 +227,24 @@ TEST(MainWindow, TheStatusBarFollowsItsSettingAtOnce)
 TEST(MainWindow, EachToolIsOneWindowBesideTheMainOne)
 {
     main_desk desk;
-    struct row
-    {
-        window_command which;
-        /// The toolbar's button, if there is one.
-        const char* key;
-        const char* window;
-    };
-    for (const row& each :
-         {row{window_command::calculator, "calculate", "frmCal"}, row{window_command::units, "units", "frmUni"},
-          row{window_command::constants, "const", "frmConstant"}, row{window_command::antoine, "", "frmAnt"},
-          row{window_command::setup, "setup", "frmInitials"}}) {
-        SCOPED_TRACE(each.window);
-        desk.run(each.which);
-        QWidget& tool = top_window(each.window);
+    // With the toolbar's button, if there is one.
+    for (const auto& [which, key, window] :
+         table<window_command, const char*, const char*>{{window_command::calculator, "calculate", "frmCal"},
+                                                         {window_command::units, "units", "frmUni"},
+                                                         {window_command::constants, "const", "frmConstant"},
+                                                         {window_command::antoine, "", "frmAnt"},
+                                                         {window_command::setup, "setup", "frmInitials"}}) {
+        SCOPED_TRACE(window);
+        desk.run(which);
+        QWidget& tool = top_window(window);
         EXPECT_TRUE(tool.isActiveWindow());
         tool.showMinimized();
         desk.window->activateWindow();
-        if (*each.key)
-            desk.press_toolbar(each.key);
+        if (*key)
+            desk.press_toolbar(key);
         else
-            desk.run(each.which);
-        EXPECT_EQ(&top_window(each.window), &tool);
+            desk.run(which);
+        EXPECT_EQ(&top_window(window), &tool);
         EXPECT_FALSE(tool.isMinimized());
     }
     EXPECT_TRUE(desk.children().empty());
@@ -435,4 +420,4 @@ TEST(Splash, ClosesByItsTimerOrAClickOnThePicture)
     EXPECT_TRUE(wait_until([&] { return !splash; }));
 }
 
-} // namespace
+} // namespace kelvarin::test

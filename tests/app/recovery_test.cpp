@@ -3,8 +3,6 @@
 
 #include "app/frmRecovery.h"
 
-#include <QLabel>
-
 #include <csignal>
 #include <cstdlib>
 #include <sys/wait.h>

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/start_request.h"
 
-#include "support/scratch_folder.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace
 {
@@ -15,13 +14,8 @@ using namespace kelvarin;
 
 TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
 {
-    struct row
-    {
-        std::vector<std::string> arguments;
-        start_request expected;
-    };
-    const std::vector<row> rows{
-        {{}, {}},
+    const test::table<std::vector<std::string>, start_request> rows = {
+        {std::vector<std::string>(), {}},
         {{"calc"}, {.tool = window_command::calculator, .documents = {}}},
         {{"units"}, {.tool = window_command::units, .documents = {}}},
         {{"const"}, {.tool = window_command::constants, .documents = {}}},
@@ -33,21 +27,16 @@ TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
         {{"\"half.kvr"}, {.tool = {}, .documents = {"\"half.kvr"}}},
         {{"", "\"\"", "\""}, {.tool = {}, .documents = {"\""}}},
     };
-    for (const row& each : rows) {
-        SCOPED_TRACE(testing::PrintToString(each.arguments));
-        EXPECT_EQ(read_arguments(each.arguments), each.expected);
+    for (const auto& [arguments, expected] : rows) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        EXPECT_EQ(read_arguments(arguments), expected);
     }
 }
 
 TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)
 {
-    struct row
-    {
-        screen_variables variables;
-        bool expected;
-    };
-    const std::vector<row> rows{
-        {{}, false},
+    const test::table<screen_variables, bool> rows = {
+        {screen_variables(), false},
         {{.platform = {}, .display = ":0", .wayland_display = {}}, true},
         {{.platform = {}, .display = {}, .wayland_display = "wayland-0"}, true},
         {{.platform = "offscreen", .display = {}, .wayland_display = {}}, true},
@@ -55,9 +44,9 @@ TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)
         {{.platform = "xcb", .display = {}, .wayland_display = {}}, false},
         {{.platform = "wayland;xcb", .display = {}, .wayland_display = {}}, false},
     };
-    for (const row& each : rows) {
-        SCOPED_TRACE(each.variables.platform.value_or("no platform"));
-        EXPECT_EQ(has_screen(each.variables), each.expected);
+    for (const auto& [variables, expected] : rows) {
+        SCOPED_TRACE(variables.platform.value_or("no platform"));
+        EXPECT_EQ(has_screen(variables), expected);
     }
 }
 

@@ -9,9 +9,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 using namespace std::chrono_literals;
@@ -84,5 +82,4 @@ TEST(InterruptWatch, ASignalThatIsIgnoredStaysIgnored)
     sigaction(SIGINT, &before, nullptr);
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

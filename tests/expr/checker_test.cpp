@@ -111,34 +111,15 @@ TEST(Checker, RefusesEachFaultInItsOwnWordsAndInOrder)
 
 TEST(Checker, AcceptsWhatOnlyTheBuilderOrTheEvaluatorMayRefuse)
 {
-    const std::vector<std::string> accepted = {"1e-3",
-                                               "2.E+5",
-                                               ".5e-2",
-                                               "1d3",
-                                               "e-3",
-                                               "xe-3",
-                                               "k2e - 3",
-                                               "a*(-b)",
-                                               "x^(-2)",
-                                               "-x",
-                                               "+x",
-                                               "a >",
-                                               "a == b",
-                                               "if a then if b then c else d else e",
-                                               "IF a THEN b ELSE c",
-                                               "1 = = 2",
-                                               "1 OR 0",
-                                               "(1+)",
-                                               "(1) (2)",
-                                               "2*if a>b then a else b",
-                                               "inf + nan",
-                                               "if (a>0)then(1)else(2)",
-                                               "1e-400",
-                                               "(or)",
-                                               "sin(1) (2)",
-                                               "IF a THEN (IF b THEN c ELSE d) ELSE e"};
-    for (const std::string& text : accepted)
-        EXPECT_TRUE(check_expression(text).ok) << text << ": " << check_expression(text).message;
+    const std::vector<std::string> accepted = {
+        "1e-3", "2.E+5",  ".5e-2",   "1d3",    "e-3",  "xe-3",    "k2e - 3",   "a*(-b)", "x^(-2)", "-x",        "+x",
+        "a >",  "a == b", "1 = = 2", "1 OR 0", "(1+)", "(1) (2)", "inf + nan", "1e-400", "(or)",   "sin(1) (2)"};
+    const std::vector<std::string> conditionals = {"if a then if b then c else d else e", "IF a THEN b ELSE c",
+                                                   "2*if a>b then a else b", "if (a>0)then(1)else(2)",
+                                                   "IF a THEN (IF b THEN c ELSE d) ELSE e"};
+    for (const auto& texts : {accepted, conditionals})
+        for (const std::string& text : texts)
+            EXPECT_TRUE(check_expression(text).ok) << text << ": " << check_expression(text).message;
 }
 
 TEST(Checker, WithAStoreNamesTheFirstUndefinedVariableAlsoInBranchesThatNeverRun)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "expr/compiled_system.h"
 #include "expr/point_sweep.h"
+#include "support/table.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
@@ -42,29 +42,22 @@ std::unique_ptr<compiled_system> system_of(const std::vector<std::string>& input
 
 TEST(CompiledSystem, FindsTheFirstRefusalOfTheListThatIsCompiledFirst)
 {
-    struct refusal
-    {
-        std::string definition, output;
-        bool outputs_first, is_output;
-        std::string message;
-        bool fatal;
-    };
-    const refusal refusals[] = {
+    const test::table<std::string, std::string, bool, bool, std::string, bool> refusals = {
         {"a + zz", "3*(", false, false, "Syntax Error: variable name not defined 'zz'", false},
         {"a + zz", "b + yy", true, true, "Syntax Error: variable name not defined 'yy'", false},
         {"", "b", false, false, "Syntax Error: No expression entered.", false},
         {"a >", "b", true, false, "Expression Parsing Error: Subscript out of range", false},
         {"(1) (2)", "b", false, false, "Internal error found ! Please contact KELVARIN support personal.", true},
     };
-    for (const refusal& r : refusals) {
-        SCOPED_TRACE(r.definition);
-        const compilation made = compiled({"a"}, {"b=2*a", "c=" + r.definition}, {"c", r.output}, r.outputs_first);
+    for (const auto& [definition, output, outputs_first, is_output, message, fatal] : refusals) {
+        SCOPED_TRACE(definition);
+        const compilation made = compiled({"a"}, {"b=2*a", "c=" + definition}, {"c", output}, outputs_first);
         const auto* refused = std::get_if<refused_expression>(&made);
         ASSERT_NE(refused, nullptr);
-        EXPECT_EQ(refused->is_output, r.is_output);
+        EXPECT_EQ(refused->is_output, is_output);
         EXPECT_EQ(refused->number, 2);
-        EXPECT_EQ(refused->message, r.message);
-        EXPECT_EQ(refused->fatal, r.fatal);
+        EXPECT_EQ(refused->message, message);
+        EXPECT_EQ(refused->fatal, fatal);
     }
 }
 

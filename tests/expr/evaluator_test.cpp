@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "expr/basParse.h"
 #include "support/calculator_lines.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -18,45 +19,27 @@ using test::solve_text;
 
 TEST(Evaluator, FollowsPrioritiesFromTheLeft)
 {
-    const std::vector<std::pair<std::string, double>> cases = {{"2^3^2", 64},
-                                                               {"-2^2", -4},
-                                                               {"2*(-3)", -6},
-                                                               {"-(2+3)", -5},
-                                                               {"1-2-3", -4},
-                                                               {"12/3/2", 2},
-                                                               {"-2+3", 1},
-                                                               {"-2*3", -6},
-                                                               {"0^0", 1},
-                                                               {"(-2)^3", -8},
-                                                               {"1>0 or 0", 1},
-                                                               {"2 and 0 or 3", 1},
-                                                               {"(3>2)*5", 5},
-                                                               {"1<2<3", 1},
-                                                               {"3>2>1", 0},
-                                                               {"1+2>2 and 4<>5", 1},
-                                                               {"1 = = 1", 1},
-                                                               {"3=>3", 1},
-                                                               {"3=<2", 0},
-                                                               {"3><3", 0},
-                                                               {"(((7)))", 7},
-                                                               {"1+if 1 then 2 else 3", 3},
-                                                               {"2*if 1 then 3 else 4 + 1", 7},
-                                                               {"if 1 then 2 else 3 + 10", 2},
-                                                               {"if 0 then 1 else if 0 then 2 else 3", 3},
-                                                               {"if 1 then if 0 then 5 else 6 else 7", 6},
-                                                               {"IF 0 THEN 1 ELSE 2", 2},
-                                                               {"2*(if 2>1 then 4 else 5)", 8},
-                                                               {"1e-400", 0},
-                                                               {"10^(-400)", 0},
-                                                               {"1e-200*1e-200", 0},
-                                                               {"exp(-1000)", 0},
-                                                               {"if 1/(-1e308)/1e308 then 1 else 2", 2},
-                                                               {"tanh(1e-17)", 0}};
-    for (const auto& [text, value] : cases) {
-        const solved_expression solved = solve_text(text);
-        EXPECT_TRUE(solved.ok) << text << ": " << solved.message;
-        EXPECT_EQ(solved.value, value) << text;
-    }
+    const test::table<std::string, double> operators = {
+        {"2^3^2", 64},         {"-2^2", -4},        {"2*(-3)", -6},   {"-(2+3)", -5},       {"1-2-3", -4},
+        {"12/3/2", 2},         {"-2+3", 1},         {"-2*3", -6},     {"0^0", 1},           {"(-2)^3", -8},
+        {"1>0 or 0", 1},       {"2 and 0 or 3", 1}, {"(3>2)*5", 5},   {"1<2<3", 1},         {"3>2>1", 0},
+        {"1+2>2 and 4<>5", 1}, {"1 = = 1", 1},      {"3=>3", 1},      {"3=<2", 0},          {"3><3", 0},
+        {"(((7)))", 7},        {"1e-400", 0},       {"10^(-400)", 0}, {"1e-200*1e-200", 0}, {"exp(-1000)", 0},
+        {"tanh(1e-17)", 0}};
+    const test::table<std::string, double> conditionals = {{"1+if 1 then 2 else 3", 3},
+                                                           {"2*if 1 then 3 else 4 + 1", 7},
+                                                           {"if 1 then 2 else 3 + 10", 2},
+                                                           {"if 0 then 1 else if 0 then 2 else 3", 3},
+                                                           {"if 1 then if 0 then 5 else 6 else 7", 6},
+                                                           {"IF 0 THEN 1 ELSE 2", 2},
+                                                           {"2*(if 2>1 then 4 else 5)", 8},
+                                                           {"if 1/(-1e308)/1e308 then 1 else 2", 2}};
+    for (const auto& cases : {operators, conditionals})
+        for (const auto& [text, value] : cases) {
+            const solved_expression solved = solve_text(text);
+            EXPECT_TRUE(solved.ok) << text << ": " << solved.message;
+            EXPECT_EQ(solved.value, value) << text;
+        }
 }
 
 /// Values to 15 digits from tables ([AbramowitzStegun1972], NIST's digital library) unless they are exact.
@@ -89,53 +72,39 @@ TEST(Functions, KeepTheirDeliberateOddities)
     EXPECT_NEAR(solve_text("arcsec(2)").value, 0.857071947850131, 1e-14);
 }
 
-struct failing_text
-{
-    std::string text;
-    std::string message;
-};
-
 TEST(Evaluator, TellsEachFailureLetterForLetter)
 {
-    const std::vector<failing_text> cases = {
-        {"1/0", "Error: Zero denominator not allowed.\r1 / 0"},
-        {"(2+3)/(1-1)", "Error: Zero denominator not allowed.\r(2 + 3) / (1 - 1)"},
-        {"1/exp(-1000)", "Error: Zero denominator not allowed.\r1 / exp(-1000)"},
-        {"(-8)^(1/3)", "Error: Fractional exponent with negative mantissa not allowed.\r-8 ^ (1 / 3)"},
-        {"0^(-1)", "Error: Negative exponent with zero mantissa not allowed. \r0 ^ -1"},
-        {"ln(0)", "Error: ln() of negative number not allowed.\rln(0)"},
-        {"ln(0-1)", "Error: ln() of negative number not allowed.\rln((0 - 1))"},
-        {"log(-1e-7)", "Error: log() of negative number not allowed.\rlog(-1E-07)"},
-        {"sqr(-1)", "Error: sqr() of negative number not allowed.\rsqr(-1)"},
-        {"sqrt(if 1 => 0 then -4 else 2)",
-         "Error: sqrt() of negative number not allowed.\rsqrt(if ((1 => 0)) then (-4) else (2))"},
-        {"sec(0)/sin(0)", "Error: Zero denominator not allowed.\rsec(0) / sin(0)"},
-        {"1>0 or 1/0", "Error: Zero denominator not allowed.\r1 / 0"},
-        {"ln(1/0)", "Error: Zero denominator not allowed.\r1 / 0"},
-        {"(1/0)^(-1)", "Error: Zero denominator not allowed.\r1 / 0"},
-        {"ln(-1) + 1/0", "Error: ln() of negative number not allowed.\rln(-1)"},
-        {"exp(1000)", "Error 6: Overflow"},
-        {"1e200*1e200/1e200", "Error 6: Overflow"},
-        {"1e308+1e308-1e308", "Error 6: Overflow"},
-        {"0-1e308-1e308", "Error 6: Overflow"},
-        {"1e308/1e-5", "Error 6: Overflow"},
-        {"(-1e200)^2", "Error 6: Overflow"},
-        {"rand(1e39)", "Error 6: Overflow"},
-        {"(or)", "Expression Parsing Error: Subscript out of range"},
-        {"(1+)", "Expression Parsing Error: Subscript out of range"},
-        {"+1", "Expression Parsing Error: Subscript out of range"},
-        {"1 >", "Expression Parsing Error: Subscript out of range"},
-        {"1 or +2", "Expression Parsing Error: Subscript out of range"},
-        {"(if 1 then 2 else)", "Expression Parsing Error: Subscript out of range"},
-        {"(OR)", "Error: Variable OR is empty"},
+    using texts = std::vector<std::string>;
+    const std::string zero = "Error: Zero denominator not allowed.\r";
+    const std::string subscript = "Expression Parsing Error: Subscript out of range";
+    const test::table<std::string, texts> cases = {
+        {zero + "1 / 0", {"1/0", "1>0 or 1/0", "ln(1/0)", "(1/0)^(-1)"}},
+        {zero + "(2 + 3) / (1 - 1)", {"(2+3)/(1-1)"}},
+        {zero + "1 / exp(-1000)", {"1/exp(-1000)"}},
+        {zero + "sec(0) / sin(0)", {"sec(0)/sin(0)"}},
+        {"Error: Fractional exponent with negative mantissa not allowed.\r-8 ^ (1 / 3)", {"(-8)^(1/3)"}},
+        {"Error: Negative exponent with zero mantissa not allowed. \r0 ^ -1", {"0^(-1)"}},
+        {"Error: ln() of negative number not allowed.\rln(0)", {"ln(0)"}},
+        {"Error: ln() of negative number not allowed.\rln((0 - 1))", {"ln(0-1)"}},
+        {"Error: ln() of negative number not allowed.\rln(-1)", {"ln(-1) + 1/0"}},
+        {"Error: log() of negative number not allowed.\rlog(-1E-07)", {"log(-1e-7)"}},
+        {"Error: sqr() of negative number not allowed.\rsqr(-1)", {"sqr(-1)"}},
+        {"Error: sqrt() of negative number not allowed.\rsqrt(if ((1 => 0)) then (-4) else (2))",
+         {"sqrt(if 1 => 0 then -4 else 2)"}},
+        {"Error 6: Overflow",
+         {"exp(1000)", "1e200*1e200/1e200", "1e308+1e308-1e308", "0-1e308-1e308", "1e308/1e-5", "(-1e200)^2",
+          "rand(1e39)"}},
+        {subscript, {"(or)", "(1+)", "+1", "1 >", "1 or +2", "(if 1 then 2 else)"}},
+        {"Error: Variable OR is empty", {"(OR)"}},
     };
-    for (const failing_text& row : cases) {
-        SCOPED_TRACE(row.text);
-        const solved_expression solved = solve_text(row.text);
-        EXPECT_FALSE(solved.ok);
-        EXPECT_FALSE(solved.fatal);
-        EXPECT_EQ(solved.message, row.message);
-    }
+    for (const auto& [message, refused] : cases)
+        for (const std::string& text : refused) {
+            SCOPED_TRACE(text);
+            const solved_expression solved = solve_text(text);
+            EXPECT_FALSE(solved.ok);
+            EXPECT_FALSE(solved.fatal);
+            EXPECT_EQ(solved.message, message);
+        }
 }
 
 TEST(Functions, FailAtRunTimeWithTheNumberOfTheFirstFault)

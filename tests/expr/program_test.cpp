@@ -6,7 +6,6 @@
 #include <rapidcheck/gtest.h>
 
 #include <bit>
-#include <cmath>
 #include <deque>
 
 namespace kelvarin

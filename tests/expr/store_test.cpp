@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 using names = std::vector<std::string>;
@@ -68,5 +66,4 @@ TEST(Store, SolvesATextInOneGo)
     EXPECT_EQ(store.Solve_expression("x+1", context).value, 7.0);
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/axis_limits.h"
 #include "support/graphs.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -19,14 +20,7 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 /// Worked out by hand: d = (max - min) / ticks, step = 10 ^ Int(log10 d).
 TEST(AxisLimits, AreRoundedOutwardToAStep)
 {
-    struct row
-    {
-        const char* why;
-        axis_range data;
-        int ticks;
-        axis_range expected;
-    };
-    const std::vector<row> rows = {
+    const test::table<const char*, axis_range, int, axis_range> rows = {
         {"d 0.958, step 0.1", {0.12, 9.7}, 10, {0.1, 9.7}},
         {"d 1, step 1: no step is added to a whole multiple", {0, 10}, 10, {0, 10}},
         {"less than 1e-8 of a step above a multiple", {0, 10.000000005}, 10, {0, 10}},
@@ -40,11 +34,11 @@ TEST(AxisLimits, AreRoundedOutwardToAStep)
         {"d 1e299", {-5e299, 5e299}, 10, {-5e299, 5e299}},
         {"d 3e-301, step 1e-301", {1e-300, 4e-300}, 10, {1e-300, 4e-300}},
     };
-    for (const row& each : rows) {
-        const std::optional<axis_range> rounded = rounded_range(each.data, each.ticks);
-        ASSERT_TRUE(rounded) << each.why;
-        EXPECT_DOUBLE_EQ(rounded->min, each.expected.min) << each.why;
-        EXPECT_DOUBLE_EQ(rounded->max, each.expected.max) << each.why;
+    for (const auto& [why, data, ticks, expected] : rows) {
+        const std::optional<axis_range> rounded = rounded_range(data, ticks);
+        ASSERT_TRUE(rounded) << why;
+        EXPECT_DOUBLE_EQ(rounded->min, expected.min) << why;
+        EXPECT_DOUBLE_EQ(rounded->max, expected.max) << why;
     }
     for (const axis_range refused : {axis_range{1, 1}, {-1.7e308, 1.7e308}, {0, 5e-324}, {0, infinite}})
         EXPECT_FALSE(rounded_range(refused, 10)) << refused.min << " to " << refused.max;

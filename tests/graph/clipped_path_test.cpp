@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "graph/clipped_path.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -18,26 +19,18 @@ constexpr drawn_box box = {10, 20, 100, 50};
 
 TEST(ClippedLine, IsCutAtTheBorder)
 {
-    struct row
-    {
-        drawn_point from;
-        drawn_point to;
-        drawn_point cut_from;
-        drawn_point cut_to;
-    };
-    for (const row& each : std::vector<row>{{{20, 30}, {90, 60}, {20, 30}, {90, 60}},
-                                            {{0, 45}, {200, 45}, {10, 45}, {110, 45}},
-                                            {{60, -30}, {60, 1e150}, {60, 20}, {60, 70}},
-                                            {{1e100, 1e100}, {40, 40}, {70, 70}, {40, 40}},
-                                            {{0, 10}, {60, 70}, {10, 20}, {60, 70}},
-                                            {{110, 70}, {500, 500}, {110, 70}, {110, 70}},
-                                            {{60, 45}, {60, 45}, {60, 45}, {60, 45}}}) {
-        const auto line = clipped_line(each.from, each.to, box);
+    const test::table<drawn_point, drawn_point, drawn_point, drawn_point> cases = {
+        {{20, 30}, {90, 60}, {20, 30}, {90, 60}},     {{0, 45}, {200, 45}, {10, 45}, {110, 45}},
+        {{60, -30}, {60, 1e150}, {60, 20}, {60, 70}}, {{1e100, 1e100}, {40, 40}, {70, 70}, {40, 40}},
+        {{0, 10}, {60, 70}, {10, 20}, {60, 70}},      {{110, 70}, {500, 500}, {110, 70}, {110, 70}},
+        {{60, 45}, {60, 45}, {60, 45}, {60, 45}}};
+    for (const auto& [from, to, cut_from, cut_to] : cases) {
+        const auto line = clipped_line(from, to, box);
         ASSERT_TRUE(line);
-        EXPECT_NEAR(line->first.x, each.cut_from.x, 1e-8);
-        EXPECT_NEAR(line->first.y, each.cut_from.y, 1e-8);
-        EXPECT_NEAR(line->second.x, each.cut_to.x, 1e-8);
-        EXPECT_NEAR(line->second.y, each.cut_to.y, 1e-8);
+        EXPECT_NEAR(line->first.x, cut_from.x, 1e-8);
+        EXPECT_NEAR(line->first.y, cut_from.y, 1e-8);
+        EXPECT_NEAR(line->second.x, cut_to.x, 1e-8);
+        EXPECT_NEAR(line->second.y, cut_to.y, 1e-8);
     }
     EXPECT_FALSE(clipped_line({0, 0}, {200, 0}, box));
     EXPECT_FALSE(clipped_line({0, 60}, {20, 200}, box));

@@ -3,10 +3,10 @@
 #include "graph/graph_functions.h"
 #include "graph/graph_start.h"
 #include "support/graphs.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 namespace kelvarin
@@ -68,21 +68,13 @@ TEST(GraphFunctions, HaveFortyOnePointsAndGapsWhereTheyFail)
 TEST(DerivedCurve, NamesAndExpressionsAreChecked)
 {
     graph_content graph = graph_of({{0, 1}, {2, 3}});
-    struct row
-    {
-        const char* name;
-        const char* text;
-        const char* refusal;
+    const test::table<const char*, const char*, const char*> cases = {
+        {"1a", "a", "'1a' is not a valid variable name"},  {"sin", "a", "'sin' is not a valid variable name"},
+        {"", "a", "'' is not a valid variable name"},      {"a", "a", "'a' is not a unique variable name"},
+        {" x ", "a", "'x' is not a unique variable name"}, {"z", "a*b+q", "'b' is not a known scatter curve name"},
     };
-    for (const row& each : std::vector<row>{
-             {"1a", "a", "'1a' is not a valid variable name"},
-             {"sin", "a", "'sin' is not a valid variable name"},
-             {"", "a", "'' is not a valid variable name"},
-             {"a", "a", "'a' is not a unique variable name"},
-             {" x ", "a", "'x' is not a unique variable name"},
-             {"z", "a*b+q", "'b' is not a known scatter curve name"},
-         }) {
-        EXPECT_EQ(text_of(add_derived_curve(graph, each.name, each.text)), each.refusal);
+    for (const auto& [name, text, refusal] : cases) {
+        EXPECT_EQ(text_of(add_derived_curve(graph, name, text)), refusal);
         EXPECT_EQ(graph.curve_count(), 1U);
     }
     EXPECT_EQ(text_of(add_derived_curve(graph, "z", "a*10+x")), "");

@@ -10,7 +10,6 @@
 
 #include <cmath>
 #include <limits>
-#include <map>
 
 namespace kelvarin
 {
@@ -34,11 +33,6 @@ template <class Shape> std::vector<Shape> shapes_of(const graph_drawing& drawn, 
     std::vector<Shape> shapes = shapes_of<Shape>(drawn);
     std::erase_if(shapes, [role](const Shape& shape) { return shape.part.role != role; });
     return shapes;
-}
-
-drawn_part part_of(const drawn_shape& shape)
-{
-    return std::visit([](const auto& each) { return each.part; }, shape);
 }
 
 /// x from 0 to 2 in steps of 0.05 with a decay and an oscillation, a name for everything.
@@ -138,35 +132,6 @@ TEST(GraphDrawing, LooksAsItWasSeen)
                             drawing_svg(draw_graph(each.graph, each.page).picture));
 }
 
-TEST(GraphDrawing, PaintsInItsOrder)
-{
-    const graph_drawing drawn = draw_graph(everything());
-    drawn_role last = drawn_role::page;
-    for (const drawn_shape& shape : drawn.picture.shapes) {
-        const drawn_role role = part_of(shape).role;
-        // Within the axes, and within the legend, the order is free.
-        const auto step = [](drawn_role each) {
-            if (each >= drawn_role::legend) return drawn_role::legend;
-            if (each >= drawn_role::grid_line && each <= drawn_role::y_label) return drawn_role::axis;
-            return each >= drawn_role::title && each <= drawn_role::y_title ? drawn_role::title : each;
-        };
-        EXPECT_GE(step(role), step(last));
-        last = role;
-    }
-    EXPECT_EQ(last, drawn_role::legend_text);
-}
-
-TEST(GraphDrawing, ACurveOfNPointsIsOnePathOfNPoints)
-{
-    const std::vector<drawn_path> curves =
-        shapes_of<drawn_path>(draw_graph(decay_and_oscillation()), drawn_role::curve);
-    ASSERT_EQ(curves.size(), 2U);
-    for (const drawn_path& curve : curves) {
-        EXPECT_EQ(curve.points.size(), 41U);
-        EXPECT_EQ(curve.starts, std::vector<std::size_t>{0});
-    }
-}
-
 TEST(GraphDrawing, PointsLandInProportion)
 {
     graph_content graph = graph_of({{0, 5, 10}, {0, 20, 40}});
@@ -180,18 +145,6 @@ TEST(GraphDrawing, PointsLandInProportion)
     EXPECT_DOUBLE_EQ(plot.left, 43.0);
     EXPECT_DOUBLE_EQ(plot.width, 560.0 - 43.0 - 23.0);
     EXPECT_DOUBLE_EQ(plot.top, 12.0);
-}
-
-TEST(GraphDrawing, AGapBreaksTheLine)
-{
-    const graph_content graph = graph_of({{0, 1, 2, 3, 4, 5}, {0, 1, gap, 3, 4, 5}});
-    const drawn_path curve = shapes_of<drawn_path>(draw_graph(graph), drawn_role::curve).front();
-    EXPECT_EQ(curve.points.size(), 5U);
-    EXPECT_EQ(curve.starts, (std::vector<std::size_t>{0, 2}));
-    graph_content pole = graph_of({{-1, 1}, {-10, 10}});
-    pole.functions = {{"1/x", true}};
-    const drawn_path function = shapes_of<drawn_path>(draw_graph(pole), drawn_role::function).front();
-    EXPECT_EQ(function.starts.size(), 2U);
 }
 
 /// Wild graphs on all sizes of pages: nothing is drawn where it does not belong.

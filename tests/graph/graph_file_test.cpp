@@ -4,6 +4,7 @@
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 #include "support/graphs.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -85,27 +86,22 @@ TEST(GraphFile, IsWrittenLineByLine)
 
 TEST(GraphFile, IsRefusedWholeWhereItIsDamaged)
 {
-    struct row
-    {
-        std::size_t line;
-        const char* text;
-    };
-    for (const row& each : std::vector<row>{{1, "KVRGRF/V400//"},
-                                            {1, "XYKVRGRF/V500//"},
-                                            {3, "0"},
-                                            {3, "-1"},
-                                            {3, "four"},
-                                            {3, "32768"},
-                                            {3, "4"},
-                                            {4, "-1"},
-                                            {4, "3"},
-                                            {4, "32767"},
-                                            {5, "-1"},
-                                            {5, "2"},
-                                            {49, "0.1,0.2"},
-                                            {51, "t,h1"},
-                                            {52, "True"}})
-        EXPECT_FALSE(read_graph(with_line(each.line, each.text))) << each.line << ": " << each.text;
+    for (const auto& [line, text] : test::table<std::size_t, const char*>{{1, "KVRGRF/V400//"},
+                                                                          {1, "XYKVRGRF/V500//"},
+                                                                          {3, "0"},
+                                                                          {3, "-1"},
+                                                                          {3, "four"},
+                                                                          {3, "32768"},
+                                                                          {3, "4"},
+                                                                          {4, "-1"},
+                                                                          {4, "3"},
+                                                                          {4, "32767"},
+                                                                          {5, "-1"},
+                                                                          {5, "2"},
+                                                                          {49, "0.1,0.2"},
+                                                                          {51, "t,h1"},
+                                                                          {52, "True"}})
+        EXPECT_FALSE(read_graph(with_line(line, text))) << line << ": " << text;
     for (std::size_t kept = 0; kept < hand_written.size(); ++kept)
         EXPECT_FALSE(read_graph(joined({hand_written.begin(), hand_written.begin() + static_cast<long>(kept)})))
             << kept;

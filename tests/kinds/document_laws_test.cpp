@@ -15,13 +15,10 @@
 #include <utility>
 #include <vector>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::change_at_random;
-using test::put_example;
 
 /// Some steps: operations of the kind, titles, examples, and now and then one step back.
 template <class Document> void take_steps(Document& document)
@@ -31,7 +28,7 @@ template <class Document> void take_steps(Document& document)
         if (choice == 0)
             put_example(document);
         else if (choice == 1)
-            document.set_title(test::any_text());
+            document.set_title(any_text());
         else if (choice == 2)
             document.undo();
         else
@@ -58,7 +55,7 @@ protected:
         return document;
     }
 
-    const test::scratch_folder folder_;
+    const scratch_folder folder_;
 };
 
 using kinds = testing::Types<nle_problem, leq_problem>;
@@ -283,4 +280,4 @@ TYPED_TEST(document_laws, RecoveryRefusesWhatItDidNotWrite)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

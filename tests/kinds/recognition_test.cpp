@@ -2,69 +2,39 @@
 #include "shell/document/recognition.h"
 
 #include "kinds/kinds.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace kelvarin
 {
 
 TEST(Recognition, DecidesByExtensionAndSecondLine)
 {
-    struct row
-    {
-        const char* path;
-        const char* text;
-        const char* expected;
+    const test::table<const char*, const char*, std::vector<std::string>> files = {
+        {"graph", "a.kvg", {"KVRGRF/V500//\r\nx\r\ny\r\n", "1aFKVRGRF/V500//"}},
+        {"graph", "a.KVG", {"96KVRGRF/V500//\r\n"}},
+        {"unknown", "a.kvg", {"KVRGRF/V400//\r\nx\r\n", "KVRGRF/V500// \r\nx\r\n", "zKVRGRF/V500//\r\nx\r\n", ""}},
+        {"report", "a.RTF", {""}},
+        {"text", "a.txt", {"t\nf(x) = x\nx(0)=1\n"}},
+        {"nle", "dir.txt/a", {"t\nf(x) = x\nx(0)=1\n", "t\nf(x)\nx\n"}},
+        {"nle", "a.kvr", {"t |KVRVER05_0\r\nf(x) = x-1 #\r\nx(0)=1\r\n", "t\na = 1 #\nb = 2 #\n", "t\n = \nx\n"}},
+        // A saved problem of one explicit equation has two lines.
+        {"nle", "a.kvr", {"t |KVRVER05_0\r\na = 2*3 #\r\n", "t\nf(x) = x"}},
+        {"deq", "a.kvr", {"t\nd(y)/d(x) = y #\nx\n", "t\nd(y)\nx\n"}},
+        {"leq", "a.kvr", {"t\n 2 \nx\n", "t\n1d1\nx\n", "t\r\r\n2\r\r\n1\t2\t\r\r\n"}},
+        {"reg", "a.kvr", {"t\n10 9 \nA\tB\n", "t\n10 9\nA\n", "t\n10x 9y\nA\n"}},
+        {"unknown", "a.kvr", {"t\n0 9\nA\n", "t\n10 x\nA\n", "t\n1e999 5\nA\n", "t\nx^2+y^2\nA\n", "t\n2a = 1\n"}},
+        {"unknown", "a.kvr", {"t\nf(x)\n", "t\nd(y)/d(x) = y\n", "t\n2\n", "t\n3 4\n", "f(x) = 1\n", ""}},
+        {"unknown", "a.kvr", {"KVRGRF/V500//\r\nx\r\ny\r\n"}},
+        {"unknown", "", {""}},
     };
-    for (const row& each : {row{"a.kvg", "KVRGRF/V500//\r\nx\r\ny\r\n", "graph"},
-                            {"a.KVG", "96KVRGRF/V500//\r\n", "graph"},
-                            {"a.kvg", "1aFKVRGRF/V500//", "graph"},
-                            {"a.kvg", "KVRGRF/V400//\r\nx\r\ny\r\n", "unknown"},
-                            {"a.kvg", "KVRGRF/V500// \r\nx\r\ny\r\n", "unknown"},
-                            {"a.kvg", "zKVRGRF/V500//\r\nx\r\ny\r\n", "unknown"},
-                            {"a.kvg", "", "unknown"},
-                            {"a.kvr", "KVRGRF/V500//\r\nx\r\ny\r\n", "unknown"},
-                            {"a.RTF", "", "report"},
-                            {"a.txt", "t\nf(x) = x\nx(0)=1\n", "text"},
-                            {"dir.txt/a", "t\nf(x) = x\nx(0)=1\n", "nle"},
-                            {"a.kvr", "t |KVRVER05_0\r\nf(x) = x-1 #\r\nx(0)=1\r\n", "nle"},
-                            {"a", "t\nf(x)\nx\n", "nle"},
-                            {"a.kvr", "t\na = 1 #\nb = 2 #\n", "nle"},
-                            {"a.kvr", "t\n = \nx\n", "nle"},
-                            {"a.kvr", "t\nd(y)/d(x) = y #\nx\n", "deq"},
-                            {"a.kvr", "t\nd(y)\nx\n", "deq"},
-                            {"a.kvr", "t\n 2 \nx\n", "leq"},
-                            {"a.kvr", "t\n1d1\nx\n", "leq"},
-                            {"a.kvr", "t\r\r\n2\r\r\n1\t2\t\r\r\n", "leq"},
-                            {"a.kvr", "t\n10 9 \nA\tB\n", "reg"},
-                            {"a.kvr", "t\n10 9\nA\n", "reg"},
-                            {"a.kvr", "t\n0 9\nA\n", "unknown"},
-                            {"a.kvr", "t\n10 x\nA\n", "unknown"},
-                            {"a.kvr", "t\n10x 9y\nA\n", "reg"},
-                            {"a.kvr", "t\n1e999 5\nA\n", "unknown"},
-                            {"a.kvr", "t\nx^2+y^2\nA\n", "unknown"},
-                            // A saved problem of one explicit equation has two lines.
-                            {"a.kvr", "t |KVRVER05_0\r\na = 2*3 #\r\n", "nle"},
-                            {"a.kvr", "t\nf(x) = x", "nle"},
-                            {"a.kvr", "t\n2a = 1\n", "unknown"},
-                            {"a.kvr", "t\nf(x)\n", "unknown"},
-                            {"a.kvr", "t\nd(y)/d(x) = y\n", "unknown"},
-                            {"a.kvr", "t\n2\n", "unknown"},
-                            {"a.kvr", "t\n3 4\n", "unknown"},
-                            {"a.kvr", "f(x) = 1\n", "unknown"},
-                            {"a.kvr", "", "unknown"},
-                            {"", "", "unknown"}}) {
-        SCOPED_TRACE(std::string(each.path) + ": " + each.text);
-        EXPECT_EQ(recognise_document(each.path, each.text, problem_kinds()).key(), each.expected);
-    }
-}
-
-TEST(Recognition, NamesTheFileItDoesNotKnow)
-{
-    EXPECT_EQ(unknown_format_text("/home/me/a.kvr"),
-              "The file format of /home/me/a.kvr does not match any of the Kelvarin input files format.");
+    for (const auto& [kind, path, texts] : files)
+        for (const std::string& text : texts)
+            EXPECT_EQ(recognise_document(path, text, problem_kinds()).key(), kind) << path << ": " << text;
 }
 
 } // namespace kelvarin

@@ -2,6 +2,7 @@
 #include "leq/leq_problem.h"
 #include "leq/leq_recovery.h"
 #include "support/leq_problems.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -47,13 +48,7 @@ TEST(LeqProblem, AnotherNumberOfEquationsKeepsWhatFitsAndMovesBeta)
 TEST(LeqProblem, RenamingHasItsRefusals)
 {
     leq_problem problem = problem_of(equations({{"1", "2", "3"}, {"4", "5", "6"}}));
-    struct row
-    {
-        int column;
-        std::string name;
-        std::string box;
-    };
-    const std::vector<row> cases = {
+    const test::table<int, std::string, std::string> cases = {
         {0, " u_1 ", ""},
         {0, "u_1", ""},
         {1, "u_1", "u_1 is already defined for different column."},
@@ -63,9 +58,9 @@ TEST(LeqProblem, RenamingHasItsRefusals)
         {1, "", " is not a valid variable name."},
         {1, "U_1", ""},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        EXPECT_EQ(text_of(problem.rename_variable(given.column, given.name)), given.box);
+    for (const auto& [column, name, box] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(text_of(problem.rename_variable(column, name)), box);
     }
     EXPECT_EQ(problem.content().names, (std::vector<std::string>{"u_1", "U_1"}));
 }
@@ -77,20 +72,6 @@ TEST(LeqProblem, FillsEmptyCellsAndOnlyThose)
     EXPECT_EQ(problem.content().cells, equations({{"1", "0", "abc"}, {"0", "5", "0"}}).cells);
     problem.fill_empty_cells_with_zeros();
     EXPECT_EQ(problem.undo_step(), "Fill with zeros");
-}
-
-TEST(LeqProblem, CutPasteAndClearActOnTheSelection)
-{
-    leq_problem problem = problem_of(equations({{"1", "2", "3"}, {"4", "5", "6"}}));
-    EXPECT_EQ(problem.copy({0, 1, 2, 2}), "2\t3\n5\t6");
-    EXPECT_EQ(problem.cut({0, 0, 2, 1}), "1\n4");
-    EXPECT_EQ(problem.content().cells, equations({{"", "2", "3"}, {"", "5", "6"}}).cells);
-    EXPECT_EQ(text_of(problem.paste({1, 1, 1, 1}, read_block("7\t8\t9"))),
-              "1 pasted cell lies outside the grid and was left out: '9'.");
-    EXPECT_EQ(problem.content().cells, equations({{"", "2", "3"}, {"", "7", "8"}}).cells);
-    problem.clear_cells({0, 0, 2, 3});
-    EXPECT_EQ(problem.undo_step(), "Clear");
-    EXPECT_TRUE(problem.is_blank());
 }
 
 TEST(LeqProblem, ReadsTheRecoveryTextOfAnEarlierVersionWithAllItsCells)

@@ -2,6 +2,7 @@
 #include "leq/leq_run.h"
 #include "support/digits.h"
 #include "support/leq_problems.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -115,24 +116,18 @@ TEST(LeqRun, KeepsTheDigitsThatHilbertsMatrixLeaves)
 
 TEST(LeqRun, WarnsOfMatricesWhoseSolutionMeansNothing)
 {
-    struct row
-    {
-        std::string name;
-        leq_content content;
-        bool trustworthy;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, leq_content, bool> cases = {
         // Singular in exact arithmetic; elimination leaves a pivot of rounding errors.
         {"1 to 9", equations({{"1", "2", "3", "1"}, {"4", "5", "6", "2"}, {"7", "8", "9", "4"}}), false},
         {"rows that differ in the 14th digit", equations({{"1", "1", "2"}, {"1", "1.00000000000001", "2"}}), false},
         {"rows that differ in the 10th digit", equations({{"1", "1", "2"}, {"1", "1.0000000001", "2"}}), true},
         {"a diagonal of very different size", equations({{"1", "0", "1"}, {"0", "1e-13", "1"}}), false},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        const leq_outcome outcome = run_leq(given.content);
+    for (const auto& [name, content, trustworthy] : cases) {
+        SCOPED_TRACE(name);
+        const leq_outcome outcome = run_leq(content);
         ASSERT_TRUE(outcome.has_report) << box_of(outcome);
-        EXPECT_EQ(outcome.trustworthy(), given.trustworthy) << outcome.reciprocal_condition;
+        EXPECT_EQ(outcome.trustworthy(), trustworthy) << outcome.reciprocal_condition;
     }
 }
 

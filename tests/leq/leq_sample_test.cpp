@@ -9,9 +9,7 @@
 #include <set>
 #include <string>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 // The largest coefficient of a row is at most 25 + 5, and exceeds the sum of the others by 1 at least. Scaled by
@@ -35,5 +33,4 @@ TEST(LeqSample, IsWellConditionedWithAWholeSolutionAndAnotherEachTime)
     EXPECT_EQ(seen.size(), 200u);
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -27,24 +27,17 @@ settings distinct_settings()
 TEST(NleOptions, EachComesFromItsOwnSetting)
 {
     const settings store = distinct_settings();
+    using values = std::vector<double>;
     const mnewt_options fast = mnewt_options_from(store);
-    EXPECT_EQ(fast.tolx, 0.001);
-    EXPECT_EQ(fast.tolf, 0.002);
-    EXPECT_EQ(fast.ntrial, 11);
+    EXPECT_EQ((values{fast.tolx, fast.tolf}), (values{0.001, 0.002}));
     const newt_options safe = newt_options_from(store);
-    EXPECT_EQ(safe.TOLF, 0.003);
-    EXPECT_EQ(safe.TOLMIN, 0.004);
-    EXPECT_EQ(safe.TOLX, 0.005);
-    EXPECT_EQ(safe.MAXITS, 12);
+    EXPECT_EQ((values{safe.TOLF, safe.TOLMIN, safe.TOLX}), (values{0.003, 0.004, 0.005}));
     const broydn_options broyden = broydn_options_from(store);
-    EXPECT_EQ(broyden.EPS, 0.006);
-    EXPECT_EQ(broyden.TOLF, 0.007);
-    EXPECT_EQ(broyden.TOLX, 0.008);
-    EXPECT_EQ(broyden.TOLMIN, 0.009);
-    EXPECT_EQ(broyden.MAXITS, 13);
+    EXPECT_EQ((values{broyden.EPS, broyden.TOLF, broyden.TOLX, broyden.TOLMIN}), (values{0.006, 0.007, 0.008, 0.009}));
     const cnle_options constrained = cnle_options_from(store);
     EXPECT_EQ(constrained.tol, 0.01);
-    EXPECT_EQ(constrained.maxiter, 14);
+    const std::vector counts = {fast.ntrial, safe.MAXITS, broyden.MAXITS, constrained.maxiter};
+    EXPECT_EQ(counts, (std::vector{11, 12, 13, 14}));
 }
 
 TEST(NleOptions, ASavedTextThatIsNoNumberStillLeavesOneTrial)

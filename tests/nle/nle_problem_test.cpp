@@ -2,16 +2,14 @@
 #include "nle/nle_problem.h"
 #include "support/equation_rows.h"
 #include "support/scratch_folder.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::explicit_row;
-using test::implicit_row;
 
 /// The text of a box, or nothing where there was none.
 std::string text_of(const nle_problem::refusal& refused)
@@ -35,13 +33,7 @@ constexpr const char* bad_format =
 TEST(NleProblem, DialogChecksComeInOrderWithTheirTexts)
 {
     const nle_problem problem = problem_of({implicit_row("x", "x - 1"), explicit_row("a", "2")});
-    struct implicit_check
-    {
-        const char *name, *expression, *guess;
-        int row;
-        std::string text;
-    };
-    const implicit_check implicit_checks[] = {
+    const table<const char*, const char*, const char*, int, std::string> implicit_checks = {
         {"y", "y - 1", "1", 0, ""},
         {"2y", "y y", "z", 0, "Syntax Error: missing operator between variables; y y"},
         {"2y", "y", "z", 0, "Please enter a valid numeric value for initial guess."},
@@ -49,9 +41,9 @@ TEST(NleProblem, DialogChecksComeInOrderWithTheirTexts)
         {"x", "x", "1", 0, "The variable 'x' has already been defined."},
         {"x", "x", "1", 1, ""},
     };
-    for (const implicit_check& c : implicit_checks) {
-        SCOPED_TRACE(std::string(c.name) + " / " + c.expression + " / " + c.guess);
-        EXPECT_EQ(text_of(problem.check_implicit(c.name, c.expression, c.guess, c.row)), c.text);
+    for (const auto& [name, expression, guess, row, text] : implicit_checks) {
+        SCOPED_TRACE(std::string(name) + " / " + expression + " / " + guess);
+        EXPECT_EQ(text_of(problem.check_implicit(name, expression, guess, row)), text);
     }
 
     const std::string circular = "\rThe explicit varible being defined can not appear on the left hand side of the "
@@ -80,6 +72,7 @@ TEST(NleProblem, RefusedEditsLeaveNoStepOfUndo)
     nle_problem problem = problem_of({explicit_row("a", "1"), explicit_row("b", "2")});
     EXPECT_FALSE(problem.move(1, true));
     EXPECT_TRUE(problem.rename_variable("a", "b"));
+    EXPECT_FALSE(problem.rename_variable("nowhere", "y"));
     EXPECT_EQ(problem.undo_step(), "Load example");
     EXPECT_TRUE(problem.move(2, true));
     EXPECT_FALSE(problem.remove(2));
@@ -126,7 +119,7 @@ TEST(NleProblem, BoundsGoWithTheSingleEquationAndMakeOneStep)
     EXPECT_EQ(problem.content().lower_bound, "");
     ASSERT_TRUE(problem.redo());
     EXPECT_EQ(problem.content().upper_bound, "25");
-    const test::scratch_folder folder;
+    const scratch_folder folder;
     ASSERT_FALSE(problem.save("p.kvr"));
     problem.set_bounds("1", "250");
     EXPECT_FALSE(problem.problem_saved());
@@ -138,7 +131,7 @@ TEST(NleProblem, BoundsGoWithTheSingleEquationAndMakeOneStep)
 
 TEST(NleProblem, BoundsTooLargeForAFileAreNotSaved)
 {
-    const test::scratch_folder folder;
+    const scratch_folder folder;
     nle_problem single = problem_of({implicit_row("x", "x")});
     single.set_bounds("1", "1e999");
     EXPECT_EQ(text_of(single.save("p.kvr")), "Error while trying to save file.");
@@ -147,4 +140,4 @@ TEST(NleProblem, BoundsTooLargeForAFileAreNotSaved)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -3,21 +3,16 @@
 #include "support/digits.h"
 #include "support/equation_rows.h"
 #include "support/nle_runs.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::explicit_row;
-using test::implicit_row;
-using test::run_of;
-using test::system_of;
-using test::system_result;
 
 constexpr nle_method all_methods[] = {nle_method::fastnewt, nle_method::safenewt, nle_method::safebroydn,
                                       nle_method::constrained};
@@ -32,13 +27,7 @@ message_box only_box(const nle_outcome& outcome)
 
 TEST(NleSystem, EveryMethodFindsPublishedRoots)
 {
-    struct published
-    {
-        const char* name;
-        std::vector<equation_row> rows;
-        std::vector<double> roots;
-    };
-    const published problems[] = {
+    const table<const char*, std::vector<equation_row>, std::vector<double>> problems = {
         // x = 2, y = 1 by inspection.
         {"circle and hyperbola",
          {implicit_row("x", "x^2 + y^2 - 5", "3"), implicit_row("y", "x*y - 2", "0.5")},
@@ -63,17 +52,17 @@ TEST(NleSystem, EveryMethodFindsPublishedRoots)
           implicit_row("y", "x - a", "1")},
          {4, 2}},
     };
-    for (const published& p : problems) {
+    for (const auto& [name, rows, roots] : problems) {
         for (const nle_method method : all_methods) {
-            SCOPED_TRACE(std::string(p.name) + " by " + std::string(method_text(method)));
-            const nle_outcome outcome = run_of(system_of(p.rows, method));
+            SCOPED_TRACE(std::string(name) + " by " + std::string(method_text(method)));
+            const nle_outcome outcome = run_of(system_of(rows, method));
             ASSERT_TRUE(outcome.has_report);
             EXPECT_TRUE(outcome.boxes.empty());
             EXPECT_TRUE(outcome.converged());
             EXPECT_GE(system_result(outcome).iterations, 1);
-            ASSERT_EQ(system_result(outcome).solution.implicit.size(), p.roots.size());
-            for (std::size_t i = 0; i < p.roots.size(); ++i) {
-                EXPECT_GE(test::digits_shown(system_result(outcome).solution.implicit[i].value, p.roots[i]), 6.0);
+            ASSERT_EQ(system_result(outcome).solution.implicit.size(), roots.size());
+            for (std::size_t i = 0; i < roots.size(); ++i) {
+                EXPECT_GE(digits_shown(system_result(outcome).solution.implicit[i].value, roots[i]), 6.0);
             }
         }
     }
@@ -140,15 +129,7 @@ TEST(NleRun, RefusesBeforeAndWhileItCompiles)
     std::vector<equation_row> many;
     for (int k = 0; k < 201; ++k)
         many.push_back(explicit_row("v" + std::to_string(k), "1"));
-    struct refusal
-    {
-        const char* name;
-        nle_content content;
-        const char* text;
-        box_icon icon;
-        std::optional<text_place> place;
-    };
-    const refusal refusals[] = {
+    const table<const char*, nle_content, const char*, box_icon, std::optional<text_place>> refusals = {
         {"red light", system_of({implicit_row("x", "x"), implicit_row("y", "q")}), "Undefined Variable: q",
          box_icon::critical, text_place{2, 7, 1}},
         {"constrained without unknowns", system_of({explicit_row("a", "1")}, nle_method::constrained),
@@ -173,13 +154,13 @@ TEST(NleRun, RefusesBeforeAndWhileItCompiles)
         {"guess too large", system_of({implicit_row("x", "x", "1e999"), implicit_row("y", "y")}),
          "Internal Error trapped.\r(6) Overflow\r", box_icon::critical, std::nullopt},
     };
-    for (const refusal& r : refusals) {
-        SCOPED_TRACE(r.name);
-        const message_box box = only_box(run_of(r.content));
-        EXPECT_EQ(box.text, r.text);
+    for (const auto& [name, content, text, icon, place] : refusals) {
+        SCOPED_TRACE(name);
+        const message_box box = only_box(run_of(content));
+        EXPECT_EQ(box.text, text);
         EXPECT_EQ(box.title, "Kelvarin Guide");
-        EXPECT_EQ(box.icon, r.icon);
-        EXPECT_EQ(box.place, r.place);
+        EXPECT_EQ(box.icon, icon);
+        EXPECT_EQ(box.place, place);
         EXPECT_FALSE(box.fatal);
     }
     const message_box fatal = only_box(run_of(system_of({explicit_row("a", "(1) (2)")})));
@@ -234,25 +215,6 @@ TEST(NleRun, FailedEvaluationsAndSolversEndInOneBox)
     }
 }
 
-TEST(NleRun, ExplicitRowsAloneAreEvaluatedInSortedOrder)
-{
-    // The roots of x^2 - 3 x + 2 are 2 and 1.
-    const nle_outcome outcome =
-        run_of(system_of({explicit_row("x1", "(-b + sqrt(disc))/(2*a)"), explicit_row("x2", "(-b - sqrt(disc))/(2*a)"),
-                          explicit_row("disc", "b^2 - 4*a*c"), explicit_row("a", "1"), explicit_row("b", "-3"),
-                          explicit_row("c", "2")}));
-    ASSERT_TRUE(outcome.has_report);
-    EXPECT_TRUE(outcome.converged());
-    const std::vector<std::pair<std::string, double>> expected = {{"a", 1},    {"b", -3}, {"c", 2},
-                                                                  {"disc", 1}, {"x1", 2}, {"x2", 1}};
-    const auto& values = std::get<nle_explicit_result>(outcome.result).values;
-    ASSERT_EQ(values.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(values[i].name, expected[i].first);
-        EXPECT_EQ(values[i].value, expected[i].second);
-    }
-}
-
 TEST(NleRun, StopsWhenAskedAndTellsTheTime)
 {
     recording_listener stopped;
@@ -269,4 +231,4 @@ TEST(NleRun, StopsWhenAskedAndTellsTheTime)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -10,13 +10,10 @@
 
 #include <bit>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::explicit_row;
-using test::implicit_row;
 
 /// A sum of terms over `variables`; some of them fail for some values, some take branches.
 std::string any_expression(const std::vector<std::string>& variables)
@@ -119,9 +116,9 @@ TEST(NleSystem, ColumnsDifferencedTogetherHaveTheBitsAndFailuresOfTheLoop)
 TEST(NleSystem, AFailureOfADefinitionThatNobodyUsesIsFound)
 {
     // Moved one by one the two unknowns meet the pole, moved together they do not.
-    const nle_content content = test::system_of({implicit_row("x", "x - 1", "1"), implicit_row("y", "y - 1", "0.99999"),
-                                                 explicit_row("d", "1/(if x - y > 0.000015 then 0 else 1)")});
-    const nle_outcome outcome = test::run_of(content);
+    const nle_content content = system_of({implicit_row("x", "x - 1", "1"), implicit_row("y", "y - 1", "0.99999"),
+                                           explicit_row("d", "1/(if x - y > 0.000015 then 0 else 1)")});
+    const nle_outcome outcome = run_of(content);
     ASSERT_EQ(outcome.boxes.size(), 1U);
     EXPECT_EQ(outcome.boxes.front().text,
               "Error: Zero denominator not allowed.\r1 / if (((x - y) > 1.5E-05)) then (0) else (1)");
@@ -148,10 +145,10 @@ TEST(NleSystem, ATypedProblemIsSolvedWithTheBitsOfTheSameProblemInCode)
         if (i < size) text += " - 2*" + x(i + 1);
         content.rows.push_back(implicit_row(x(i), text + " + 1", "-1"));
     }
-    const nle_outcome outcome = test::run_of(content);
+    const nle_outcome outcome = run_of(content);
     ASSERT_TRUE(outcome.has_report);
-    EXPECT_LT(test::system_result(outcome).residual_sum(), 1e-6);
-    EXPECT_LE(test::system_result(outcome).iterations, 8);
+    EXPECT_LT(system_result(outcome).residual_sum(), 1e-6);
+    EXPECT_LE(system_result(outcome).iterations, 8);
 
     function_system in_code(size, [](std::span<const double> x, std::span<double> f) {
         for (std::size_t i = 0; i < x.size(); ++i)
@@ -160,10 +157,10 @@ TEST(NleSystem, ATypedProblemIsSolvedWithTheBitsOfTheSameProblemInCode)
     std::vector<double> x(size, -1.0);
     std::vector<double> fvec(size);
     const solver_summary solved = newt(in_code, x, fvec, {});
-    EXPECT_EQ(test::system_result(outcome).iterations, solved.iterations);
+    EXPECT_EQ(system_result(outcome).iterations, solved.iterations);
     for (std::size_t i = 0; i < x.size(); ++i) {
-        EXPECT_EQ(test::system_result(outcome).solution.implicit[i].value, x[i]);
-        EXPECT_EQ(test::system_result(outcome).solution.implicit[i].residual, fvec[i]);
+        EXPECT_EQ(system_result(outcome).solution.implicit[i].value, x[i]);
+        EXPECT_EQ(system_result(outcome).solution.implicit[i].residual, fvec[i]);
     }
 }
 
@@ -198,7 +195,7 @@ TEST(NleSystem, AStopIsSeenAmongThePointsOfAScanAndTheColumnsOfAJacobian)
         EXPECT_THROW(system.difference_quotients(x, x, moved, divisors, df, nullptr), run_stopped);
     }
     patient_listener listener(2);
-    nle_system one(test::system_of({implicit_row("x", "x - 1", "1")}), listener);
+    nle_system one(system_of({implicit_row("x", "x - 1", "1")}), listener);
     one.sort();
     ASSERT_FALSE(one.compile_equations());
     const std::vector<double> points(167, 2.0);
@@ -209,7 +206,7 @@ TEST(NleSystem, AStopIsSeenAmongThePointsOfAScanAndTheColumnsOfAJacobian)
 TEST(NleSystem, RandomNumbersAreDrawnInTheOrderOfTheWalk)
 {
     const nle_content content =
-        test::system_of({implicit_row("x", "x - rand(0)", "1"), implicit_row("y", "y - rand(1)", "1")});
+        system_of({implicit_row("x", "x - rand(0)", "1"), implicit_row("y", "y - rand(1)", "1")});
     recording_listener listener;
     nle_system first(content, listener);
     nle_system second(content, listener);
@@ -228,4 +225,4 @@ TEST(NleSystem, RandomNumbersAreDrawnInTheOrderOfTheWalk)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

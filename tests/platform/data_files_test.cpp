@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/data_files.h"
+#include "support/changed_environment.h"
 #include "support/scratch_folder.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <map>
-#include <string>
 
 namespace kelvarin
 {
@@ -15,39 +13,10 @@ namespace
 
 namespace fs = std::filesystem;
 
-/// Environment variables that are back as they were when it goes.
-class changed_environment
-{
-public:
-    explicit changed_environment(const std::map<std::string, std::string>& changes)
-    {
-        for (const auto& [name, value] : changes) {
-            const char* before = std::getenv(name.c_str());
-            before_[name] = before == nullptr ? "" : before;
-            ::setenv(name.c_str(), value.c_str(), 1);
-        }
-    }
-    changed_environment(const changed_environment&) = delete;
-    changed_environment& operator=(const changed_environment&) = delete;
-    ~changed_environment()
-    {
-        for (const auto& [name, value] : before_)
-            value.empty() ? ::unsetenv(name.c_str()) : ::setenv(name.c_str(), value.c_str(), 1);
-    }
-
-private:
-    std::map<std::string, std::string> before_;
-};
-
 TEST(DataFiles, AreLookedForBesideTheProgramThenInShareThenInTheFoldersOfTheUserAndTheSystem)
 {
     const fs::path bin = fs::canonical(KELVARIN_BIN);
-    struct row
-    {
-        std::map<std::string, std::string> environment;
-        std::vector<fs::path> behind;
-    };
-    const std::vector<row> cases = {
+    const test::table<test::changed_environment::variables, std::vector<fs::path>> cases = {
         {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", ""}, {"XDG_DATA_DIRS", ""}},
          {"/home/u/.local/share/kelvarin", "/usr/local/share/kelvarin", "/usr/share/kelvarin"}},
         {{{"XDG_DATA_HOME", "/a"}, {"XDG_DATA_DIRS", "/b::relative:/c"}},
@@ -55,10 +24,10 @@ TEST(DataFiles, AreLookedForBesideTheProgramThenInShareThenInTheFoldersOfTheUser
         {{{"HOME", "/home/u"}, {"XDG_DATA_HOME", "relative"}, {"XDG_DATA_DIRS", "/b"}},
          {"/home/u/.local/share/kelvarin", "/b/kelvarin"}},
     };
-    for (const row& given : cases) {
-        const changed_environment environment(given.environment);
+    for (const auto& [variables, behind] : cases) {
+        const test::changed_environment environment(variables);
         std::vector<fs::path> expected = {bin, bin.parent_path() / "share" / "kelvarin"};
-        expected.insert(expected.end(), given.behind.begin(), given.behind.end());
+        expected.insert(expected.end(), behind.begin(), behind.end());
         EXPECT_EQ(data_folders(), expected);
     }
 }

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/registry_store.h"
 
+#include "support/changed_environment.h"
 #include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <cstdlib>
 #include <map>
 #include <string>
 #include <utility>
@@ -138,27 +137,16 @@ TEST(Registry, FailsToFlushAndKeepsItsValuesWhereItCannotWrite)
 
 TEST(Registry, DefaultFileFollowsTheConfigurationFolder)
 {
-    const auto value_of = [](const char* name) {
-        const char* value = std::getenv(name);
-        return value == nullptr ? std::optional<std::string>() : std::optional<std::string>(value);
+    using value = std::optional<std::string>;
+    using variables = test::changed_environment::variables;
+    const auto file_with = [](const value& config, const value& home) {
+        const test::changed_environment environment(variables{{"XDG_CONFIG_HOME", config}, {"HOME", home}});
+        return default_registry_file();
     };
-    const auto set = [](const char* name, const std::optional<std::string>& value) {
-        return value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
-    };
-    const auto config = value_of("XDG_CONFIG_HOME");
-    const auto home = value_of("HOME");
-    set("HOME", "/home/someone");
-    set("XDG_CONFIG_HOME", "/etc/xdg-of-mine");
-    EXPECT_EQ(default_registry_file(), "/etc/xdg-of-mine/kelvarin/registry.txt");
-    for (const std::optional<std::string>& unusable :
-         {std::optional<std::string>(), std::optional<std::string>(""), std::optional<std::string>("relative")}) {
-        set("XDG_CONFIG_HOME", unusable);
-        EXPECT_EQ(default_registry_file(), "/home/someone/.config/kelvarin/registry.txt");
-    }
-    set("HOME", std::nullopt);
-    EXPECT_TRUE(default_registry_file().is_absolute());
-    set("XDG_CONFIG_HOME", config);
-    set("HOME", home);
+    EXPECT_EQ(file_with("/etc/xdg-of-mine", "/home/someone"), "/etc/xdg-of-mine/kelvarin/registry.txt");
+    for (const value& unusable : {value(), value(""), value("relative")})
+        EXPECT_EQ(file_with(unusable, "/home/someone"), "/home/someone/.config/kelvarin/registry.txt");
+    EXPECT_TRUE(file_with("relative", std::nullopt).is_absolute());
 }
 
 } // namespace kelvarin

@@ -2,12 +2,11 @@
 #include "platform/run_time_numbers.h"
 
 #include "platform/runtime_failure.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
-#include <set>
 #include <string>
 
 namespace kelvarin
@@ -15,23 +14,13 @@ namespace kelvarin
 
 TEST(Rounding, TakesHalvesToTheEvenNeighbour)
 {
-    struct row
-    {
-        double value;
-        double expected;
-    };
-    for (const row& each : {row{2.5, 2.0},
-                            {3.5, 4.0},
-                            {-2.5, -2.0},
-                            {-3.5, -4.0},
-                            {0.5, 0.0},
-                            {1.5, 2.0},
-                            {2.4999999, 2.0},
-                            {0.49999999999999994, 0.0},
-                            {1e300, 1e300},
-                            {-7.0, -7.0}}) {
-        SCOPED_TRACE(each.value);
-        EXPECT_EQ(round_half_even(each.value), each.expected);
+    const test::table<double, double> cases = {
+        {2.5, 2.0},     {3.5, 4.0},  {-2.5, -2.0},     {-3.5, -4.0},
+        {0.5, 0.0},     {1.5, 2.0},  {2.4999999, 2.0}, {0.49999999999999994, 0.0},
+        {1e300, 1e300}, {-7.0, -7.0}};
+    for (const auto& [value, expected] : cases) {
+        SCOPED_TRACE(value);
+        EXPECT_EQ(round_half_even(value), expected);
     }
 }
 
@@ -90,21 +79,16 @@ TEST(RandomGenerator, StaysBelowOneAndSpreadsEvenly)
 
 TEST(RuntimeFailure, TellsNumberDescriptionAndDetail)
 {
-    struct row
-    {
-        int number;
-        const char* expected;
-    };
-    for (const row& each : {row{5, "Invalid procedure call or argument"},
-                            {6, "Overflow"},
-                            {9, "Subscript out of range"},
-                            {11, "Division by zero"},
-                            {13, "Type mismatch"},
-                            {8888, "Numeric failure"},
-                            {7, "Out of memory"},
-                            {10, "Unknown failure"}}) {
-        EXPECT_EQ(runtime_failure_text(each.number), each.expected);
-        EXPECT_EQ(runtime_failure(each.number).what(), std::to_string(each.number) + ": " + each.expected);
+    for (const auto& [number, expected] : test::table<int, const char*>{{5, "Invalid procedure call or argument"},
+                                                                        {6, "Overflow"},
+                                                                        {9, "Subscript out of range"},
+                                                                        {11, "Division by zero"},
+                                                                        {13, "Type mismatch"},
+                                                                        {8888, "Numeric failure"},
+                                                                        {7, "Out of memory"},
+                                                                        {10, "Unknown failure"}}) {
+        EXPECT_EQ(runtime_failure_text(number), expected);
+        EXPECT_EQ(runtime_failure(number).what(), std::to_string(number) + ": " + expected);
     }
     try {
         nrerror("NEWT: MAXITS exceeded in newt");

@@ -3,6 +3,7 @@
 #include "platform/run_time_text.h"
 
 #include "platform/runtime_failure.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -43,93 +44,46 @@ double at_15_digits(double value)
 
 TEST(NumericValue, TakesNumbersAndNothingElse)
 {
-    struct row
-    {
-        const char* text;
-        std::optional<double> expected;
+    constexpr double least = std::numeric_limits<double>::denorm_min();
+    const test::table<const char*, double> numbers = {
+        {"12", 12.0}, {".07", 0.07},  {"5.", 5.0},       {"1e-3", 1e-3}, {"1E5", 1e5}, {"1d3", 1e3},    {"1D-3", 1e-3},
+        {"+1", 1.0},  {"-1.5", -1.5}, {" \t 5 \t", 5.0}, {"1e+05", 1e5}, {"007", 7.0}, {"1e308", 1e308}};
+    // Too small for a double is 0, too large is no number.
+    const test::table<const char*, double> extreme = {
+        {"1e-400", 0.0},
+        {"1e-99999999999999999999", 0.0},
+        {"0e99999999999999999999", 0.0},
+        {"4.9406564584124654e-324", least},
+        {"0.00000000000000000001e320", 1e300},
+        {"100000000000000000000e-330", 1e-310},
     };
-    const double least = std::numeric_limits<double>::denorm_min();
-    for (const row& each : {row{"12", 12.0},
-                            {".07", 0.07},
-                            {"5.", 5.0},
-                            {"1e-3", 1e-3},
-                            {"1E5", 1e5},
-                            {"1d3", 1e3},
-                            {"1D-3", 1e-3},
-                            {"+1", 1.0},
-                            {"-1.5", -1.5},
-                            {" \t 5 \t", 5.0},
-                            {"1e+05", 1e5},
-                            {"007", 7.0},
-                            {"0e99999999999999999999", 0.0},
-                            // Too large for a double is no number, too small is 0.
-                            {"1e308", 1e308},
-                            {"1e309", {}},
-                            {"-1e400", {}},
-                            {"1e99999999999999999999", {}},
-                            {"1e-400", 0.0},
-                            {"1e-99999999999999999999", 0.0},
-                            {"4.9406564584124654e-324", least},
-                            {"1.7976931348623159e308", {}},
-                            {"0.00000000000000000001e320", 1e300},
-                            {"100000000000000000000e-330", 1e-310},
-                            {"100000e304", {}},
-                            {"", {}},
-                            {" ", {}},
-                            {".", {}},
-                            {"-", {}},
-                            {"+-1", {}},
-                            {"1e", {}},
-                            {"1e+", {}},
-                            {"e5", {}},
-                            {".e5", {}},
-                            {"1 2", {}},
-                            {"1.2.3", {}},
-                            {"1,5", {}},
-                            {"1_000", {}},
-                            {"0x10", {}},
-                            {"1f", {}},
-                            {"inf", {}},
-                            {"nan", {}},
-                            {"infinity", {}},
-                            {"-inf", {}},
-                            {"1e5x", {}},
-                            {"1\r", {}},
-                            {"1e5.0", {}},
-                            {"\xC2\xB2", {}}}) {
-        SCOPED_TRACE(each.text);
-        EXPECT_EQ(numeric_value(each.text), each.expected);
-        EXPECT_EQ(is_numeric(each.text), each.expected.has_value());
-    }
+    for (const auto& cases : {numbers, extreme})
+        for (const auto& [text, expected] : cases) {
+            EXPECT_EQ(numeric_value(text), expected) << text;
+            EXPECT_TRUE(is_numeric(text)) << text;
+        }
+    const std::vector<const char*> too_large = {"1e309", "-1e400", "1e99999999999999999999", "1.7976931348623159e308",
+                                                "100000e304"};
+    const std::vector<const char*> no_numbers = {"",    " ",        ".",     "-",    "+-1",   "1e",    "1e+",     "e5",
+                                                 ".e5", "1 2",      "1.2.3", "1,5",  "1_000", "0x10",  "1f",      "inf",
+                                                 "nan", "infinity", "-inf",  "1e5x", "1\r",   "1e5.0", "\xC2\xB2"};
+    for (const auto& texts : {too_large, no_numbers})
+        for (const char* text : texts) {
+            EXPECT_EQ(numeric_value(text), std::nullopt) << text;
+            EXPECT_FALSE(is_numeric(text)) << text;
+        }
 }
 
 TEST(Val, ReadsTheNumberThatATextBeginsWith)
 {
-    struct row
-    {
-        const char* text;
-        double expected;
-    };
-    for (const row& each : {row{"12abc", 12.0},
-                            {"  3 4", 3.0},
-                            {"\t-.5 p", -0.5},
-                            {"1e", 1.0},
-                            {"1e+x", 1.0},
-                            {"1d2ap", 100.0},
-                            {"abc", 0.0},
-                            {"", 0.0},
-                            {".", 0.0},
-                            {"-", 0.0},
-                            {"0x10", 0.0},
-                            {"inf", 0.0},
-                            {"nan", 0.0},
-                            {"1.2.3", 1.2},
-                            {"2,5", 2.0},
-                            {"1e-400", 0.0},
-                            {"9 9e999", 9.0}}) {
-        SCOPED_TRACE(each.text);
-        EXPECT_EQ(val(each.text), each.expected);
-        EXPECT_EQ(prefix_value(each.text), each.expected);
+    const test::table<const char*, double> cases = {
+        {"12abc", 12.0}, {"  3 4", 3.0}, {"\t-.5 p", -0.5}, {"1e", 1.0},     {"1e+x", 1.0},   {"1d2ap", 100.0},
+        {"abc", 0.0},    {"", 0.0},      {".", 0.0},        {"-", 0.0},      {"0x10", 0.0},   {"inf", 0.0},
+        {"nan", 0.0},    {"1.2.3", 1.2}, {"2,5", 2.0},      {"1e-400", 0.0}, {"9 9e999", 9.0}};
+    for (const auto& [text, expected] : cases) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(val(text), expected);
+        EXPECT_EQ(prefix_value(text), expected);
     }
 }
 
@@ -147,42 +101,26 @@ TEST(Val, FailsWithOverflowWhereTheNumberIsTooLarge)
 
 TEST(PlainText, HasFifteenDigitsAndSwitchesToTheExponentForm)
 {
-    struct row
-    {
-        double value;
-        const char* expected;
+    const std::vector<const char*> kept = {"0",         "1",          "-7",         "0.5",    "0.1",       "2.5",
+                                           "0.0001",    "0.00012345", "123456.789", "1E-05",  "9.999E-05", "1E-07",
+                                           "-1.25E-09", "1E+15",      "1.5E+15",    "1E+100", "-1E-300"};
+    for (const char* text : kept)
+        EXPECT_EQ(plain_text(std::strtod(text, nullptr)), text);
+    // Which side of the border is decided after rounding.
+    const test::table<double, const char*> rounded = {
+        {-0.0, "0"},
+        {99999999999999.0, "99999999999999"},
+        {999999999999999.0, "999999999999999"},
+        {1.0 / 3.0, "0.333333333333333"},
+        {2.0 / 3.0, "0.666666666666667"},
+        {0.1 + 0.2, "0.3"},
+        {999999999999999.9, "1E+15"},
+        {0.000099999999999999999, "0.0001"},
+        {1.7976931348623157e308, "1.79769313486232E+308"},
+        {4.9406564584124654e-324, "4.94065645841247E-324"},
     };
-    for (const row& each : {row{0.0, "0"},
-                            {-0.0, "0"},
-                            {1.0, "1"},
-                            {-7.0, "-7"},
-                            {0.5, "0.5"},
-                            {0.1, "0.1"},
-                            {1.0 / 3.0, "0.333333333333333"},
-                            {2.0 / 3.0, "0.666666666666667"},
-                            {1e-4, "0.0001"},
-                            {0.00012345, "0.00012345"},
-                            {1e-5, "1E-05"},
-                            {1e-7, "1E-07"},
-                            {-1.25e-9, "-1.25E-09"},
-                            {99999999999999.0, "99999999999999"},
-                            {999999999999999.0, "999999999999999"},
-                            {1e15, "1E+15"},
-                            {999999999999999.9, "1E+15"},
-                            {1.5e15, "1.5E+15"},
-                            {1e100, "1E+100"},
-                            {-1e-300, "-1E-300"},
-                            {0.1 + 0.2, "0.3"},
-                            {123456.789, "123456.789"},
-                            {2.5, "2.5"},
-                            // Which side of the border is decided after rounding.
-                            {0.000099999999999999999, "0.0001"},
-                            {0.00009999, "9.999E-05"},
-                            {1.7976931348623157e308, "1.79769313486232E+308"},
-                            {4.9406564584124654e-324, "4.94065645841247E-324"}}) {
-        SCOPED_TRACE(each.expected);
-        EXPECT_EQ(plain_text(each.value), each.expected);
-    }
+    for (const auto& [value, expected] : rounded)
+        EXPECT_EQ(plain_text(value), expected);
 }
 
 RC_GTEST_PROP(PlainText, ReadsBackAsTheValueOfItsFifteenDigits, ())
@@ -209,66 +147,34 @@ RC_GTEST_PROP(PlainText, GivesAnyFifteenDigitsBackAsTyped, ())
 
 TEST(FormatMasked, FollowsTheMask)
 {
-    struct row
-    {
-        double value;
-        const char* mask;
-        const char* expected;
+    using texts = std::vector<std::pair<double, const char*>>;
+    const test::table<const char*, texts> masks = {
+        {"0", {{2.5, "3"}, {3.5, "4"}, {-2.5, "-3"}, {0.4, "0"}, {-0.4, "0"}, {0.5, "1"}, {9.5, "10"}}},
+        {"0", {{123456789012345678.0, "123456789012346000"}}},
+        {"0.0", {{0.05, "0.1"}, {-0.05, "-0.1"}, {0.04, "0.0"}, {99.95, "100.0"}}},
+        // The 15 digits count, not the double just below them.
+        {"0.00", {{1.005, "1.01"}, {2.675, "2.68"}, {1e-300, "0.00"}}},
+        {"0.00000000", {{0.1 + 0.2, "0.30000000"}}},
+        {"#.#", {{0.5, ".5"}, {0.0, "."}, {5.0, "5."}, {12.34, "12.3"}}},
+        {"#0.##", {{0.5, "0.5"}, {0.0, "0."}, {1234.5678, "1234.57"}}},
+        {"0.#######", {{5.0, "5."}, {0.001, "0.001"}}},
+        {"00.######", {{12.25, "12.25"}, {12.0, "12."}, {1.5, "01.5"}, {99.9999999, "100."}}},
+        {"0000.####", {{1000.0, "1000."}}},
+        {"0.0000", {{1.5, "1.5000"}}},
+        // Rounding may carry into a further digit: the exponent grows, the digits in front stay one.
+        {"0.0##E+00", {{1234567.0, "1.235E+06"}, {0.0009, "9.0E-04"}, {0.0, "0.0E+00"}, {1e100, "1.0E+100"}}},
+        {"0.0##E+00", {{9.9996, "1.0E+01"}, {9.9994, "9.999E+00"}}},
+        {"0.00E+00", {{-1234.5, "-1.23E+03"}, {1.5e-100, "1.50E-100"}, {0.00099999, "1.00E-03"}}},
+        {"0.00000###E+000", {{1234.5, "1.23450E+003"}}},
+        {"00.0E+00", {{1234.0, "12.3E+02"}, {999.96, "10.0E+02"}}},
+        {"0.00E-00", {{1234.0, "1.23E03"}, {0.001, "1.00E-03"}}},
+        {"#.##E+00", {{0.5, "5.E-01"}}},
+        {"0.000E+00", {{1.7976931348623157e308, "1.798E+308"}}},
+        {"0.0E+00", {{4.9406564584124654e-324, "4.9E-324"}}},
     };
-    for (const row& each :
-         {row{2.5, "0", "3"},
-          {3.5, "0", "4"},
-          {-2.5, "0", "-3"},
-          {0.4, "0", "0"},
-          {-0.4, "0", "0"},
-          {0.5, "0", "1"},
-          {9.5, "0", "10"},
-          {0.05, "0.0", "0.1"},
-          {-0.05, "0.0", "-0.1"},
-          {0.04, "0.0", "0.0"},
-          {99.95, "0.0", "100.0"},
-          // The 15 digits count, not the double just below them.
-          {1.005, "0.00", "1.01"},
-          {2.675, "0.00", "2.68"},
-          {0.1 + 0.2, "0.00000000", "0.30000000"},
-          {0.5, "#.#", ".5"},
-          {0.0, "#.#", "."},
-          {5.0, "#.#", "5."},
-          {12.34, "#.#", "12.3"},
-          {0.5, "#0.##", "0.5"},
-          {0.0, "#0.##", "0."},
-          {1234.5678, "#0.##", "1234.57"},
-          {5.0, "0.#######", "5."},
-          {0.001, "0.#######", "0.001"},
-          {12.25, "00.######", "12.25"},
-          {12.0, "00.######", "12."},
-          {1.5, "00.######", "01.5"},
-          {99.9999999, "00.######", "100."},
-          {1000.0, "0000.####", "1000."},
-          {1.5, "0.0000", "1.5000"},
-          {1234567.0, "0.0##E+00", "1.235E+06"},
-          {0.0009, "0.0##E+00", "9.0E-04"},
-          {0.0, "0.0##E+00", "0.0E+00"},
-          {-1234.5, "0.00E+00", "-1.23E+03"},
-          {1e100, "0.0##E+00", "1.0E+100"},
-          {1.5e-100, "0.00E+00", "1.50E-100"},
-          // Rounding may carry into a further digit: the exponent grows, the digits in front stay one.
-          {9.9996, "0.0##E+00", "1.0E+01"},
-          {9.9994, "0.0##E+00", "9.999E+00"},
-          {0.00099999, "0.00E+00", "1.00E-03"},
-          {1234.5, "0.00000###E+000", "1.23450E+003"},
-          {1234.0, "00.0E+00", "12.3E+02"},
-          {999.96, "00.0E+00", "10.0E+02"},
-          {1234.0, "0.00E-00", "1.23E03"},
-          {0.001, "0.00E-00", "1.00E-03"},
-          {0.5, "#.##E+00", "5.E-01"},
-          {123456789012345678.0, "0", "123456789012346000"},
-          {1e-300, "0.00", "0.00"},
-          {1.7976931348623157e308, "0.000E+00", "1.798E+308"},
-          {4.9406564584124654e-324, "0.0E+00", "4.9E-324"}}) {
-        SCOPED_TRACE(std::string(each.mask) + " expecting " + each.expected);
-        EXPECT_EQ(format_masked(each.value, each.mask), each.expected);
-    }
+    for (const auto& [mask, values] : masks)
+        for (const auto& [value, expected] : values)
+            EXPECT_EQ(format_masked(value, mask), expected) << mask;
 }
 
 RC_GTEST_PROP(FormatMasked, IsWithinHalfAUnitOfTheLastPlace, ())

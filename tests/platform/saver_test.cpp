@@ -4,7 +4,6 @@
 #include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cerrno>
 #include <csignal>

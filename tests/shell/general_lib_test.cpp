@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/general_lib.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -13,44 +14,23 @@ namespace kelvarin
 
 TEST(FormatNumber, GivesTheReportForm)
 {
-    struct row
-    {
-        double value;
-        const char* expected;
-    };
-    for (const row& each : {row{0.0, " 0        "},
-                            {-0.0, " 0        "},
-                            {0.5, " 0.5      "},
-                            {-0.5, "-0.5      "},
-                            {12.25, " 12.25    "},
-                            {1.0, " 1        "},
-                            {10.0, " 10       "},
-                            {-1.0, "-1        "},
-                            {1.0 / 3.0, " 0.3333333"},
-                            {-200.0 / 3.0, "-66.666667"},
-                            {2000.0 / 3.0, " 666.66667"},
-                            {20000.0 / 3.0, " 6666.6667"},
-                            // The borders of the plain form belong to it.
-                            {-0.001, "-0.001    "},
-                            {0.0009, " 9.0E-04  "},
-                            {10000.0, " 10000    "},
-                            {10000.5, " 1.0E+04  "},
-                            {1234567.0, " 1.235E+06"},
-                            {-1234567.0, "-1.235E+06"},
-                            // Three digits of exponent leave room for two decimals.
-                            {1.2345e100, " 1.23E+100"},
-                            {1e100, " 1.0E+100 "},
-                            {9.999e-200, " 1.0E-199 "},
-                            // Powers of ten have their own number of digits although their logarithm falls short.
-                            {1000.0, " 1000     "},
-                            {100.0, " 100      "},
-                            // So near below one that the single-precision logarithm reaches it.
-                            {9999.9999, " 10000    "},
-                            {9999.999, " 09999.999"},
-                            {9999.99, " 9999.99  "},
-                            {99.9999999, " 100      "}}) {
-        SCOPED_TRACE(each.expected);
-        EXPECT_EQ(format_number(each.value), each.expected);
+    // The borders of the plain form belong to it.
+    // Three digits of exponent leave room for two decimals.
+    // Powers of ten have their own number of digits although their logarithm falls short.
+    // So near below one that the single-precision logarithm reaches it.
+    const test::table<double, const char*> cases = {
+        {0.0, " 0        "},          {-0.0, " 0        "},         {0.5, " 0.5      "},
+        {-0.5, "-0.5      "},         {12.25, " 12.25    "},        {1.0, " 1        "},
+        {10.0, " 10       "},         {-1.0, "-1        "},         {1.0 / 3.0, " 0.3333333"},
+        {-200.0 / 3.0, "-66.666667"}, {2000.0 / 3.0, " 666.66667"}, {20000.0 / 3.0, " 6666.6667"},
+        {-0.001, "-0.001    "},       {0.0009, " 9.0E-04  "},       {10000.0, " 10000    "},
+        {10000.5, " 1.0E+04  "},      {1234567.0, " 1.235E+06"},    {-1234567.0, "-1.235E+06"},
+        {1.2345e100, " 1.23E+100"},   {1e100, " 1.0E+100 "},        {9.999e-200, " 1.0E-199 "},
+        {1000.0, " 1000     "},       {100.0, " 100      "},        {9999.9999, " 10000    "},
+        {9999.999, " 09999.999"},     {9999.99, " 9999.99  "},      {99.9999999, " 100      "}};
+    for (const auto& [value, expected] : cases) {
+        SCOPED_TRACE(expected);
+        EXPECT_EQ(format_number(value), expected);
     }
 }
 
@@ -75,24 +55,20 @@ TEST(ExpressionText, LosesItsLineEndsAndTabs)
 
 TEST(ReplaceName, HitsWholeWordsOnly)
 {
-    struct row
-    {
-        const char* text;
-        const char* expected;
-    };
-    for (const row& each : {row{"x", "new"},
-                            {"x+x", "new+new"},
-                            {"x1 + ax + x_2 + x.1", "x1 + ax + x_2 + x.1"},
-                            {"(x)^x", "(new)^new"},
-                            {"f(x) = x*y", "f(new) = new*y"},
-                            {"x\tx\rx\nx", "new\tnew\rnew\nnew"},
-                            {"exp(x)/x-x", "exp(new)/new-new"},
-                            // Comparisons are not among the neighbours of a word.
-                            {"x>x", "x>x"},
-                            {"", ""},
-                            {"xx x", "xx new"}}) {
-        SCOPED_TRACE(each.text);
-        EXPECT_EQ(replace_name(each.text, "x", "new"), each.expected);
+    for (const auto& [text, expected] :
+         test::table<const char*, const char*>{{"x", "new"},
+                                               {"x+x", "new+new"},
+                                               {"x1 + ax + x_2 + x.1", "x1 + ax + x_2 + x.1"},
+                                               {"(x)^x", "(new)^new"},
+                                               {"f(x) = x*y", "f(new) = new*y"},
+                                               {"x\tx\rx\nx", "new\tnew\rnew\nnew"},
+                                               {"exp(x)/x-x", "exp(new)/new-new"},
+                                               // Comparisons are not among the neighbours of a word.
+                                               {"x>x", "x>x"},
+                                               {"", ""},
+                                               {"xx x", "xx new"}}) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(replace_name(text, "x", "new"), expected);
     }
     EXPECT_EQ(replace_name("x x x", "x x", "y"), "y x");
     EXPECT_EQ(replace_name("abc", "", "y"), "abc");
@@ -100,23 +76,17 @@ TEST(ReplaceName, HitsWholeWordsOnly)
 
 TEST(Paths, AreSplitAtEitherSeparator)
 {
-    struct row
-    {
-        const char* path;
-        const char* folder;
-        const char* name;
-        const char* extension;
-    };
-    for (const row& each : {row{"/home/me/a.b.kvr", "/home/me/", "a.b.kvr", "kvr"},
-                            {"C:\\data\\x.KVR", "C:\\data\\", "x.KVR", "KVR"},
-                            {"C:\\data/x.rtf", "C:\\data/", "x.rtf", "rtf"},
-                            {"plain", "", "plain", ""},
-                            {"", "", "", ""},
-                            {"/", "/", "", ""}}) {
-        SCOPED_TRACE(each.path);
-        EXPECT_EQ(folder_of(each.path), each.folder);
-        EXPECT_EQ(file_name_of(each.path), each.name);
-        EXPECT_EQ(part_after_last(each.path, false, "."), each.extension);
+    for (const auto& [path, folder, name, extension] : test::table<const char*, const char*, const char*, const char*>{
+             {"/home/me/a.b.kvr", "/home/me/", "a.b.kvr", "kvr"},
+             {"C:\\data\\x.KVR", "C:\\data\\", "x.KVR", "KVR"},
+             {"C:\\data/x.rtf", "C:\\data/", "x.rtf", "rtf"},
+             {"plain", "", "plain", ""},
+             {"", "", "", ""},
+             {"/", "/", "", ""}}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(folder_of(path), folder);
+        EXPECT_EQ(file_name_of(path), name);
+        EXPECT_EQ(part_after_last(path, false, "."), extension);
     }
     EXPECT_EQ(part_after_last("a.b.kvr", true, "."), "a.b");
     EXPECT_EQ(part_after_last("a", true, "."), "a");
@@ -126,26 +96,21 @@ TEST(Paths, AreSplitAtEitherSeparator)
 
 TEST(ShortenPath, KeepsFirstFolderAndName)
 {
-    struct row
-    {
-        const char* path;
-        const char* expected;
-    };
-    for (const row& each :
-         {row{"/home/someone/problems/x.kvr", "/home/.../x.kvr"},
-          {"C:\\Users\\someone\\problems\\x.kvr", "C:/.../x.kvr"},
-          {"folder/another/one-more/x.kvr", "folder/.../x.kvr"},
-          {"/home/me/problem.kvr", "/home/me/problem.kvr"},
-          {"/home/a-name-that-is-long.kvr", "/home/a-name-that-is-long.kvr"},
-          {"a-name-that-is-very-long.kvr", "a-name-that-is-very-long.kvr"},
-          {"/home/x/a-name-that-is-long.kvr", "/home/x/a-name-that-is-long.kvr"},
-          {"", ""},
-          {"////////////////////////////", "////////////////////////////"},
-          // Twenty letters, of two bytes each.
-          {"/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-",
-           "/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-"}}) {
-        SCOPED_TRACE(each.path);
-        EXPECT_EQ(shorten_path(each.path), each.expected);
+    for (const auto& [path, expected] : test::table<const char*, const char*>{
+             {"/home/someone/problems/x.kvr", "/home/.../x.kvr"},
+             {"C:\\Users\\someone\\problems\\x.kvr", "C:/.../x.kvr"},
+             {"folder/another/one-more/x.kvr", "folder/.../x.kvr"},
+             {"/home/me/problem.kvr", "/home/me/problem.kvr"},
+             {"/home/a-name-that-is-long.kvr", "/home/a-name-that-is-long.kvr"},
+             {"a-name-that-is-very-long.kvr", "a-name-that-is-very-long.kvr"},
+             {"/home/x/a-name-that-is-long.kvr", "/home/x/a-name-that-is-long.kvr"},
+             {"", ""},
+             {"////////////////////////////", "////////////////////////////"},
+             // Twenty letters, of two bytes each.
+             {"/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-",
+              "/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-"}}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(shorten_path(path), expected);
     }
 }
 

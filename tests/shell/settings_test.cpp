@@ -2,6 +2,7 @@
 #include "shell/settings.h"
 
 #include "platform/run_time_text.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -34,71 +35,41 @@ TEST(SettingsTable, HasRowsThatAcceptTheirOwnDefaults)
     }
 }
 
-TEST(SettingsTable, HasTheDefaultsThatTheSolversRelyOn)
-{
-    const settings store;
-    EXPECT_EQ(store.whole_number("newt_MAXITS"), 150);
-    EXPECT_EQ(store.number("newt_TOLX"), 1e-7);
-    EXPECT_EQ(store.number("BS_hmin"), 1e-15);
-    EXPECT_EQ(store.number("rk5_hmin"), 0.0);
-    EXPECT_EQ(store.number("opt_qn_eps"), 1e-9);
-    EXPECT_EQ(store.whole_number("nonlinearreg_lm_maxiter"), 64);
-    EXPECT_EQ(store.value("Graph_default_sub_title"), " ");
-    EXPECT_TRUE(store.is_true("general_show_status_bar"));
-    EXPECT_FALSE(store.is_true("Graph_query_unload_save"));
-    EXPECT_EQ(store.value("RKF45_H"), store.value("rkf45_h")) << "keys compare without case";
-}
-
 TEST(SetValue, ChecksAsTheSettingsWindowDoes)
 {
     const std::string boolean_only = "Only Boolean input is allowed. Please enter 'True' or 'False' only.";
     const std::string integer_only = "Only integer input is allowed.";
     const std::string columns = "Value must be between 2 & 120";
     const std::string tolerance = "Value must be between 0 & 0.1";
-    struct row
-    {
-        const char* key;
-        const char* text;
-        /// What is stored, or the refusal.
-        std::string expected;
-        bool refused = false;
+    using texts = std::vector<const char*>;
+    using stored_texts = std::vector<std::pair<const char*, const char*>>;
+    const test::table<const char*, stored_texts, texts, std::string> cases = {
+        {"table_cols",
+         {{"120", "120"}, {"2", "2"}, {"1d2", "100"}, {"5.0", "5"}},
+         {"121", "1", "abc", "", "-3", "1e999"},
+         columns},
+        {"TABLE_COLS", {{" 12abc", "12"}}, {"1.5", "1000.5"}, integer_only},
+        {"mnewt_tolx",
+         {{"0", "0"}, {"0.1", "0.1"}, {".00001", "1E-05"}, {"1d-3 x", "0.001"}},
+         {"0.2", "-1e-9", "1e999"},
+         tolerance},
+        {"Graph_ver_gridline", {{"true", "true"}, {" TRUE", " TRUE"}, {"False", "False"}}, {"yes", ""}, boolean_only},
+        {"Graph_default_title", {{"", ""}, {" {x} 1.5", " {x} 1.5"}}, {}, ""},
     };
-    for (const row& each : {row{"table_cols", "121", columns, true},
-                            {"table_cols", "1", columns, true},
-                            {"table_cols", "120", "120"},
-                            {"table_cols", "2", "2"},
-                            {"TABLE_COLS", " 12abc", "12"},
-                            {"table_cols", "1d2", "100"},
-                            {"table_cols", "5.0", "5"},
-                            {"table_cols", "1.5", integer_only, true},
-                            {"table_cols", "1000.5", integer_only, true},
-                            {"table_cols", "abc", columns, true},
-                            {"table_cols", "", columns, true},
-                            {"table_cols", "-3", columns, true},
-                            {"table_cols", "1e999", columns, true},
-                            {"mnewt_tolx", "0", "0"},
-                            {"mnewt_tolx", "0.1", "0.1"},
-                            {"mnewt_tolx", "0.2", tolerance, true},
-                            {"mnewt_tolx", ".00001", "1E-05"},
-                            {"mnewt_tolx", "-1e-9", tolerance, true},
-                            {"mnewt_tolx", "1e999", tolerance, true},
-                            {"mnewt_tolx", "1d-3 x", "0.001"},
-                            {"Graph_ver_gridline", "true", "true"},
-                            {"Graph_ver_gridline", " TRUE", " TRUE"},
-                            {"Graph_ver_gridline", "False", "False"},
-                            {"Graph_ver_gridline", "yes", boolean_only, true},
-                            {"Graph_ver_gridline", "", boolean_only, true},
-                            {"Graph_default_title", "", ""},
-                            {"Graph_default_title", " {x} 1.5", " {x} 1.5"}}) {
-        SCOPED_TRACE(std::string(each.key) + " = " + each.text);
+    for (const auto& [key, stored, refused, refusal] : cases) {
         settings store;
-        const std::string before = store.value(each.key);
-        const std::optional<message_box> refusal = store.set_value(each.key, each.text);
-        ASSERT_EQ(refusal.has_value(), each.refused);
-        EXPECT_EQ(store.value(each.key), each.refused ? before : each.expected);
-        if (!refusal) continue;
-        EXPECT_EQ(refusal->text, each.expected);
-        EXPECT_EQ(refusal->title, "Kelvarin Guide");
+        const std::string before = store.value(key);
+        for (const char* text : refused) {
+            const std::optional<message_box> box = store.set_value(key, text);
+            ASSERT_TRUE(box.has_value()) << key << " = " << text;
+            EXPECT_EQ(box->text, refusal);
+            EXPECT_EQ(box->title, "Kelvarin Guide");
+            EXPECT_EQ(store.value(key), before);
+        }
+        for (const auto& [text, expected] : stored) {
+            EXPECT_FALSE(store.set_value(key, text)) << key << " = " << text;
+            EXPECT_EQ(store.value(key), expected);
+        }
     }
 }
 

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_desk.h"
 
-#include <QAction>
-
-#include <algorithm>
-
 namespace kelvarin::test
 {
 

@@ -5,13 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFont>
-#include <QFontDatabase>
 
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
 
 namespace
 {

@@ -3,7 +3,6 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QAction>
 #include <QCheckBox>

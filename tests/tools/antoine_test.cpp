@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/digits.h"
+#include "support/table.h"
 #include "tools/antoine.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -71,12 +71,7 @@ TEST(Antoine, ChoicesRewriteTheConstantsInFullBehindTheirMasks)
     EXPECT_FALSE(tool.constants());
     tool.choose(tabled);
     ASSERT_FALSE(tool.enter("8.07131", " -1730.63 ", "2.33426e2"));
-    struct row
-    {
-        antoine_form form;
-        std::string line;
-    };
-    const std::vector<row> cases = {
+    const test::table<antoine_form, std::string> cases = {
         {tabled, "log(P)=8.07131+-1730.6300/(233.4260+t)"},
         {{log10, mmHg, deg_F}, "log(P)=8.07131+-3115.1340/(388.1668+t)"},
         {{log10, mmHg, R}, "log(P)=8.07131+-3115.1340/(-71.5032+t)"},
@@ -86,9 +81,9 @@ TEST(Antoine, ChoicesRewriteTheConstantsInFullBehindTheirMasks)
     };
     // Many rounds: a mask that fed back into the constants would lose digits.
     for (int round = 0; round < 50; ++round) {
-        for (const row& given : cases) {
-            tool.choose(given.form);
-            EXPECT_EQ(tool.displayed_line(), given.line);
+        for (const auto& [form, line] : cases) {
+            tool.choose(form);
+            EXPECT_EQ(tool.displayed_line(), line);
         }
     }
     tool.choose(tabled);
@@ -99,19 +94,15 @@ TEST(Antoine, ChoicesRewriteTheConstantsInFullBehindTheirMasks)
 TEST(Antoine, TypedTextsThatAreNoNumbersAreRefusedAndChangeNothing)
 {
     antoine_tool tool;
-    struct row
-    {
-        std::string A, B, C, box;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, std::string, std::string, std::string> cases = {
         {"", "1", "2", "Enter a numeric value for A."},
         {"8", "12abc", "2", "Enter a numeric value for B."},
         {"8", "1", "1,5", "Enter a numeric value for C."},
     };
-    for (const row& given : cases) {
-        const auto refused = tool.enter(given.A, given.B, given.C);
+    for (const auto& [A, B, C, box] : cases) {
+        const auto refused = tool.enter(A, B, C);
         ASSERT_TRUE(refused);
-        EXPECT_EQ(refused->text, given.box);
+        EXPECT_EQ(refused->text, box);
         EXPECT_FALSE(tool.constants());
     }
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/table.h"
 #include "tools/calculator_history.h"
 
 #include <gtest/gtest.h>
@@ -6,9 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 TEST(CalculatorHistory, ColoursOperatorsAndParenthesesAlone)
@@ -16,12 +15,7 @@ TEST(CalculatorHistory, ColoursOperatorsAndParenthesesAlone)
     constexpr auto text = history_piece_kind::text;
     constexpr auto sign = history_piece_kind::operator_sign;
     constexpr auto bracket = history_piece_kind::parenthesis;
-    struct row
-    {
-        std::string line;
-        std::vector<history_piece> pieces;
-    };
-    const std::vector<row> rows = {
+    const table<std::string, std::vector<history_piece>> rows = {
         {"x", {{text, "x"}}},
         {"x = 2*3", {{text, "x = 2"}, {sign, "*"}, {text, "3"}}},
         {"-a/b+c^d",
@@ -29,9 +23,9 @@ TEST(CalculatorHistory, ColoursOperatorsAndParenthesesAlone)
         {"((1))", {{bracket, "("}, {bracket, "("}, {text, "1"}, {bracket, ")"}, {bracket, ")"}}},
         {"a >= b", {{text, "a >= b"}}},
     };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.line);
-        EXPECT_EQ(pieces_of_line(expected.line), expected.pieces);
+    for (const auto& [line, pieces] : rows) {
+        SCOPED_TRACE(line);
+        EXPECT_EQ(pieces_of_line(line), pieces);
     }
     EXPECT_EQ(pieces_of_entry({"1+2", "3.0"}), (std::vector<history_piece>{{history_piece_kind::prompt, "> "},
                                                                            {text, "1"},
@@ -67,18 +61,13 @@ TEST(CalculatorHistory, WalksBackAndReturnsToWhatWasTyped)
 
 TEST(CalculatorAnswer, IsShownByTheMaskOrWithAllDigits)
 {
-    struct row
-    {
-        double value;
-        std::string mask, text;
-    };
-    const std::vector<row> rows = {
+    const table<double, std::string, std::string> rows = {
         {7.0, "", "7"},  {1.0 / 3.0, "", "0.333333333333333"}, {2.0 / 3.0, "0.00", "0.67"},
         {7.0, "0", "7"}, {12345.678, "0.00E+00", "1.23E+04"},  {-0.25, "#.#", "-.3"},
     };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.text);
-        EXPECT_EQ(answer_text(expected.value, expected.mask), expected.text);
+    for (const auto& [value, mask, text] : rows) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(answer_text(value, mask), text);
     }
 }
 
@@ -92,5 +81,4 @@ TEST(CalculatorAnswer, HasTheMasksInTheirOrder)
                    "0.000###E+00 0.0000###E+00 0.00000###E+000 ");
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/table.h"
 #include "tools/calculator.h"
 
 #include <gtest/gtest.h>
@@ -6,49 +7,28 @@
 #include <string>
 #include <vector>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 TEST(CalculatorLine, SplitsAtTheFirstEqualSignOnly)
 {
-    struct row
-    {
-        std::string line, target, expression;
+    using lines = std::vector<std::pair<std::string, std::string>>;
+    const table<std::string, lines> targets = {
+        {"",
+         {{"1+2", "1+2"}, {"  1+2  ", "1+2"}, {"a >= b", "a >= b"}, {"a <= b", "a <= b"}, {"(a == b)", "(a == b)"}}},
+        {"", {{"a+0 == b", "a+0 == b"}, {"1 == a", "1 == a"}, {"3 => a", "3 => a"}, {"2x = 3", "2x = 3"}}},
+        {"", {{"= 5", "5"}, {"== 5", "= 5"}, {"= = 5", "= 5"}, {"", ""}, {" \t ", ""}}},
+        {"a", {{"a == b", "= b"}, {"a => b", "> b"}, {"a =< b", "< b"}, {"a === b", "== b"}}},
+        {"x", {{"x = 2*3", "2*3"}, {"x=2\t*\r\n3", "2 *  3"}, {"x = y = 3", "y = 3"}, {"x =", ""}}},
+        {"sin", {{"sin = 3", "3"}}},
+        {"if", {{"if=1 then 2 else 3", "1 then 2 else 3"}}},
     };
-    const std::vector<row> rows = {
-        {"1+2", "", "1+2"},
-        {"  1+2  ", "", "1+2"},
-        {"x = 2*3", "x", "2*3"},
-        {"x=2\t*\r\n3", "x", "2 *  3"},
-        {"x = y = 3", "x", "y = 3"},
-        {"a == b", "a", "= b"},
-        {"a => b", "a", "> b"},
-        {"a =< b", "a", "< b"},
-        {"a === b", "a", "== b"},
-        {"a >= b", "", "a >= b"},
-        {"a <= b", "", "a <= b"},
-        {"(a == b)", "", "(a == b)"},
-        {"a+0 == b", "", "a+0 == b"},
-        {"1 == a", "", "1 == a"},
-        {"3 => a", "", "3 => a"},
-        {"2x = 3", "", "2x = 3"},
-        {"= 5", "", "5"},
-        {"== 5", "", "= 5"},
-        {"= = 5", "", "= 5"},
-        {"sin = 3", "sin", "3"},
-        {"if=1 then 2 else 3", "if", "1 then 2 else 3"},
-        {"x =", "x", ""},
-        {"", "", ""},
-        {" \t ", "", ""},
-    };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.line);
-        const calculator_line read = read_calculator_line(expected.line);
-        EXPECT_EQ(read.target, expected.target);
-        EXPECT_EQ(read.expression, expected.expression);
-    }
+    for (const auto& [target, read] : targets)
+        for (const auto& [line, expression] : read) {
+            SCOPED_TRACE(line);
+            EXPECT_EQ(read_calculator_line(line).target, target);
+            EXPECT_EQ(read_calculator_line(line).expression, expression);
+        }
 }
 
 TEST(Calculator, ALineSeesWhatTheLinesBeforeItStored)
@@ -64,30 +44,26 @@ TEST(Calculator, ALineSeesWhatTheLinesBeforeItStored)
 
 TEST(Calculator, ALineThatFailsAssignsNothing)
 {
-    struct row
-    {
-        std::string line, title, message;
-    };
-    const std::vector<row> rows = {
+    const table<std::string, std::string, std::string> rows = {
         {"a = 1 +", "Kelvarin Guide", ""},
         {"a = pi", "Kelvarin Guide", "Syntax Error: variable name not defined 'pi'"},
         {"a = 1/0", "Expression Parsing Error", ""},
         {"a = (1) (2)", "Fatal Error", ""},
         {"a => 2", "Expression Parsing Error", "Expression Parsing Error: Subscript out of range"},
     };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.line);
+    for (const auto& [line, title, message] : rows) {
+        SCOPED_TRACE(line);
         calculator tool;
         tool.solve_line("a = 4");
-        const calculator_answer answer = tool.solve_line(expected.line);
+        const calculator_answer answer = tool.solve_line(line);
         EXPECT_FALSE(answer.value);
         EXPECT_EQ(answer.variable, "");
         ASSERT_TRUE(answer.refusal);
-        EXPECT_EQ(answer.refusal->title, expected.title);
-        EXPECT_EQ(answer.refusal->fatal, expected.title == "Fatal Error");
+        EXPECT_EQ(answer.refusal->title, title);
+        EXPECT_EQ(answer.refusal->fatal, title == "Fatal Error");
         EXPECT_NE(answer.refusal->text, "");
-        if (!expected.message.empty()) {
-            EXPECT_EQ(answer.refusal->text, expected.message);
+        if (!message.empty()) {
+            EXPECT_EQ(answer.refusal->text, message);
         }
         EXPECT_EQ(tool.variables().get_var("a"), 4.0);
         EXPECT_EQ(tool.solve_line("a+1").value, 5.0) << "a failure must not reach the next line";
@@ -105,22 +81,14 @@ TEST(Calculator, AWordOfTheLanguageCanBeATarget)
 
 TEST(Calculator, TellsWhereInTheLineAFaultIs)
 {
-    struct row
-    {
-        std::string line, marked;
-    };
-    const std::vector<row> rows = {
-        {"zz", "zz"},
-        {"  a = 1 + zz", "zz"},
-        {"\n\ta\n=\n2*\nzz", "zz"},
-        {"2y = 3", "2y"},
-    };
+    const table<std::string, std::string> rows = {
+        {"zz", "zz"}, {"  a = 1 + zz", "zz"}, {"\n\ta\n=\n2*\nzz", "zz"}, {"2y = 3", "2y"}};
     const calculator tool;
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.line);
-        const auto fault = tool.fault_of(expected.line);
+    for (const auto& [line, marked] : rows) {
+        SCOPED_TRACE(line);
+        const auto fault = tool.fault_of(line);
         ASSERT_TRUE(fault && fault->place);
-        EXPECT_EQ(expected.line.substr(fault->place->offset, fault->place->length), expected.marked);
+        EXPECT_EQ(line.substr(fault->place->offset, fault->place->length), marked);
     }
     for (const char* fine : {"", "  ", "a = 1 + 2", "rand(1)"})
         EXPECT_FALSE(tool.fault_of(fine)) << fine;
@@ -142,5 +110,4 @@ TEST(Calculator, SetsAVariableToNumbersOnly)
     EXPECT_EQ(tool.variables().get_all_vars(), (std::vector<std::string>{"a", "b"})) << "it keeps its place";
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -3,6 +3,7 @@
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 #include "support/digits.h"
+#include "support/table.h"
 #include "tools/constants.h"
 #include "tools/units.h"
 
@@ -109,14 +110,8 @@ TEST(OwnConstants, FitTogether)
     const double a0 = own("Bohr radius"), re = own("classical electron radius"),
                  G = own("Newtonian constant of gravitation");
     const double mega = 1e6 * e / (c * c);
-    struct row
-    {
-        std::string name;
-        double from_others;
-        double uncertainty;
-    };
     constexpr double printed = 5e-15;
-    const std::vector<row> cases = {
+    const test::table<std::string, double, double> cases = {
         {"reduced Planck constant", hbar, printed},
         {"Planck constant in eV", h / e, printed},
         {"Boltzmann constant in eV", k / e, printed},
@@ -179,8 +174,8 @@ TEST(OwnConstants, FitTogether)
         {"Catalan constant", 0.91596559417721902, printed},
         {"Apery constant", 1.20205690315959429, printed},
     };
-    for (const row& given : cases)
-        EXPECT_NEAR(own(given.name) / given.from_others, 1.0, given.uncertainty) << given.name;
+    for (const auto& [name, from_others, uncertainty] : cases)
+        EXPECT_NEAR(own(name) / from_others, 1.0, uncertainty) << name;
 }
 
 /// How many of the first unit make one of the second.
@@ -196,12 +191,7 @@ TEST(OwnConstants, TheGasConstantIsTheSameInAllUnits)
 {
     const double R = own("molar gas constant");
     const double per_lbmol_R = 5.0 / 9.0 / in_units("mol", "lbmol");
-    struct row
-    {
-        std::string units;
-        double expected;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, double> cases = {
         {"J/(mol K)", R},
         {"kJ/(kmol K)", R},
         {"m3 Pa/(mol K)", R},
@@ -215,8 +205,8 @@ TEST(OwnConstants, TheGasConstantIsTheSameInAllUnits)
         {"ft3 psi/(lbmol R)", R * in_units("m3", "ft3") * in_units("Pa", "psi") * per_lbmol_R},
         {"ft3 atm/(lbmol R)", R * in_units("m3", "ft3") * in_units("Pa", "atm") * per_lbmol_R},
     };
-    for (const row& given : cases)
-        EXPECT_GE(test::digits_shown(own("gas constant in " + given.units), given.expected), 14.0) << given.units;
+    for (const auto& [units, expected] : cases)
+        EXPECT_GE(test::digits_shown(own("gas constant in " + units), expected), 14.0) << units;
     EXPECT_GE(test::digits_shown(own("standard atmosphere in psi"), in_units("atm", "psi")), 14.0);
     EXPECT_GE(test::digits_shown(own("standard acceleration of gravity in ft"), in_units("g", "ft/s2")), 14.0);
 }

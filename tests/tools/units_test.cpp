@@ -2,6 +2,7 @@
 #include "platform/data_files.h"
 #include "platform/text_file.h"
 #include "support/digits.h"
+#include "support/table.h"
 #include "tools/units.h"
 
 #include <gtest/gtest.h>
@@ -150,13 +151,7 @@ TEST(Units, TheFormulaTakesOffsetsInBaseUnitsAndRefusesWhatHasNoResult)
     const measurement_unit nothing = {"T", "nothing", "", 0.0, 0.0};
     const measurement_unit other = {"L", "m", "", 1.0, 0.0};
     const measurement_unit small = {"T", "tiny", "", 1e-300, 0.0};
-    struct row
-    {
-        std::string number;
-        measurement_unit from, to;
-        std::string text;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, measurement_unit, measurement_unit, std::string> cases = {
         {" 100 ", celsius, shifted, "100 deg C = 237.6 deg X"},
         {"1e3", celsius, celsius, "1000 deg C = 1000 deg C"},
         {"-0", celsius, celsius, "0 deg C = 0 deg C"},
@@ -169,29 +164,25 @@ TEST(Units, TheFormulaTakesOffsetsInBaseUnitsAndRefusesWhatHasNoResult)
         {"1", celsius, other, "Kelvarin Guide: deg C and m are of different types."},
         {"1e300", small, celsius, "Kelvarin Guide: The result is too large."},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.number + " " + given.from.unit_name + " " + given.to.unit_name);
-        EXPECT_EQ(text_of(convert_typed(given.number, given.from, given.to)), given.text);
+    for (const auto& [number, from, to, text] : cases) {
+        SCOPED_TRACE(number + " " + from.unit_name + " " + to.unit_name);
+        EXPECT_EQ(text_of(convert_typed(number, from, to)), text);
     }
 }
 
 TEST(Units, ANameInTwoTypesStaysInsideTheTypeThatHasBoth)
 {
     const std::vector<measurement_unit> units = own_units().units;
-    struct row
-    {
-        std::string from, to, type;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, std::string, std::string> cases = {
         {"deg C", "deg F", "Temperature"}, {"g", "ft/s2", "Acceleration"}, {"g", "oz", "Mass"},
         {"kgf m", "lbf ft", "Torque"},     {"kgf m", "kWh", "Energy"},     {"m", "kg", ""},
         {"m", "no such unit", ""},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.from + " " + given.to);
-        const auto pair = find_unit_pair(units, given.from, given.to);
-        EXPECT_EQ(pair ? pair->first.unit_type : "", given.type);
-        EXPECT_EQ(pair ? pair->second.unit_type : "", given.type);
+    for (const auto& [from, to, type] : cases) {
+        SCOPED_TRACE(from + " " + to);
+        const auto pair = find_unit_pair(units, from, to);
+        EXPECT_EQ(pair ? pair->first.unit_type : "", type);
+        EXPECT_EQ(pair ? pair->second.unit_type : "", type);
     }
 }
 

@@ -2,11 +2,10 @@
 // How cells are filled, changed, copied and pasted, by mouse and by keys.
 
 #include "leq_desk.h"
+#include "support/table.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
-
-#include <functional>
 
 namespace
 {
@@ -25,66 +24,35 @@ struct small_desk : leq_desk
 
 TEST(LinearGrid, MovesByKeysAsASpreadsheetDoes)
 {
-    struct row
-    {
-        const char* name;
-        std::function<void()> keys;
-        const char* cells;
+    using presses = std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>>;
+    constexpr auto shift = Qt::ShiftModifier;
+    // Letters typed, keys pressed, and a 9 behind them all, which shows where they led.
+    const test::table<const char*, const char*, presses, const char*> cases = {
+        {"Enter goes down and stays in the last row", "1\n2\n", {}, "1 _ _\n9 _ _\n"},
+        {"Tab goes on to the next row", "1\t2\t3\t4\t", {}, "1 2 3\n4 9 _\n"},
+        {"Enter returns to where Tab began", "\t1\t2\n", {}, "_ 1 2\n9 _ _\n"},
+        {"Shift and Tab goes back", "1\t2", {{Qt::Key_Backtab, shift}}, "9 2 _\n_ _ _\n"},
+        {"Shift and Enter goes up", "1\n2", {{Qt::Key_Return, shift}}, "9 _ _\n2 _ _\n"},
+        {"the arrow down ends the typing", "1", {{Qt::Key_Down, {}}}, "1 _ _\n9 _ _\n"},
+        {"Esc gives the typing up", "1\n2", {{Qt::Key_Escape, {}}, {Qt::Key_Tab, {}}}, "1 _ _\n_ 9 _\n"},
+        {"F2 goes on with what is there",
+         "12\t",
+         {{Qt::Key_Left, {}}, {Qt::Key_F2, {}}, {Qt::Key_End, {}}},
+         "129 _ _\n_ _ _\n"},
+        {"Delete clears what is selected",
+         "1\t2\t3\t4\t",
+         {{Qt::Key_Up, {}}, {Qt::Key_Left, shift}, {Qt::Key_Delete, {}}},
+         "9 _ 3\n4 _ _\n"},
     };
-    const auto type = [](const char* text) { return [text] { leq_desk::keys(text); }; };
-    // A 9 is typed behind all keys, and shows where they led.
-    for (const row& expected : {
-             row{"Enter goes down and stays in the last row", type("1\n2\n"), "1 _ _\n9 _ _\n"},
-             row{"Tab goes on to the next row", type("1\t2\t3\t4\t"), "1 2 3\n4 9 _\n"},
-             row{"Enter returns to where Tab began", type("\t1\t2\n"), "_ 1 2\n9 _ _\n"},
-             row{"Shift and Tab goes back",
-                 [] {
-                     leq_desk::keys("1\t2");
-                     robot::press(Qt::Key_Backtab, Qt::ShiftModifier);
-                 },
-                 "9 2 _\n_ _ _\n"},
-             row{"Shift and Enter goes up",
-                 [] {
-                     leq_desk::keys("1\n2");
-                     robot::press(Qt::Key_Return, Qt::ShiftModifier);
-                 },
-                 "9 _ _\n2 _ _\n"},
-             row{"the arrow down ends the typing",
-                 [] {
-                     leq_desk::keys("1");
-                     robot::press(Qt::Key_Down);
-                 },
-                 "1 _ _\n9 _ _\n"},
-             row{"Esc gives the typing up",
-                 [] {
-                     leq_desk::keys("1\n2");
-                     robot::press(Qt::Key_Escape);
-                     robot::press(Qt::Key_Tab);
-                 },
-                 "1 _ _\n_ 9 _\n"},
-             row{"F2 goes on with what is there",
-                 [] {
-                     leq_desk::keys("12\t");
-                     robot::press(Qt::Key_Left);
-                     robot::press(Qt::Key_F2);
-                     robot::press(Qt::Key_End);
-                 },
-                 "129 _ _\n_ _ _\n"},
-             row{"Delete clears what is selected",
-                 [] {
-                     leq_desk::keys("1\t2\t3\t4\t");
-                     robot::press(Qt::Key_Up);
-                     robot::press(Qt::Key_Left, Qt::ShiftModifier);
-                     robot::press(Qt::Key_Delete);
-                 },
-                 "9 _ 3\n4 _ _\n"},
-         }) {
-        SCOPED_TRACE(expected.name);
+    for (const auto& [name, typed, pressed, cells] : cases) {
+        SCOPED_TRACE(name);
         small_desk desk;
         desk.click_cell(1, 1);
-        expected.keys();
+        leq_desk::keys(typed);
+        for (const auto& [key, modifiers] : pressed)
+            robot::press(key, modifiers);
         leq_desk::keys("9\n");
-        EXPECT_EQ(desk.cells(), expected.cells);
+        EXPECT_EQ(desk.cells(), cells);
     }
 }
 
@@ -103,42 +71,27 @@ TEST(LinearGrid, LetsTheKeyboardOutAtBothEnds)
 
 TEST(LinearGrid, PastesBlocksOfSpreadsheetsInOneStep)
 {
-    using choice = std::optional<user_answer>;
-    struct row
-    {
-        const char* name;
-        int at_row, at_column;
-        const char* block;
-        const char* cells;
-        const char* box = "";
-        const char* becomes = "";
-        choice given = {};
+    const std::string outside = "4 pasted cells lie outside the grid and were left out: '3', '4', '5', '6'.";
+    const test::table<int, const char*, const char*, std::string, std::optional<user_answer>> cases = {
+        {1, "1\t2\t3\r\n4\t5\t6\r\n", "1 2 3\n4 5 6\n", "", {}},
+        {2, "1\t2\t3\n4\t5\t6\n", "_ _ _\n_ 1 2\n", outside, {}},
+        {1, "1,5\t-2\t3,25", "1.5 -2 3.25\n_ _ _\n", "'1,5' becomes '1.5'", user_answer::yes},
+        {1, "1\t2,5", "1 2,5 _\n_ _ _\n", "'2,5' becomes '2.5'", user_answer::no},
+        {1, "1\t2,5", nothing, "'2,5' becomes '2.5'", user_answer::cancel},
+        {1, "", nothing, "", {}},
     };
-    for (const row& expected : {
-             row{"tabs and CR LF", 1, 1, "1\t2\t3\r\n4\t5\t6\r\n", "1 2 3\n4 5 6\n"},
-             row{"LF alone, empty cells, quotation marks", 1, 2, "\t\"7\"\n1e-3", "_ _ 7\n_ 1e-3 _\n"},
-             row{"too wide and too high", 2, 2, "1\t2\t3\n4\t5\t6\n", "_ _ _\n_ 1 2\n",
-                 "4 pasted cells lie outside the grid and were left out: '3', '4', '5', '6'."},
-             row{"decimal commas that are points", 1, 1, "1,5\t-2\t3,25", "1.5 -2 3.25\n_ _ _\n", "",
-                 "'1,5' becomes '1.5'", user_answer::yes},
-             row{"decimal commas that stay", 1, 1, "1\t2,5", "1 2,5 _\n_ _ _\n", "", "'2,5' becomes '2.5'",
-                 user_answer::no},
-             row{"decimal commas, thought better of", 1, 1, "1\t2,5", nothing, "", "'2,5' becomes '2.5'",
-                 user_answer::cancel},
-             row{"commas and points are never guessed at", 1, 1, "1,5\t2.5", "1,5 2.5 _\n_ _ _\n"},
-             row{"nothing", 1, 1, "", nothing},
-         }) {
-        SCOPED_TRACE(expected.name);
+    for (const auto& [at, block, cells, told, given] : cases) {
+        SCOPED_TRACE(block);
         small_desk desk;
-        if (expected.given)
-            desk.user.expect_question("The pasted numbers have decimal commas. Do you want decimal points instead ?\r" +
-                                          std::string(expected.becomes),
-                                      *expected.given);
-        if (*expected.box) desk.user.expect_box(expected.box);
-        desk.paste_at(expected.at_row, expected.at_column, expected.block);
-        EXPECT_EQ(desk.cells(), expected.cells);
+        if (given)
+            desk.user.expect_question(
+                "The pasted numbers have decimal commas. Do you want decimal points instead ?\r" + told, *given);
+        else if (!told.empty())
+            desk.user.expect_box(told);
+        desk.paste_at(at, at, block);
+        EXPECT_EQ(desk.cells(), cells);
         EXPECT_TRUE(desk.user.is_done());
-        if (std::string(expected.cells) == nothing) continue;
+        if (std::string(cells) == nothing) continue;
         EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Paste");
         robot::press(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(desk.cells(), nothing);
@@ -180,43 +133,30 @@ TEST(LinearGrid, CutsCopiesAndFillsSelectedBlocks)
     EXPECT_EQ(desk.cells(), "2 _ _ 8\n-3 _ _ -11\n-2 1 2 -3\n");
 }
 
-TEST(LinearGrid, KeepsBetaApartWhenTheNumberOfEquationsChanges)
+TEST(LinearGrid, FollowsTheNumberOfEquationsBackAndForth)
 {
     small_desk desk;
     desk.paste_at(1, 1, "1\t2\t3\n4\t5\t6");
     desk.person.choose("cmbNumEq", "3");
-    EXPECT_EQ(desk.heads(), "x1 x2 x3 beta ");
     EXPECT_EQ(desk.cells(), "1 2 _ 3\n4 5 _ 6\n_ _ _ _\n");
-    EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Number of equations");
     robot::press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(desk.cells(), "1 2 3\n4 5 6\n");
     EXPECT_EQ(desk.person.text("cmbNumEq"), "2");
-
     desk.choose("Edit", "mnuClean");
     EXPECT_EQ(desk.cells(), nothing);
 }
 
 TEST(LinearGrid, RenamesColumnsByDoubleClickAndRefusesBadNames)
 {
-    struct row
-    {
-        const char* given;
-        const char* box;
-    };
     leq_desk desk;
-    for (const row& expected : {row{"2x", "2x is not a valid variable name."},
-                                row{"x3", "x3 is already defined for different column."}, row{"flow", ""}}) {
-        SCOPED_TRACE(expected.given);
-        desk.user.expect_input("Enter variable name.", expected.given);
-        if (*expected.box) desk.user.expect_box(expected.box);
-        desk.double_click_head(2);
-        EXPECT_EQ(desk.heads(), *expected.box ? "x1 x2 x3 beta " : "x1 flow x3 beta ");
-    }
-    EXPECT_EQ(desk.user.proposed_input(), "x2");
-    desk.user.expect_input("Enter variable name.", std::nullopt);
+    desk.user.expect_input("Enter variable name.", "2x");
+    desk.user.expect_box("2x is not a valid variable name.");
     desk.double_click_head(2);
-    EXPECT_EQ(desk.user.proposed_input(), "flow");
-
+    EXPECT_EQ(desk.heads(), "x1 x2 x3 beta ");
+    EXPECT_EQ(desk.user.proposed_input(), "x2");
+    desk.user.expect_input("Enter variable name.", "flow");
+    desk.double_click_head(2);
+    EXPECT_EQ(desk.heads(), "x1 flow x3 beta ");
     // The right sides have no name of their own.
     desk.double_click_head(4);
     desk.click_cell(1, 4);

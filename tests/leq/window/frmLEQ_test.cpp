@@ -60,31 +60,13 @@ TEST(LinearWindow, MakesSolvesAndKeepsAProblemByKeysAlone)
 
 TEST(LinearWindow, NamesWhatKeepsAProblemFromBeingSolvedAndGoesThere)
 {
-    struct row
-    {
-        const char* name;
-        const char* block;
-        const char* box;
-        int row, column;
-    };
-    for (const row& expected : {
-             row{"empty", "1\t0\t0\t1\n0\t1\t\t2\n\t0\t1\t3",
-                 "The coefficients matrix contains one or more empty cells (2,3)", 2, 3},
-             row{"empty beta", "1\t0\t0\t1\n0\t1\t0\t2\n0\t0\t1\t",
-                 "The coefficients matrix contains one or more empty cells (3,4)", 3, 4},
-             row{"no number", "1\t0\t0\t1\n0\t12abc\t0\t2\n0\t0\t1\t3",
-                 "The coefficients matrix contains a cell that is not a number (2,2): '12abc'", 2, 2},
-         }) {
-        SCOPED_TRACE(expected.name);
-        leq_desk desk;
-        desk.paste_at(1, 1, expected.block);
-        desk.user.expect_box(expected.box);
-        desk.person.click("cmdRun");
-        EXPECT_EQ(desk.grid().currentIndex().row() + 1, expected.row);
-        EXPECT_EQ(desk.grid().currentIndex().column() + 1, expected.column);
-        EXPECT_TRUE(desk.grid().hasFocus());
-        EXPECT_EQ(desk.frame.children().size(), 1u);
-    }
+    leq_desk desk;
+    desk.paste_at(1, 1, "1\t0\t0\t1\n0\t1\t0\t2\n0\t0\t1\t");
+    desk.user.expect_box("The coefficients matrix contains one or more empty cells (3,4)");
+    desk.person.click("cmdRun");
+    EXPECT_EQ(desk.grid().currentIndex(), desk.grid().model()->index(2, 3));
+    EXPECT_TRUE(desk.grid().hasFocus());
+    EXPECT_EQ(desk.frame.children().size(), 1u);
 }
 
 TEST(LinearWindow, CountsTheSolutionsOfAllWindowsThroughRefusalsAndSingularMatrices)

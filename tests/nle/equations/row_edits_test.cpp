@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/row_edits.h"
 #include "support/equation_rows.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
 
-using test::explicit_row;
-using test::implicit_row;
 using rows = std::vector<equation_row>;
 
 constexpr row_form differential_form = {"d("};
@@ -66,37 +63,29 @@ TEST(RowEdits, FieldsAreCheckedWithTheirPlace)
 
 TEST(RowEdits, ANameIsValidAndDefinedOnce)
 {
-    struct name_check
-    {
-        const char* name;
-        rows equations;
-        row_form form;
-        int own_row;
-        std::string text;
-    };
     const rows nonlinear = {implicit_row("x", "x - 1"), explicit_row("a", "2"), explicit_row("b(c)", "2")};
     const rows differential = {{"d(y)/d(t) = -y", "1", ""}, explicit_row("a", "2")};
     const rows starts = {{"x(0) = 2", "", ""}, explicit_row("a", "2")};
     const auto taken = [](const char* name) {
         return std::string("The variable '") + name + "' has already been defined.";
     };
-    const name_check checks[] = {
-        {" y ", nonlinear, test::f_rows, 0, ""},
-        {"2y", nonlinear, test::f_rows, 0, "Variable format for '2y'" + bad_format},
-        {"", nonlinear, test::f_rows, 0, "Variable format for ''" + bad_format},
-        {"x", nonlinear, test::f_rows, 0, taken("x")},
-        {"x", nonlinear, test::f_rows, 1, ""},
-        {" a", nonlinear, test::f_rows, 1, taken("a")},
-        {"c", nonlinear, test::f_rows, 0, taken("c")},
+    const table<const char*, rows, row_form, int, std::string> checks = {
+        {" y ", nonlinear, f_rows, 0, ""},
+        {"2y", nonlinear, f_rows, 0, "Variable format for '2y'" + bad_format},
+        {"", nonlinear, f_rows, 0, "Variable format for ''" + bad_format},
+        {"x", nonlinear, f_rows, 0, taken("x")},
+        {"x", nonlinear, f_rows, 1, ""},
+        {" a", nonlinear, f_rows, 1, taken("a")},
+        {"c", nonlinear, f_rows, 0, taken("c")},
         {"y", differential, differential_form, 0, taken("y")},
         {"t", differential, differential_form, 0, ""},
         {"x", starts, start_value_form, 0, taken("x")},
         {"x", starts, start_value_form, 1, ""},
         {"a", starts, start_value_form, 1, taken("a")},
     };
-    for (const name_check& c : checks) {
-        SCOPED_TRACE(std::string(c.name) + " beside " + c.equations.front().equation);
-        EXPECT_EQ(text_of(check_name_field(c.name, c.equations, c.form, c.own_row)), c.text);
+    for (const auto& [name, equations, form, own_row, text] : checks) {
+        SCOPED_TRACE(std::string(name) + " beside " + equations.front().equation);
+        EXPECT_EQ(text_of(check_name_field(name, equations, form, own_row)), text);
     }
 }
 
@@ -115,46 +104,60 @@ TEST(RowEdits, RowsAreAppendedUpToTheLimitAndReplaced)
 
 TEST(RowEdits, RemovingLeavesOneEquation)
 {
-    struct removal
-    {
-        const char* before;
-        std::vector<int> numbers;
-        /// Empty where it is refused.
-        const char* after;
-    };
-    const removal removals[] = {
+    // Nothing is left where it is refused.
+    const table<const char*, std::vector<int>, const char*> removals = {
         {"abc", {2}, "ac"}, {"abcd", {4, 1, 4}, "bc"}, {"abc", {0, 4}, "abc"}, {"a", {1}, ""},
         {"a", {2}, ""},     {"abc", {3, 2, 1}, ""},    {"abc", {1, 2}, "c"},   {"abc", {}, "abc"},
     };
-    for (const removal& r : removals) {
-        SCOPED_TRACE(r.before);
-        const edited_rows edited = remove_rows(named(r.before), r.numbers);
-        if (*r.after == '\0') {
+    for (const auto& [before, numbers, after] : removals) {
+        SCOPED_TRACE(before);
+        const edited_rows edited = remove_rows(named(before), numbers);
+        if (*after == '\0') {
             EXPECT_EQ(text_of(edited), "Can not remove last equation.");
         } else {
-            EXPECT_EQ(names_of(std::get<rows>(edited)), r.after);
+            EXPECT_EQ(names_of(std::get<rows>(edited)), after);
         }
     }
 }
 
 TEST(RowEdits, RowsMoveTogetherWithinTheTable)
 {
-    struct movement
-    {
-        std::vector<int> numbers;
-        bool up;
-        /// Empty where nothing moves.
-        const char* after;
-    };
-    const movement movements[] = {
+    const table<std::vector<int>, bool, const char*> movements = {
         {{2}, true, "bacd"},    {{2}, false, "acbd"},    {{1}, true, ""},        {{4}, false, ""},
         {{2, 3}, true, "bcad"}, {{3, 2}, false, "adbc"}, {{4, 2}, true, "badc"}, {{1, 3}, false, "badc"},
         {{1, 3}, true, ""},     {{3, 4}, false, ""},     {{}, true, ""},         {{5}, true, ""},
     };
-    for (const movement& m : movements) {
-        const std::optional<rows> moved = move_rows(named("abcd"), m.numbers, m.up);
-        EXPECT_EQ(moved ? names_of(*moved) : "", m.after);
+    for (const auto& [numbers, up, after] : movements) {
+        const std::optional<rows> moved = move_rows(named("abcd"), numbers, up);
+        EXPECT_EQ(moved ? names_of(*moved) : "", after);
     }
+}
+
+TEST(RowEdits, RenamingChangesTheRowAndEveryUseOfTheWholeWord)
+{
+    const table<std::string, std::string> equations = {
+        {"f(x) = x-a*x1", "f(t) = t-a*x1"},
+        {"x1 = x^2+(x)+max", "x1 = t^2+(t)+max"},
+        // Words that stand beside what replace_name does not take for the end of a word.
+        {"b = if x<2 && x>=a then exp(x) else -x", "b = if t<2 && t>=a then exp(t) else -t"},
+        {"c = xx + x_2 + X + 2e-3", "c = xx + x_2 + X + 2e-3"},
+        {"a=x", "a=t"},
+        {"no equation x", "no equation x"},
+    };
+    rows before;
+    rows expected;
+    for (const auto& [given, renamed] : equations) {
+        before.push_back({given, "1 p", "x"});
+        expected.push_back({renamed, "1 p", "x"});
+    }
+    EXPECT_EQ(std::get<rows>(rename_in_rows(before, f_rows, " x ", " t ")), expected);
+    // A call stays a call, although a row has the function's name.
+    const rows calls = {explicit_row("sin", "1"), explicit_row("a", "sin(2)")};
+    EXPECT_EQ(std::get<rows>(rename_in_rows(calls, f_rows, "sin", "s")),
+              (rows{explicit_row("s", "1"), explicit_row("a", "sin(2)")}));
+    EXPECT_EQ(std::get<rows>(rename_in_rows({explicit_row("a", "2*b")}, f_rows, "b", "y")),
+              rows{explicit_row("a", "2*y")})
+        << "a variable that no row defines";
 }
 
 TEST(RowEdits, RenamingFollowsAVariableThroughTheRows)
@@ -177,4 +180,4 @@ TEST(RowEdits, RenamingFollowsAVariableThroughTheRows)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

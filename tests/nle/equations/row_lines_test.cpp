@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 TEST(RowLines, TheFirstHashSplitsEquationAndComment)
@@ -41,14 +39,4 @@ TEST(RowLines, TheTitleEndsAtTheFirstOrTheLastMarker)
     EXPECT_EQ(read_title_line("old", marker_search::last).method, std::nullopt);
 }
 
-TEST(RowLines, MarkersStandOnTheLeftSideAlone)
-{
-    EXPECT_TRUE(is_marked("x(0)=3", "(0)="));
-    EXPECT_FALSE(is_marked("a = if (0)==b then 1 else 2", "(0)="));
-    EXPECT_FALSE(is_marked("a = 1 #start at x(0)=1", "(0)="));
-    EXPECT_FALSE(is_marked("a #start at x(0)=1", "(0)="));
-    EXPECT_FALSE(is_marked("x(0)", "(0)="));
-}
-
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

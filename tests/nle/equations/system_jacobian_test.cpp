@@ -2,7 +2,6 @@
 #include "nle/equations/system_jacobian.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>

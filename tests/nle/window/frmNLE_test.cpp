@@ -9,9 +9,7 @@
 
 #include <QLocale>
 
-#include <array>
 #include <clocale>
-#include <functional>
 #include <sstream>
 
 namespace

@@ -5,6 +5,7 @@
 #include "numeric/curve/quadrature.h"
 #include "numeric/curve/rational_interpolation.h"
 #include "support/digits.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -14,13 +15,10 @@
 #include <numbers>
 #include <vector>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::digits_shown;
-using test::failure_of;
 
 struct points
 {
@@ -136,18 +134,15 @@ TEST(CubicSpline, EqualNodesAreAFailure)
 TEST(Quadrature, NodesAndWeightsOfGaussAndLegendre)
 {
     // [AbramowitzStegun1972] table 25.4.
-    struct row
-    {
-        int n;
-        std::size_t index;
-        double node, weight;
-    };
-    for (const row& expected :
-         {row{1, 0, 0.0, 2.0}, row{2, 1, 0.577350269189626, 1.0}, row{5, 4, 0.906179845938664, 0.236926885056189},
-          row{5, 2, 0.0, 0.568888888888889}, row{10, 9, 0.973906528517172, 0.066671344308688}}) {
-        const quadrature_rule rule = gauleg(-1.0, 1.0, expected.n);
-        EXPECT_NEAR(rule.nodes[expected.index], expected.node, 5e-16) << expected.n;
-        EXPECT_NEAR(rule.weights[expected.index], expected.weight, 2e-15) << expected.n;
+    for (const auto& [n, index, node, weight] :
+         table<int, std::size_t, double, double>{{1, 0, 0.0, 2.0},
+                                                 {2, 1, 0.577350269189626, 1.0},
+                                                 {5, 4, 0.906179845938664, 0.236926885056189},
+                                                 {5, 2, 0.0, 0.568888888888889},
+                                                 {10, 9, 0.973906528517172, 0.066671344308688}}) {
+        const quadrature_rule rule = gauleg(-1.0, 1.0, n);
+        EXPECT_NEAR(rule.nodes[index], node, 5e-16) << n;
+        EXPECT_NEAR(rule.weights[index], weight, 2e-15) << n;
     }
     const quadrature_rule many = gauleg(2.0, 5.0, 600);
     EXPECT_TRUE(std::ranges::is_sorted(many.nodes));
@@ -171,4 +166,4 @@ TEST(Quadrature, ParabolasAreIntegratedExactlyForAnyNumberOfPoints)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -5,35 +5,25 @@
 #include "numeric/fit/student_t.h"
 #include "numeric/linear/matrix_products.h"
 #include "support/digits.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <span>
-#include <string>
 #include <vector>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
 
-using test::certified_problem;
-using test::digits_shown;
-using test::failure_of;
-using test::read_certified;
-
 TEST(StudentT, IsTheTableAndNoFormula)
 {
-    struct row
-    {
-        int df;
-        double t;
-    };
-    for (const row& expected :
-         {row{0, 0.0}, row{1, 12.707}, row{2, 4.303}, row{10, 2.228}, row{17, 2.11}, row{30, 2.042}, row{31, 2.038},
-          row{41, 1.997}, row{49, 1.964}, row{50, 1.96}, row{1000, 1.96}, row{-1, 1.96}})
-        EXPECT_EQ(Td(expected.df), expected.t) << expected.df;
+    const table<int, double> cases = {{0, 0.0},    {1, 12.707}, {2, 4.303},  {10, 2.228}, {17, 2.11},   {30, 2.042},
+                                      {31, 2.038}, {41, 1.997}, {49, 1.964}, {50, 1.96},  {1000, 1.96}, {-1, 1.96}};
+    for (const auto& [df, t] : cases)
+        EXPECT_EQ(Td(df), t) << df;
 }
 
 struct linear_case
@@ -121,4 +111,4 @@ TEST(LinearFit, FailuresOfItsParts)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -11,21 +11,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <numeric>
 #include <span>
 #include <string>
 #include <vector>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::certified_problem;
-using test::digits_shown;
-using test::failure_of;
-using test::read_certified;
 
 using point_model = double (*)(std::span<const double> b, double x);
 
@@ -209,4 +203,4 @@ TEST(SymmetricEigen, PairsOfKnownMatrices)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -2,6 +2,7 @@
 #include "matrices.h"
 #include "numeric/linear/gauss_jordan.h"
 #include "platform/runtime_failure.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -192,23 +193,17 @@ RC_GTEST_PROP(GaussJordan, InverseAndSolutionFitTheMatrix, ())
 TEST(GaussJordan, OverflowIsAFailureAndNeverASolution)
 {
     const double huge = std::numeric_limits<double>::max();
-    struct row
-    {
-        std::string name;
-        std::vector<double> a;
-        std::vector<double> b;
-    };
-    const std::vector<row> cases = {
+    const table<std::string, std::vector<double>, std::vector<double>> cases = {
         {"the solution", {1e-200, 0.0, 0.0, 1.0}, {1e200, 1.0}},
         // The first step leaves huge - (-huge), or its like, for the second.
         {"a pivot", {huge, huge, -huge, huge}, {1.0, 1.0}},
         {"given infinity", {INFINITY, 1.0, 1.0, 1.0}, {1.0, 1.0}},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
+    for (const auto& [name, coefficients, right_side] : cases) {
+        SCOPED_TRACE(name);
         for (const elimination& eliminate : eliminations) {
-            matrix a = matrix_of(2, given.a);
-            std::vector<double> b = given.b;
+            matrix a = matrix_of(2, coefficients);
+            std::vector<double> b = right_side;
             try {
                 eliminate(a, b);
                 ADD_FAILURE() << b[0] << " " << b[1];

@@ -2,6 +2,7 @@
 #include "matrices.h"
 #include "numeric/linear/least_squares.h"
 #include "numeric/linear/qr.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -132,24 +133,19 @@ RC_GTEST_PROP(LeastSquares, ResidualIsOrthogonalToTheColumns, ())
 
 TEST(LeastSquares, UnknownsThatAddNothingAreZero)
 {
-    struct row
-    {
-        std::vector<double> a;
-        std::vector<double> b;
-        std::vector<double> expected;
-    };
+    using values = std::vector<double>;
     // x1 + x2 = 1 and x1 + x2 = 3 agree best on a sum of 2; the first column is taken.
-    const std::vector<row> cases = {{{1.0, 1.0, 1.0, 1.0}, {1.0, 3.0}, {2.0, 0.0}},
-                                    {{0.0, 0.0, 0.0, 0.0}, {1.0, 3.0}, {0.0, 0.0}},
-                                    {{0.0, 1e-300, 2e-300, 0.0}, {1e-300, 2e-300}, {1.0, 1.0}},
-                                    {{1.0, 0.0, 0.0, 1e-13}, {1.0, 1.0}, {1.0, 0.0}}};
-    for (const row& given : cases) {
-        SCOPED_TRACE(testing::PrintToString(given.a));
-        matrix a = matrix_of(2, given.a);
-        std::vector<double> b = given.b;
+    const table<values, values, values> cases = {{{1.0, 1.0, 1.0, 1.0}, {1.0, 3.0}, {2.0, 0.0}},
+                                                 {{0.0, 0.0, 0.0, 0.0}, {1.0, 3.0}, {0.0, 0.0}},
+                                                 {{0.0, 1e-300, 2e-300, 0.0}, {1e-300, 2e-300}, {1.0, 1.0}},
+                                                 {{1.0, 0.0, 0.0, 1e-13}, {1.0, 1.0}, {1.0, 0.0}}};
+    for (const auto& [coefficients, right_side, expected] : cases) {
+        SCOPED_TRACE(testing::PrintToString(coefficients));
+        matrix a = matrix_of(2, coefficients);
+        std::vector<double> b = right_side;
         std::vector<double> x(2, -1.0);
         solve_least_squares(a, b, 1e-12, x);
-        EXPECT_LT(largest_difference(x, given.expected), 1e-12);
+        EXPECT_LT(largest_difference(x, expected), 1e-12);
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "matrices.h"
 #include "numeric/linear/residual.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -15,13 +16,7 @@ namespace kelvarin::test
 TEST(RelativeResidual, TellsDifferencesThatPlainSumsLose)
 {
     constexpr double e = 0x1p-52;
-    struct row
-    {
-        std::string name;
-        std::vector<double> a, x, b;
-        double expected;
-    };
-    const std::vector<row> cases = {
+    const table<std::string, std::vector<double>, std::vector<double>, std::vector<double>, double> cases = {
         {"solved", {2, 1, 1, -1}, {2, 1}, {5, 1}, 0.0},
         {"largest of the rows, over its largest product", {2, 1, 1, -1}, {2, 1}, {5, 2}, 0.5},
         {"over the right side where that is largest", {1, 0, 0, 1}, {0, 2}, {4, 2}, 1.0},
@@ -32,9 +27,9 @@ TEST(RelativeResidual, TellsDifferencesThatPlainSumsLose)
         {"zero unknowns", {1, 2, 3, 4}, {0, 0}, {0, 0}, 0.0},
         {"zero unknowns, no solution", {1, 2, 3, 4}, {0, 0}, {1e-300, 0}, 1.0},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        EXPECT_EQ(relative_residual(matrix_of(2, given.a), given.x, given.b), given.expected);
+    for (const auto& [name, a, x, b, expected] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(relative_residual(matrix_of(2, a), x, b), expected);
     }
 }
 

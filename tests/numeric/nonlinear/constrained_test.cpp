@@ -63,19 +63,14 @@ TEST(Constrained, EndsWithTheCodeThatFits)
         std::vector<double> end;
     };
     const double a = std::sqrt(2.0 + std::sqrt(3.0));
+    constexpr auto violates = cnle_code::start_violates_constraint;
     const std::vector<row> cases = {
         {"free", rosenbrock, {-1.2, 1.0}, {any, any}, {}, cnle_code::converged, {1.0, 1.0}},
         {"tolerance of 0", rosenbrock, {-1.2, 1.0}, {any, any}, {.tol = 0.0}, cnle_code::converged, {1.0, 1.0}},
         {"positive", hyperbola_and_circle, {2.0, 0.1}, {physically, absolutely}, {}, cnle_code::converged, {a, 1 / a}},
         {"start at the root", root_below_zero, {-1.0, 2.0}, {any, any}, {}, cnle_code::converged, {-1.0, 2.0}},
         {"no iterations allowed", rosenbrock, {0.0, 0.0}, {any, any}, {.maxiter = 0}, cnle_code::bad_input, {0.0, 0.0}},
-        {"negative start",
-         rosenbrock,
-         {0.0, -1.0},
-         {any, physically},
-         {},
-         cnle_code::start_violates_constraint,
-         {0.0, -1.0}},
+        {"negative start", rosenbrock, {0.0, -1.0}, {any, physically}, {}, violates, {0.0, -1.0}},
         {"no root", no_root, {1.0, 1.0}, {any, any}, {}, cnle_code::no_progress, {}},
         {"held at zero", root_below_zero, {0.0, 2.0}, {absolutely, any}, {}, cnle_code::no_progress, {0.0, 2.0}},
         {"out of iterations", rosenbrock, {-1.2, 1.0}, {any, any}, {.maxiter = 1}, cnle_code::iteration_limit, {}},
@@ -90,7 +85,7 @@ TEST(Constrained, EndsWithTheCodeThatFits)
         for (std::size_t i = 0; i < given.end.size(); ++i)
             EXPECT_NEAR(x[i], given.end[i], 1e-7);
         // Refused at once, without an evaluation and with residuals of 0; else those of x.
-        const bool refused = given.code == cnle_code::bad_input || given.code == cnle_code::start_violates_constraint;
+        const bool refused = given.code == cnle_code::bad_input || given.code == violates;
         EXPECT_EQ(system.evaluations == 0, refused);
         EXPECT_EQ(result.iterations == 0, refused);
         std::vector<double> f(2);

@@ -4,6 +4,7 @@
 #include "numeric/nonlinear/NR_vbNLE.h"
 #include "numeric/nonlinear/jacobian.h"
 #include "recording_system.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -61,23 +62,18 @@ void products(std::span<const double> x, std::span<double> f)
 
 TEST(Fdjac, StepIsRelativeToTheMagnitude)
 {
-    struct row
-    {
-        double x;
-        double moved;
-    };
-    const std::vector<row> cases = {{0.0, 1e-07},
-                                    {-3.0, -3.0 + 1e-07 * 3.0},
-                                    {2.0, 2.0 + 1e-07 * 2.0},
-                                    {1e-320, 1e-320 + 1e-07},
-                                    {-1e12, -1e12 + 1e-07 * 1e12}};
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.x);
+    const table<double, double> cases = {{0.0, 1e-07},
+                                         {-3.0, -3.0 + 1e-07 * 3.0},
+                                         {2.0, 2.0 + 1e-07 * 2.0},
+                                         {1e-320, 1e-320 + 1e-07},
+                                         {-1e12, -1e12 + 1e-07 * 1e12}};
+    for (const auto& [at, moved] : cases) {
+        SCOPED_TRACE(at);
         recording_system system(1, same);
         matrix df(1, 1);
-        fdjac(system, std::vector{given.x}, std::vector{given.x}, df);
+        fdjac(system, std::vector{at}, std::vector{at}, df);
         ASSERT_EQ(system.points.size(), 1U);
-        EXPECT_EQ(system.points[0][0], given.moved);
+        EXPECT_EQ(system.points[0][0], moved);
         // Divided by the step as represented: the slope of f(x) = x is 1 to the last bit.
         EXPECT_EQ(df(0, 0), 1.0);
     }
@@ -141,18 +137,13 @@ TEST(Jacobians, AKeptOneIsThatOfAFreshMatrix)
 TEST(Jacobians, OverflowIsAFailure)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct row
-    {
-        std::vector<double> residuals;
-        double x;
-    };
     // The residual itself, a column, a quotient.
-    const std::vector<row> cases = {{{infinity}, 1.0}, {{1.0, infinity}, 1.0}, {{0.0, 1e305}, 1.0}};
-    for (const row& given : cases) {
+    const table<std::vector<double>, double> cases = {{{infinity}, 1.0}, {{1.0, infinity}, 1.0}, {{0.0, 1e305}, 1.0}};
+    for (const auto& [residuals, x] : cases) {
         matrix df(1, 1);
         std::vector<double> f(1);
-        function_system system(1, scripted(given.residuals));
-        EXPECT_EQ(failure_of([&] { usrfun(system, std::vector{given.x}, f, df); }), "6");
+        function_system system(1, scripted(residuals));
+        EXPECT_EQ(failure_of([&] { usrfun(system, std::vector{x}, f, df); }), "6");
     }
     function_system system(1, same);
     matrix df(1, 1);

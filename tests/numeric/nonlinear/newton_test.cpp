@@ -3,6 +3,7 @@
 #include "numeric/nonlinear/NR_vbNLE.h"
 #include "numeric/nonlinear/stopping_tests.h"
 #include "recording_system.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,37 @@ function_system::function constant(double value)
     return [value](std::span<const double>, std::span<double> f) { f[0] = value; };
 }
 
+using enum solver_ending;
+
+/// A search in one unknown, how and where it ends and what it costs.
+template <class Options> struct ending_case
+{
+    std::string name;
+    function_system::function f;
+    double start;
+    Options options;
+    double end;
+    solver_ending ending;
+    int iterations, evaluations;
+    double residual;
+};
+
+template <class Options, class Solver>
+void expect_ending(const ending_case<Options>& given, Solver solve, double tolerance)
+{
+    SCOPED_TRACE(given.name);
+    function_system system(1, given.f);
+    std::vector<double> x = {given.start};
+    std::vector<double> fvec(1);
+    const solver_summary summary = solve(system, x, fvec, given.options);
+    EXPECT_NEAR(x[0], given.end, tolerance);
+    EXPECT_EQ(summary.ending, given.ending);
+    EXPECT_EQ(summary.iterations, given.iterations);
+    EXPECT_FALSE(summary.check);
+    EXPECT_EQ(system.evaluations, given.evaluations);
+    EXPECT_NEAR(fvec[0], given.residual, tolerance);
+}
+
 void rosenbrock(std::span<const double> x, std::span<double> f)
 {
     f[0] = 10.0 * (x[1] - x[0] * x[0]);
@@ -38,54 +70,16 @@ void rosenbrock(std::span<const double> x, std::span<double> f)
 // By hand. A trial costs two evaluations; the step from 5 meets 1 but for the rounding of the difference.
 TEST(Mnewt, EndsByTheToldTestsInTheToldOrder)
 {
-    struct row
-    {
-        std::string name;
-        function_system::function f;
-        double start;
-        mnewt_options options;
-        double end;
-        solver_ending ending;
-        int iterations;
-        int evaluations;
-        double residual;
-    };
-    const std::vector<row> cases = {
-        {"residual test in the second trial", line, 5.0, {}, 1.0, solver_ending::residual_small, 2, 4, 0.0},
-        {"residual equal to tolf is enough",
-         constant(0.5),
-         3.0,
-         {.tolf = 0.5},
-         3.0,
-         solver_ending::residual_small,
-         1,
-         2,
-         0.5},
+    const std::vector<ending_case<mnewt_options>> cases = {
+        {"residual test in the second trial", line, 5.0, {}, 1.0, residual_small, 2, 4, 0.0},
+        {"residual equal to tolf is enough", constant(0.5), 3.0, {.tolf = 0.5}, 3.0, residual_small, 1, 2, 0.5},
         // The slope is flat: each step is -f. The residual is that of the point before the last step.
-        {"step equal to tolx is enough", constant(0.5), 3.0, {.tolx = 0.5}, 2.5, solver_ending::step_small, 1, 2, 0.5},
-        {"trials used up in silence",
-         constant(0.5),
-         3.0,
-         {.ntrial = 10},
-         -2.0,
-         solver_ending::trials_used,
-         10,
-         20,
-         0.5},
-        {"tolerances of 0", line, 5.0, {.tolx = 0.0, .tolf = 0.0}, 1.0, solver_ending::residual_small, 3, 6, 0.0},
+        {"step equal to tolx is enough", constant(0.5), 3.0, {.tolx = 0.5}, 2.5, step_small, 1, 2, 0.5},
+        {"trials used up in silence", constant(0.5), 3.0, {.ntrial = 10}, -2.0, trials_used, 10, 20, 0.5},
+        {"tolerances of 0", line, 5.0, {.tolx = 0.0, .tolf = 0.0}, 1.0, residual_small, 3, 6, 0.0},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        function_system system(1, given.f);
-        std::vector<double> x = {given.start};
-        std::vector<double> fvec(1);
-        const solver_summary summary = mnewt(system, x, fvec, given.options);
-        EXPECT_NEAR(x[0], given.end, 1e-9);
-        EXPECT_EQ(summary.ending, given.ending);
-        EXPECT_EQ(summary.iterations, given.iterations);
-        EXPECT_EQ(system.evaluations, given.evaluations);
-        EXPECT_NEAR(fvec[0], given.residual, 1e-9);
-    }
+    for (const auto& given : cases)
+        expect_ending(given, mnewt, 1e-9);
 }
 
 TEST(Mnewt, SumsOverAllResiduals)
@@ -99,65 +93,20 @@ TEST(Mnewt, SumsOverAllResiduals)
 
 TEST(Newt, EndsByTheToldTestsInTheToldOrder)
 {
-    struct row
-    {
-        std::string name;
-        function_system::function f;
-        double start;
-        newt_options options;
-        double end;
-        solver_ending ending;
-        int iterations;
-        int evaluations;
-        double residual;
-    };
-    const std::vector<row> cases = {
-        {"start within a hundredth of TOLF",
-         line,
-         1.0 + 0x1p-31,
-         {},
-         1.0 + 0x1p-31,
-         solver_ending::residual_small,
-         0,
-         1,
-         0x1p-31},
-        {"start equal to a hundredth of TOLF is not enough",
-         line,
-         1.5,
-         {.TOLF = 50.0},
-         1.0,
-         solver_ending::residual_small,
-         1,
-         3,
-         0.0},
-        {"one full step", line, 5.0, {}, 1.0, solver_ending::residual_small, 1, 3, 0.0},
+    constexpr double near = 1.0 + 0x1p-31;
+    constexpr double beside = 1.0 + 0x1p-24;
+    const std::vector<ending_case<newt_options>> cases = {
+        {"start within a hundredth of TOLF", line, near, {}, near, residual_small, 0, 1, 0x1p-31},
+        {"start equal to a hundredth of TOLF", line, 1.5, {.TOLF = 50.0}, 1.0, residual_small, 1, 3, 0.0},
+        {"one full step", line, 5.0, {}, 1.0, residual_small, 1, 3, 0.0},
         // alamin is 1e-7 / 2^-24 and above 1: x goes back, the residual of the trial stays and passes the test.
-        {"step too short to make", line, 1.0 + 0x1p-24, {}, 1.0 + 0x1p-24, solver_ending::residual_small, 1, 3, 0.0},
+        {"step too short to make", line, beside, {}, beside, residual_small, 1, 3, 0.0},
         // Flat: each step is -1/2; relative to the unknown 1/4 at -2 and 1/5 at -2.5.
-        {"step below TOLX", constant(0.5), 1.0, {.TOLX = 0.51}, 0.5, solver_ending::step_small, 1, 3, 0.5},
-        {"step equal to TOLX is not enough",
-         constant(0.5),
-         -1.5,
-         {.TOLX = 0.25},
-         -2.5,
-         solver_ending::step_small,
-         2,
-         5,
-         0.5},
+        {"step below TOLX", constant(0.5), 1.0, {.TOLX = 0.51}, 0.5, step_small, 1, 3, 0.5},
+        {"step equal to TOLX is not enough", constant(0.5), -1.5, {.TOLX = 0.25}, -2.5, step_small, 2, 5, 0.5},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        function_system system(1, given.f);
-        std::vector<double> x = {given.start};
-        std::vector<double> fvec(1);
-        const solver_summary summary = newt(system, x, fvec, given.options);
-        EXPECT_NEAR(x[0], given.end, 1e-10);
-        EXPECT_EQ(summary.ending, given.ending);
-        EXPECT_EQ(summary.iterations, given.iterations);
-        EXPECT_FALSE(summary.check);
-        EXPECT_EQ(system.evaluations, given.evaluations);
-        EXPECT_NEAR(fvec[0], given.residual, 1e-10);
-    }
+    for (const auto& given : cases)
+        expect_ending(given, newt, 1e-10);
 }
 
 // x^2 + 1 has its minimum at 0 and no root. Near it the Newton steps become ever longer and the search gives up.
@@ -167,7 +116,7 @@ TEST(Newt, SuspectsAMinimumThatIsNoRoot)
     std::vector<double> x = {1.0};
     std::vector<double> fvec(1);
     const solver_summary summary = newt(system, x, fvec, {.TOLMIN = 1e-2});
-    EXPECT_EQ(summary.ending, solver_ending::no_descent);
+    EXPECT_EQ(summary.ending, no_descent);
     EXPECT_TRUE(summary.check);
     EXPECT_NEAR(x[0], 0.0, 1e-2);
 }
@@ -186,62 +135,40 @@ TEST(StoppingTests, GradientIsScaledByTheFunction)
 
 TEST(Solvers, GiveUpInTheirOwnWordsAtTheLastAcceptedPoint)
 {
-    struct row
-    {
-        std::string name;
-        int n;
-        function_system::function f;
-        std::vector<double> start;
-        /// newt or broydn
-        bool broyden;
-        int MAXITS;
-        std::string failure;
-        std::vector<double> end;
-    };
     // B = diag(1, 1/64) from (1, 1) leads to (0, 0); the residual (0, 1/32) found there changes the second row of
     // B to (-1/64, 0), so that it becomes singular in exact numbers.
     const auto to_singular = [](std::span<const double> x, std::span<double> f) {
         f[0] = x[0] < 0.5 ? 0.0 : x[0];
         f[1] = x[0] < 0.5 ? 0.03125 : x[1] / 64.0;
     };
-    const std::vector<row> cases = {
+    const auto square = [](auto x, auto f) { f[0] = x[0] * x[0]; };
+    constexpr bool newton = false;
+    constexpr bool broyden = true;
+    using values = std::vector<double>;
+    const table<function_system::function, values, bool, int, std::string, values> cases = {
         // Flat, so that each step is -f and none is refused.
-        {"newt out of iterations", 1, constant(0.5), {3.0}, false, 10, "8888 NEWT: MAXITS exceeded in newt", {-2.0}},
-        {"broydn out of iterations",
-         1,
-         [](auto x, auto f) { f[0] = x[0] * x[0]; },
-         {1.0},
-         true,
-         1,
-         "8888 BROYDN: MAXITS exceeded in broydn",
-         {0.5}},
-        {"flat Jacobian", 1, constant(0.5), {3.0}, true, 10, "8888 BROYDN: singular Jacobian in broydn", {3.0}},
-        {"update to a singular one",
-         2,
-         to_singular,
-         {1.0, 1.0},
-         true,
-         10,
-         "8888 BROYDN: r singular in broydn",
-         {0.0, 0.0}},
+        {constant(0.5), {3.0}, newton, 10, "8888 NEWT: MAXITS exceeded in newt", {-2.0}},
+        {square, {1.0}, broyden, 1, "8888 BROYDN: MAXITS exceeded in broydn", {0.5}},
+        {constant(0.5), {3.0}, broyden, 10, "8888 BROYDN: singular Jacobian in broydn", {3.0}},
+        {to_singular, {1.0, 1.0}, broyden, 10, "8888 BROYDN: r singular in broydn", {0.0, 0.0}},
         // TOLF of 0 lets newt make a step of 0.
-        {"no step to make", 1, line, {1.0}, false, 10, "11", {1.0}},
-        {"no step to make", 1, line, {1.0}, true, 10, "11", {1.0}},
+        {line, {1.0}, newton, 10, "11", {1.0}},
+        {line, {1.0}, broyden, 10, "11", {1.0}},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        function_system system(given.n, given.f);
-        std::vector<double> x = given.start;
+    for (const auto& [f, start, by_broyden, limit, failure, end] : cases) {
+        SCOPED_TRACE(failure);
+        function_system system(static_cast<int>(start.size()), f);
+        std::vector<double> x = start;
         std::vector<double> fvec(x.size());
-        const std::string failure = failure_of([&] {
-            if (given.broyden)
-                broydn(system, x, fvec, {.MAXITS = given.MAXITS, .TOLF = 0.0});
-            else
-                newt(system, x, fvec, {.MAXITS = given.MAXITS, .TOLF = 0.0});
-        });
-        EXPECT_EQ(failure, given.failure);
+        EXPECT_EQ(failure_of([&] {
+                      if (by_broyden)
+                          broydn(system, x, fvec, {.MAXITS = limit, .TOLF = 0.0});
+                      else
+                          newt(system, x, fvec, {.MAXITS = limit, .TOLF = 0.0});
+                  }),
+                  failure);
         for (std::size_t i = 0; i < x.size(); ++i)
-            EXPECT_NEAR(x[i], given.end[i], 1e-6);
+            EXPECT_NEAR(x[i], end[i], 1e-6);
     }
 }
 

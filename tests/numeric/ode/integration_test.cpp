@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 /// What all integrators have in common.
 namespace kelvarin::test

@@ -8,8 +8,6 @@
 #include <array>
 #include <cmath>
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace kelvarin::test
 {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/cell_block.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
@@ -20,12 +21,7 @@ cell_columns grid_of(const std::vector<std::vector<std::string>>& rows)
 
 TEST(CellBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
 {
-    struct row
-    {
-        std::string text;
-        cell_block block;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, cell_block> cases = {
         {"", {}},
         {"1", {{"1"}}},
         {"1\n", {{"1"}}},
@@ -36,9 +32,9 @@ TEST(CellBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
         {"5\" pipe\t\"open\n1", {{"5\" pipe", "\"open"}, {"1"}}},
         {"\"1\"2\t3", {{"12", "3"}}},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.text);
-        EXPECT_EQ(read_block(given.text), given.block);
+    for (const auto& [text, block] : cases) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(read_block(text), block);
     }
 }
 
@@ -63,12 +59,7 @@ TEST(CellBlock, WhatWasCopiedReadsBack)
 
 TEST(CellBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
 {
-    struct row
-    {
-        cell_block block;
-        std::optional<cell_block> converted;
-    };
-    const std::vector<row> cases = {
+    const test::table<cell_block, std::optional<cell_block>> cases = {
         {{{"1,5", "-,25E+3"}, {" 3 ", ""}}, {{{"1.5", "-.25E+3"}, {" 3 ", ""}}}},
         {{{"1", "2"}}, std::nullopt},
         {{{"1,5", "2.5"}}, std::nullopt},
@@ -77,26 +68,18 @@ TEST(CellBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
         {{{"1,2,3"}}, std::nullopt},
         {{{"1e3,5"}}, std::nullopt},
         {{{""}}, std::nullopt},
-        {{}, std::nullopt},
+        {cell_block(), std::nullopt},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.block.empty() ? "" : given.block.front().front());
-        EXPECT_EQ(decimal_comma_block(given.block), given.converted);
+    for (const auto& [block, converted] : cases) {
+        SCOPED_TRACE(block.empty() ? "" : block.front().front());
+        EXPECT_EQ(decimal_comma_block(block), converted);
     }
 }
 
 TEST(CellBlock, PasteSaysWhatDidNotFit)
 {
-    struct row
-    {
-        std::string name;
-        cell_range range;
-        std::string text;
-        cell_columns expected;
-        std::vector<std::string> left_out;
-    };
     const cell_columns grid = grid_of({{"1", "2", "3"}, {"4", "5", "6"}});
-    const std::vector<row> cases = {
+    const test::table<std::string, cell_range, std::string, cell_columns, std::vector<std::string>> cases = {
         {"inside", {0, 1, 1, 1}, "a\tb\nc\td", grid_of({{"1", "a", "b"}, {"4", "c", "d"}}), {}},
         {"over the edges", {1, 2, 1, 1}, "a\tb\nc\td", grid_of({{"1", "2", "3"}, {"4", "5", "a"}}), {"b", "c", "d"}},
         {"empty cells outside are nothing", {1, 2, 1, 1}, "a\t\n\t", grid_of({{"1", "2", "3"}, {"4", "5", "a"}}), {}},
@@ -105,11 +88,11 @@ TEST(CellBlock, PasteSaysWhatDidNotFit)
         {"cells lose line ends", {0, 0, 1, 1}, "\" 1\n2\"\tx", grid_of({{"1 2", "x", "3"}, {"4", "5", "6"}}), {}},
         {"nothing", {0, 0, 2, 2}, "", grid, {}},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
+    for (const auto& [name, range, text, expected, left_out] : cases) {
+        SCOPED_TRACE(name);
         cell_columns cells = grid;
-        EXPECT_EQ(paste_block(cells, given.range, read_block(given.text)), given.left_out);
-        EXPECT_EQ(cells, given.expected);
+        EXPECT_EQ(paste_block(cells, range, read_block(text)), left_out);
+        EXPECT_EQ(cells, expected);
     }
     EXPECT_EQ(left_out_box({"1", "2", "3", "4", "5"}).text,
               "5 pasted cells lie outside the grid and were left out: '1', '2', '3', '4', ...");

@@ -2,47 +2,43 @@
 #include "shell/document/json_value.h"
 #include "shell/document/recovery_file.h"
 #include "shell/report/json_writer.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
 #include <cstdint>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 TEST(JsonValue, AReaderThatAsksForWhatIsNotThereGetsNothing)
 {
-    struct row
-    {
-        std::string text;
-        /// What is read of the text, or "-".
-        std::string read;
-    };
     const auto first_item = [](const json_value& value) {
         const json_value& item = value.at("a").items().at(0);
         return item.is_text() ? item.text() : std::to_string(item.whole_number());
     };
-    for (const row& given : {row{R"({"a": ["x\u00e9\n", 2]})", "x\xC3\xA9\n"},
-                             {R"({"b": 1, "a": [-7]})", "-7"},
-                             {R"({"a": [1], "a": [2]})", "2"},
-                             {R"({"a": [9223372036854775807]})", "9223372036854775807"},
-                             {R"({"a": [9223372036854775808]})", "-"},
-                             {R"({"a": [1.0]})", "-"},
-                             {R"({"a": [null]})", "-"},
-                             {R"({"a": {"0": 1}})", "-"},
-                             {R"({"b": [1]})", "-"},
-                             {R"(["a"])", "-"},
-                             {R"({"a": [1]} x)", "-"},
-                             {R"({"a": [1])", "-"},
-                             {"{\"a\": [\"\xE9\"]}", "-"},
-                             {"", "-"},
-                             {"{\"a\": " + std::string(99, '[') + "1" + std::string(99, ']') + "}", "-"},
-                             {std::string(1000000, '['), "-"}}) {
-        SCOPED_TRACE(given.text.substr(0, 100));
-        EXPECT_EQ(read_json(given.text, first_item).value_or("-"), given.read);
+    // What is read of the text, or "-".
+    const table<std::string, std::string> cases = {
+        {R"({"a": ["x\u00e9\n", 2]})", "x\xC3\xA9\n"},
+        {R"({"b": 1, "a": [-7]})", "-7"},
+        {R"({"a": [1], "a": [2]})", "2"},
+        {R"({"a": [9223372036854775807]})", "9223372036854775807"},
+        {R"({"a": [9223372036854775808]})", "-"},
+        {R"({"a": [1.0]})", "-"},
+        {R"({"a": [null]})", "-"},
+        {R"({"a": {"0": 1}})", "-"},
+        {R"({"b": [1]})", "-"},
+        {R"(["a"])", "-"},
+        {R"({"a": [1]} x)", "-"},
+        {R"({"a": [1])", "-"},
+        {"{\"a\": [\"\xE9\"]}", "-"},
+        {"", "-"},
+        {"{\"a\": " + std::string(99, '[') + "1" + std::string(99, ']') + "}", "-"},
+        {std::string(1000000, '['), "-"}};
+    for (const auto& [text, read] : cases) {
+        SCOPED_TRACE(text.substr(0, 100));
+        EXPECT_EQ(read_json(text, first_item).value_or("-"), read);
     }
     EXPECT_TRUE(parse_json(std::string(100, '[') + std::string(100, ']')));
     EXPECT_FALSE(parse_json(std::string(101, '[') + std::string(101, ']')));
@@ -74,5 +70,4 @@ TEST(JsonValue, AFileOfAnEarlierVersionIsStillRead)
         entry);
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

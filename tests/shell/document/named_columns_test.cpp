@@ -10,9 +10,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-namespace kelvarin
-{
-namespace
+namespace kelvarin::test
 {
 
 TEST(NamedColumns, AreWrittenAsCommaSeparatedValues)
@@ -33,5 +31,4 @@ RC_GTEST_PROP(NamedColumns, EveryNumberReadsBackToTheSameBits, (std::uint64_t bi
     RC_ASSERT(std::bit_cast<std::uint64_t>(std::strtod(csv_text(table).c_str() + 2, nullptr)) == bits);
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

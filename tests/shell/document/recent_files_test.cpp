@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/recent_files.h"
 #include "support/scratch_folder.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -65,19 +66,15 @@ TEST(RecentFiles, MovesAFileToTheFrontAndKeepsFour)
 
 TEST(RecentFiles, CaptionsAreLowerCaseShortAndShowTheAmpersand)
 {
-    struct row
-    {
-        std::size_t number;
-        const char *path, *expected;
-    };
-    for (const row& each : {row{1, "/Tmp/A&B.kvr", "&1 /tmp/a&&b.kvr"},
-                            {2, "/123/5678901/345.kvr", "&2 /123/5678901/345.kvr"},
-                            {3, "/1234/678901/345X.KVR", "&3 /1234/.../345x.kvr"},
-                            {4, "/home/user/Problems & more/Gas.kvr", "&4 /home/.../gas.kvr"},
-                            {1, "/h&m/some/where/deep/P.kvr", "&1 /h&&m/.../p.kvr"},
-                            {1, "/tmp/\xC3\x89t\xC3\xA9.kvr", "&1 /tmp/\xC3\x89t\xC3\xA9.kvr"}}) {
-        SCOPED_TRACE(each.path);
-        EXPECT_EQ(recent_file_caption(each.number, each.path), each.expected);
+    for (const auto& [number, path, expected] : test::table<std::size_t, const char*, const char*>{
+             {1, "/Tmp/A&B.kvr", "&1 /tmp/a&&b.kvr"},
+             {2, "/123/5678901/345.kvr", "&2 /123/5678901/345.kvr"},
+             {3, "/1234/678901/345X.KVR", "&3 /1234/.../345x.kvr"},
+             {4, "/home/user/Problems & more/Gas.kvr", "&4 /home/.../gas.kvr"},
+             {1, "/h&m/some/where/deep/P.kvr", "&1 /h&&m/.../p.kvr"},
+             {1, "/tmp/\xC3\x89t\xC3\xA9.kvr", "&1 /tmp/\xC3\x89t\xC3\xA9.kvr"}}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(recent_file_caption(number, path), expected);
     }
 }
 

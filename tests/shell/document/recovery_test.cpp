@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/recovery.h"
+#include "support/changed_environment.h"
 #include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
@@ -210,12 +211,13 @@ TEST(Recovery, OnlyItsUserSeesTheFolder)
         EXPECT_EQ(fs::status(folder / name).permissions(), fs::perms::owner_all) << name;
     }
 
-    ASSERT_EQ(setenv("XDG_STATE_HOME", "/var/state", 1), 0);
-    EXPECT_EQ(default_recovery_folder(), "/var/state/kelvarin/recovery");
-    ASSERT_EQ(setenv("XDG_STATE_HOME", "relative", 1), 0);
-    EXPECT_EQ(default_recovery_folder().filename(), "recovery");
+    using variables = test::changed_environment::variables;
+    {
+        const test::changed_environment environment(variables{{"XDG_STATE_HOME", "/var/state"}});
+        EXPECT_EQ(default_recovery_folder(), "/var/state/kelvarin/recovery");
+    }
+    const test::changed_environment environment(variables{{"XDG_STATE_HOME", "relative"}});
     EXPECT_THAT(default_recovery_folder().string(), testing::EndsWith("/.local/state/kelvarin/recovery"));
-    unsetenv("XDG_STATE_HOME");
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <new>
 #include <stdexcept>
 #include <string>

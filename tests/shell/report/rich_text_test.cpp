@@ -2,6 +2,7 @@
 #include "shell/report/rich_text.h"
 
 #include "platform/utf8.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -26,24 +27,20 @@ std::string plain(std::string_view document)
 
 TEST(RichTextWriter, EscapesWhatTheFormatGivesAMeaning)
 {
-    struct row
-    {
-        std::string text;
-        const char* expected;
-    };
     // The numbers of \u are signed: U+FFFD is -3, and U+1F600 is the pair D83D DE00.
-    for (const row& each : {row{"a {b}\\c", "a \\{b\\}\\\\c"},
-                            {"\xC3\xA9", "\\u233?"},
-                            {"\xE2\x82\xAC"
-                             "5",
-                             "\\u8364?5"},
-                            {"\xEF\xBF\xBD", "\\u-3?"},
-                            {"\xF0\x9F\x98\x80", "\\u-10179?\\u-8704?"},
-                            {"a\r\nb\tc\0d\x7F"s, "a  b c d "},
-                            {"\xE9\xC3", "\\u233?\\u195?"},
-                            {"", ""}}) {
-        SCOPED_TRACE(each.expected);
-        EXPECT_EQ(escape_rich_text(each.text), each.expected);
+    for (const auto& [text, expected] :
+         test::table<std::string, const char*>{{"a {b}\\c", "a \\{b\\}\\\\c"},
+                                               {"\xC3\xA9", "\\u233?"},
+                                               {"\xE2\x82\xAC"
+                                                "5",
+                                                "\\u8364?5"},
+                                               {"\xEF\xBF\xBD", "\\u-3?"},
+                                               {"\xF0\x9F\x98\x80", "\\u-10179?\\u-8704?"},
+                                               {"a\r\nb\tc\0d\x7F"s, "a  b c d "},
+                                               {"\xE9\xC3", "\\u233?\\u195?"},
+                                               {"", ""}}) {
+        SCOPED_TRACE(expected);
+        EXPECT_EQ(escape_rich_text(text), expected);
     }
 }
 
@@ -73,75 +70,47 @@ TEST(RichTextReader, ReadsAReportHeadAsStyledLines)
 
 TEST(RichTextReader, ReadsItsSubset)
 {
-    struct row
-    {
-        std::string document;
-        std::string expected;
+    using documents = std::vector<std::string>;
+    const test::table<std::string, documents> subset = {
+        {"a\nb\n", {"a\\par b", "a\\\nb", "a\\\r\nb"}},
+        {"a\n", {"a\\par "}},
+        {"a\nb\n\nc\n", {"a\\line b\\par\\par c"}},
+        {"a\tb\t\n", {"a\\tab b\\tab"}},
+        {" [1] x\n", {"{\\f6  [1] }x"}},
+        {" x\n", {"\\f6\\ x", "\\f6  x"}},
+        {"x\n", {"\\f6x"}},
+        {"abc\n", {"a\r\nb\nc"}},
+        {"{}\\\n", {"\\{\\}\\\\"}},
+        {"\xC3\xA9\xC3\xA9\n", {"\\'e9\\'E9", "\xE9\xC3\xA9"}},
+        {"\xE2\x80\x99\n", {"\\'92"}},
+        {"zz4\n", {"\\'zz\\'4"}},
+        {"\xC3\xA9\n", {"\\u233 x"}},
+        {"\xE2\x82\xACx\n", {"\\u8364\\'80x"}},
+        {"\xF0\x9F\x98\x80\n", {"\\u-10179?\\u-8704?", "\\u55357 ?\\u56832 ?"}},
+        // Halves of pairs on their own.
+        {"\xEF\xBF\xBDx\n", {"\\u-10179?x", "\\u-8704?x"}},
+        {"\xEF\xBF\xBD\n", {"\\u-10179?", "\\u-3?"}},
+        // How long the replacement is belongs to the group; braces end it.
+        {"\xC3\xA9x\n", {"\\u233?x", "\\uc2\\u233\\'41Bx", "\\u233\\b x", "\\uc1\\u233\\{x"}},
+        {"\xC3\xA9x\xC3\xA9x\n", {"{\\uc0\\u233x}\\u233?x"}},
+        {"\xC3\xA9y\n", {"\\uc3{\\u233 a}y"}},
+        {"x\n",
+         {"{\\fonttbl{\\f0 A;}{\\f1{\\*\\fname B;}C;}}{\\colortbl\\red0;}x", "{\\*\\unknown {a}\\} b}x",
+          "{\\info{\\title t}}{\\stylesheet s}{\\header h}x", "{\\pict\\bin3 }}}ff}x"}},
+        {"ab\n", {"a\\bin4 {{{{b", "a\\bin-1 b"}},
+        {"xy\n", {"{\\footnote n}{\\field{\\fldinst HYPERLINK}{\\fldrslt x}}y"}},
+        {"1\t\n2\xE2\x80\x82\n", {"1\\nestcell\\nestrow 2\\enspace"}},
+        {"x\xC2\xA0y\xE2\x80\x91zu\xE2\x80\x94v\n", {"\\unknown5 x\\~y\\_z\\-u\\:\\emdash v"}},
+        {"1\t2\t\n3\n", {"1\\cell 2\\cell\\row 3"}},
+        // Cut short, or with groups that do not match.
+        {"", {"", "{", "{\\fonttbl a", "{\\*", "{\\fonttbl\\"}},
+        {"a\n", {"a\\bin99 b", "a\\", "a\\b", "a\\'", "\\f99999999999999999999 a"}},
+        {"ab\n", {"}a}b", "{a{b", "a\0b\x1F"s}},
+        {"a?\n", {"a\\u?"}},
     };
-    for (const row& each : {row{"a\\par b", "a\nb\n"},
-                            {"a\\par ", "a\n"},
-                            {"a\\line b\\par\\par c", "a\nb\n\nc\n"},
-                            {"a\\tab b\\tab", "a\tb\t\n"},
-                            {"{\\f6  [1] }x", " [1] x\n"},
-                            {"\\f6\\ x", " x\n"},
-                            {"\\f6x", "x\n"},
-                            {"\\f6  x", " x\n"},
-                            {"a\r\nb\nc", "abc\n"},
-                            {"a\\\nb", "a\nb\n"},
-                            {"a\\\r\nb", "a\nb\n"},
-                            {"\\{\\}\\\\", "{}\\\n"},
-                            {"\\'e9\\'E9", "\xC3\xA9\xC3\xA9\n"},
-                            {"\\'92", "\xE2\x80\x99\n"},
-                            {"\\'zz\\'4", "zz4\n"},
-                            {"\\u233?x", "\xC3\xA9x\n"},
-                            {"\\u233 x", "\xC3\xA9\n"},
-                            {"\\u-3?", "\xEF\xBF\xBD\n"},
-                            {"\\u8364\\'80x", "\xE2\x82\xACx\n"},
-                            {"\\u-10179?\\u-8704?", "\xF0\x9F\x98\x80\n"},
-                            {"\\u55357 ?\\u56832 ?", "\xF0\x9F\x98\x80\n"},
-                            // Halves of pairs on their own.
-                            {"\\u-10179?x", "\xEF\xBF\xBDx\n"},
-                            {"\\u-8704?x", "\xEF\xBF\xBDx\n"},
-                            {"\\u-10179?", "\xEF\xBF\xBD\n"},
-                            // How long the replacement is belongs to the group; braces end it.
-                            {"{\\uc0\\u233x}\\u233?x", "\xC3\xA9x\xC3\xA9x\n"},
-                            {"\\uc2\\u233\\'41Bx", "\xC3\xA9x\n"},
-                            {"\\uc3{\\u233 a}b", "\xC3\xA9"
-                                                 "b\n"},
-                            {"\\u233\\b x", "\xC3\xA9x\n"},
-                            {"\\uc1\\u233\\{x", "\xC3\xA9x\n"},
-                            {"{\\fonttbl{\\f0 A;}{\\f1{\\*\\fname B;}C;}}{\\colortbl\\red0;}x", "x\n"},
-                            {"{\\*\\unknown {a}\\} b}x", "x\n"},
-                            {"{\\info{\\title t}}{\\stylesheet s}{\\header h}x", "x\n"},
-                            {"{\\pict\\bin3 }}}ff}x", "x\n"},
-                            {"a\\bin4 {{{{b", "ab\n"},
-                            {"a\\bin99 b", "a\n"},
-                            {"a\\bin-1 b", "ab\n"},
-                            {"{\\footnote n}{\\field{\\fldinst HYPERLINK}{\\fldrslt x}}y", "xy\n"},
-                            {"1\\nestcell\\nestrow 2\\enspace", "1\t\n2\xE2\x80\x82\n"},
-                            {"\\unknown5 a\\~b\\_c\\-d\\:e\\emdash f", "a\xC2\xA0"
-                                                                       "b\xE2\x80\x91"
-                                                                       "cde\xE2\x80\x94"
-                                                                       "f\n"},
-                            {"1\\cell 2\\cell\\row 3", "1\t2\t\n3\n"},
-                            // Cut short, or with groups that do not match.
-                            {"", ""},
-                            {"{", ""},
-                            {"}a}b", "ab\n"},
-                            {"{a{b", "ab\n"},
-                            {"a\\", "a\n"},
-                            {"a\\b", "a\n"},
-                            {"a\\'", "a\n"},
-                            {"a\\u?", "a?\n"},
-                            {"{\\fonttbl a", ""},
-                            {"{\\*", ""},
-                            {"{\\fonttbl\\", ""},
-                            {"\\f99999999999999999999 a", "a\n"},
-                            {"a\0b\x1F"s, "ab\n"},
-                            {"\xE9\xC3\xA9", "\xC3\xA9\xC3\xA9\n"}}) {
-        SCOPED_TRACE(each.document);
-        EXPECT_EQ(plain(each.document), each.expected);
-    }
+    for (const auto& [expected, read] : subset)
+        for (const std::string& document : read)
+            EXPECT_EQ(plain(document), expected) << document;
 }
 
 TEST(RichTextReader, FollowsStylesThroughGroups)

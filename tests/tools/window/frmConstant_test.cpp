@@ -2,14 +2,11 @@
 #include "tools/window/frmConstant.h"
 
 #include "support/alone_program.h"
-#include "support/robot.h"
-#include "support/test_desk.h"
-#include "support/window_walk.h"
+#include "tool_window.h"
 
 #include <QComboBox>
 #include <QListWidget>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -31,25 +28,12 @@ constexpr const char* constants_text = "speed of sound = 343 | m/s\n"
                                        "pi = 3.14159265358979 |\n"
                                        "e = 2.71828182845905\n";
 
-class Constants_window : public testing::Test
+class Constants_window : public test::tool_window<frmConstant>
 {
 protected:
-    Constants_window() { desk.folder.write("constant.txt", constants_text); }
+    Constants_window() : tool_window("constant.txt", constants_text) {}
 
-    void open()
-    {
-        window.show();
-        window.activateWindow();
-        test::settle();
-    }
-    std::vector<std::string> lines() const
-    {
-        const auto& list = person.find<QListWidget>("lstConst");
-        std::vector<std::string> texts;
-        for (int row = 0; row < list.count(); ++row)
-            texts.push_back(list.item(row)->text().toStdString());
-        return texts;
-    }
+    std::vector<std::string> lines() const { return items("lstConst"); }
     void select(int row)
     {
         person.find("lstConst").setFocus();
@@ -62,10 +46,6 @@ protected:
         const fs::path viewer = desk.folder.write("kvrdata.exe", script);
         if (may_run) fs::permissions(viewer, fs::perms::owner_exec, fs::perm_options::add);
     }
-
-    test::test_desk desk;
-    frmConstant window{desk.context, nullptr, {desk.folder.path()}};
-    robot person{window};
 };
 
 TEST_F(Constants_window, ShowsTheChosenGroupInColumns)
@@ -169,10 +149,7 @@ TEST_F(Constants_window, CanBeNamedReadAndReached)
     desk.folder.write("constant.txt", std::string(constants_text) + "nonsense\n");
     open();
     EXPECT_EQ(person.text("lblFaults"), "constant.txt: Passed over: line 9, there is no \"=\"");
-    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
-    window.resize(window.minimumSizeHint());
-    test::settle();
-    EXPECT_THAT(test::faults_of(window), testing::IsEmpty());
+    expect_no_fault_down_to_the_least_size();
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 #include "nle/equations/window/entry_dialog.h"
 
 #include "support/robot.h"
+#include "support/table.h"
 #include "support/test_desk.h"
-#include "support/window_walk.h"
 
 #include <gmock/gmock.h>
 
@@ -123,30 +123,24 @@ TEST(EntryDialog, ShowsARefusalInTheFieldItIsAbout)
 
 TEST(EntryDialog, IsDoneOrCancelledByButtonsAndKeys)
 {
-    struct way
-    {
-        const char* field;
-        std::function<void(const robot&)> act;
-        const char* result;
-    };
     const auto key = [](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
         return [=](const robot&) { robot::press(code, modifiers); };
     };
     const auto click = [](const char* name) { return [=](const robot& person) { person.click(name); }; };
-    const way ways[] = {
+    const test::table<const char*, std::function<void(const robot&)>, const char*> ways = {
         {"txtVar", key(Qt::Key_Return), "done"},     {"txtGuess", key(Qt::Key_Enter, Qt::KeypadModifier), "done"},
         {"txtComment", key(Qt::Key_Return), "done"}, {"txtEquation", key(Qt::Key_Return, Qt::ControlModifier), "done"},
         {"txtEquation", key(Qt::Key_Return), ""},    {"txtEquation", key(Qt::Key_Escape), "cancel"},
         {"txtVar", click("cmdDone"), "done"},        {"txtVar", click("cmdCancel"), "cancel"},
     };
-    for (const way& taken : ways) {
-        SCOPED_TRACE(std::string(taken.field) + " " + taken.result);
+    for (const auto& [field, act, result] : ways) {
+        SCOPED_TRACE(std::string(field) + " " + result);
         desk at(accept_all);
         const robot person(*at.dialog);
-        person.type(taken.field, "x");
-        taken.act(person);
-        EXPECT_EQ(at.result.toStdString(), taken.result);
-        EXPECT_EQ(at.dialog.isNull(), taken.result[0] != '\0') << "the dialog deletes itself";
+        person.type(field, "x");
+        act(person);
+        EXPECT_EQ(at.result.toStdString(), result);
+        EXPECT_EQ(at.dialog.isNull(), result[0] != '\0') << "the dialog deletes itself";
     }
 }
 
@@ -205,22 +199,6 @@ TEST(EntryDialog, TabGoesDownTheForm)
     EXPECT_THAT(order, ElementsAre("txtVar", "txtEquation", "txtGuess", "txtComment", "cmdShowallvars", "cmdClear",
                                    "cmdDone", "cmdCancel"));
     EXPECT_EQ(QApplication::focusWidget(), at.dialog->txtVar());
-}
-
-TEST(EntryDialog, HasNamesAndKeysForAllControls)
-{
-    desk at(accept_all);
-    EXPECT_THAT(test::faults_of(*at.dialog), testing::IsEmpty());
-}
-
-TEST(EntryDialog, AsksForTheListing)
-{
-    desk at(accept_all);
-    int asked = 0;
-    QObject::connect(at.dialog, &entry_dialog::listing_asked, at.dialog, [&] { ++asked; });
-    robot(*at.dialog).click("cmdShowallvars");
-    EXPECT_EQ(asked, 1);
-    EXPECT_TRUE(at.dialog && at.dialog->isVisible());
 }
 
 TEST(EntryDialog, KeepsItsSizeWithinTheScreen)

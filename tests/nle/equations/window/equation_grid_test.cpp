@@ -4,16 +4,15 @@
 #include "nle/equations/window/equation_grid_model.h"
 #include "support/equation_rows.h"
 #include "support/robot.h"
+#include "support/table.h"
 
 #include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -21,14 +20,11 @@
 #include <string>
 #include <vector>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
 
-using test::explicit_row;
-using test::implicit_row;
-using test::robot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -60,20 +56,20 @@ public:
         window.show();
         window.activateWindow();
         grid->setFocus();
-        test::settle();
+        settle();
     }
 
     void show(const std::vector<equation_row>& rows, int empty_rows = 0)
     {
-        grid->show_rows(rows, analyse_rows(rows, test::f_rows), empty_rows);
-        test::settle();
+        grid->show_rows(rows, analyse_rows(rows, f_rows), empty_rows);
+        settle();
     }
     void double_click(int row, int column)
     {
         const QPoint place = grid->visualRect(grid->model()->index(row - 1, column)).center();
         QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, place);
-        test::settle();
+        settle();
     }
     const equation_grid_model& model() const { return dynamic_cast<equation_grid_model&>(*grid->model()); }
     /// The parts of a row's text that are marked as faults or by a message.
@@ -106,14 +102,7 @@ TEST(EquationGrid, ReportsGesturesWithTheirRowsAndNoneOfEmptyOrLockedRows)
         return [=](desk&, int) { robot::press(code, modifiers); };
     };
     const auto twice = [](int column) { return [column](desk& at, int row) { at.double_click(row, column); }; };
-    struct gesture
-    {
-        const char* name;
-        std::function<void(desk&, int)> act;
-        int row;
-        const char* reported;
-    };
-    const gesture gestures[] = {
+    const table<const char*, std::function<void(desk&, int)>, int, const char*> gestures = {
         {"Enter", key(Qt::Key_Return), 2, "edit 2"},
         {"Enter of the number pad", key(Qt::Key_Enter, Qt::KeypadModifier), 1, "edit 1"},
         {"double click on the equation", twice(0), 3, "edit 3"},
@@ -127,16 +116,16 @@ TEST(EquationGrid, ReportsGesturesWithTheirRowsAndNoneOfEmptyOrLockedRows)
         {"Down alone", key(Qt::Key_Down), 1, ""},
         {"Ctrl+C", key(Qt::Key_C, Qt::ControlModifier), 1, ""},
     };
-    for (const gesture& made : gestures) {
-        SCOPED_TRACE(made.name);
+    for (const auto& [name, act, row, reported] : gestures) {
+        SCOPED_TRACE(name);
         desk at;
         at.show(three_rows, 2);
         for (const bool editable : {true, false}) {
             at.log.clear();
             at.grid->set_editable(editable);
-            at.grid->set_current_row(made.row);
-            made.act(at, made.row);
-            const std::string expected = editable ? made.reported : "";
+            at.grid->set_current_row(row);
+            act(at, row);
+            const std::string expected = editable ? reported : "";
             EXPECT_EQ(at.log.empty() ? "" : at.log.front(), expected);
             EXPECT_LE(at.log.size(), 1U);
         }
@@ -155,16 +144,8 @@ TEST(EquationGrid, EditsCommentsInPlaceAndReportsOnlyChanges)
     const act lock = [](desk& at) { at.grid->set_editable(false); };
     const act f2 = keys({Qt::Key_F2});
     const act enter = keys({Qt::Key_Return});
-    struct edit
-    {
-        const char* name;
-        act begin;
-        std::string typed;
-        act end;
-        std::vector<std::string> reported;
-    };
     const std::vector<std::string> changed = {"comment 'K' 2"};
-    const edit edits[] = {
+    const table<const char*, act, std::string, act, std::vector<std::string>> edits = {
         {"F2", f2, "K", enter, changed},
         {"Enter on the comment", keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Return}), "K", enter, changed},
         {"double click", [](desk& at) { at.double_click(2, 2); }, "K", enter, changed},
@@ -174,18 +155,18 @@ TEST(EquationGrid, EditsCommentsInPlaceAndReportsOnlyChanges)
         {"the same again", f2, "kelvin", enter, {}},
         {"locked", lock, "", f2, {}},
     };
-    for (const edit& made : edits) {
-        SCOPED_TRACE(made.name);
+    for (const auto& [name, begin, typed, end, reported] : edits) {
+        SCOPED_TRACE(name);
         desk at;
         std::vector<equation_row> rows = three_rows;
         rows[1].comment = "kelvin";
         at.show(rows);
         at.grid->set_current_row(2);
-        made.begin(at);
-        if (!made.typed.empty()) robot(*at.grid).type("txtCellComment", made.typed);
-        made.end(at);
-        test::settle();
-        EXPECT_EQ(at.log, made.reported);
+        begin(at);
+        if (!typed.empty()) robot(*at.grid).type("txtCellComment", typed);
+        end(at);
+        settle();
+        EXPECT_EQ(at.log, reported);
         EXPECT_EQ(at.grid->current_row(), 2);
         EXPECT_EQ(at.grid->findChild<QLineEdit*>("txtCellComment"), nullptr);
     }
@@ -211,7 +192,7 @@ TEST(EquationGrid, ContextMenuOffersWhatTheRowAllows)
         const QPoint place = at.grid->visualRect(at.grid->currentIndex()).center();
         QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, at.grid->viewport()->mapToGlobal(place));
         QApplication::sendEvent(at.grid->viewport(), &asked);
-        auto& menu = test::top_window_of<QMenu>("mnuGrid");
+        auto& menu = top_window_of<QMenu>("mnuGrid");
         std::vector<std::string> enabled;
         for (const QAction* item : menu.actions())
             if (item->isEnabled() && !item->isSeparator()) enabled.push_back(item->text().remove('&').toStdString());
@@ -219,7 +200,7 @@ TEST(EquationGrid, ContextMenuOffersWhatTheRowAllows)
         if (expected.row == 1) robot(menu).trigger(menu, "Add EE");
         if (expected.row == 3) robot(menu).trigger(menu, "Move up");
         menu.close();
-        test::settle();
+        settle();
     }
     EXPECT_THAT(at.log, ElementsAre("explicit 0", "up 3"));
 }
@@ -324,7 +305,7 @@ TEST(EquationGrid, KeepsTheColumnsAPersonChose)
     const int guess = width(1);
     at.grid->horizontalHeader()->resizeSection(0, room() / 4);
     at.window.resize(1000, 400);
-    test::settle();
+    settle();
     EXPECT_NEAR(width(0), room() / 4, 2);
     EXPECT_EQ(width(0) + width(1) + width(2), at.grid->viewport()->width());
 
@@ -416,4 +397,4 @@ TEST(EquationGrid, SpeaksItsCells)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -7,7 +7,6 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
-#include <QApplication>
 #include <QTextDocument>
 
 #include <string>
