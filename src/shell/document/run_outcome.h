@@ -25,7 +25,7 @@ struct run_outcome
     /// Seconds of the computation alone.
     double elapsed_seconds = 0.0;
 
-    /// Sets the box of a run that ends without a report.
+    /// Adds the box of a run that ends without a report.
     void refuse(message_box box)
     {
         has_report = false;
