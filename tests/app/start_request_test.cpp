@@ -27,10 +27,8 @@ TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
         {{"\"half.kvr"}, {.tool = {}, .documents = {"\"half.kvr"}}},
         {{"", "\"\"", "\""}, {.tool = {}, .documents = {"\""}}},
     };
-    for (const auto& [arguments, expected] : rows) {
-        SCOPED_TRACE(testing::PrintToString(arguments));
-        EXPECT_EQ(read_arguments(arguments), expected);
-    }
+    for (const auto& [arguments, expected] : rows)
+        EXPECT_EQ(read_arguments(arguments), expected) << testing::PrintToString(arguments);
 }
 
 TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)
@@ -44,10 +42,8 @@ TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)
         {{.platform = "xcb", .display = {}, .wayland_display = {}}, false},
         {{.platform = "wayland;xcb", .display = {}, .wayland_display = {}}, false},
     };
-    for (const auto& [variables, expected] : rows) {
-        SCOPED_TRACE(variables.platform.value_or("no platform"));
-        EXPECT_EQ(has_screen(variables), expected);
-    }
+    for (const auto& [variables, expected] : rows)
+        EXPECT_EQ(has_screen(variables), expected) << variables.platform.value_or("no platform");
 }
 
 struct answer_of_program

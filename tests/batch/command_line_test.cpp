@@ -123,10 +123,8 @@ TEST(OutputName, PutsTheStemInPlaceOfEachPairOfBraces)
         {"fixed.txt", "a.kvr", "fixed.txt"}, {"{}.txt", "{}.kvr", "{}.txt"},
         {"{}", "dir/.hidden", ".hidden"},
     };
-    for (const auto& [output, file, name] : rows) {
-        SCOPED_TRACE(output);
-        EXPECT_EQ(output_name(output, file), name);
-    }
+    for (const auto& [output, file, name] : rows)
+        EXPECT_EQ(output_name(output, file), name) << output;
 }
 
 } // namespace kelvarin::test

@@ -2,6 +2,7 @@
 #include "desktop/expression_edit.h"
 
 #include "support/robot.h"
+#include "support/table.h"
 
 #include <gmock/gmock.h>
 
@@ -69,13 +70,7 @@ public:
 
 TEST(ExpressionEdit, CompletesFunctionsAndVariables)
 {
-    struct entry
-    {
-        const char* typed;
-        std::vector<std::string> offered;
-        const char* chosen;
-    };
-    const entry entries[] = {
+    const test::table<const char*, std::vector<std::string>, const char*> entries = {
         {"2*te", {"temperature"}, "2*temperature"},
         {"arcta", {"arctan", "arctanh"}, "arctan("},
         {"v + ARCSI", {"arcsin", "arcsinh"}, "v + arcsin("},
@@ -86,15 +81,15 @@ TEST(ExpressionEdit, CompletesFunctionsAndVariables)
         {"ln", {}, nullptr},
         {"2*x1y", {}, nullptr},
     };
-    for (const entry& made : entries) {
-        SCOPED_TRACE(made.typed);
+    for (const auto& [typed, offered, chosen] : entries) {
+        SCOPED_TRACE(typed);
         desk at;
-        robot::keys(made.typed);
-        EXPECT_EQ(at.offered(), made.offered);
-        if (!made.chosen) continue;
+        robot::keys(typed);
+        EXPECT_EQ(at.offered(), offered);
+        if (!chosen) continue;
         robot::press(Qt::Key_Down);
         robot::press(Qt::Key_Return);
-        EXPECT_EQ(at.edit->expression(), made.chosen);
+        EXPECT_EQ(at.edit->expression(), chosen);
         EXPECT_FALSE(at.offers());
     }
 }
@@ -157,24 +152,18 @@ TEST(ExpressionEdit, GivesLinesAndTabsAsBlanksOfOneByte)
 
 TEST(ExpressionEdit, MarksBytesAsLettersUntilTheTextChanges)
 {
-    struct mark
-    {
-        const char* text;
-        text_place place;
-        const char* marked;
-    };
-    const mark marks[] = {
+    const test::table<const char*, text_place, const char*> marks = {
         {"\xC3\xA9 + sin x", {0, 5, 3}, "sin"},
         {"x + ", {0, 4, 0}, " "},
         {"x + y", {0, 4, 99}, "y"},
         {"x", {0, 99, 1}, "x"},
     };
-    for (const mark& made : marks) {
-        SCOPED_TRACE(made.text);
+    for (const auto& [text, place, marked] : marks) {
+        SCOPED_TRACE(text);
         desk at;
-        at.edit->set_expression(made.text);
-        at.edit->mark_place(made.place);
-        EXPECT_EQ(at.marked(), made.marked);
+        at.edit->set_expression(text);
+        at.edit->mark_place(place);
+        EXPECT_EQ(at.marked(), marked);
         robot::keys("1");
         EXPECT_EQ(at.marked(), "");
     }

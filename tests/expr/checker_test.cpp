@@ -176,10 +176,8 @@ TEST(Checker, TellsWhereTheFaultStands)
 {
     const std::vector<std::pair<std::string, byte_range>> places = {
         {"1 + 2x", {4, 2}}, {"x  y", {0, 4}}, {"ab*-c", {2, 2}}, {"a + $", {4, 1}}, {"1 > = = 2", {2, 5}}};
-    for (const auto& [text, place] : places) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(check_expression(text).place, place);
-    }
+    for (const auto& [text, place] : places)
+        EXPECT_EQ(check_expression(text).place, place) << text;
 }
 
 TEST(Checker, RefusesMoreTokensThanCanBeCounted)

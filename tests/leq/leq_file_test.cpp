@@ -62,10 +62,8 @@ TEST(LeqFile, MissingPartsAreEmptyAndFurtherOnesPassedOver)
         {"a usual name elsewhere", "\n2\nvarsnames==x2\n", named(leq_content(3), {"x2", "x2_", "x3"})},
         {"no names", "\n1\nvarsnames==\n", leq_content(2)},
     };
-    for (const auto& [name, text, content] : cases) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(read_leq(text), content);
-    }
+    for (const auto& [name, text, content] : cases)
+        EXPECT_EQ(read_leq(text), content) << name;
 }
 
 TEST(LeqFile, RefusesWhatIsNoNumberOfEquations)

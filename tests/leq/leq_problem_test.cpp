@@ -58,10 +58,8 @@ TEST(LeqProblem, RenamingHasItsRefusals)
         {1, "", " is not a valid variable name."},
         {1, "U_1", ""},
     };
-    for (const auto& [column, name, box] : cases) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(text_of(problem.rename_variable(column, name)), box);
-    }
+    for (const auto& [column, name, box] : cases)
+        EXPECT_EQ(text_of(problem.rename_variable(column, name)), box) << name;
     EXPECT_EQ(problem.content().names, (std::vector<std::string>{"u_1", "U_1"}));
 }
 

@@ -127,10 +127,9 @@ TEST(NleFile, ReadsEveryFormOfAProblem)
         {"all behind the first = is the guess", "f(x) = x\nx(0)=1=2\n", "[f(x) = x|1=2|] (, )"},
         {"blank lines are no rows", "a = 1\n\n  \nb = 2\n\n", "[a = 1|n.a.|] [b = 2|n.a.|] (, )"},
     };
-    for (const auto& [name, text, expected] : files) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(shown(read_nle("T |KVRVER05_1\n" + std::string(text))), "\"T\" safenewt " + std::string(expected));
-    }
+    for (const auto& [name, text, expected] : files)
+        EXPECT_EQ(shown(read_nle("T |KVRVER05_1\n" + std::string(text))), "\"T\" safenewt " + std::string(expected))
+            << name;
 }
 
 TEST(NleFile, RefusesWhatIsNoProblem)

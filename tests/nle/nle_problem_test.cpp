@@ -41,10 +41,9 @@ TEST(NleProblem, DialogChecksComeInOrderWithTheirTexts)
         {"x", "x", "1", 0, "The variable 'x' has already been defined."},
         {"x", "x", "1", 1, ""},
     };
-    for (const auto& [name, expression, guess, row, text] : implicit_checks) {
-        SCOPED_TRACE(std::string(name) + " / " + expression + " / " + guess);
-        EXPECT_EQ(text_of(problem.check_implicit(name, expression, guess, row)), text);
-    }
+    for (const auto& [name, expression, guess, row, text] : implicit_checks)
+        EXPECT_EQ(text_of(problem.check_implicit(name, expression, guess, row)), text)
+            << std::string(name) + " / " + expression + " / " + guess;
 
     const std::string circular = "\rThe explicit varible being defined can not appear on the left hand side of the "
                                  "equation.";

@@ -33,10 +33,8 @@ TEST(SplitLines, TakesEveryKindOfLineEnd)
                                                                  {"\n\n", {"", ""}},
                                                                  {"a\r\rb", {"a", "", "b"}},
                                                                  {"a\n\rb", {"a", "", "b"}},
-                                                                 {"a\r\r\r\nb", {"a", "", "b"}}}) {
-        SCOPED_TRACE(::testing::PrintToString(std::string(text)));
-        EXPECT_EQ(split_lines(text), expected);
-    }
+                                                                 {"a\r\r\r\nb", {"a", "", "b"}}})
+        EXPECT_EQ(split_lines(text), expected) << ::testing::PrintToString(std::string(text));
 }
 
 TEST(Trimmed, TakesBlanksTabsAndLineEndsOffBothEnds)

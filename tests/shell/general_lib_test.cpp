@@ -28,10 +28,8 @@ TEST(FormatNumber, GivesTheReportForm)
         {1.2345e100, " 1.23E+100"},   {1e100, " 1.0E+100 "},        {9.999e-200, " 1.0E-199 "},
         {1000.0, " 1000     "},       {100.0, " 100      "},        {9999.9999, " 10000    "},
         {9999.999, " 09999.999"},     {9999.99, " 9999.99  "},      {99.9999999, " 100      "}};
-    for (const auto& [value, expected] : cases) {
-        SCOPED_TRACE(expected);
-        EXPECT_EQ(format_number(value), expected);
-    }
+    for (const auto& [value, expected] : cases)
+        EXPECT_EQ(format_number(value), expected) << expected;
 }
 
 RC_GTEST_PROP(FormatNumber, IsTenCharactersThatShowTheNumber, ())
@@ -66,10 +64,8 @@ TEST(ReplaceName, HitsWholeWordsOnly)
                                                // Comparisons are not among the neighbours of a word.
                                                {"x>x", "x>x"},
                                                {"", ""},
-                                               {"xx x", "xx new"}}) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(replace_name(text, "x", "new"), expected);
-    }
+                                               {"xx x", "xx new"}})
+        EXPECT_EQ(replace_name(text, "x", "new"), expected) << text;
     EXPECT_EQ(replace_name("x x x", "x x", "y"), "y x");
     EXPECT_EQ(replace_name("abc", "", "y"), "abc");
 }
@@ -108,10 +104,8 @@ TEST(ShortenPath, KeepsFirstFolderAndName)
              {"////////////////////////////", "////////////////////////////"},
              // Twenty letters, of two bytes each.
              {"/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-",
-              "/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-"}}) {
-        SCOPED_TRACE(path);
-        EXPECT_EQ(shorten_path(path), expected);
-    }
+              "/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9/x.kvr-"}})
+        EXPECT_EQ(shorten_path(path), expected) << path;
 }
 
 } // namespace kelvarin

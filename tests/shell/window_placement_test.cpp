@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window_placement.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -49,16 +50,13 @@ recording_registry registry_of(const char* width, const char* height, const char
 
 TEST(WindowPlacement, AFirstStartTakes85PercentInTheMiddle)
 {
-    struct row
-    {
-        rectangle screen, expected;
-    };
     // By hand: 0.85 * 1366 = 1161.1, (1366 - 1161) / 2 = 102.5; 0.85 * 768 = 652.8, (768 - 652) / 2 = 58.
-    for (const row& each : {row{{0, 0, 1366, 768}, {102, 58, 1161, 652}},
-                            {{0, 0, 800, 800}, {60, 60, 680, 680}},
-                            {{-1920, 100, 1920, 1080}, {-1776, 181, 1632, 918}}}) {
-        EXPECT_EQ(first_placement(each.screen).normal, each.expected);
-        EXPECT_EQ(first_placement(each.screen).state, window_state::normal);
+    for (const auto& [whole, expected] :
+         test::table<rectangle, rectangle>{{{0, 0, 1366, 768}, {102, 58, 1161, 652}},
+                                           {{0, 0, 800, 800}, {60, 60, 680, 680}},
+                                           {{-1920, 100, 1920, 1080}, {-1776, 181, 1632, 918}}}) {
+        EXPECT_EQ(first_placement(whole).normal, expected);
+        EXPECT_EQ(first_placement(whole).state, window_state::normal);
     }
 }
 

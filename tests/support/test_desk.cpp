@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/test_desk.h"
 
+#include <QAction>
+
+#include <algorithm>
+
 namespace kelvarin::test
 {
 

@@ -5,10 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
 
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 
 namespace
 {

@@ -164,10 +164,8 @@ TEST(Units, TheFormulaTakesOffsetsInBaseUnitsAndRefusesWhatHasNoResult)
         {"1", celsius, other, "Kelvarin Guide: deg C and m are of different types."},
         {"1e300", small, celsius, "Kelvarin Guide: The result is too large."},
     };
-    for (const auto& [number, from, to, text] : cases) {
-        SCOPED_TRACE(number + " " + from.unit_name + " " + to.unit_name);
-        EXPECT_EQ(text_of(convert_typed(number, from, to)), text);
-    }
+    for (const auto& [number, from, to, text] : cases)
+        EXPECT_EQ(text_of(convert_typed(number, from, to)), text) << number + " " + from.unit_name + " " + to.unit_name;
 }
 
 TEST(Units, ANameInTwoTypesStaysInsideTheTypeThatHasBoth)

@@ -83,10 +83,9 @@ TEST(RowEdits, ANameIsValidAndDefinedOnce)
         {"x", starts, start_value_form, 1, ""},
         {"a", starts, start_value_form, 1, taken("a")},
     };
-    for (const auto& [name, equations, form, own_row, text] : checks) {
-        SCOPED_TRACE(std::string(name) + " beside " + equations.front().equation);
-        EXPECT_EQ(text_of(check_name_field(name, equations, form, own_row)), text);
-    }
+    for (const auto& [name, equations, form, own_row, text] : checks)
+        EXPECT_EQ(text_of(check_name_field(name, equations, form, own_row)), text)
+            << std::string(name) + " beside " + equations.front().equation;
 }
 
 TEST(RowEdits, RowsAreAppendedUpToTheLimitAndReplaced)

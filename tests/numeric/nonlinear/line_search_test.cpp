@@ -30,7 +30,7 @@ double half_square(double residual)
 /// 1 as a residual of it gives it.
 const double fold = half_square(of(1.0));
 /// Uphill, the slope whose parabola through 1.5 at the full step has its extreme there.
-const double slope_back_to_full_step = 2.0 * (half_square(of(1.5)) - fold);
+const double slope_back = 2.0 * (half_square(of(1.5)) - fold);
 
 /// A search in one unknown from xold with fold = 1 along p; the values that it meets are told.
 struct search_case
@@ -77,6 +77,8 @@ void expect_search(const search_case& given)
 // through 50 at 1 and 1 at 1/10, b = 50/9, a = 400/9 and a minimum beyond 0.054.
 TEST(Lnsrch, LooksWhereTheParabolaAndTheCubicHaveTheirMinima)
 {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const std::string roundoff = "8888 LNSRCH: Roundoff problem in lnsrch.";
     const std::vector<search_case> cases = {
         {.name = "full step", .values = {0.5}, .points = {1.0}},
         {.name = "equality with the bound is enough", .values = {1.0}, .slope = 0.0, .points = {1.0}},
@@ -87,27 +89,19 @@ TEST(Lnsrch, LooksWhereTheParabolaAndTheCubicHaveTheirMinima)
         {.name = "cubic, not below a tenth", .values = {2.0, 100.0, 0.5}, .points = {1.0, 0.25, 0.025}},
         {.name = "scaled down to stpmax", .values = {0.5}, .p = 10.0, .stpmax = 2.0, .points = {2.0}},
         {.name = "too short to count", .values = {0.5}, .p = 1e-8, .points = {1e-8}, .check = true},
-        {.name = "short beside a large x",
-         .values = {0.5},
-         .p = 1e-3,
-         .xold = 1e5,
-         .points = {1e5 + 1e-3},
-         .check = true},
+        {.name = "short beside an x", .values = {0.5}, .p = 1e-3, .xold = 1e5, .points = {1e5 + 1e-3}, .check = true},
         {.name = "no step at all", .values = {}, .slope = 0.0, .p = 0.0, .points = {}, .failure = "11"},
-        {.name = "uphill, cubic without a minimum",
+        {.name = "cubic uphill, no minimum",
          .values = {3.0, 1.1},
          .slope = 1.0,
          .points = {1.0, 0.1},
-         .failure = "8888 LNSRCH: Roundoff problem in lnsrch."},
-        {.name = "uphill, the full step again",
+         .failure = roundoff},
+        {.name = "full step again, uphill",
          .values = {1.5, 1.5},
-         .slope = slope_back_to_full_step,
+         .slope = slope_back,
          .points = {1.0, 1.0},
          .failure = "11"},
-        {.name = "overflow in a trial",
-         .values = {2.0, std::numeric_limits<double>::infinity()},
-         .points = {1.0, 0.25},
-         .failure = "6"},
+        {.name = "overflow in a trial", .values = {2.0, infinity}, .points = {1.0, 0.25}, .failure = "6"},
     };
     for (const search_case& given : cases) {
         SCOPED_TRACE(given.name);

@@ -32,10 +32,8 @@ TEST(CellBlock, ReadsWhatOtherProgramsPutOnTheClipboard)
         {"5\" pipe\t\"open\n1", {{"5\" pipe", "\"open"}, {"1"}}},
         {"\"1\"2\t3", {{"12", "3"}}},
     };
-    for (const auto& [text, block] : cases) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(read_block(text), block);
-    }
+    for (const auto& [text, block] : cases)
+        EXPECT_EQ(read_block(text), block) << text;
 }
 
 TEST(CellBlock, WhatWasCopiedReadsBack)
@@ -70,10 +68,8 @@ TEST(CellBlock, DecimalCommasAreOfferedOnlyWhereAllCellsReadSo)
         {{{""}}, std::nullopt},
         {cell_block(), std::nullopt},
     };
-    for (const auto& [block, converted] : cases) {
-        SCOPED_TRACE(block.empty() ? "" : block.front().front());
-        EXPECT_EQ(decimal_comma_block(block), converted);
-    }
+    for (const auto& [block, converted] : cases)
+        EXPECT_EQ(decimal_comma_block(block), converted) << (block.empty() ? "" : block.front().front());
 }
 
 TEST(CellBlock, PasteSaysWhatDidNotFit)

@@ -72,10 +72,8 @@ TEST(RecentFiles, CaptionsAreLowerCaseShortAndShowTheAmpersand)
              {3, "/1234/678901/345X.KVR", "&3 /1234/.../345x.kvr"},
              {4, "/home/user/Problems & more/Gas.kvr", "&4 /home/.../gas.kvr"},
              {1, "/h&m/some/where/deep/P.kvr", "&1 /h&&m/.../p.kvr"},
-             {1, "/tmp/\xC3\x89t\xC3\xA9.kvr", "&1 /tmp/\xC3\x89t\xC3\xA9.kvr"}}) {
-        SCOPED_TRACE(path);
-        EXPECT_EQ(recent_file_caption(number, path), expected);
-    }
+             {1, "/tmp/\xC3\x89t\xC3\xA9.kvr", "&1 /tmp/\xC3\x89t\xC3\xA9.kvr"}})
+        EXPECT_EQ(recent_file_caption(number, path), expected) << path;
 }
 
 } // namespace

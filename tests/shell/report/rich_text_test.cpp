@@ -38,10 +38,8 @@ TEST(RichTextWriter, EscapesWhatTheFormatGivesAMeaning)
                                                {"\xF0\x9F\x98\x80", "\\u-10179?\\u-8704?"},
                                                {"a\r\nb\tc\0d\x7F"s, "a  b c d "},
                                                {"\xE9\xC3", "\\u233?\\u195?"},
-                                               {"", ""}}) {
-        SCOPED_TRACE(expected);
-        EXPECT_EQ(escape_rich_text(text), expected);
-    }
+                                               {"", ""}})
+        EXPECT_EQ(escape_rich_text(text), expected) << expected;
 }
 
 TEST(RichTextWriter, WritesHeadAndDocument)

@@ -109,16 +109,7 @@ TEST(StyledText, HtmlIsAWholeDocumentWithFontsAndColours)
         {{"a<b ", true, true, true, {0, 128, 160}, "Times'\"New", font_class::serif, 21}, {"c", false}},
         {},
         {{"1\t2", false, false, false, {}, "Courier New", font_class::monospace, 18}}};
-    EXPECT_EQ(html_of(lines, "Q & A"),
-              "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>Q &amp; A</title>\n"
-              "<style>body{background:#ffffff;color:#000000}p{margin:0;white-space:pre-wrap;tab-size:0.5in}"
-              "p.columns{tab-size:8}</style>\n</head>\n<body>\n"
-              "<p><span style=\"font-family:'Times&quot;New',serif;font-size:10.5pt;color:#0080a0;font-weight:bold;"
-              "font-style:italic;text-decoration:underline\">a&lt;b </span>"
-              "<span style=\"font-family:'Arial',sans-serif;font-size:9pt;color:#000000\">c</span></p>\n"
-              "<p><br></p>\n"
-              "<p class=\"columns\"><span style=\"font-family:'Courier New',monospace;font-size:9pt;color:#000000\">"
-              "1\t2</span></p>\n</body>\n</html>\n");
+    test::expect_golden("rich_text/document.html", html_of(lines, "Q & A"));
 }
 
 TEST(StyledText, PlainTextBecomesLinesInFixedWidth)
@@ -137,10 +128,8 @@ TEST(StyledText, FontsFallBackToTheClassThatTheirNamesTell)
         {"Times New Roman", font_class::serif}, {"Liberation Serif", font_class::serif},
         {"MS Sans Serif", font_class::sans},    {"DejaVu Sans Mono", font_class::monospace},
         {"COURIER", font_class::monospace},     {"Wingdings", font_class::sans}};
-    for (const auto& [name, expected] : cases) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(class_of_font(name, font_class::sans), expected);
-    }
+    for (const auto& [name, expected] : cases)
+        EXPECT_EQ(class_of_font(name, font_class::sans), expected) << name;
     EXPECT_EQ(class_of_font("Wingdings", font_class::serif), font_class::serif);
 }
 

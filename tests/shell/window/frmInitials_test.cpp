@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/frmInitials.h"
 
+#include "support/golden.h"
 #include "support/robot.h"
+#include "support/table.h"
 #include "support/test_desk.h"
 #include "support/window_walk.h"
 
@@ -69,109 +71,37 @@ protected:
 
 TEST_F(SettingsWindow, ShowsEverySettingInItsFolder)
 {
-    EXPECT_EQ(whole_tree(), R"(General|
-  Show status bar = True|
-  Show background pictures = False|
-Data table|
-  Initial # Columns = 30|
-  Initial # Rows = 300|
-Graph|
-  Use vertical gridlines = False|
-  Use horizontal gridlines = False|
-  Default marker size  = 40|
-  Default title  = Graph Title|
-  Default sub title  =  |
-  Query for save on close  = False|
-Nonlinear equations|
-  Fast Newton|
-    N Trial = 150|
-    Tolerance total x = 1E-07|
-    Tolerance total f = 1E-07|
-  Safe Newton|
-    Max # of iterations = 150|
-    Tolerance f = 1E-07|
-    Tolerance min = 1E-07|
-    Tolerance x = 1E-07|
-  Safe Broydn|
-    Max # of iterations = 150|
-    eps = 1E-07|
-    Tolerance f = 1E-07|
-    Tolerance x = 1E-07|
-    Tolerance min = 1E-07|
-  Constr NLE|
-    Maximum number of iterations = 150|
-    Convergence tolerance = 1E-07|
-Ordinary differential equations|
-  RKF45|
-    Initial step size = 1E-06|
-    Truncation error tolerance = 1E-06|
-  RKF56|
-    Initial step size = 1E-06|
-    Truncation error tolerance = 1E-06|
-  BS|
-    Indep variable accuracy = 1E-05|
-    Initial step size = 0.001|
-    Minimum allowed stepsize = 1E-15|
-  Stiff|
-    Indep variable accuracy = 1E-05|
-    Initial step size = 0.0001|
-    Minimum allowed stepsize = 1E-08|
-  Stiff-BS|
-    Indep variable accuracy = 1E-05|
-    Initial step size / range = 0.001|
-    Minimum allowed stepsize / range = 1E-05|
-  Intermediate data points = 100|
-Regression|
-  Nonlinear|
-    mrqmin|
-      Max # iterations = 64|
-      Tolerance = 0.0001|
-    LM|
-      Max # iterations = 64|
-)");
+    test::expect_golden("shell/settings_tree.txt", whole_tree());
     EXPECT_THAT(test::faults_of(window), IsEmpty());
 }
 
 TEST_F(SettingsWindow, ChecksWhatIsEntered)
 {
-    struct row
-    {
-        QStringList leaf;
-        const char* key;
-        const char* entered;
-        /// Empty where it is taken.
-        const char* refusal;
-        const char* kept;
-        int beeps;
-    };
     const QStringList columns = {"Data table", "Initial # Columns"};
     const QStringList tolerance = {"Nonlinear equations", "Fast Newton", "Tolerance total x"};
-    const QStringList status_bar = {"General", "Show status bar"};
     const QStringList title = {"Graph", "Default title"};
-    const char* no_boolean = "Only Boolean input is allowed. Please enter 'True' or 'False' only.";
-    for (const row& each :
-         {row{columns, "table_cols", "121", "Value must be between 2 & 120", "30", 1},
-          row{columns, "table_cols", "1.5", "Only integer input is allowed.", "30", 0},
-          row{columns, "table_cols", "120", "", "120", 0},
-          row{tolerance, "mnewt_tolx", "0.2", "Value must be between 0 & 0.1", "1E-07", 1},
-          row{tolerance, "mnewt_tolx", "0.1", "", "0.1", 0}, row{tolerance, "mnewt_tolx", "0", "", "0", 0},
-          row{status_bar, "general_show_status_bar", "yes", no_boolean, "True", 0},
-          row{status_bar, "general_show_status_bar", "false", "", "false", 0},
-          row{title, "Graph_default_title", "a = b", "", "a = b", 0},
-          row{title, "Graph_default_title", "", "", "", 0}}) {
-        SCOPED_TRACE(testing::Message() << each.key << " " << each.entered);
-        choose(each.leaf);
-        const int beeps = desk.user.beeps();
-        const bool refused = *each.refusal != '\0';
-        if (refused) desk.user.expect_box(each.refusal);
-        at.type("txtTreeData", each.entered);
+    // Of what is entered the refusal, if there is one, what is kept, and how often the window beeps.
+    const test::table<QStringList, const char*, const char*, const char*, const char*, int> cases = {
+        {columns, "table_cols", "121", "Value must be between 2 & 120", "30", 1},
+        {columns, "table_cols", "1.5", "Only integer input is allowed.", "30", 0},
+        {columns, "table_cols", "120", "", "120", 0},
+        {tolerance, "mnewt_tolx", "0.2", "Value must be between 0 & 0.1", "1E-07", 1},
+        {tolerance, "mnewt_tolx", "0.1", "", "0.1", 0},
+        {title, "Graph_default_title", "a = b", "", "a = b", 0},
+        {title, "Graph_default_title", "", "", "", 0}};
+    for (const auto& [leaf, key, entered, refusal, kept, beeps] : cases) {
+        SCOPED_TRACE(testing::Message() << key << " " << entered);
+        choose(leaf);
+        const int before = desk.user.beeps();
+        if (*refusal) desk.user.expect_box(refusal);
+        at.type("txtTreeData", entered);
         at.click("cmdSet");
         EXPECT_TRUE(desk.user.is_done());
-        EXPECT_EQ(desk.user.beeps() - beeps, each.beeps);
-        EXPECT_EQ(desk.store.value(each.key), each.kept);
-        EXPECT_TRUE(item(each.leaf).text(0).endsWith(QStringLiteral(" = ") + each.kept));
+        EXPECT_EQ(desk.user.beeps() - before, beeps);
+        EXPECT_EQ(desk.store.value(key), kept);
+        EXPECT_TRUE(item(leaf).text(0).endsWith(QStringLiteral(" = ") + kept));
         // A refused text stays, to be mended.
-        EXPECT_EQ(at.text("txtTreeData"), each.entered);
+        EXPECT_EQ(at.text("txtTreeData"), entered);
     }
 }
 

@@ -5,7 +5,6 @@
 #include "support/window_walk.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QPointer>
 #include <QPushButton>

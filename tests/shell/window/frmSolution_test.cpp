@@ -3,11 +3,11 @@
 
 #include "platform/saver.h"
 #include "support/robot.h"
+#include "support/table.h"
 #include "support/test_desk.h"
 #include "support/window_walk.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QScrollBar>
 #include <QTest>
@@ -133,21 +133,22 @@ TEST_F(ReportWindow, ShowsASavedTextInCourierNew)
 TEST_F(ReportWindow, ChoosesTheFormByTheNameAndThenByTheFilter)
 {
     using enum report_format;
-    struct row
-    {
-        const char* name;
-        int filter;
-        report_format expected;
-    };
-    for (const row& each : {row{"a.rtf", 2, rich_text}, row{"a.txt", 1, plain_text}, row{"a.txt.bak", 1, plain_text},
-                            row{"A.RTF", 2, rich_text}, row{"a.rtf.txt", 1, plain_text}, row{"a.pdf", 1, pdf},
-                            row{"a.html", 1, html}, row{"a", 1, rich_text}, row{"a", 2, plain_text},
-                            row{"a.doc", 3, rich_text}, row{"a.doc", 4, pdf}, row{"a.doc", 5, html},
-                            // The folder's name tells nothing.
-                            row{"notes.txt.d/a", 1, rich_text}}) {
-        SCOPED_TRACE(each.name);
-        EXPECT_EQ(format_of_report(each.name, each.filter), each.expected);
-    }
+    for (const auto& [name, filter, expected] :
+         test::table<const char*, int, report_format>{{"a.rtf", 2, rich_text},
+                                                      {"a.txt", 1, plain_text},
+                                                      {"a.txt.bak", 1, plain_text},
+                                                      {"A.RTF", 2, rich_text},
+                                                      {"a.rtf.txt", 1, plain_text},
+                                                      {"a.pdf", 1, pdf},
+                                                      {"a.html", 1, html},
+                                                      {"a", 1, rich_text},
+                                                      {"a", 2, plain_text},
+                                                      {"a.doc", 3, rich_text},
+                                                      {"a.doc", 4, pdf},
+                                                      {"a.doc", 5, html},
+                                                      // The folder's name tells nothing.
+                                                      {"notes.txt.d/a", 1, rich_text}})
+        EXPECT_EQ(format_of_report(name, filter), expected) << name;
 }
 
 TEST_F(ReportWindow, WritesPdfAndHtml)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/report_cells.h"
+#include "support/table.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace kelvarin
 {
@@ -39,22 +39,20 @@ std::string data_of(const QMimeData& content, const char* format)
 
 TEST(ReportCells, TakesRowsOfTablesApart)
 {
-    struct row
-    {
-        styled_line line;
-        std::vector<std::string> cells;
-    };
-    for (const row& each :
-         {row{fixed("  Variable      Value       f(x)       Ini Guess"), {"Variable", "Value", "f(x)", "Ini Guess"}},
-          row{fixed("  x           3           -2            3        "), {"x", "3", "-2", "3"}},
-          // Numbers that wide signs push together, and a name of two words.
-          row{fixed("  y   1.234567 -1.234568  -1.5E-10"), {"y", "1.234567", "-1.234568", "-1.5E-10"}},
-          row{fixed("a b\tc"), {"a b", "c"}}, row{fixed("  [1] f(x) = x - 2"), {"  [1] f(x) = x - 2"}},
-          // Columns in another font stand by chance.
-          row{proportional("Two  words\tmore"), {"Two  words more"}}, row{fixed(""), {""}}, row{{}, {""}}}) {
-        SCOPED_TRACE(each.cells.front());
-        EXPECT_EQ(cells_of(each.line), each.cells);
-        EXPECT_EQ(is_table_row(each.line), each.cells.size() > 1);
+    for (const auto& [line, cells] : test::table<styled_line, std::vector<std::string>>{
+             {fixed("  Variable      Value       f(x)       Ini Guess"), {"Variable", "Value", "f(x)", "Ini Guess"}},
+             {fixed("  x           3           -2            3        "), {"x", "3", "-2", "3"}},
+             // Numbers that wide signs push together, and a name of two words.
+             {fixed("  y   1.234567 -1.234568  -1.5E-10"), {"y", "1.234567", "-1.234568", "-1.5E-10"}},
+             {fixed("a b\tc"), {"a b", "c"}},
+             {fixed("  [1] f(x) = x - 2"), {"  [1] f(x) = x - 2"}},
+             // Columns in another font stand by chance.
+             {proportional("Two  words\tmore"), {"Two  words more"}},
+             {fixed(""), {""}},
+             {{}, {""}}}) {
+        SCOPED_TRACE(cells.front());
+        EXPECT_EQ(cells_of(line), cells);
+        EXPECT_EQ(is_table_row(line), cells.size() > 1);
     }
 }
 
