@@ -49,6 +49,7 @@ TEST_F(BatchGolden, OutputIsWhatItWas)
         {"constants.txt", {"--constants", "gas", "constant"}, 0},
         {"constants.json", {"--constants", "--format", "json", "Planck"}, 0},
         {"help.txt", {"--help"}, 0},
+        {"help.txt", {"-h"}, 0},
         {"version.txt", {"--version"}, 0},
         // Each line depends on those above it; one that fails keeps the old value.
         {"eval.json",

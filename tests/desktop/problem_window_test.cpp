@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/problem_window.h"
 
-#include "desktop/qt_text.h"
 #include "shell/document/recent_files.h"
 #include "support/robot.h"
 #include "support/test_desk.h"
 
 #include <gtest/gtest.h>
 
-#include <QCloseEvent>
 #include <QMenu>
 #include <QPointer>
 #include <QThread>
@@ -29,20 +27,15 @@ public:
     const std::string& title() const override { return title_; }
     void set_title(std::string_view title) override
     {
-        before_ = title_;
         title_ = title;
         saved_ = false;
     }
     const std::filesystem::path& path() const override { return path_; }
     bool problem_saved() const override { return saved_; }
     bool is_blank() const override { return title_.empty(); }
-    bool undo() override
-    {
-        title_ = std::exchange(before_, "");
-        return true;
-    }
+    bool undo() override { return false; }
     bool redo() override { return false; }
-    std::string undo_step() const override { return before_.empty() ? "" : "Change title"; }
+    std::string undo_step() const override { return {}; }
     std::string redo_step() const override { return {}; }
     refusal open(const std::filesystem::path& path) override
     {
@@ -73,7 +66,6 @@ public:
 
 private:
     std::string title_;
-    std::string before_;
     std::filesystem::path path_;
     bool saved_ = true;
 };
@@ -172,19 +164,6 @@ TEST_F(note_test, StaysUnsavedWhereSavingFails)
     EXPECT_FALSE(window->isWindowModified());
 }
 
-TEST_F(note_test, WritesTheOlderFormatOnlyAfterItsQuestion)
-{
-    window->write("first");
-    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question("Older ?", user_answer::no);
-    EXPECT_FALSE(window->save_as());
-    EXPECT_FALSE(std::filesystem::exists(desk.folder / "old.kvr"));
-    desk.user.expect_file(chosen_file{desk.folder / "old.kvr", 2});
-    desk.user.expect_question("Older ?", user_answer::yes);
-    EXPECT_TRUE(window->save_as());
-    EXPECT_EQ(content("old.kvr"), "old first");
-}
-
 TEST_F(note_test, KeepsARecoveryCopyExactlyWhileUnsaved)
 {
     const auto kept = [this] {
@@ -217,16 +196,6 @@ TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)
     robot(*window).trigger(*window->menus().front(), "mnuFileItem_2");
     ASSERT_EQ(desk.frame.opened().size(), 1U);
     EXPECT_EQ(desk.frame.opened().front().filename(), "one.kvr");
-}
-
-TEST_F(note_test, NamesTheStepThatUndoTakesBack)
-{
-    window->write("first");
-    window->write("second");
-    EXPECT_EQ(to_text(window->caption_of(window_command::undo)), "&Undo Change title");
-    robot::press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(window->document().title(), "first");
-    EXPECT_FALSE(window->can(window_command::undo));
 }
 
 TEST_F(note_test, ARunCanBeStoppedByEscAndByClosing)

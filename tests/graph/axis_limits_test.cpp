@@ -7,20 +7,17 @@
 
 #include <limits>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
 
-using test::graph_of;
-
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
 /// Worked out by hand: d = (max - min) / ticks, step = 10 ^ Int(log10 d).
 TEST(AxisLimits, AreRoundedOutwardToAStep)
 {
-    const test::table<const char*, axis_range, int, axis_range> rows = {
+    const table<const char*, axis_range, int, axis_range> rows = {
         {"d 0.958, step 0.1", {0.12, 9.7}, 10, {0.1, 9.7}},
         {"d 1, step 1: no step is added to a whole multiple", {0, 10}, 10, {0, 10}},
         {"less than 1e-8 of a step above a multiple", {0, 10.000000005}, 10, {0, 10}},
@@ -121,4 +118,4 @@ TEST(TickLabels, TellDivisionsApartWithoutNoise)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

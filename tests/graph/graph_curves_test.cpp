@@ -9,19 +9,8 @@
 
 #include <limits>
 
-namespace kelvarin
+namespace kelvarin::test
 {
-namespace
-{
-
-using test::graph_of;
-
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
-
-std::string text_of(const std::optional<message_box>& box)
-{
-    return box ? box->text : "";
-}
 
 TEST(GraphFunctions, AreOfXAlone)
 {
@@ -68,7 +57,7 @@ TEST(GraphFunctions, HaveFortyOnePointsAndGapsWhereTheyFail)
 TEST(DerivedCurve, NamesAndExpressionsAreChecked)
 {
     graph_content graph = graph_of({{0, 1}, {2, 3}});
-    const test::table<const char*, const char*, const char*> cases = {
+    const table<const char*, const char*, const char*> cases = {
         {"1a", "a", "'1a' is not a valid variable name"},  {"sin", "a", "'sin' is not a valid variable name"},
         {"", "a", "'' is not a valid variable name"},      {"a", "a", "'a' is not a unique variable name"},
         {" x ", "a", "'x' is not a unique variable name"}, {"z", "a*b+q", "'b' is not a known scatter curve name"},
@@ -140,5 +129,4 @@ TEST(GraphStart, TakesOverWhatARunHands)
     EXPECT_EQ(scatter_graph_form_startup({.columns = {{"x", {1, 2}}, {"y", {3, 4}}}}, store).y_title, "y");
 }
 
-} // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

@@ -10,19 +10,10 @@
 #include <functional>
 #include <limits>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::graph_of;
-
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
-
-std::string text_of(const std::optional<message_box>& box)
-{
-    return box ? box->text : "";
-}
 
 graph_content two_curves()
 {
@@ -169,7 +160,7 @@ TEST(GraphDocument, RefusesADamagedRecovery)
 
 TEST(GraphDocument, SavesAndOpens)
 {
-    const test::scratch_folder folder;
+    const scratch_folder folder;
     graph_document document(two_curves());
     EXPECT_FALSE(document.save(folder.path() / "two.kvg"));
     EXPECT_TRUE(document.problem_saved());
@@ -190,4 +181,4 @@ TEST(GraphTable, HasALineForEachPoint)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

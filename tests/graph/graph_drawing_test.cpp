@@ -11,14 +11,10 @@
 #include <cmath>
 #include <limits>
 
-namespace kelvarin
+namespace kelvarin::test
 {
 namespace
 {
-
-using test::graph_of;
-
-constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 
 template <class Shape> std::vector<Shape> shapes_of(const graph_drawing& drawn)
 {
@@ -128,8 +124,8 @@ std::vector<golden_case> golden_cases()
 TEST(GraphDrawing, LooksAsItWasSeen)
 {
     for (const golden_case& each : golden_cases())
-        test::expect_golden(std::string("graph/") + each.name + ".svg",
-                            drawing_svg(draw_graph(each.graph, each.page).picture));
+        expect_golden(std::string("graph/") + each.name + ".svg",
+                      drawing_svg(draw_graph(each.graph, each.page).picture));
 }
 
 TEST(GraphDrawing, PointsLandInProportion)
@@ -295,4 +291,4 @@ TEST(DrawingSvg, EscapesWhatIsTyped)
 }
 
 } // namespace
-} // namespace kelvarin
+} // namespace kelvarin::test

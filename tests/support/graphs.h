@@ -3,14 +3,26 @@
 
 #include "graph/axis_limits.h"
 #include "graph/graph_content.h"
+#include "platform/message_box.h"
 
 #include <cstddef>
+#include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace kelvarin::test
 {
+
+/// A value that is missing.
+inline constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+
+/// The text of a box, or nothing where there was none.
+inline std::string text_of(const std::optional<message_box>& box)
+{
+    return box ? box->text : "";
+}
 
 /// A graph of columns x, a, b, ... with all curves shown and the limits found.
 inline graph_content graph_of(std::vector<std::vector<double>> columns)

@@ -119,6 +119,7 @@ TEST(LinearGrid, CutsCopiesAndFillsSelectedBlocks)
     desk.choose("Edit", "paste");
     EXPECT_EQ(desk.cells(), "2 9 9 8\n-3 9 9 -11\n-2 1 2 -3\n");
     desk.choose("Edit", "mnuClear");
+    EXPECT_EQ(desk.window.caption_of(window_command::undo), "&Undo Clear");
     EXPECT_EQ(desk.cells(), "2 _ _ 8\n-3 _ _ -11\n-2 1 2 -3\n");
     desk.choose("Edit", "mnuFill");
     EXPECT_EQ(desk.cells(), "2 0 0 8\n-3 0 0 -11\n-2 1 2 -3\n");

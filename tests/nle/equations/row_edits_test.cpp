@@ -168,6 +168,7 @@ TEST(RowEdits, RenamingFollowsAVariableThroughTheRows)
     EXPECT_EQ(std::get<rows>(rename_in_rows(before, differential_form, "2y", "z")), before);
     EXPECT_EQ(text_of(rename_in_rows(before, differential_form, "y", "k")),
               "The variable 'k' has already been defined.");
+    EXPECT_EQ(std::get<message_box>(rename_in_rows(before, differential_form, "y", "k")).icon, box_icon::exclamation);
     EXPECT_EQ(text_of(rename_in_rows(before, differential_form, "y", "2z")), "Variable format for '2z'" + bad_format);
     // yy is not defined, and k uses it.
     EXPECT_EQ(text_of(rename_in_rows(before, differential_form, "k", "yy")).substr(0, 27),

@@ -26,6 +26,34 @@ double square(double value)
     return value * value;
 }
 
+double rosenbrock(point x)
+{
+    return 100.0 * square(x[1] - x[0] * x[0]) + square(1.0 - x[0]);
+}
+double beale(point x)
+{
+    return square(1.5 - x[0] * (1.0 - x[1])) + square(2.25 - x[0] * (1.0 - square(x[1]))) +
+           square(2.625 - x[0] * (1.0 - x[1] * square(x[1])));
+}
+double powell_singular(point x)
+{
+    return square(x[0] + 10.0 * x[1]) + 5.0 * square(x[2] - x[3]) + square(square(x[1] - 2.0 * x[2])) +
+           10.0 * square(square(x[0] - x[3]));
+}
+double wood(point x)
+{
+    return 100.0 * square(x[1] - x[0] * x[0]) + square(1.0 - x[0]) + 90.0 * square(x[3] - x[2] * x[2]) +
+           square(1.0 - x[2]) + 10.0 * square(x[1] + x[3] - 2.0) + 0.1 * square(x[1] - x[3]);
+}
+double booth(point x)
+{
+    return square(x[0] + 2.0 * x[1] - 7.0) + square(2.0 * x[0] + x[1] - 5.0);
+}
+double parabola(point x)
+{
+    return 2.0 + 3.0 * square(x[0] - 4.0);
+}
+
 struct published_minimum
 {
     const char* name;
@@ -39,46 +67,12 @@ struct published_minimum
 
 /// [MoreGarbowHillstrom1981] numbers 1, 5, 13, 14; Booth's function.
 const published_minimum problems[] = {
-    {"Rosenbrock",
-     [](point x) { return 100.0 * square(x[1] - x[0] * x[0]) + square(1.0 - x[0]); },
-     {-1.2, 1.0},
-     {1.0, 1.0},
-     0.0,
-     1e-4},
-    {"Beale",
-     [](point x) {
-         return square(1.5 - x[0] * (1.0 - x[1])) + square(2.25 - x[0] * (1.0 - square(x[1]))) +
-                square(2.625 - x[0] * (1.0 - x[1] * square(x[1])));
-     },
-     {1.0, 1.0},
-     {3.0, 0.5},
-     0.0,
-     1e-4},
-    {"Powell's singular function",
-     [](point x) {
-         return square(x[0] + 10.0 * x[1]) + 5.0 * square(x[2] - x[3]) + square(square(x[1] - 2.0 * x[2])) +
-                10.0 * square(square(x[0] - x[3]));
-     },
-     {3.0, -1.0, 0.0, 1.0},
-     {0.0, 0.0, 0.0, 0.0},
-     0.0,
-     0.05},
-    {"Wood",
-     [](point x) {
-         return 100.0 * square(x[1] - x[0] * x[0]) + square(1.0 - x[0]) + 90.0 * square(x[3] - x[2] * x[2]) +
-                square(1.0 - x[2]) + 10.0 * square(x[1] + x[3] - 2.0) + 0.1 * square(x[1] - x[3]);
-     },
-     {-3.0, -1.0, -3.0, -1.0},
-     {1.0, 1.0, 1.0, 1.0},
-     0.0,
-     1e-3},
-    {"Booth",
-     [](point x) { return square(x[0] + 2.0 * x[1] - 7.0) + square(2.0 * x[0] + x[1] - 5.0); },
-     {0.0, 0.0},
-     {1.0, 3.0},
-     0.0,
-     1e-6},
-    {"a parabola of one variable", [](point x) { return 2.0 + 3.0 * square(x[0] - 4.0); }, {-10.0}, {4.0}, 2.0, 1e-6},
+    {"Rosenbrock", rosenbrock, {-1.2, 1.0}, {1.0, 1.0}, 0.0, 1e-4},
+    {"Beale", beale, {1.0, 1.0}, {3.0, 0.5}, 0.0, 1e-4},
+    {"Powell's singular function", powell_singular, {3.0, -1.0, 0.0, 1.0}, {0.0, 0.0, 0.0, 0.0}, 0.0, 0.05},
+    {"Wood", wood, {-3.0, -1.0, -3.0, -1.0}, {1.0, 1.0, 1.0, 1.0}, 0.0, 1e-3},
+    {"Booth", booth, {0.0, 0.0}, {1.0, 3.0}, 0.0, 1e-6},
+    {"a parabola of one variable", parabola, {-10.0}, {4.0}, 2.0, 1e-6},
 };
 
 void expect_minimum(const published_minimum& problem, const std::vector<double>& x, double f)

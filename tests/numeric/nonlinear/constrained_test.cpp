@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "failures.h"
 #include "numeric/nonlinear/NR_vbCNLE.h"
+#include "published_problems.h"
 #include "recording_system.h"
 
 #include <gtest/gtest.h>
@@ -21,19 +22,6 @@ namespace
 constexpr auto any = sign_constraint::any;
 constexpr auto physically = sign_constraint::physically_positive;
 constexpr auto absolutely = sign_constraint::absolutely_positive;
-
-void rosenbrock(std::span<const double> x, std::span<double> f)
-{
-    f[0] = 10.0 * (x[1] - x[0] * x[0]);
-    f[1] = 1.0 - x[0];
-}
-
-/// Roots +-(sqrt(2 + sqrt 3), 1 / sqrt(2 + sqrt 3)) and the same with the unknowns interchanged.
-void hyperbola_and_circle(std::span<const double> x, std::span<double> f)
-{
-    f[0] = x[0] * x[0] + x[1] * x[1] - 4.0;
-    f[1] = x[0] * x[1] - 1.0;
-}
 
 void no_root(std::span<const double> x, std::span<double> f)
 {

@@ -2,6 +2,7 @@
 #include "failures.h"
 #include "numeric/nonlinear/NR_vbNLE.h"
 #include "numeric/nonlinear/stopping_tests.h"
+#include "published_problems.h"
 #include "recording_system.h"
 #include "support/table.h"
 
@@ -57,12 +58,6 @@ void expect_ending(const ending_case<Options>& given, Solver solve, double toler
     EXPECT_FALSE(summary.check);
     EXPECT_EQ(system.evaluations, given.evaluations);
     EXPECT_NEAR(fvec[0], given.residual, tolerance);
-}
-
-void rosenbrock(std::span<const double> x, std::span<double> f)
-{
-    f[0] = 10.0 * (x[1] - x[0] * x[0]);
-    f[1] = 1.0 - x[0];
 }
 
 } // namespace

@@ -30,12 +30,6 @@ double turns(double x1, double x2)
     return x1 > 0.0 ? angle : angle + 0.5;
 }
 
-void rosenbrock(point x, residuals f)
-{
-    f[0] = 10.0 * (x[1] - x[0] * x[0]);
-    f[1] = 1.0 - x[0];
-}
-
 void powell_badly_scaled(point x, residuals f)
 {
     f[0] = 1e4 * x[0] * x[1] - 1.0;
@@ -95,12 +89,6 @@ void broyden_tridiagonal(point x, residuals f)
         f[i] = (3.0 - 2.0 * x[i]) * x[i] - before(x, i) - 2.0 * behind(x, i) + 1.0;
 }
 
-void hyperbola_and_circle(point x, residuals f)
-{
-    f[0] = x[0] * x[0] + x[1] * x[1] - 4.0;
-    f[1] = x[0] * x[1] - 1.0;
-}
-
 /// Molar volume of carbon dioxide by van der Waals, in l/mol, at 300 K and a pressure in atm.
 auto carbon_dioxide(double pressure)
 {
@@ -138,6 +126,18 @@ std::vector<double> brown_root(double repeated_value, double last)
 }
 
 } // namespace
+
+void rosenbrock(point x, residuals f)
+{
+    f[0] = 10.0 * (x[1] - x[0] * x[0]);
+    f[1] = 1.0 - x[0];
+}
+
+void hyperbola_and_circle(point x, residuals f)
+{
+    f[0] = x[0] * x[0] + x[1] * x[1] - 4.0;
+    f[1] = x[0] * x[1] - 1.0;
+}
 
 // Roots that are not whole numbers were computed apart, in 40 digits. The first digits of "Broyden tridiagonal",
 // n = 9, stand in the MINPACK guide [MoreGarbowHillstrom1980]; those of both equations of [ChapraCanale2002] in its

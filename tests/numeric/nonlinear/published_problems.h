@@ -22,6 +22,11 @@ struct published_problem
     std::string misled = {};
 };
 
+/// The root is (1, 1).
+void rosenbrock(std::span<const double> x, std::span<double> f);
+/// Roots +-(sqrt(2 + sqrt 3), 1 / sqrt(2 + sqrt 3)) and the same with the unknowns interchanged.
+void hyperbola_and_circle(std::span<const double> x, std::span<double> f);
+
 /// MGH n stands for problem n of [MoreGarbowHillstrom1981], from its starting point.
 std::vector<published_problem> published_problems();
 

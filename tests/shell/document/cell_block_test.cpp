@@ -90,6 +90,7 @@ TEST(CellBlock, PasteSaysWhatDidNotFit)
         EXPECT_EQ(paste_block(cells, range, read_block(text)), left_out);
         EXPECT_EQ(cells, expected);
     }
+    EXPECT_EQ(left_out_box({"9"}).text, "1 pasted cell lies outside the grid and was left out: '9'.");
     EXPECT_EQ(left_out_box({"1", "2", "3", "4", "5"}).text,
               "5 pasted cells lie outside the grid and were left out: '1', '2', '3', '4', ...");
 }
