@@ -143,6 +143,18 @@ TEST(GraphDrawing, PointsLandInProportion)
     EXPECT_DOUBLE_EQ(plot.top, 12.0);
 }
 
+TEST(GraphDrawing, AGapBreaksTheLine)
+{
+    const graph_content graph = graph_of({{0, 1, 2, 3, 4, 5}, {0, 1, gap, 3, 4, 5}});
+    const drawn_path curve = shapes_of<drawn_path>(draw_graph(graph), drawn_role::curve).front();
+    EXPECT_EQ(curve.points.size(), 5U);
+    EXPECT_EQ(curve.starts, (std::vector<std::size_t>{0, 2}));
+    graph_content pole = graph_of({{-1, 1}, {-10, 10}});
+    pole.functions = {{"1/x", true}};
+    const drawn_path function = shapes_of<drawn_path>(draw_graph(pole), drawn_role::function).front();
+    EXPECT_EQ(function.starts.size(), 2U);
+}
+
 /// Wild graphs on all sizes of pages: nothing is drawn where it does not belong.
 std::vector<graph_content> wild_graphs()
 {
