@@ -158,9 +158,10 @@ function(kelvarin_program target)
 endfunction()
 
 # kelvarin_test(nle DEPENDS nle shell): a program kelvarin_nle_tests of all sources in the current
-# folder, each of its cases a test of CTest. With WINDOWS the tests act on windows, without a screen.
+# folder, each of its cases a test of CTest. With WINDOWS the tests act on windows, without a screen; with ON_SCREEN on
+# windows of an X server with a window manager, both of their own, which is where placement and focus show.
 function(kelvarin_test folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS" "" "SORTED_IN;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWS;ON_SCREEN" "" "SORTED_IN;DEPENDS")
   string(REPLACE "/" "_" name "${folder}")
   set(sources "")
   foreach(part IN ITEMS "." LISTS arg_SORTED_IN)
@@ -174,8 +175,15 @@ function(kelvarin_test folder)
     KELVARIN_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     KELVARIN_GOLDEN="${PROJECT_SOURCE_DIR}/tests/golden"
     KELVARIN_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
+    KELVARIN_LOCALES="${PROJECT_BINARY_DIR}/tests/locales"
     KELVARIN_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  if(arg_WINDOWS)
+  add_dependencies(${target} kelvarin_test_locale)
+  if(arg_WINDOWS OR arg_ON_SCREEN)
+    if(arg_ON_SCREEN)
+      target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/main_on_screen.cpp")
+    else()
+      target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/main_offscreen.cpp")
+    endif()
     target_link_libraries(${target} PRIVATE kelvarin_window_testing kelvarin_test_flags)
     kelvarin_precompiled(${target} window_tests)
   else()
@@ -183,7 +191,8 @@ function(kelvarin_test folder)
     kelvarin_precompiled(${target} tests)
   endif()
   target_link_libraries(${target} PRIVATE rapidcheck rapidcheck_gtest)
+  # What a person has set for the desktop does not reach the tests: neither screen nor language nor fonts.
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120
     PROPERTIES TIMEOUT 300
-    ENVIRONMENT "LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/test-config;QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96")
+    ENVIRONMENT "LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/test-config;QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96;FONTCONFIG_FILE=${PROJECT_BINARY_DIR}/tests/fonts.conf")
 endfunction()

@@ -5,6 +5,8 @@
 #include "platform/runtime_failure.h"
 #include "support/table.h"
 
+#include "support/german_locale.h"
+
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -188,11 +190,7 @@ RC_GTEST_PROP(FormatMasked, IsWithinHalfAUnitOfTheLastPlace, ())
 
 TEST(RunTimeText, PaysNoHeedToAGermanLocale)
 {
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    bool german = false;
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE"})
-        german = german || std::setlocale(LC_ALL, name) != nullptr;
-    if (!german) GTEST_SKIP() << "this machine has no German locale";
+    const test::german_locale german;
     EXPECT_EQ(std::string(std::localeconv()->decimal_point), ",");
     EXPECT_EQ(numeric_value("1.5"), 1.5);
     EXPECT_EQ(numeric_value("1,5"), std::nullopt);
@@ -200,7 +198,6 @@ TEST(RunTimeText, PaysNoHeedToAGermanLocale)
     EXPECT_EQ(plain_text(1234.5), "1234.5");
     EXPECT_EQ(plain_text(1.5e-9), "1.5E-09");
     EXPECT_EQ(format_masked(1234.5, "0.00E+00"), "1.23E+03");
-    std::setlocale(LC_ALL, before.c_str());
 }
 
 } // namespace kelvarin

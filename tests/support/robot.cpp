@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QThread>
+#include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 namespace kelvarin::test
 {
@@ -137,6 +139,18 @@ void robot::choose(const char* name, const std::string& item) const
     if (index < 0) throw std::runtime_error(std::string(name) + " has no item " + item);
     box->setCurrentIndex(index);
     emit box->activated(index);
+    settle();
+}
+
+void robot::turn_wheel(QWidget& over, int notches)
+{
+    constexpr int notch = 120;
+    const QPoint middle = over.rect().center();
+    QWheelEvent turned(middle, over.mapToGlobal(middle), {}, {0, notches * notch}, Qt::NoButton, Qt::NoModifier,
+                       Qt::NoScrollPhase, false);
+    // As one that comes from the desktop: only those give the focus.
+    QSpontaneKeyEvent::setSpontaneous(&turned);
+    QCoreApplication::instance()->notify(&over, &turned);
     settle();
 }
 

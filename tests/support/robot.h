@@ -39,6 +39,8 @@ public:
     void type(const char* name, const std::string& text) const;
     /// Chooses an item of a combo box by its text, as a person does (its signals are sent).
     void choose(const char* name, const std::string& item) const;
+    /// Turns the wheel over a widget by so many notches, away from the person where they are positive.
+    static void turn_wheel(QWidget& over, int notches);
     /// Keys go to what has the focus in the window in front.
     static void keys(const std::string& text);
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

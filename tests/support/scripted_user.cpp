@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/scripted_user.h"
 
+#include "desktop/page_printing.h"
 #include "desktop/qt_text.h"
 
 #include <QPrinter>
@@ -127,22 +128,20 @@ std::optional<QFont> scripted_user::choose_font(QWidget*, const QFont&)
     return expected ? *expected : std::nullopt;
 }
 
-bool scripted_user::print(QWidget*, const QString& document_name, const std::function<void(QPrinter&)>& paint)
+print_outcome scripted_user::print(QWidget*, const QString& document_name, const page_painter& paint)
 {
     const auto pdf = next(expected_prints_, "printing " + to_text(document_name));
-    if (!pdf) return false;
+    if (!pdf) return print_outcome::cancelled;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(document_name);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path_text(*pdf));
-    paint(printer);
-    return true;
+    return print_pages(printer, paint);
 }
 
-void scripted_user::print_preview(QWidget* parent, const QString& document_name,
-                                  const std::function<void(QPrinter&)>& paint)
+print_outcome scripted_user::print_preview(QWidget* parent, const QString& document_name, const page_painter& paint)
 {
-    print(parent, document_name, paint);
+    return print(parent, document_name, paint);
 }
 
 } // namespace kelvarin::test

@@ -49,9 +49,8 @@ public:
     std::optional<QFont> choose_font(QWidget* parent, const QFont& present) override;
     void copy(std::unique_ptr<QMimeData> content) override { clipboard_ = std::move(content); }
     const QMimeData* clipboard() const override { return clipboard_.get(); }
-    bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) override;
-    void print_preview(QWidget* parent, const QString& document_name,
-                       const std::function<void(QPrinter&)>& paint) override;
+    print_outcome print(QWidget* parent, const QString& document_name, const page_painter& paint) override;
+    print_outcome print_preview(QWidget* parent, const QString& document_name, const page_painter& paint) override;
     void beep() override { ++beeps_; }
 
 private:

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-// The main program of tests that act on windows: no screen, a home of its own, and no warning of the toolkit
-// passes unseen.
+#include "support/window_tests.h"
+
+#include "support/own_screen.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFont>
-#include <QFontDatabase>
+#include <QSize>
 
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
+#include <optional>
 
 namespace
 {
@@ -53,12 +53,26 @@ private:
 
 } // namespace
 
-int main(int argc, char** argv)
+namespace kelvarin::test
+{
+
+int run_window_tests(int argc, char** argv, where_windows_are where)
 {
     testing::InitGoogleTest(&argc, argv);
-    // Without a variable set by hand the tests need no screen.
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    // Neither fonts nor services of the user's desktop reach the tests.
+    setenv("FONTCONFIG_FILE", KELVARIN_TEST_FONTS, 0);
+    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
     const own_home home;
+    std::optional<own_screen> screen;
+    // Who only asks for the names of the tests needs no screen.
+    if (where == where_windows_are::on_screen && !testing::GTEST_FLAG(list_tests)) {
+        screen.emplace(QSize(1024, 700));
+        setenv("DISPLAY", screen->name().c_str(), 1);
+        setenv("QT_QPA_PLATFORM", "xcb", 1);
+    } else {
+        // Without a variable set by hand the tests need no screen.
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    }
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
@@ -68,3 +82,5 @@ int main(int argc, char** argv)
     qInstallMessageHandler(fail_on_warning);
     return RUN_ALL_TESTS();
 }
+
+} // namespace kelvarin::test
