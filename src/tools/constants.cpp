@@ -4,6 +4,7 @@
 #include "platform/text_file.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace kelvarin
@@ -12,15 +13,26 @@ namespace kelvarin
 namespace
 {
 
-constant_group& group_named(std::vector<constant_group>& groups, std::string_view name)
+/// The groups by name: files may have very many.
+class group_table
 {
-    const auto found = std::ranges::find(groups, name, &constant_group::name);
-    if (found != groups.end()) return *found;
-    return groups.emplace_back(constant_group{std::string(name), {}});
-}
+public:
+    explicit group_table(std::vector<constant_group>& groups) : groups_(groups) {}
+
+    constant_group& named(std::string_view name)
+    {
+        const auto [found, is_new] = index_.try_emplace(std::string(name), groups_.size());
+        if (is_new) groups_.push_back({std::string(name), {}});
+        return groups_[found->second];
+    }
+
+private:
+    std::vector<constant_group>& groups_;
+    std::unordered_map<std::string, std::size_t> index_;
+};
 
 /// Adds the constant of a line. Returns what is wrong with the line, or an empty text.
-std::string add_constant(std::string_view line, std::string_view group, std::vector<constant_group>& groups)
+std::string add_constant(std::string_view line, std::string_view group, group_table& groups)
 {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return "there is no \"=\"";
@@ -29,7 +41,7 @@ std::string add_constant(std::string_view line, std::string_view group, std::vec
     const std::string_view value = trimmed(line.substr(equals + 1, bar - equals - 1));
     if (name.empty() || value.empty()) return "name or value is missing";
     const std::string_view units = bar == line.size() ? std::string_view() : trimmed(line.substr(bar + 1));
-    group_named(groups, group).constants.push_back({std::string(name), std::string(value), std::string(units)});
+    groups.named(group).constants.push_back({std::string(name), std::string(value), std::string(units)});
     return {};
 }
 
@@ -50,6 +62,7 @@ std::string padded(std::string_view text, std::size_t width)
 constant_list read_constants(std::string_view text)
 {
     constant_list list;
+    group_table groups(list.groups);
     std::string_view group;
     int number = 0;
     for (const std::string_view line : split_lines(text)) {
@@ -58,8 +71,8 @@ constant_list read_constants(std::string_view text)
         if (is_passed_over(content)) continue;
         if (content.front() == ':') {
             group = trimmed(content.substr(1));
-            group_named(list.groups, group);
-        } else if (std::string reason = add_constant(content, group, list.groups); !reason.empty()) {
+            groups.named(group);
+        } else if (std::string reason = add_constant(content, group, groups); !reason.empty()) {
             list.faults.push_back({number, std::move(reason)});
         }
     }

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace kelvarin
@@ -90,8 +92,9 @@ unit_list read_units(std::string_view text)
 std::vector<std::string> unit_types(const std::vector<measurement_unit>& units)
 {
     std::vector<std::string> types;
+    std::unordered_set<std::string_view> known;
     for (const measurement_unit& each : units)
-        if (std::ranges::find(types, each.unit_type) == types.end()) types.push_back(each.unit_type);
+        if (known.insert(each.unit_type).second) types.push_back(each.unit_type);
     return types;
 }
 
@@ -116,16 +119,25 @@ std::optional<std::pair<measurement_unit, measurement_unit>> find_unit_pair(cons
                                                                             std::string_view from, std::string_view to,
                                                                             std::string_view type)
 {
-    for (const std::string& each : unit_types(units)) {
-        if (!type.empty() && each != type) continue;
-        const std::vector<measurement_unit> candidates = units_of_type(units, each);
-        const auto named = [&](std::string_view name) {
-            return std::ranges::find(candidates, name, &measurement_unit::unit_name);
-        };
-        if (named(from) != candidates.end() && named(to) != candidates.end())
-            return std::pair(*named(from), *named(to));
+    // The first units of these names in each type, in order of first appearance of the types.
+    struct pair_of_type
+    {
+        const measurement_unit* from = nullptr;
+        const measurement_unit* to = nullptr;
+    };
+    std::vector<pair_of_type> pairs;
+    std::unordered_map<std::string_view, std::size_t> index;
+    for (const measurement_unit& each : units) {
+        if (!type.empty() && each.unit_type != type) continue;
+        const auto [found, is_new] = index.try_emplace(each.unit_type, pairs.size());
+        if (is_new) pairs.emplace_back();
+        pair_of_type& pair = pairs[found->second];
+        if (!pair.from && each.unit_name == from) pair.from = &each;
+        if (!pair.to && each.unit_name == to) pair.to = &each;
     }
-    return std::nullopt;
+    const auto whole = std::ranges::find_if(pairs, [](const pair_of_type& pair) { return pair.from && pair.to; });
+    if (whole == pairs.end()) return std::nullopt;
+    return std::pair(*whole->from, *whole->to);
 }
 
 unit_conversion convert_units(double x, const measurement_unit& from, const measurement_unit& to)

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -262,6 +263,23 @@ TEST(Constants, AreShownInColumnsCopiedAndFound)
     EXPECT_EQ(count("SPEED m/s"), "Two1 ");
     EXPECT_EQ(count("one m"), "One2 ");
     EXPECT_EQ(count("one speed"), "");
+}
+
+TEST(Constants, ManyGroupsAreReadAtOnce)
+{
+    std::string text;
+    constexpr int count = 100000;
+    for (int i = 0; i < count; ++i)
+        text += ":g" + std::to_string(i) + "\nc = 1 | m\n";
+    // Each group is named again far behind.
+    for (int i = 0; i < count; ++i)
+        text += ":g" + std::to_string(i) + "\nd = 2 | m\n";
+    const auto start = std::chrono::steady_clock::now();
+    const constant_list list = read_constants(text);
+    // Looked for one by one they took minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    ASSERT_EQ(list.groups.size(), std::size_t{count});
+    EXPECT_EQ(list.groups.back().constants.size(), 2u);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <map>
 #include <string>
 #include <vector>
@@ -202,6 +203,24 @@ TEST(Units, SearchFindsAllWordsInTypeNameOrNote)
     EXPECT_EQ(names("psi square"), "psi ");
     EXPECT_EQ(names("psi mercury"), "");
     EXPECT_EQ(names(" "), "psi inHg in ");
+}
+
+TEST(Units, ManyTypesAreReadAndSearchedAtOnce)
+{
+    std::string text;
+    constexpr int count = 100000;
+    for (int i = 0; i < count; ++i) {
+        const std::string type = "t" + std::to_string(i);
+        text += type + " | a | 1 | 0\n" + type + " | b" + std::to_string(i) + " | 2 | 0\n";
+    }
+    const auto start = std::chrono::steady_clock::now();
+    const unit_list list = read_units(text);
+    EXPECT_EQ(unit_types(list.units).size(), std::size_t{count});
+    const auto pair = find_unit_pair(list.units, "a", "b99999");
+    // Looked for one by one they took minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    ASSERT_TRUE(pair);
+    EXPECT_EQ(pair->first.unit_type, "t99999");
 }
 
 } // namespace
