@@ -4,6 +4,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "desktop/search_keys.h"
 #include "platform/letter_case.h"
 #include "shell/window/setting_text.h"
 
@@ -15,6 +16,8 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace kelvarin
 {
@@ -72,6 +75,9 @@ void frmInitials::build_ui()
     resize(46 * unit, 28 * unit);
 
     connect(txtFind_, &QLineEdit::textChanged, this, &frmInitials::filter_tree);
+    new search_keys(*txtFind_, *tvw_, [this] {
+        if (choose_first_found()) txtTreeData_->setFocus(Qt::TabFocusReason);
+    });
     connect(tvw_, &QTreeWidget::currentItemChanged, this, &frmInitials::show_current);
     connect(tvw_, &QTreeWidget::itemExpanded, this,
             [](QTreeWidgetItem* item) { item->setIcon(0, program_icon("folder_open")); });
@@ -85,6 +91,7 @@ void frmInitials::build_ui()
     connect(cmdSet_, &QPushButton::clicked, this, &frmInitials::cmdSet_Click);
     connect(cmdRestore_, &QPushButton::clicked, this, &frmInitials::cmdRestore_Click);
     connect(cmdRestoreAll_, &QPushButton::clicked, this, &frmInitials::cmdRestoreAll_Click);
+    connect(cmdUndoReset_, &QPushButton::clicked, this, &frmInitials::cmdUndoReset_Click);
 }
 
 QLayout* frmInitials::build_tree_side()
@@ -105,6 +112,10 @@ QLayout* frmInitials::build_tree_side()
     lblTree_->setBuddy(tvw_);
     cmdRestoreAll_ = add_button(this, "cmdRestoreAll", tr("Reset &All"), tr("Restore all values to default"));
 
+    cmdUndoReset_ =
+        add_button(this, "cmdUndoReset", tr("&Undo Reset"), tr("Give all values back that Reset All has restored"));
+    cmdUndoReset_->setEnabled(false);
+
     auto* find = new QHBoxLayout;
     find->addWidget(lblFind);
     find->addWidget(txtFind_);
@@ -113,7 +124,12 @@ QLayout* frmInitials::build_tree_side()
     side->addLayout(find);
     side->addWidget(lblTree_);
     side->addWidget(tvw_);
-    side->addWidget(cmdRestoreAll_, 0, Qt::AlignLeft);
+    auto* resetting = new QHBoxLayout;
+    resetting->setSpacing(line_unit(*this) / 2);
+    resetting->addWidget(cmdRestoreAll_);
+    resetting->addWidget(cmdUndoReset_);
+    resetting->addStretch();
+    side->addLayout(resetting);
     return side;
 }
 
@@ -221,6 +237,8 @@ void frmInitials::filter_tree(const QString& words)
     }
     for (int i = 0; i < tvw_->topLevelItemCount(); ++i)
         filter_item(*tvw_->topLevelItem(i), wanted, false);
+    lblTree_->setText(wanted.isEmpty() || first_found() ? tr("Settings &tree")
+                                                        : tr("No setting has this in its name."));
     if (!wanted.isEmpty()) return;
     // Restores the expanded folders; the current leaf stays visible.
     for (QTreeWidgetItemIterator each(tvw_); *each != nullptr; ++each) {
@@ -240,6 +258,20 @@ bool frmInitials::filter_item(QTreeWidgetItem& item, const QString& words, bool 
     item.setHidden(!shown);
     if (shown && item.childCount() > 0 && !words.isEmpty()) item.setExpanded(true);
     return shown;
+}
+
+QTreeWidgetItem* frmInitials::first_found() const
+{
+    for (QTreeWidgetItemIterator each(tvw_, QTreeWidgetItemIterator::NotHidden); *each != nullptr; ++each)
+        if (row_of(*each) != nullptr) return *each;
+    return nullptr;
+}
+
+bool frmInitials::choose_first_found()
+{
+    if (txtFind_->text().trimmed().isEmpty() || first_found() == nullptr) return false;
+    tvw_->setCurrentItem(first_found());
+    return true;
 }
 
 const setting_row* frmInitials::current_row() const
@@ -311,7 +343,20 @@ void frmInitials::cmdRestore_Click()
 
 void frmInitials::cmdRestoreAll_Click()
 {
+    before_reset_ = context_.store;
     context_.store.restore_all();
+    show_all_values();
+}
+
+void frmInitials::cmdUndoReset_Click()
+{
+    context_.store = *std::exchange(before_reset_, std::nullopt);
+    show_all_values();
+}
+
+void frmInitials::show_all_values()
+{
+    cmdUndoReset_->setEnabled(before_reset_.has_value());
     rebuild_leaves();
     show_current();
     emit settings_changed();
@@ -329,6 +374,8 @@ void frmInitials::showEvent(QShowEvent* event)
 {
     // Not when the window system shows the window again: text being typed stays.
     if (!event->spontaneous()) {
+        // A new search is likely.
+        txtFind_->clear();
         rebuild_leaves();
         show_current();
     }

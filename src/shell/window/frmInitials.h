@@ -2,8 +2,11 @@
 #pragma once
 
 #include "desktop/desktop_context.h"
+#include "shell/settings.h"
 
 #include <QWidget>
+
+#include <optional>
 
 class QLabel;
 class QLayout;
@@ -43,6 +46,10 @@ private:
     void filter_tree(const QString& words);
     bool filter_item(QTreeWidgetItem& item, const QString& words, bool inside_match);
 
+    /// The first setting that matches the search; null if there is none.
+    QTreeWidgetItem* first_found() const;
+    bool choose_first_found();
+
     /// The setting of the current item; null if it is a folder.
     const setting_row* current_row() const;
     void show_current();
@@ -51,12 +58,17 @@ private:
     void cmdSet_Click();
     void cmdRestore_Click();
     void cmdRestoreAll_Click();
+    void cmdUndoReset_Click();
+    void show_all_values();
 
     desktop_context& context_;
+    /// The settings before they were all reset; nullopt if there is nothing to undo.
+    std::optional<settings> before_reset_;
     QLabel* lblTree_ = nullptr;
     QLineEdit* txtFind_ = nullptr;
     QTreeWidget* tvw_ = nullptr;
     QPushButton* cmdRestoreAll_ = nullptr;
+    QPushButton* cmdUndoReset_ = nullptr;
     QLabel* lblFolder_ = nullptr;
     QLabel* lblEq_ = nullptr;
     QLineEdit* txtTreeData_ = nullptr;

@@ -5,6 +5,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "desktop/search_keys.h"
 #include "platform/text_file.h"
 #include "tools/window/constant_view.h"
 #include "tools/window/control_parts.h"
@@ -81,6 +82,10 @@ void frmConstant::build_ui()
 void frmConstant::connect_controls()
 {
     connect(txtSearch_, &QLineEdit::textChanged, this, &frmConstant::txtSearch_Change);
+    // The first result is selected already; with the focus on it, it can be copied.
+    new search_keys(*txtSearch_, *lstConst_, [this] {
+        if (lstConst_->selected()) lstConst_->setFocus(Qt::TabFocusReason);
+    });
     connect(cmbConstType_, &QComboBox::currentIndexChanged, this, &frmConstant::cmbConstType_Click);
     // Choosing the current group again ends a search and shows the group.
     connect(cmbConstType_, &QComboBox::activated, this, &frmConstant::cmbConstType_Click);

@@ -198,6 +198,50 @@ TEST_F(SettingsWindow, FindsByPartOfANameAndGoesBack)
     EXPECT_FALSE(item({"Ordinary differential equations"}).isExpanded());
 }
 
+TEST_F(SettingsWindow, ASearchIsTakenOnByKeysAndSaysWhenItFindsNothing)
+{
+    at.find("txtFind").setFocus();
+    robot::keys("no such thing");
+    EXPECT_EQ(at.text("lblTree"), "No setting has this in its name.");
+    robot::press(Qt::Key_Return);
+    EXPECT_TRUE(at.find("txtFind").hasFocus()) << "there is nothing to go to";
+
+    at.type("txtFind", "max # of iter");
+    EXPECT_EQ(at.text("lblTree"), "Settings &tree");
+    robot::press(Qt::Key_Return);
+    EXPECT_TRUE(at.find("txtTreeData").hasFocus());
+    EXPECT_EQ(tree().currentItem(), &item({"Nonlinear equations", "Safe Newton", "Max # of iterations"}));
+
+    at.find("txtFind").setFocus();
+    robot::press(Qt::Key_Down);
+    EXPECT_TRUE(tree().hasFocus());
+
+    window.close();
+    window.show();
+    window.activateWindow();
+    test::settle();
+    EXPECT_EQ(at.text("txtFind"), "") << "who comes back looks for something else";
+}
+
+TEST_F(SettingsWindow, ResetAllCanBeUndone)
+{
+    EXPECT_FALSE(at.is_enabled("cmdUndoReset"));
+    choose({"Data table", "Initial # Rows"});
+    at.type("txtTreeData", "123");
+    at.click("cmdSet");
+    const settings before = desk.store;
+    at.click("cmdRestoreAll");
+    EXPECT_EQ(at.text("txtTreeData"), "300");
+    const QSignalSpy told(&window, &frmInitials::settings_changed);
+    at.click("cmdUndoReset");
+    EXPECT_EQ(at.text("txtTreeData"), "123");
+    EXPECT_TRUE(tree().currentItem()->font(0).bold());
+    EXPECT_EQ(told.count(), 1) << "the main window looks again";
+    EXPECT_FALSE(at.is_enabled("cmdUndoReset"));
+    for (const setting_row& row : settings_table())
+        EXPECT_EQ(desk.store.value(row.key), before.value(row.key));
+}
+
 TEST_F(SettingsWindow, IsHiddenAndKeepsItsPlace)
 {
     choose({"Graph", "Default marker size"});

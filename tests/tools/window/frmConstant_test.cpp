@@ -56,7 +56,8 @@ TEST_F(Constants_window, ShowsTheChosenGroupInColumns)
     EXPECT_EQ(lines(), (std::vector<std::string>{"speed of light   299792458       m/s",
                                                  "Planck constant  6.62607015E-34  J s"}));
     EXPECT_EQ(person.find<QComboBox>("cmbConstType").count(), 3);
-    EXPECT_TRUE(QFontInfo(person.find("lstConst").font()).fixedPitch());
+    const QFontMetricsF letters(person.find("lstConst").font());
+    EXPECT_EQ(letters.horizontalAdvance(QStringLiteral("iiii.")), letters.horizontalAdvance(QStringLiteral("WM@00")));
 }
 
 TEST_F(Constants_window, CopiesTheSelectedConstant)
@@ -95,6 +96,21 @@ TEST_F(Constants_window, SearchesAllGroupsByKeyboard)
     person.type("txtSearch", "");
     EXPECT_EQ(lines(), (std::vector<std::string>{"pi  3.14159265358979", "e   2.71828182845905"}));
     EXPECT_TRUE(person.is_enabled("cmdCopy"));
+}
+
+TEST_F(Constants_window, DownAndReturnLeadFromTheSearchToWhatItFound)
+{
+    open();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return}) {
+        person.type("txtSearch", "planck");
+        robot::press(key);
+        robot::press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(desk.user.copied_text(), "Planck constant  6.62607015E-34  J s");
+        desk.user.copy(std::make_unique<QMimeData>());
+    }
+    person.type("txtSearch", "furlong");
+    robot::press(Qt::Key_Return);
+    EXPECT_TRUE(person.find("txtSearch").hasFocus()) << "there is nothing to go to";
 }
 
 TEST_F(Constants_window, EndsASearchWhenAGroupIsChosen)
