@@ -5,7 +5,7 @@
 #include "shell/general_lib.h"
 
 #include <QCloseEvent>
-#include <QPrinter>
+#include <QPagedPaintDevice>
 
 namespace kelvarin
 {
@@ -91,16 +91,11 @@ void document_window::show_caption(QString caption)
 
 void document_window::print(bool preview)
 {
-    bool failed = false;
-    const auto paint = [this, &failed](QPrinter& printer) {
-        print_pages(printer);
-        failed = failed || printer.printerState() == QPrinter::Error;
-    };
-    if (preview)
-        context().user.print_preview(this, printed_name(), paint);
-    else
-        context().user.print(this, printed_name(), paint);
-    if (failed)
+    user_interface& user = context().user;
+    const page_painter paint = [this](QPagedPaintDevice& device) { print_pages(device); };
+    const print_outcome outcome =
+        preview ? user.print_preview(this, printed_name(), paint) : user.print(this, printed_name(), paint);
+    if (outcome == print_outcome::failed)
         context().user.show(this,
                             {.text = "Error while trying to print or setting printer.", .icon = box_icon::critical});
 }

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-class QPrinter;
+class QPagedPaintDevice;
 
 namespace kelvarin
 {
@@ -43,7 +43,7 @@ protected:
 
     /// The title of the printed document, and its pages.
     virtual QString printed_name() const = 0;
-    virtual void print_pages(QPrinter& printer) const = 0;
+    virtual void print_pages(QPagedPaintDevice& device) const = 0;
 
     /// The question before the window closes with unsaved work; empty if there is nothing to ask.
     virtual std::string question_on_close() const { return {}; }

@@ -10,7 +10,6 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QPointer>
-#include <QPrinter>
 
 #include <ctime>
 
@@ -293,9 +292,9 @@ QString problem_window::printed_name() const
     return to_qstring(document().title().empty() ? std::string(kind_->caption) : document().title());
 }
 
-void problem_window::print_pages(QPrinter& printer) const
+void problem_window::print_pages(QPagedPaintDevice& device) const
 {
-    print_text(printer, document().printed_listing());
+    print_text(device, document().printed_listing());
 }
 
 void problem_window::run_started()

@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/text_printing.h"
 
+#include "desktop/look.h"
 #include "desktop/qt_text.h"
 
 #include <QFontDatabase>
-#include <QPrinter>
+#include <QPagedPaintDevice>
 #include <QTextDocument>
 
 namespace kelvarin
 {
 
-void print_text(QPrinter& printer, std::string_view text)
+void print_text(QPagedPaintDevice& device, std::string_view text)
 {
     QTextDocument document;
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont font = of_equal_widths(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     font.setPointSize(10);
     document.setDefaultFont(font);
     document.setPlainText(to_qstring(text));
-    document.print(&printer);
+    document.print(&device);
 }
 
 } // namespace kelvarin

@@ -3,12 +3,12 @@
 
 #include <string_view>
 
-class QPrinter;
+class QPagedPaintDevice;
 
 namespace kelvarin
 {
 
 /// Prints a plain text in the fixed-width font, with page numbers.
-void print_text(QPrinter& printer, std::string_view text);
+void print_text(QPagedPaintDevice& device, std::string_view text);
 
 } // namespace kelvarin

@@ -2,6 +2,7 @@
 #include "desktop/user_interface.h"
 
 #include "desktop/file_dialogs.h"
+#include "desktop/page_printing.h"
 #include "desktop/qt_text.h"
 
 #include <QApplication>
@@ -111,27 +112,33 @@ public:
         QGuiApplication::clipboard()->setMimeData(content.release());
     }
 
-    const QMimeData* clipboard() const override { return QGuiApplication::clipboard()->mimeData(); }
+    const QMimeData* clipboard() const override
+    {
+        // Null on platforms without a clipboard of their own until something is copied.
+        static const QMimeData empty;
+        const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+        return content ? content : &empty;
+    }
 
-    bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) override
+    print_outcome print(QWidget* parent, const QString& document_name, const page_painter& paint) override
     {
         QPrinter printer(QPrinter::HighResolution);
         printer.setDocName(document_name);
         QPrintDialog dialog(&printer, owner_of(parent));
-        if (dialog.exec() != QDialog::Accepted) return false;
-        paint(printer);
-        return true;
+        if (dialog.exec() != QDialog::Accepted) return print_outcome::cancelled;
+        return print_pages(printer, paint);
     }
 
-    void print_preview(QWidget* parent, const QString& document_name,
-                       const std::function<void(QPrinter&)>& paint) override
+    print_outcome print_preview(QWidget* parent, const QString& document_name, const page_painter& paint) override
     {
         QPrinter printer(QPrinter::HighResolution);
         printer.setDocName(document_name);
         QPrintPreviewDialog dialog(&printer, owner_of(parent));
         QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                          [&paint](QPrinter* pages) { paint(*pages); });
-        dialog.exec();
+        // The dialog's print button accepts it; the chosen settings are in the printer.
+        if (dialog.exec() != QDialog::Accepted) return print_outcome::cancelled;
+        return outcome_of(printer);
     }
 
     void beep() override { QApplication::beep(); }

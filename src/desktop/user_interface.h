@@ -13,7 +13,7 @@
 #include <optional>
 #include <string>
 
-class QPrinter;
+class QPagedPaintDevice;
 class QWidget;
 
 namespace kelvarin
@@ -56,6 +56,16 @@ struct chosen_file
     int filter_index = 1;
 };
 
+/// Paints pages on a printer or into a file.
+using page_painter = std::function<void(QPagedPaintDevice&)>;
+
+enum class print_outcome
+{
+    cancelled,
+    printed,
+    failed
+};
+
 /// All boxes, questions and desktop services that a window uses. Boxes and questions return when they are answered; the
 /// windows' own dialogs don't use this interface.
 class user_interface
@@ -78,11 +88,10 @@ public:
     /// The content of the clipboard; never null.
     virtual const QMimeData* clipboard() const = 0;
 
-    /// Lets the user choose a printer (or a PDF file) and calls `paint`. Returns false if cancelled.
-    virtual bool print(QWidget* parent, const QString& document_name, const std::function<void(QPrinter&)>& paint) = 0;
+    /// Lets the user choose a printer (or a PDF file) and calls `paint`.
+    virtual print_outcome print(QWidget* parent, const QString& document_name, const page_painter& paint) = 0;
     /// Shows the pages that `paint` makes; they can be printed from there.
-    virtual void print_preview(QWidget* parent, const QString& document_name,
-                               const std::function<void(QPrinter&)>& paint) = 0;
+    virtual print_outcome print_preview(QWidget* parent, const QString& document_name, const page_painter& paint) = 0;
 
     virtual void beep() = 0;
 };

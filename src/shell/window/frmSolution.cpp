@@ -10,7 +10,7 @@
 #include "shell/window/report_document.h"
 
 #include <QMenu>
-#include <QPrinter>
+#include <QPagedPaintDevice>
 #include <QVBoxLayout>
 
 namespace kelvarin
@@ -176,9 +176,9 @@ void frmSolution::copy()
     if (!marked.empty()) context().user.copy(clipboard_content(marked));
 }
 
-void frmSolution::print_pages(QPrinter& printer) const
+void frmSolution::print_pages(QPagedPaintDevice& device) const
 {
-    print_lines(printer, txtSolution_->lines());
+    print_lines(device, txtSolution_->lines());
 }
 
 std::string frmSolution::content_as(report_format format) const

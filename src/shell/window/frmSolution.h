@@ -45,7 +45,7 @@ protected:
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
     QString printed_name() const override { return caption_; }
-    void print_pages(QPrinter& printer) const override;
+    void print_pages(QPagedPaintDevice& device) const override;
 
 private:
     void build_ui();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/report_document.h"
 
+#include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "shell/window/report_blocks.h"
 #include "shell/window/report_cells.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -24,8 +26,8 @@ namespace
 constexpr double points_per_inch = 72.0;
 /// Tab stops in fixed-width lines.
 constexpr int columns_of_tab = 8;
-/// Smaller print is not readable.
-constexpr double smallest_print = 0.4;
+/// A table that would need a smaller scale is broken into blocks of columns: 8 points become 6.
+constexpr double smallest_print = 0.75;
 
 /// The resolution that the toolkit assumes for a document.
 double pixels_per_inch()
@@ -46,7 +48,13 @@ QTextCharFormat format_of(const styled_run& run, double zoom)
     format.setFontFamilies({to_qstring(run.font)});
     // Used if the font isn't installed; names of generic families have no fallback of their own.
     format.setFontStyleHint(hint_of(run.family));
-    format.setFontFixedPitch(run.family == font_class::monospace);
+    if (run.family == font_class::monospace) {
+        format.setFontFixedPitch(true);
+        // Columns are aligned only in a fixed-width font, which the substitute of a missing font need not be.
+        const QStringList families = {to_qstring(run.font)};
+        if (const QFont named(families.front()); !has_equal_widths(named))
+            format.setFontFamilies(families + of_equal_widths(named).families());
+    }
     format.setFontPointSize(run.size / 2.0 * zoom);
     format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(run.italic);
@@ -110,6 +118,24 @@ QTextBlockFormat block_format_of(const styled_line& line, const QTextCharFormat&
     return format;
 }
 
+/// Splits a run so that the line under a "Q" is left out: it would run through the tail, and the letter would read "O".
+std::vector<styled_run> with_line_below_spared(const styled_run& run)
+{
+    std::vector<styled_run> parts;
+    const bool has_tail = run.underline && run.text.find('Q') != run.text.npos;
+    for (const char byte : has_tail ? std::string_view(run.text) : std::string_view()) {
+        const bool underlined = byte != 'Q';
+        if (parts.empty() || parts.back().underline != underlined) {
+            parts.push_back(run);
+            parts.back().text.clear();
+            parts.back().underline = underlined;
+        }
+        parts.back().text += byte;
+    }
+    if (parts.empty()) parts.push_back(run);
+    return parts;
+}
+
 /// The text of a run, with blanks for the characters that the toolkit would treat as the end of a block.
 QString shown_text(const styled_run& run)
 {
@@ -122,7 +148,30 @@ QString shown_text(const styled_run& run)
     return text;
 }
 
-/// The characters `from` to `to` of a line, in UTF-16 units.
+/// The width of a line of text on the page, in pixels of the document.
+double width_of_text(const QPagedPaintDevice& device)
+{
+    constexpr double margins_in_inches = 2 * 2.0 / 2.54; // those that the toolkit leaves around pages
+    // Advances on paper differ slightly from those measured for the screen.
+    constexpr double part_taken = 0.98;
+    const double inches = device.pageLayout().paintRect(QPageLayout::Inch).width() - margins_in_inches;
+    return inches * pixels_per_inch() * part_taken;
+}
+
+/// The width of a line of text on the page, which is turned to landscape if only that makes room for `needed`.
+double room_on_page(QPagedPaintDevice& device, double needed)
+{
+    const double upright = width_of_text(device);
+    if (needed <= upright) return upright;
+    const QPageLayout before = device.pageLayout();
+    device.setPageOrientation(QPageLayout::Landscape);
+    if (const double turned = width_of_text(device); needed <= turned) return turned;
+    device.setPageLayout(before);
+    return upright;
+}
+
+} // namespace
+
 styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to)
 {
     styled_line part;
@@ -139,8 +188,6 @@ styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to)
     }
     return part;
 }
-
-} // namespace
 
 void fill_document(QTextDocument& document, std::span<const styled_line> lines, double zoom)
 {
@@ -165,8 +212,10 @@ void fill_document(QTextDocument& document, std::span<const styled_line> lines, 
             cursor.insertBlock(block, leading);
         }
         first = false;
-        for (const styled_run& run : line)
-            cursor.insertText(shown_text(run), formats.of(run));
+        for (const styled_run& run : line) {
+            for (const styled_run& part : with_line_below_spared(run))
+                cursor.insertText(shown_text(part), formats.of(part));
+        }
     }
     cursor.endEditBlock();
 }
@@ -203,14 +252,19 @@ std::vector<styled_line> selected_lines(std::span<const styled_line> lines, cons
 
 void print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines)
 {
-    constexpr double margins_in_inches = 2 * 2.0 / 2.54; // those that the toolkit leaves around pages
     QTextDocument document;
     document.setUseDesignMetrics(true);
     fill_document(document, lines);
-    const double page =
-        (device.pageLayout().fullRect(QPageLayout::Inch).width() - margins_in_inches) * pixels_per_inch();
-    if (const double widest = widest_row(document); widest > page)
-        fill_document(document, lines, std::max(page / widest, smallest_print));
+    const double widest = widest_row(document);
+    const double page = room_on_page(device, widest * smallest_print);
+    if (widest * smallest_print > page) {
+        fill_document(document, in_blocks_of_columns(lines, [page](const styled_run& run) {
+                          const QFontMetricsF metrics(format_of(run, 1.0).font());
+                          return static_cast<int>(page / metrics.horizontalAdvance(QLatin1Char('0')));
+                      }));
+    } else if (widest > page) {
+        fill_document(document, lines, page / widest);
+    }
     document.print(&device);
 }
 

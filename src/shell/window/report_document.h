@@ -26,7 +26,11 @@ double widest_row(const QTextDocument& document);
 /// The part of `lines` that is selected in the document that was filled with them.
 std::vector<styled_line> selected_lines(std::span<const styled_line> lines, const QTextCursor& selection);
 
-/// Prints with page numbers, scaled down if a row of a table is wider than the page.
+/// The characters `from` to `to` of a line, in UTF-16 units.
+styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to);
+
+/// Prints with page numbers. If a row of a table is wider than the page, the print is scaled down, the page is turned,
+/// or the table is broken into blocks of columns; nothing is cut.
 void print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines);
 
 /// The lines as a PDF file.
