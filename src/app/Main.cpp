@@ -102,7 +102,10 @@ int Main(int argc, char** argv)
         window.show_tool(*request.tool);
     else
         show_main_window(window, request);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // A tool that ran alone has stored its position, and no main window has flushed it.
+    static_cast<void>(registry.flush());
+    return status;
 }
 
 } // namespace kelvarin

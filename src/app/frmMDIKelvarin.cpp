@@ -11,9 +11,12 @@
 #include "app/problem_kinds.h"
 #include "app/start_page.h"
 #include "app/tool_windows.h"
+#include "desktop/accent_keeper.h"
 #include "desktop/icons.h"
+#include "desktop/wheel_guard.h"
+#include "desktop/window_memory.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStackedWidget>
@@ -30,15 +33,6 @@ rectangle rectangle_of(const QRect& place)
     return {.left = place.x(), .top = place.y(), .width = place.width(), .height = place.height()};
 }
 
-std::vector<rectangle> screens()
-{
-    std::vector<rectangle> all;
-    const auto known = QGuiApplication::screens();
-    for (const QScreen* screen : known)
-        all.push_back(rectangle_of(screen->availableGeometry()));
-    return all;
-}
-
 } // namespace
 
 frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
@@ -48,6 +42,9 @@ frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
     setObjectName(QStringLiteral("frmMDIKelvarin"));
     setWindowTitle(tr("Kelvarin"));
     setWindowIcon(program_icon("app"));
+    // Both apply to all windows of the program.
+    if (!qApp->findChild<wheel_guard*>()) new wheel_guard(*qApp);
+    if (!qApp->findChild<accent_keeper*>()) new accent_keeper(*qApp);
     build_ui();
     connect_parts();
     restore_window_placement();
@@ -112,7 +109,9 @@ void frmMDIKelvarin::restore_window_placement()
 {
     const QScreen* main_screen = QGuiApplication::primaryScreen();
     const rectangle screen = main_screen ? rectangle_of(main_screen->availableGeometry()) : rectangle{};
-    const placement placed = restore_placement(context_.registry, first_placement(screen), screens());
+    const placement placed =
+        restore_placement(context_.registry, first_placement(screen), screen_places(), usual_frame(context_.registry));
+    appear_at(context_.registry, *this, placed.normal);
     // On failure they are written when the program ends, or never.
     static_cast<void>(context_.registry.flush());
     move(placed.normal.left, placed.normal.top);
@@ -125,8 +124,7 @@ placement frmMDIKelvarin::present_placement() const
     const window_state state = isMinimized()   ? window_state::minimised
                                : isMaximized() ? window_state::maximised
                                                : window_state::normal;
-    // Position with and size without the frame, as move() and resize() take them.
-    return {{.left = x(), .top = y(), .width = width(), .height = height()}, state};
+    return {present_place(*this), state};
 }
 
 void frmMDIKelvarin::apply_settings()
@@ -330,7 +328,8 @@ void frmMDIKelvarin::show_tool(window_command tool)
 
 void frmMDIKelvarin::show_message(const char* text)
 {
-    context_.user.show(this, {text, box_icon::exclamation});
+    // The active window may be a tool, which gets the focus back when the box is closed.
+    context_.user.show(QApplication::activeWindow(), {text, box_icon::exclamation});
 }
 
 } // namespace kelvarin

@@ -9,7 +9,6 @@
 #include "tools/window/frmUni.h"
 
 #include <QAction>
-#include <QEvent>
 
 namespace kelvarin
 {
@@ -53,7 +52,7 @@ void tool_windows::show(window_command tool)
         window = make(tool);
         if (!window) return;
         close_by_key(*window);
-        restore_window(context_.registry, *window);
+        remember_place(context_.registry, *window);
     }
     if (window->isMinimized()) window->showNormal();
     window->show();
@@ -76,14 +75,6 @@ void tool_windows::close_by_key(QWidget& window)
     close->setShortcuts(keys);
     connect(close, &QAction::triggered, &window, &QWidget::close);
     window.addAction(close);
-    window.installEventFilter(this);
-}
-
-bool tool_windows::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::Hide)
-        if (const auto* window = qobject_cast<const QWidget*>(watched)) remember_window(context_.registry, *window);
-    return QObject::eventFilter(watched, event);
 }
 
 } // namespace kelvarin

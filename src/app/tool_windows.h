@@ -26,8 +26,6 @@ public:
     void show(window_command tool);
     void hide_all();
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 signals:
     void settings_changed();
 

@@ -2,17 +2,33 @@
 #pragma once
 
 #include "platform/registry_store.h"
+#include "shell/window_placement.h"
+
+#include <vector>
 
 class QWidget;
 
 namespace kelvarin
 {
 
-/// Restores the size and position that was stored for a top-level window under its object name. A position outside
-/// every screen and values that are not numbers are ignored.
-void restore_window(const registry_store& registry, QWidget& window);
+// Positions are those of the frame, sizes those of the content. The frame is only known once the window is visible;
+// until then the last known frame of any window is assumed.
 
-/// Stores size and position of a window; the caller flushes the registry.
-void remember_window(registry_store& registry, const QWidget& window);
+/// The available geometry of each screen.
+std::vector<rectangle> screen_places();
+
+/// The last known frame; margins of 0 if there is none.
+frame_margins usual_frame(const registry_store& registry);
+
+/// Restores size and position of a top-level window each time it is shown, and stores them under its object name each
+/// time it is hidden. It stays on the screen with its frame. `registry` must outlive the window; the caller flushes it.
+void remember_place(registry_store& registry, QWidget& window);
+
+/// Shows a window first at `place`, moved or reduced so that it is on the screen with its frame. Its position is stored
+/// elsewhere.
+void appear_at(registry_store& registry, QWidget& window, const rectangle& place);
+
+/// The place of a window of one of these two, by the frame that it is known to have.
+rectangle present_place(const QWidget& window);
 
 } // namespace kelvarin

@@ -61,28 +61,25 @@ bool can_be_moved(const rectangle& place, std::span<const rectangle> screens)
     return std::ranges::any_of(screens, [&](const rectangle& screen) { return closeness(bar, screen) >= least; });
 }
 
-/// Large enough, at most as large as the screen that it shares most with, and moved into that one where it had to
-/// shrink or nobody could reach it any more: screens go away between two sessions.
-rectangle fitted(rectangle place, std::span<const rectangle> screens)
-{
-    // Smaller than this nobody means a main window to be.
-    constexpr int least_width = 200;
-    constexpr int least_height = 150;
-    if (screens.empty()) return place;
-    place.width = std::max(place.width, least_width);
-    place.height = std::max(place.height, least_height);
-    const rectangle& screen =
-        *std::ranges::max_element(screens, {}, [&](const rectangle& each) { return closeness(place, each); });
-    const bool too_large = place.width > screen.width || place.height > screen.height;
-    place.width = std::min(place.width, screen.width);
-    place.height = std::min(place.height, screen.height);
-    if (!too_large && can_be_moved(place, screens)) return place;
-    place.left = std::clamp(place.left, screen.left, screen.left + screen.width - place.width);
-    place.top = std::clamp(place.top, screen.top, screen.top + screen.height - place.height);
-    return place;
-}
-
 } // namespace
+
+rectangle on_a_screen(rectangle place, const frame_margins& frame, std::span<const rectangle> screens, bool as_a_whole)
+{
+    if (screens.empty()) return place;
+    const int beside = frame.left + frame.right;
+    const int above = frame.top + frame.bottom;
+    rectangle outer = {place.left, place.top, place.width + beside, place.height + above};
+    const rectangle& screen =
+        *std::ranges::max_element(screens, {}, [&](const rectangle& each) { return closeness(outer, each); });
+    const bool too_large = outer.width > screen.width || outer.height > screen.height;
+    outer.width = std::min(outer.width, screen.width);
+    outer.height = std::min(outer.height, screen.height);
+    if (too_large || as_a_whole || !can_be_moved(outer, screens)) {
+        outer.left = std::clamp(outer.left, screen.left, screen.left + screen.width - outer.width);
+        outer.top = std::clamp(outer.top, screen.top, screen.top + screen.height - outer.height);
+    }
+    return {outer.left, outer.top, outer.width - beside, outer.height - above};
+}
 
 placement first_placement(const rectangle& screen)
 {
@@ -97,8 +94,12 @@ placement first_placement(const rectangle& screen)
     return first;
 }
 
-placement restore_placement(registry_store& registry, const placement& current, std::span<const rectangle> screens)
+placement restore_placement(registry_store& registry, const placement& current, std::span<const rectangle> screens,
+                            const frame_margins& frame)
 {
+    // Smaller than this nobody means a main window to be.
+    constexpr int least_width = 200;
+    constexpr int least_height = 150;
     rectangle place;
     place.width = kept_or(registry, width_name, current.normal.width);
     place.height = kept_or(registry, height_name, current.normal.height);
@@ -106,7 +107,11 @@ placement restore_placement(registry_store& registry, const placement& current, 
     place.left = kept_or(registry, left_name, current.normal.left);
     const int state = kept_or(registry, state_name, static_cast<int>(current.state));
     const bool maximised = state == static_cast<int>(window_state::maximised);
-    return {fitted(place, screens), maximised ? window_state::maximised : window_state::normal};
+    if (!screens.empty()) {
+        place.width = std::max(place.width, least_width);
+        place.height = std::max(place.height, least_height);
+    }
+    return {on_a_screen(place, frame, screens, false), maximised ? window_state::maximised : window_state::normal};
 }
 
 void save_placement(registry_store& registry, const placement& placed)

@@ -47,7 +47,10 @@ TEST(Ending, FirstStartTakesMostOfTheScreenAndWritesItAtOnce)
     // The screen without a screen has 800 x 800 pixels.
     EXPECT_EQ(desk.window->size(), QSize(680, 680));
     EXPECT_EQ(desk.window->pos(), QPoint(60, 60));
-    EXPECT_EQ(desk.registry.take_written(),
+    std::vector<std::string> written = desk.registry.take_written();
+    // The frame that windows have here is no part of the placement.
+    std::erase(written, std::string(registry_root) + "\\windows\\frame");
+    EXPECT_EQ(written,
               (std::vector<std::string>{"Window Width", "Window Height", "Window Top", "Window Left", "Window State"}));
     desk.window->move(20, 30);
     desk.window->resize(640, 480);

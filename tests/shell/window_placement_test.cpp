@@ -135,5 +135,28 @@ TEST(WindowPlacement, WhateverIsKeptTheWindowIsOnAScreen)
     }
 }
 
+TEST(WindowPlacement, TheFrameIsOnTheScreenToo)
+{
+    const std::vector<rectangle> one = {screen};
+    const frame_margins frame = {2, 20, 3, 5};
+    struct row
+    {
+        const char* name;
+        rectangle place;
+        bool as_a_whole;
+        rectangle expected;
+    };
+    // By hand: inside the frame 1000 - 5 by 800 - 25 are left.
+    for (const row& each : {row{"fits", {10, 20, 300, 400}, false, {10, 20, 300, 400}},
+                            {"as large as the screen", {0, 0, 1000, 800}, false, {0, 0, 995, 775}},
+                            {"moved up where it had to shrink", {0, 40, 1000, 800}, false, {0, 0, 995, 775}},
+                            {"partly outside stays", {10, 600, 300, 400}, false, {10, 600, 300, 400}},
+                            {"all of it is asked for", {10, 600, 300, 400}, true, {10, 375, 300, 400}},
+                            {"right edge", {800, 0, 300, 400}, true, {695, 0, 300, 400}}}) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(on_a_screen(each.place, frame, one, each.as_a_whole), each.expected);
+    }
+}
+
 } // namespace
 } // namespace kelvarin

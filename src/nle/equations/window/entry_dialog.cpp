@@ -26,6 +26,7 @@ entry_dialog::entry_dialog(desktop_context& context, QWidget* parent, const entr
     pause_.setSingleShot(true);
     pause_.setInterval(333);
     build_ui(names, hint);
+    remember_place(context_.registry, *this);
     connect(&pause_, &QTimer::timeout, this, &entry_dialog::show_check);
     connect(txtEquation_, &expression_edit::paused, this, &entry_dialog::show_check);
     connect(txtEquation_, &expression_edit::done_asked, this, &entry_dialog::done_clicked);
@@ -210,7 +211,6 @@ void entry_dialog::showEvent(QShowEvent* event)
     if (!was_shown_) {
         was_shown_ = true;
         chain_tab_order();
-        restore_window(context_.registry, *this);
         txtVar_->setFocus(Qt::OtherFocusReason);
     }
     QDialog::showEvent(event);
@@ -220,12 +220,6 @@ void entry_dialog::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && lblCheck_) tint_check();
-}
-
-void entry_dialog::done(int result)
-{
-    remember_window(context_.registry, *this);
-    QDialog::done(result);
 }
 
 } // namespace kelvarin

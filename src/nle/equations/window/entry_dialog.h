@@ -50,8 +50,6 @@ public:
     /// "done" or "cancel", as the dialog was left.
     QString dialog_result() const { return dialog_result_; }
 
-    void done(int result) override;
-
 signals:
     /// "Show list of variables" was clicked.
     void listing_asked();

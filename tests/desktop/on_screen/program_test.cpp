@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+// The real windows under a window manager: what has the keys, what the wheel changes, what is in sight.
+#include "app/frmMDIKelvarin.h"
+#include "desktop/commands.h"
+#include "support/robot.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <memory>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+using test::robot;
+using test::wait_until;
+
+/// As the window manager sees it; the widget's own answer may be older.
+QRect outer_place(const QWidget& window)
+{
+    return window.windowHandle()->frameGeometry();
+}
+
+/// The program as it is started, with the desktop's own boxes.
+struct running_program
+{
+    test::scratch_folder folder;
+    memory_registry registry;
+    settings store{registry};
+    fixed_clock clock;
+    std::unique_ptr<user_interface> user = make_desktop_interface();
+    recovery_store recovery{folder.path() / "recovery"};
+    std::unique_ptr<frmMDIKelvarin> window;
+
+    void start()
+    {
+        window = std::make_unique<frmMDIKelvarin>(program_services{store, registry, clock, *user, recovery});
+    }
+    void show()
+    {
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        EXPECT_TRUE(wait_until([&] { return window->windowHandle()->frameMargins().top() > 0; }));
+        QTest::qWait(100);
+    }
+    QWidget& tool(window_command which, const char* name) const
+    {
+        window->show_tool(which);
+        QWidget& shown = test::top_window(name);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+        QTest::qWait(100);
+        return shown;
+    }
+};
+
+TEST(ProgramOnScreen, TheStatusBarIsInSightWhateverWasKept)
+{
+    running_program program;
+    for (const char* name : {"Window Width", "Window Height"})
+        program.registry.write(registry_root, name, "3000");
+    for (const char* name : {"Window Top", "Window Left"})
+        program.registry.write(registry_root, name, "0");
+    // At the first start nobody knows yet how wide frames are, at the second one it is known.
+    for (int start = 0; start < 2; ++start) {
+        program.start();
+        program.show();
+        const QRect screen = QApplication::primaryScreen()->availableGeometry();
+        EXPECT_TRUE(wait_until([&] { return screen.contains(outer_place(*program.window)); }))
+            << outer_place(*program.window).bottom();
+        const QWidget* bar = program.window->statusBar();
+        EXPECT_LE(bar->mapToGlobal(bar->rect().bottomLeft()).y(), screen.bottom());
+    }
+}
+
+TEST(ProgramOnScreen, TheMainWindowAndItsToolsComeBackWhereTheyWere)
+{
+    running_program program;
+    QRect main_place;
+    QRect tool_place;
+    for (int start = 0; start < 3; ++start) {
+        program.start();
+        program.show();
+        QWidget& tool = program.tool(window_command::constants, "frmConstant");
+        if (start == 0) {
+            tool.windowHandle()->setFramePosition({230, 90});
+            program.window->windowHandle()->setFramePosition({40, 30});
+            EXPECT_TRUE(wait_until([&] { return outer_place(tool).topLeft() == QPoint(230, 90); }));
+            EXPECT_TRUE(wait_until([&] { return outer_place(*program.window).topLeft() == QPoint(40, 30); }));
+            tool_place = outer_place(tool);
+            main_place = outer_place(*program.window);
+        }
+        EXPECT_EQ(outer_place(tool), tool_place) << "start " << start;
+        EXPECT_EQ(outer_place(*program.window), main_place) << "start " << start;
+        program.window->close();
+    }
+}
+
+TEST(ProgramOnScreen, ALoneToolHasTheKeysAgainBehindItsHelp)
+{
+    running_program program;
+    program.start();
+    QWidget& tool = program.tool(window_command::antoine, "frmAnt");
+    QPoint box_centre;
+    // Answers the box as soon as it is there.
+    QTimer answering;
+    QObject::connect(&answering, &QTimer::timeout, [&] {
+        for (QWidget* shown : QApplication::topLevelWidgets()) {
+            auto* box = qobject_cast<QMessageBox*>(shown);
+            if (!box || !box->isActiveWindow()) continue;
+            EXPECT_EQ(box->parentWidget(), &tool) << "it stands over the window that asked";
+            QTest::keyClick(box, Qt::Key_Escape);
+        }
+    });
+    answering.start(50);
+    robot(tool).click("cmdHelp");
+    answering.stop();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&tool));
+}
+
+TEST(ProgramOnScreen, TheWheelPassesOverEveryChoiceThatHasNoFocus)
+{
+    running_program program;
+    program.start();
+    program.show();
+    for (const window_command which : {window_command::new_nle, window_command::new_leq})
+        program.window->action(which)->trigger();
+    for (const auto& [which, name] : {std::pair(window_command::units, "frmUni"),
+                                      {window_command::constants, "frmConstant"},
+                                      {window_command::calculator, "frmCal"}})
+        program.tool(which, name);
+    int choices = 0;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        for (QComboBox* choice : window->findChildren<QComboBox*>()) {
+            if (!choice->isVisible() || choice->hasFocus() || choice->count() < 2) continue;
+            ++choices;
+            const int before = choice->currentIndex();
+            for (const int turn : {-1, 1, 1})
+                robot::turn_wheel(*choice, turn);
+            EXPECT_EQ(choice->currentIndex(), before) << choice->objectName().toStdString();
+            EXPECT_FALSE(choice->hasFocus()) << choice->objectName().toStdString();
+        }
+    }
+    EXPECT_GE(choices, 4) << "methods, number of equations, units";
+}
+
+} // namespace
+} // namespace kelvarin
