@@ -31,14 +31,7 @@ TEST(LeqRun, GivesTheSolutionOrTheBox)
     const std::string empty = "Kelvarin Guide: The coefficients matrix contains one or more empty cells ";
     const std::string odd = "Kelvarin Guide: The coefficients matrix contains a cell that is not a number ";
     const std::string singular = "Kelvarin Guide: Error, Singular Matrix enetered !";
-    struct row
-    {
-        std::string name;
-        leq_content content;
-        std::vector<double> solution;
-        std::string box;
-    };
-    const std::vector<row> cases = {
+    const test::table<std::string, leq_content, std::vector<double>, std::string> cases = {
         {"plain", equations({{"2", "1", "5"}, {"1", "-1", "1"}}), {2, 1}, ""},
         {"zeros on the diagonal", equations({{"0", "1", "3"}, {"2", "0", "4"}}), {2, 3}, ""},
         {"a pivot of 1e-300", equations({{"1e-300", "0", "1e-300"}, {"0", "1", "2"}}), {1, 2}, ""},
@@ -62,14 +55,14 @@ TEST(LeqRun, GivesTheSolutionOrTheBox)
          {},
          "Kelvarin Guide: Error: Overflow"},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        const leq_outcome outcome = run_leq(given.content);
-        EXPECT_EQ(box_of(outcome), given.box);
-        EXPECT_EQ(outcome.has_report, given.box.empty());
-        ASSERT_EQ(outcome.solution.size(), given.solution.size());
-        for (std::size_t i = 0; i < given.solution.size(); ++i)
-            EXPECT_GE(test::digits_shown(outcome.solution[i], given.solution[i]), 15.0) << outcome.solution[i];
+    for (const auto& [name, content, solution, box] : cases) {
+        SCOPED_TRACE(name);
+        const leq_outcome outcome = run_leq(content);
+        EXPECT_EQ(box_of(outcome), box);
+        EXPECT_EQ(outcome.has_report, box.empty());
+        ASSERT_EQ(outcome.solution.size(), solution.size());
+        for (std::size_t i = 0; i < solution.size(); ++i)
+            EXPECT_GE(test::digits_shown(outcome.solution[i], solution[i]), 15.0) << outcome.solution[i];
         EXPECT_LT(outcome.residual, 1e-15);
     }
 }

@@ -176,15 +176,8 @@ TEST(NleRun, FailedEvaluationsAndSolversEndInOneBox)
     settings few_steps;
     ASSERT_FALSE(few_steps.set_value("newt_MAXITS", "10"));
     ASSERT_FALSE(few_steps.set_value("broydn_MAXITS", "10"));
-    struct failure
-    {
-        const char* name;
-        nle_content content;
-        const char* title;
-        const char* text;
-    };
     const std::vector<equation_row> slow = {implicit_row("x", "x^20", "2"), implicit_row("y", "y", "0")};
-    const failure failures[] = {
+    const table<const char*, nle_content, const char*, const char*> failures = {
         {"explicit rows alone", system_of({explicit_row("a", "1/(b - 2)"), explicit_row("b", "2")}),
          "Expression evaluation error.", "Error: Zero denominator not allowed.\r1 / (b - 2)"},
         {"a row that names itself", system_of({explicit_row("a", "a + 1")}), "Expression evaluation error.",
@@ -206,11 +199,11 @@ TEST(NleRun, FailedEvaluationsAndSolversEndInOneBox)
          system_of({implicit_row("x", "1e200*x", "1e100"), implicit_row("y", "y", "1e160")}, nle_method::safenewt),
          "Kelvarin Guide", "Internal Error trapped.\r(6) Overflow\r"},
     };
-    for (const failure& f : failures) {
-        SCOPED_TRACE(f.name);
-        const message_box box = only_box(run_of(f.content, few_steps));
-        EXPECT_EQ(box.title, f.title);
-        EXPECT_EQ(box.text, f.text);
+    for (const auto& [name, content, title, text] : failures) {
+        SCOPED_TRACE(name);
+        const message_box box = only_box(run_of(content, few_steps));
+        EXPECT_EQ(box.title, title);
+        EXPECT_EQ(box.text, text);
         EXPECT_EQ(box.icon, box_icon::critical);
     }
 }

@@ -2,6 +2,7 @@
 #include "matrices.h"
 #include "numeric/linear/condition.h"
 #include "support/digits.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -16,14 +17,8 @@ namespace kelvarin::test
 // are 2 + d, the second over d. The triangle {1, 1, 0, 1} has the inverse {1, -1, 0, 1}.
 TEST(ReciprocalCondition, IsThatOfTheMaximumNorm)
 {
-    struct row
-    {
-        std::string name;
-        std::vector<double> a;
-        double expected;
-    };
     const double d = 0x1p-20;
-    const std::vector<row> cases = {
+    const table<std::string, std::vector<double>, double> cases = {
         {"identity", {1, 0, 0, 1}, 1.0},
         {"rows of very different size", {0x1p-40, 0, 0, 1}, 0x1p-40},
         {"an inverse too large for a number", {5e-324, 0, 0, 1}, 0.0},
@@ -35,13 +30,13 @@ TEST(ReciprocalCondition, IsThatOfTheMaximumNorm)
         {"a row of zeros", {0, 0, 1, 2}, 0.0},
         {"a column of zeros", {0, 1, 0, 2}, 0.0},
     };
-    for (const row& given : cases) {
-        SCOPED_TRACE(given.name);
-        const double found = reciprocal_condition(matrix_of(given.a.size() == 1 ? 1 : 2, given.a));
-        if (given.expected == 0.0) {
+    for (const auto& [name, a, expected] : cases) {
+        SCOPED_TRACE(name);
+        const double found = reciprocal_condition(matrix_of(a.size() == 1 ? 1 : 2, a));
+        if (expected == 0.0) {
             EXPECT_EQ(found, 0.0);
         } else {
-            EXPECT_GE(digits_shown(found, given.expected), given.expected < 1e-3 ? 9.0 : 14.0) << found;
+            EXPECT_GE(digits_shown(found, expected), expected < 1e-3 ? 9.0 : 14.0) << found;
         }
     }
 }

@@ -143,7 +143,8 @@ TEST(Jacobians, OverflowIsAFailure)
         matrix df(1, 1);
         std::vector<double> f(1);
         function_system system(1, scripted(residuals));
-        EXPECT_EQ(failure_of([&] { usrfun(system, std::vector{x}, f, df); }), "6");
+        const std::vector<double> point = {x};
+        EXPECT_EQ(failure_of([&] { usrfun(system, point, f, df); }), "6");
     }
     function_system system(1, same);
     matrix df(1, 1);

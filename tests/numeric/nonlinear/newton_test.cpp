@@ -155,11 +155,11 @@ TEST(Solvers, GiveUpInTheirOwnWordsAtTheLastAcceptedPoint)
         function_system system(static_cast<int>(start.size()), f);
         std::vector<double> x = start;
         std::vector<double> fvec(x.size());
-        EXPECT_EQ(failure_of([&] {
-                      if (by_broyden)
-                          broydn(system, x, fvec, {.MAXITS = limit, .TOLF = 0.0});
+        EXPECT_EQ(failure_of([&, by_broydn = by_broyden, most = limit] {
+                      if (by_broydn)
+                          broydn(system, x, fvec, {.MAXITS = most, .TOLF = 0.0});
                       else
-                          newt(system, x, fvec, {.MAXITS = limit, .TOLF = 0.0});
+                          newt(system, x, fvec, {.MAXITS = most, .TOLF = 0.0});
                   }),
                   failure);
         for (std::size_t i = 0; i < x.size(); ++i)

@@ -178,19 +178,14 @@ TEST(EquationGrid, ContextMenuOffersWhatTheRowAllows)
 {
     desk at;
     at.show(three_rows, 1);
-    struct offer
-    {
-        int row;
-        std::vector<std::string> enabled;
-    };
-    const offer offers[] = {
+    const table<int, std::vector<std::string>> offers = {
         {1, {"Add NLE", "Add EE", "Edit", "Edit comment", "Remove", "Move down"}},
         {3, {"Add NLE", "Add EE", "Edit", "Edit comment", "Remove", "Move up"}},
         {4, {"Add NLE", "Add EE"}},
     };
-    for (const offer& expected : offers) {
-        SCOPED_TRACE(expected.row);
-        at.grid->set_current_row(expected.row);
+    for (const auto& [row, expected_enabled] : offers) {
+        SCOPED_TRACE(row);
+        at.grid->set_current_row(row);
         const QPoint place = at.grid->visualRect(at.grid->currentIndex()).center();
         QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, at.grid->viewport()->mapToGlobal(place));
         QApplication::sendEvent(at.grid->viewport(), &asked);
@@ -198,9 +193,9 @@ TEST(EquationGrid, ContextMenuOffersWhatTheRowAllows)
         std::vector<std::string> enabled;
         for (const QAction* item : menu.actions())
             if (item->isEnabled() && !item->isSeparator()) enabled.push_back(item->text().remove('&').toStdString());
-        EXPECT_EQ(enabled, expected.enabled);
-        if (expected.row == 1) robot(menu).trigger(menu, "Add EE");
-        if (expected.row == 3) robot(menu).trigger(menu, "Move up");
+        EXPECT_EQ(enabled, expected_enabled);
+        if (row == 1) robot(menu).trigger(menu, "Add EE");
+        if (row == 3) robot(menu).trigger(menu, "Move up");
         menu.close();
         settle();
     }
