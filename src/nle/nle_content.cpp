@@ -2,6 +2,7 @@
 #include "nle/nle_content.h"
 
 #include "platform/text_file.h"
+#include "shell/document/method_items.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,10 +25,9 @@ std::string_view method_text(nle_method method)
 
 std::optional<nle_method> method_named(std::string_view text)
 {
-    for (std::size_t i = 0; i < nle_method_items.size(); ++i) {
-        if (text == nle_method_items[i] || text == std::to_string(i)) return static_cast<nle_method>(i);
-    }
-    return std::nullopt;
+    const std::optional<std::size_t> item = method_item_named(text, nle_method_items);
+    if (!item) return std::nullopt;
+    return static_cast<nle_method>(*item);
 }
 
 sign_constraint constraint_of(std::string_view guess)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_recovery.h"
 
+#include "nle/equations/row_recovery.h"
 #include "shell/document/json_value.h"
 #include "shell/report/json_writer.h"
 
@@ -20,8 +21,7 @@ nle_content content_of(const json_value& text)
     content.title = text.at("title").text();
     constexpr int last_method = static_cast<int>(nle_method_items.size()) - 1;
     content.method = static_cast<nle_method>(text.at("method").whole_number(0, last_method));
-    for (const json_value& row : text.at("rows").items())
-        content.rows.push_back({row.at("equation").text(), row.at("guess").text(), row.at("comment").text()});
+    content.rows = read_rows_member(text);
     content.lower_bound = text.at("lower_bound").text();
     content.upper_bound = text.at("upper_bound").text();
     return content;
@@ -36,16 +36,7 @@ std::string nle_recovery_text(const nle_content& content)
     text.member("format", recovery_format);
     text.member("title", content.title);
     text.member("method", static_cast<int>(content.method));
-    text.key("rows");
-    text.begin_array();
-    for (const equation_row& row : content.rows) {
-        text.begin_object();
-        text.member("equation", row.equation);
-        text.member("guess", row.guess);
-        text.member("comment", row.comment);
-        text.end_object();
-    }
-    text.end_array();
+    write_rows_member(text, content.rows);
     text.member("lower_bound", content.lower_bound);
     text.member("upper_bound", content.upper_bound);
     text.end_object();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_samples.h"
 
+#include "nle/equations/sample_rows.h"
+
 #include <initializer_list>
 #include <string_view>
 
@@ -10,23 +12,12 @@ namespace kelvarin
 namespace
 {
 
-struct sample_row
-{
-    std::string_view equation;
-    std::string_view comment;
-    /// Empty for an explicit row.
-    std::string_view guess = {};
-};
-
 nle_content sample_of(std::string_view title, nle_method method, std::initializer_list<sample_row> rows)
 {
     nle_content content;
     content.title = title;
     content.method = method;
-    for (const sample_row& row : rows) {
-        const std::string_view guess = row.guess.empty() ? no_guess : row.guess;
-        content.rows.push_back({std::string(row.equation), std::string(guess), std::string(row.comment)});
-    }
+    content.rows = rows_of_sample(rows);
     return content;
 }
 

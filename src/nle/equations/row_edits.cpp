@@ -76,17 +76,33 @@ row_refusal check_number_field(std::string_view number, std::string_view message
     return refusal_box(std::string(message));
 }
 
+row_refusal check_valid_name_field(std::string_view name)
+{
+    const std::string wanted(trimmed(name));
+    if (is_valid_name(wanted)) return std::nullopt;
+    return refusal_box("Variable format for '" + wanted +
+                       "' not valid.\rAll variables must start with a string character and may contain the chars "
+                       "A..Z, a..z, 0..9, or underscore");
+}
+
+row_refusal check_new_name_field(std::string_view name, std::span<const equation_row> rows, const row_form& form,
+                                 int own_row)
+{
+    const std::string_view wanted = trimmed(name);
+    if (row_defining(wanted, rows, form, own_row) == 0) return std::nullopt;
+    return already_defined_box(wanted);
+}
+
 row_refusal check_name_field(std::string_view name, std::span<const equation_row> rows, const row_form& form,
                              int own_row)
 {
-    const std::string wanted(trimmed(name));
-    if (!is_valid_name(wanted)) {
-        return refusal_box("Variable format for '" + wanted +
-                           "' not valid.\rAll variables must start with a string character and may contain the chars "
-                           "A..Z, a..z, 0..9, or underscore");
-    }
-    if (row_defining(wanted, rows, form, own_row) == 0) return std::nullopt;
-    return refusal_box("The variable '" + wanted + "' has already been defined.");
+    if (row_refusal refused = check_valid_name_field(name)) return refused;
+    return check_new_name_field(name, rows, form, own_row);
+}
+
+message_box already_defined_box(std::string_view name)
+{
+    return refusal_box("The variable '" + std::string(name) + "' has already been defined.");
 }
 
 row_refusal check_circular_definition(std::string_view name, std::string_view expression)

@@ -31,9 +31,16 @@ row_refusal check_room(std::size_t count);
 row_refusal check_expression_field(std::string_view expression);
 /// Refuses a text that is not a number, with `message`.
 row_refusal check_number_field(std::string_view number, std::string_view message);
-/// Refuses an invalid name, and a name that a row other than `own_row` (from 1; 0 for a new row) defines.
+/// Refuses an invalid name.
+row_refusal check_valid_name_field(std::string_view name);
+/// Refuses a name that a row other than `own_row` (from 1; 0 for a new row) defines.
+row_refusal check_new_name_field(std::string_view name, std::span<const equation_row> rows, const row_form& form,
+                                 int own_row);
+/// Both checks.
 row_refusal check_name_field(std::string_view name, std::span<const equation_row> rows, const row_form& form,
                              int own_row);
+/// The refusal of a name that stands for something else.
+message_box already_defined_box(std::string_view name);
 /// Refuses an explicit equation that uses its own variable.
 row_refusal check_circular_definition(std::string_view name, std::string_view expression);
 

@@ -100,11 +100,6 @@ void find_undefined(std::span<const read_row> rows, const clsParse& table, equat
 
 } // namespace
 
-bool equation_set::is_complete() const
-{
-    return equation_count() > 0 && undefined.empty() && total_vars == unique_implicit + explicit_count + given_count;
-}
-
 bool equation_set::has_more_equations_than_variables() const
 {
     const int given_only = unique_known - unique_defined;

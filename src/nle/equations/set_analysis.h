@@ -42,10 +42,11 @@ struct equation_set
     std::vector<text_place> duplicate_places;
 
     int equation_count() const { return implicit_count + explicit_count; }
-    /// Whether there are equations, every name is defined, and there are as many names as rows and given names. The sum
-    /// counts distinct implicit names but all explicit rows, so a name defined twice makes the set incomplete unless
-    /// both definitions are implicit.
-    bool is_complete() const;
+    /// Whether there are as many names as rows and given names. The sum counts distinct implicit names but all explicit
+    /// rows, so a name defined twice spoils it unless both definitions are implicit.
+    bool counts_agree() const { return total_vars == unique_implicit + explicit_count + given_count; }
+    /// Whether there are equations, every name is defined, and the counts agree.
+    bool is_complete() const { return equation_count() > 0 && undefined.empty() && counts_agree(); }
 
     bool has_duplicate_implicit() const { return unique_implicit < implicit_count; }
     bool has_duplicate_explicit() const { return unique_defined - unique_implicit < explicit_count; }

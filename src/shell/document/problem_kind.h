@@ -66,6 +66,9 @@ struct problem_kind
     /// Whether a file with these lines is of this kind, provided it is of no kind before in the list. Null if files of
     /// this kind can not be recognised.
     bool (*recognises)(std::span<const std::string_view> lines) = nullptr;
+    /// Whether a file with these lines is of this kind although `recognises` of another kind may hold as well; asked of
+    /// all kinds before. Null if there are no such files.
+    bool (*claims)(std::span<const std::string_view> lines) = nullptr;
     /// In the order of the method list; empty if there is only one.
     std::span<const problem_method> methods = {};
     /// The titles of the examples in the order of their menu; null if there is no such menu.

@@ -7,6 +7,7 @@
 #include "shell/general_lib.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace kelvarin
@@ -28,8 +29,24 @@ bool is_graph_marker(std::string_view line)
 
 bool recognises(const problem_kind& kind, std::span<const std::string_view> lines)
 {
+    return kind.recognises && kind.recognises(lines);
+}
+
+bool claims(const problem_kind& kind, std::span<const std::string_view> lines)
+{
+    return kind.claims && kind.claims(lines);
+}
+
+/// The kind of problem of these lines; null if it is none of `kinds`.
+const problem_kind* kind_of_lines(std::span<const std::string_view> lines, std::span<const problem_kind* const> kinds)
+{
     // A file without a second line is no problem of any kind.
-    return lines.size() >= 2 && kind.recognises && kind.recognises(lines);
+    if (lines.size() < 2) return nullptr;
+    for (const auto test : {claims, recognises}) {
+        const auto kind = std::ranges::find_if(kinds, [&](const problem_kind* each) { return test(*each, lines); });
+        if (kind != kinds.end()) return *kind;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -59,14 +76,15 @@ recognised_document recognise_document(std::string_view path, std::string_view t
     if (extension == "kvg" && !lines.empty() && is_graph_marker(lines.front())) return {document_form::graph};
     if (extension == "rtf") return {document_form::report};
     if (extension == "txt") return {document_form::text};
-    const auto kind = std::ranges::find_if(kinds, [&](const problem_kind* each) { return recognises(*each, lines); });
-    if (kind == kinds.end()) return {};
-    return {document_form::problem, *kind};
+    const problem_kind* const kind = kind_of_lines(lines, kinds);
+    if (!kind) return {};
+    return {document_form::problem, kind};
 }
 
 bool holds_problem(std::string_view text, const problem_kind& kind)
 {
-    return recognises(kind, split_lines(text));
+    const std::array<const problem_kind*, 1> kinds = {&kind};
+    return kind_of_lines(split_lines(text), kinds) != nullptr;
 }
 
 std::string unknown_format_text(std::string_view path)
