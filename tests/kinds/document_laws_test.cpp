@@ -58,7 +58,7 @@ protected:
     const scratch_folder folder_;
 };
 
-using kinds = testing::Types<nle_problem, leq_problem>;
+using kinds = testing::Types<nle_problem, deq_problem, leq_problem>;
 TYPED_TEST_SUITE(document_laws, kinds);
 
 TYPED_TEST(document_laws, ANewOneIsBlank)

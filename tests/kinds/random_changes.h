@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "deq/deq_problem.h"
+#include "deq/deq_samples.h"
 #include "leq/leq_problem.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_samples.h"
@@ -63,6 +65,49 @@ inline void change_at_random(nle_problem& problem)
         break;
     default:
         problem.rename_variable(name, *rc::gen::element<std::string>("x", "z", "a", "min", "2x"));
+    }
+}
+
+inline void put_example(deq_problem& problem)
+{
+    problem.load_example(deq_samples()[*rc::gen::inRange<std::size_t>(0, deq_sample_count)]);
+}
+
+inline void change_at_random(deq_problem& problem)
+{
+    const int row = *rc::gen::inRange(1, 5);
+    const auto name = rc::gen::element<std::string>("t", "y", "a", "d", "f", "2x");
+    const auto bound = rc::gen::element<std::string>("", "1", " -2.5 ", "1E-07", "a=(0)#");
+    switch (*rc::gen::inRange(0, 10)) {
+    case 0:
+        problem.put_differential(*name, "y + 1", "2", any_text());
+        break;
+    case 1:
+        problem.put_explicit(*name, "3*t", any_text());
+        break;
+    case 2:
+        if (row <= problem.equation_count()) problem.put_differential(*name, "if (0)==y then 1 else 2", "3", "", row);
+        break;
+    case 3:
+        problem.remove(row);
+        break;
+    case 4:
+        problem.move(row, *rc::gen::arbitrary<bool>());
+        break;
+    case 5:
+        if (row <= problem.equation_count()) problem.set_comment(row, any_text());
+        break;
+    case 6:
+        problem.set_range(*bound, *bound);
+        break;
+    case 7:
+        problem.set_independent(*rc::gen::arbitrary<bool>() ? *name : any_text());
+        break;
+    case 8:
+        problem.choose_method(static_cast<deq_method>(*rc::gen::inRange(0, 5)));
+        break;
+    default:
+        problem.rename_variable(*name, *name);
     }
 }
 

@@ -25,6 +25,10 @@ TEST(Recognition, DecidesByExtensionAndSecondLine)
         // A saved problem of one explicit equation has two lines.
         {"nle", "a.kvr", {"t |KVRVER05_0\r\na = 2*3 #\r\n", "t\nf(x) = x"}},
         {"deq", "a.kvr", {"t\nd(y)/d(x) = y #\nx\n", "t\nd(y)\nx\n"}},
+        // Of the older form, or with explicit rows first and a final value.
+        {"deq", "a.kvr", {"d(y)/d(x) = -y\nx(0)=0\ny(0)=1\n", "d(y)/d(x) = k\n2\n", "t\nk = 2\nx(0)=0\nx(f)=1\n"}},
+        {"nle", "a.kvr", {"t\nf(x) = x-f\nf = 2\nx(0)=1\n"}},
+        {"leq", "a.kvr", {"d(y) |KVRVER05_0\n2\n1\t2\n"}},
         {"leq", "a.kvr", {"t\n 2 \nx\n", "t\n1d1\nx\n", "t\r\r\n2\r\r\n1\t2\t\r\r\n"}},
         {"reg", "a.kvr", {"t\n10 9 \nA\tB\n", "t\n10 9\nA\n", "t\n10x 9y\nA\n"}},
         {"unknown", "a.kvr", {"t\n0 9\nA\n", "t\n10 x\nA\n", "t\n1e999 5\nA\n", "t\nx^2+y^2\nA\n", "t\n2a = 1\n"}},

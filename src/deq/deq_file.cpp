@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "deq/deq_file.h"
+
+#include "expr/basParse.h"
+#include "nle/equations/row_lines.h"
+#include "platform/run_time_text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr std::string_view start_marker = "(0)=";
+constexpr std::string_view final_marker = "(f)=";
+
+bool is_start_line(std::string_view line)
+{
+    return is_marked(line, start_marker);
+}
+
+bool is_final_line(std::string_view line)
+{
+    return is_marked(line, final_marker);
+}
+
+bool has_version_marker(std::string_view line)
+{
+    return line.find(version_marker) != std::string_view::npos;
+}
+
+bool begins_differential_row(std::string_view line)
+{
+    // Of a variable d, "d(0)=" is the initial value.
+    return is_implicit(line, deq_row_form) && !is_start_line(line);
+}
+
+bool is_explicit_equation(std::string_view line)
+{
+    const std::string_view text = before_comment(line);
+    return text.find('=') != std::string_view::npos && is_valid_name(trimmed(text.substr(0, text.find('='))));
+}
+
+/// Whether a first line without the marker of the version is no title: files of the older format begin with their first
+/// equation. One that might be an explicit equation is taken for a title where differential rows follow.
+bool is_first_row(std::string_view line, std::span<const std::string_view> behind)
+{
+    if (is_implicit(line, deq_row_form) || is_start_line(line) || is_final_line(line)) return true;
+    return is_explicit_equation(line) && std::ranges::none_of(behind, begins_differential_row);
+}
+
+/// The name that stands in front of a marker.
+std::string_view marked_name(std::string_view line)
+{
+    return trimmed(line.substr(0, line.find('=')).substr(0, line.rfind('(', line.find('='))));
+}
+
+std::string_view value_of(std::string_view line)
+{
+    return trimmed(line.substr(line.find('=') + 1));
+}
+
+void read_title(std::string_view line, deq_content& content)
+{
+    title_line read = read_title_line(line, marker_search::first);
+    content.title = std::move(read.title);
+    if (!read.method) return;
+    const std::optional<double> method = numeric_value(*read.method);
+    for (std::size_t i = 0; method && i < deq_method_items.size(); ++i)
+        if (*method == static_cast<double>(i)) content.method = static_cast<deq_method>(i);
+}
+
+/// The rows up to the first initial value. Differential ones wait for the name of the independent variable.
+void read_rows(line_reader& lines, deq_content& content)
+{
+    for (; !lines.at_end() && !is_start_line(lines.line()); lines.take()) {
+        std::optional<equation_row> row = row_of_line(lines.line(), no_guess);
+        if (!row) continue;
+        const equation_parts parts = parts_of(row->equation, deq_row_form);
+        if (parts.implicit)
+            row->guess.clear();
+        else
+            row->equation = std::string(parts.name) + " = " + std::string(parts.right_side);
+        content.rows.push_back(std::move(*row));
+    }
+}
+
+/// Gives a value to the first differential row of the name that has none yet.
+void set_initial_value(std::vector<equation_row>& rows, std::vector<bool>& is_set, std::string_view name,
+                       std::string_view value)
+{
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const equation_parts parts = parts_of(rows[i].equation, deq_row_form);
+        if (!parts.implicit || is_set[i] || row_symbol(parts.name) != name) continue;
+        rows[i].guess = value;
+        is_set[i] = true;
+        return;
+    }
+}
+
+/// The lines of initial and final values.
+void read_values(line_reader& lines, deq_content& content)
+{
+    const std::string_view first = lines.at_end() ? std::string_view() : lines.take();
+    content.initial_value = value_of(first);
+    content = with_independent(std::move(content), marked_name(first));
+    std::vector<bool> is_set(content.rows.size(), false);
+    while (!lines.at_end()) {
+        const std::string_view line = lines.take();
+        if (is_start_line(line)) {
+            set_initial_value(content.rows, is_set, marked_name(line), value_of(line));
+        } else if (is_final_line(line)) {
+            content.final_value = value_of(line);
+            return;
+        }
+    }
+}
+
+/// Whether the lines behind a title are those of a differential problem, by the first that is not blank. Nothing behind
+/// it is a file cut short, if the title is one of the current format.
+bool goes_on_as_problem(std::string_view title, std::span<const std::string_view> lines)
+{
+    const auto first = std::ranges::find_if(lines, [](std::string_view line) { return !trimmed(line).empty(); });
+    if (first == lines.end()) return has_version_marker(title);
+    return is_implicit(*first, deq_row_form) || is_start_line(*first) || is_final_line(*first) ||
+           is_explicit_equation(*first);
+}
+
+std::string marked_line(std::string_view name, std::string_view marker, std::string_view value)
+{
+    return row_symbol(name).append(marker).append(one_line(trimmed(value)));
+}
+
+} // namespace
+
+bool is_deq_file(std::span<const std::string_view> lines)
+{
+    if (lines.size() < 2) return false;
+    if (is_implicit(lines[0], deq_row_form) && !has_version_marker(lines[0])) return true;
+    const auto start = std::ranges::find_if(lines.subspan(1), is_start_line);
+    if (start == lines.end()) return false;
+    const auto is_nonlinear = [](std::string_view line) { return is_implicit(line, nle_row_form); };
+    return std::none_of(lines.begin() + 1, start, is_nonlinear) && std::any_of(start + 1, lines.end(), is_final_line);
+}
+
+std::optional<deq_content> read_deq(std::string_view text, deq_method method)
+{
+    const std::vector<std::string_view> all = split_lines(text);
+    line_reader lines(all);
+    deq_content content;
+    content.method = method;
+    if (lines.at_end()) return std::nullopt;
+    const std::span<const std::string_view> behind = std::span(all).subspan(1);
+    const bool has_title = has_version_marker(lines.line()) || !is_first_row(lines.line(), behind);
+    if (has_title) {
+        if (!goes_on_as_problem(lines.line(), behind)) return std::nullopt;
+        read_title(lines.take(), content);
+    }
+    read_rows(lines, content);
+    read_values(lines, content);
+    return content;
+}
+
+std::string write_deq(const deq_content& content, bool older_format)
+{
+    std::string text;
+    if (!older_format) write_line(text, title_line_text(content.title, static_cast<int>(content.method), false));
+    write_rows(text, content.rows, deq_row_form, true, !older_format);
+    write_rows(text, content.rows, deq_row_form, false, !older_format);
+    write_line(text, marked_line(content.independent, start_marker, content.initial_value));
+    for (const equation_row& row : content.rows) {
+        const equation_parts parts = parts_of(row.equation, deq_row_form);
+        if (parts.implicit) write_line(text, marked_line(parts.name, start_marker, row.guess));
+    }
+    write_line(text, marked_line(content.independent, final_marker, content.final_value));
+    return text;
+}
+
+} // namespace kelvarin

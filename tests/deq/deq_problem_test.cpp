@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "deq/deq_problem.h"
+#include "deq/deq_recovery.h"
+#include "deq/deq_samples.h"
+#include "support/deq_problems.h"
+#include "support/equation_rows.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace kelvarin
+{
+namespace
+{
+
+using test::differential_row;
+using test::explicit_row;
+using test::integrated;
+
+deq_problem problem_of(const deq_content& content)
+{
+    deq_problem problem;
+    problem.load_example(content);
+    return problem;
+}
+
+std::string text_of(const problem_document::refusal& refused)
+{
+    return refused ? refused->text : "";
+}
+
+TEST(DeqProblem, EntriesAreCheckedInTheOrderOfTheDialogs)
+{
+    deq_problem problem = problem_of(integrated({differential_row("y", "-y"), explicit_row("k", "2")}));
+    const std::string invalid = "Variable format for '2x' not valid.\rAll variables must start with a string character "
+                                "and may contain the chars A..Z, a..z, 0..9, or underscore";
+    struct differential
+    {
+        const char* name;
+        const char* expression;
+        const char* value;
+        std::string refusal;
+    };
+    for (const differential& each : {differential{" z ", "t*y", " 1e3 ", ""},
+                                     {"2x", "", "a", "Syntax Error: No expression entered."},
+                                     {"t", "1", "a", "Please enter a valid initial value."},
+                                     {" t", "1", "0", "Differential var must be different than independet var."},
+                                     {"2x", "1", "0", invalid},
+                                     {"k", "1", "0", "The variable 'k' has already been defined."},
+                                     {"y", "1", "0", "The variable 'y' has already been defined."}}) {
+        EXPECT_EQ(text_of(problem.check_differential(each.name, each.expression, each.value, 0)), each.refusal);
+    }
+    EXPECT_FALSE(problem.check_differential("y", "2*y", "3", 1)) << "its own row";
+
+    const std::string circular = "Circular definition of 'y'\rThe explicit varible being defined can not appear on the "
+                                 "left hand side of the equation.";
+    struct explicit_entry
+    {
+        const char* name;
+        const char* expression;
+        std::string refusal;
+    };
+    for (const explicit_entry& each : {explicit_entry{"m", "2*k", ""},
+                                       {"t", "1", ""},
+                                       {"2x", "k", invalid},
+                                       {"y", "y+1", circular},
+                                       {"y", "k", "The variable 'y' has already been defined."}}) {
+        EXPECT_EQ(text_of(problem.check_explicit(each.name, each.expression, 0)), each.refusal);
+    }
+
+    ASSERT_FALSE(problem.put_differential(" z ", " t*y ", " 1e3 ", "c\nd"));
+    EXPECT_EQ(problem.rows()[2], (equation_row{"d(z)/d(t) = t*y", "1e3", "c d"}));
+    ASSERT_FALSE(problem.put_explicit("m", "2*k", "", 3));
+    EXPECT_EQ(problem.rows()[2], explicit_row("m", "2*k"));
+}
+
+TEST(DeqProblem, TheIndependentVariableIsRenamedInItsRows)
+{
+    deq_problem problem = problem_of(integrated({differential_row("y", "-t*y"), explicit_row("k", "t")}));
+    EXPECT_EQ(text_of(problem.set_independent(" y")),
+              "Please do not use the same valriable name for independent variable and differential variable.");
+    EXPECT_EQ(text_of(problem.set_independent("k")),
+              "Please do not use the same valriable name for independent variable and explicit variable.");
+    EXPECT_EQ(problem.content().independent, "t");
+    ASSERT_FALSE(problem.set_independent("x "));
+    EXPECT_EQ(problem.content().independent, "x ");
+    EXPECT_EQ(problem.rows()[0].equation, "d(y)/d(x) = -t*y");
+    EXPECT_EQ(problem.rows()[1].equation, "k = t");
+    EXPECT_EQ(problem.analyse().panels[2], "Undefined Variable: t ");
+    ASSERT_FALSE(problem.set_independent("x1"));
+    ASSERT_TRUE(problem.undo()) << "what is typed is one step";
+    EXPECT_EQ(problem.rows()[0].equation, "d(y)/d(t) = -t*y");
+    // What would make another equation of a row stays in the field.
+    ASSERT_FALSE(problem.set_independent("x(0)=1"));
+    EXPECT_EQ(problem.content().independent, "x(0)=1");
+    EXPECT_EQ(problem.rows()[0].equation, "d(y)/d() = -t*y");
+    ASSERT_FALSE(problem.set_independent("t"));
+    EXPECT_EQ(problem.rows()[0].equation, "d(y)/d(t) = -t*y");
+}
+
+TEST(DeqProblem, RenamesVariablesWhereverTheyAreUsed)
+{
+    deq_problem problem = problem_of(integrated({differential_row("y", "-t*y"), explicit_row("k", "t+y")}));
+    ASSERT_FALSE(problem.rename_variable("t", "x"));
+    EXPECT_EQ(problem.content().independent, "x");
+    EXPECT_EQ(problem.rows()[0].equation, "d(y)/d(x) = -x*y");
+    EXPECT_EQ(problem.rows()[1].equation, "k = x+y");
+    ASSERT_FALSE(problem.rename_variable("y", "z"));
+    EXPECT_EQ(problem.rows()[0].equation, "d(z)/d(x) = -x*z");
+    EXPECT_EQ(text_of(problem.rename_variable("z", "x")), "The variable 'x' has already been defined.");
+    EXPECT_EQ(text_of(problem.rename_variable("x", "k")), "The variable 'k' has already been defined.");
+    EXPECT_EQ(problem.undo_step(), "Rename variable");
+}
+
+TEST(DeqProblem, EveryStepHasItsName)
+{
+    deq_problem problem = problem_of(integrated({differential_row("y", "-a"), explicit_row("a", "1")}));
+    struct step
+    {
+        const char* name;
+        std::function<void()> take;
+    };
+    for (const step& each : {step{"Add equation", [&] { problem.put_explicit("b", "2", ""); }},
+                             {"Add equation", [&] { problem.put_differential("z", "y", "1", ""); }},
+                             {"Edit equation", [&] { problem.put_explicit("b", "3", "", 3); }},
+                             {"Move equation", [&] { problem.move(2, true); }},
+                             {"Edit comment", [&] { problem.set_comment(1, "c"); }},
+                             {"Remove equation", [&] { problem.remove(4); }},
+                             {"Change range", [&] { problem.set_range("1", "2"); }},
+                             {"Change independent variable", [&] { problem.set_independent("s"); }},
+                             {"Choose method", [&] { problem.choose_method(deq_method::stiff); }},
+                             {"Rename variable", [&] { problem.rename_variable("a", "c"); }},
+                             {"Load example", [&] { problem.load_example(deq_samples()[0]); }}}) {
+        SCOPED_TRACE(each.name);
+        const deq_content before = problem.content();
+        each.take();
+        EXPECT_NE(problem.content(), before);
+        EXPECT_EQ(problem.undo_step(), each.name);
+    }
+    EXPECT_EQ(problem.content().method, deq_method::stiff) << "an example names no method";
+}
+
+TEST(DeqProblem, AMethodAloneIsNothingToLose)
+{
+    deq_problem problem;
+    problem.choose_method(deq_method::bs);
+    EXPECT_TRUE(problem.is_blank());
+    problem.set_range("0", "");
+    EXPECT_FALSE(problem.is_blank());
+}
+
+TEST(DeqProblem, IsPrintedWithItsRange)
+{
+    deq_problem problem;
+    problem.set_independent("t");
+    problem.set_range("0", "1.5");
+    problem.put_differential("y", "-k*y", "1", " decays ");
+    problem.put_explicit("k", "2", "");
+    EXPECT_EQ(problem.printed_listing(), "Kelvarin DEQ Program\n"
+                                         "File: \n"
+                                         "\n"
+                                         "[1] d(y)/d(t) = -k*y\n"
+                                         "    Initial value: 1\n"
+                                         "    decays\n"
+                                         "[2] k = 2\n"
+                                         "    Initial value: n.a.\n"
+                                         "\n"
+                                         "Independent variable: t\n"
+                                         "Initial value: 0\n"
+                                         "Final value: 1.5\n");
+}
+
+TEST(DeqProblem, RecoveryTakesOnlyMethodsThatThereAre)
+{
+    const auto text = [](const std::string& method) {
+        return R"({"format": 1, "title": "t", "method": )" + method +
+               R"(, "rows": [], "independent": "t", "initial_value": "", "final_value": "9"})";
+    };
+    deq_content expected = integrated({}, "", "9");
+    expected.title = "t";
+    expected.method = deq_method::stiffbs;
+    EXPECT_EQ(read_deq_recovery(text("4")), expected);
+    EXPECT_FALSE(read_deq_recovery(text("5")));
+}
+
+} // namespace
+} // namespace kelvarin
