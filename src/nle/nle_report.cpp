@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "nle/nle_report.h"
 
+#include "nle/equations/row_comments.h"
 #include "nle/nle_kind.h"
 #include "platform/format_mask.h"
 #include "platform/run_time_text.h"
-#include "platform/text_file.h"
 #include "shell/general_lib.h"
 #include "shell/report/report_text.h"
 #include "shell/report/rich_text.h"
@@ -80,15 +80,6 @@ void add_equations(report_text& report, const nle_outcome& outcome)
     if (outcome.explicit_names.empty()) return;
     report.line({R"({\f6  }{\cf1\fs20 Explicit equations })"});
     add_explicit_equations(report, outcome);
-}
-
-/// The rows that have a comment, numbered as in the problem.
-std::vector<commented_row> commented_rows(std::span<const equation_row> rows)
-{
-    std::vector<commented_row> commented;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (!rows[i].equation.empty()) commented.push_back({i + 1, trimmed(rows[i].equation), rows[i].comment});
-    return commented;
 }
 
 void add_conditions(report_text& report, const nle_outcome& outcome)
@@ -203,7 +194,7 @@ void add_explicit_report(report_text& report, const nle_run_problem& problem, co
     report.line();
     report.line({R"({\f6  }{\cf1 Explicit equations })"});
     add_explicit_equations(report, outcome);
-    report.comments(R"({\f6  }{\cf1 Comments})", commented_rows(problem.content.rows));
+    if (report.comments(R"({\f6  }{\cf1 Comments})", commented_rows(problem.content.rows))) report.line();
     report.line({R"({\f6  }{\cf1 General})"});
     add_general(report, problem, outcome);
 }
@@ -217,7 +208,7 @@ void add_implicit_report(report_text& report, const nle_run_problem& problem, co
     if (system) add_solution(report, outcome, *system);
     add_equations(report, outcome);
     if (single) add_initial_values(report, *single);
-    report.comments(R"({\f6  }{\cf1\fs20 Comments})", commented_rows(problem.content.rows));
+    if (report.comments(R"({\f6  }{\cf1\fs20 Comments})", commented_rows(problem.content.rows))) report.line();
     if (outcome.method == nle_method::constrained) add_conditions(report, outcome);
     add_settings(report, outcome, store, system ? system->iterations : 0);
     report.line({R"({\f6  }{\cf1\fs20 General})"});

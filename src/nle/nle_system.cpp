@@ -2,6 +2,7 @@
 #include "nle/nle_system.h"
 
 #include "expr/point_sweep.h"
+#include "nle/equations/refused_equation.h"
 #include "platform/run_time_text.h"
 
 #include <string>
@@ -47,32 +48,14 @@ std::optional<message_box> nle_system::compile_equations()
                                                  .definition_names = explicit_.names,
                                                  .definitions = explicit_.right_sides,
                                                  .outputs = implicit_.right_sides});
-    if (const auto* refused = std::get_if<refused_expression>(&made)) return box_of(*refused);
+    if (const auto* refused = std::get_if<refused_expression>(&made)) {
+        return refused->is_output
+                   ? refused_equation_box(*refused, implicit_, right_side_offsets_, "Nonlinear equation # ")
+                   : refused_equation_box(*refused, explicit_, right_side_offsets_, "Explicit expression # ");
+    }
     compiled_ = std::move(std::get<std::unique_ptr<compiled_system>>(made));
     jacobian_ = std::make_unique<system_jacobian>(*compiled_, [this] { stop_if_asked(listener_); });
     return std::nullopt;
-}
-
-message_box nle_system::box_of(const refused_expression& refused) const
-{
-    const equation_list& equations = refused.is_output ? implicit_ : explicit_;
-    const auto index = static_cast<std::size_t>(refused.number - 1);
-    const int row = equations.rows[index];
-    message_box box = {refused.message, box_icon::critical};
-    box.place =
-        text_place{row, right_side_offsets_[static_cast<std::size_t>(row - 1)], equations.right_sides[index].size()};
-    if (refused.place) {
-        box.place->offset += refused.place->offset;
-        box.place->length = refused.place->length;
-    }
-    if (refused.fatal) {
-        box.title = fatal_title;
-        box.fatal = true;
-    } else {
-        const char* const label = refused.is_output ? "Nonlinear equation # " : "Explicit expression # ";
-        box.text = label + std::to_string(refused.number) + '\r' + refused.message;
-    }
-    return box;
 }
 
 void nle_system::evaluate(std::span<const double> x, std::span<double> f)

@@ -65,8 +65,6 @@ public:
     evaluation_context& context() { return compiled_->context(); }
 
 private:
-    message_box box_of(const refused_expression& refused) const;
-
     run_listener& listener_;
     equation_list implicit_;
     equation_list explicit_;

@@ -86,7 +86,7 @@ void order_by_swapping(std::vector<std::size_t>& order, const std::vector<std::u
     const std::size_t n = order.size();
     std::size_t passes = 0;
     const auto begin_pass = [&] {
-        if (passes > n * n) nrerror("Circular definition of explicit variables not allowed.");
+        if (passes > n * n) nrerror(circular_definition_text);
         ++passes;
     };
 
@@ -128,6 +128,32 @@ void sort_explicit_equations(equation_list& explicit_equations)
     rearrange(explicit_equations.names, order);
     rearrange(explicit_equations.right_sides, order);
     rearrange(explicit_equations.rows, order);
+}
+
+bool uses_itself(const equation_list& equations, std::size_t equation)
+{
+    const std::vector<token> words = scan_tokens(equations.right_sides[equation]);
+    return std::ranges::any_of(words, [&](const token& word) {
+        return word.kind == token_kind::tokName && word.text == equations.names[equation];
+    });
+}
+
+std::vector<std::size_t> circular_equations(const equation_list& equations)
+{
+    const std::size_t n = equations.names.size();
+    std::vector<std::uint8_t> leads_to = table_of_uses(equations);
+    for (std::size_t i = 0; i < n; ++i)
+        leads_to[i * n + i] = uses_itself(equations, i) ? 1 : 0;
+    // The transitive closure. [Warshall1962]
+    for (std::size_t via = 0; via < n; ++via)
+        for (std::size_t from = 0; from < n; ++from)
+            if (leads_to[from * n + via] != 0)
+                for (std::size_t to = 0; to < n; ++to)
+                    leads_to[from * n + to] |= leads_to[via * n + to];
+    std::vector<std::size_t> circular;
+    for (std::size_t i = 0; i < n; ++i)
+        if (leads_to[i * n + i] != 0) circular.push_back(i);
+    return circular;
 }
 
 } // namespace kelvarin

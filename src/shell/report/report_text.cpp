@@ -49,9 +49,9 @@ void report_text::numbered_line(std::size_t number, std::initializer_list<std::s
     body_ += line_end;
 }
 
-void report_text::comments(std::string_view head, std::span<const commented_row> rows)
+bool report_text::comments(std::string_view head, std::span<const commented_row> rows)
 {
-    if (std::ranges::none_of(rows, has_comment)) return;
+    if (std::ranges::none_of(rows, has_comment)) return false;
     line({head});
     for (const commented_row& row : rows) {
         if (!has_comment(row)) continue;
@@ -59,7 +59,7 @@ void report_text::comments(std::string_view head, std::span<const commented_row>
         const std::string blanks(std::to_string(row.number).size(), ' ');
         line({R"({\f6     )", blanks, R"(}{\i\cf6 )", escape_rich_text(row.comment), " }"});
     }
-    line();
+    return true;
 }
 
 void report_text::setting(std::string_view label, std::string_view value)
@@ -86,7 +86,9 @@ void report_text::elapsed_time(double seconds)
 
 std::string report_text::document() const
 {
-    return rich_text_document(body_);
+    std::string_view body = body_;
+    if (!layout_.ends_last_line && body.ends_with(line_end)) body.remove_suffix(line_end.size());
+    return rich_text_document(body);
 }
 
 } // namespace kelvarin

@@ -21,6 +21,8 @@ struct report_layout
     std::string_view margin = " ";
     /// Between the label of a setting and its value.
     std::string_view equals = " = ";
+    /// The last line has an end of its own, in front of the one that ends every document.
+    bool ends_last_line = true;
 };
 
 /// A row of the block "Comments": the row's number in the problem, its text and its comment, as typed.
@@ -44,6 +46,8 @@ class report_text
 public:
     /// Writes the head of every report: title (as typed), date and the program's version.
     report_text(std::string_view title, calendar_date date, report_layout layout = {});
+    /// Begins with nothing: for a report with a head of its own.
+    explicit report_text(report_layout layout) : layout_(layout) {}
 
     /// Room for so many bytes.
     void reserve(std::size_t bytes) { body_.reserve(bytes); }
@@ -56,9 +60,9 @@ public:
 
     /// An equation or condition, as typed, after its number: "[1] x = 2".
     void numbered_line(std::size_t number, std::initializer_list<std::string_view> typed);
-    /// The head, then each row that has a comment with the comment below, and an empty line. Adds nothing if no row has
-    /// a comment.
-    void comments(std::string_view head, std::span<const commented_row> rows);
+    /// The head, then each row that has a comment with the comment below. Adds nothing and returns false if no row has a
+    /// comment.
+    bool comments(std::string_view head, std::span<const commented_row> rows);
     /// A line "label = value".
     void setting(std::string_view label, std::string_view value);
     /// A line for each setting with its value in `store`; all of them are numbers.

@@ -26,6 +26,10 @@ std::string rich_text_document(std::string_view body);
 /// here), the date and the program's version.
 std::string report_head(std::string_view title, calendar_date date);
 
+/// The parts of a head: the title as a group (escaped here), and the group of date and version.
+std::string report_title_group(std::string_view title);
+std::string report_date_group(calendar_date date);
+
 /// The version of the program as reports print it: "5.0.0".
 std::string_view program_version();
 

@@ -115,14 +115,23 @@ std::string_view program_version()
 std::string report_head(std::string_view title, calendar_date date)
 {
     std::string head = R"({\b\cf2\f5\fs24\ul KELVARIN Results}\par )";
-    head += R"({\cf2\f5\fs20\b )";
-    head += escape_rich_text(trimmed(title));
-    head += R"(}{\cf2\f5\fs16\ )";
-    head += report_date(date);
-    head += ",   Rev";
-    head += program_version();
-    head += R"( }\par )";
+    head += report_title_group(title);
+    head += report_date_group(date);
+    head += R"(\par )";
     return head;
+}
+
+std::string report_title_group(std::string_view title)
+{
+    return R"({\cf2\f5\fs20\b )" + escape_rich_text(trimmed(title)) + "}";
+}
+
+std::string report_date_group(calendar_date date)
+{
+    std::string group = R"({\cf2\f5\fs16\ )" + report_date(date) + ",   Rev";
+    group += program_version();
+    group += " }";
+    return group;
 }
 
 } // namespace kelvarin
