@@ -37,6 +37,8 @@ void answer_printer::take(const std::string& file, file_answer answer)
 {
     status_ = std::max(status_, answer.status);
     err_ << answer.messages << std::flush;
+    for (const output_file& output : answer.outputs)
+        write(output.name, output.content);
     const bool as_json = request_.format == output_format::object;
     if (a_file_each_) {
         if (as_json)

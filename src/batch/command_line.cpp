@@ -13,7 +13,9 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 namespace kelvarin
 {
@@ -80,13 +82,34 @@ std::string keys_of_solved_kinds(const std::string& last_word)
     return keys;
 }
 
-/// Declares each option once; if several kinds have it, with the help text of the first.
+/// The help text of an option; if several kinds have it, those of all, each with its kind.
+std::string help_of(std::string_view name)
+{
+    std::vector<std::pair<std::string, std::string>> parts;
+    for (const kind_answerer& answerer : kind_answerers())
+        for (const kind_option& option : answerer.options)
+            if (name == option.name) parts.emplace_back(option.help, answerer.kind->key);
+    std::string help = parts.front().first;
+    if (parts.size() == 1) return help;
+    help += " (" + parts.front().second + ")";
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        help += "; " + parts[i].first + " (" + parts[i].second + ")";
+    return help;
+}
+
+/// Declares each option once.
 void describe_kind_options(CLI::App& app, typed_options& typed)
 {
     for (const kind_answerer& answerer : kind_answerers())
         for (const kind_option& option : answerer.options) {
             const auto [value, is_new] = typed.kind_options.try_emplace(option.name);
-            if (is_new) app.add_option(option.name, value->second, option.help)->type_name(option.value_name);
+            if (!is_new) continue;
+            std::string& text = value->second;
+            if (std::string_view(option.value_name).empty())
+                app.add_flag_callback(
+                    option.name, [&text, name = option.name] { text = name; }, help_of(option.name));
+            else
+                app.add_option(option.name, text, help_of(option.name))->type_name(option.value_name);
         }
 }
 
@@ -169,24 +192,46 @@ void check_files(const batch_request& request)
         throw usage_error{"Several reports as rtf need an output name with {} in it, such as -o '{}.rtf'."};
 }
 
+/// The names of the files that options of kinds write for each problem, with `{}` in them.
+std::vector<std::string> kind_outputs(const batch_request& request)
+{
+    std::vector<std::string> outputs;
+    for (const auto& [name, value] : request.kind_options)
+        for (const kind_answerer& answerer : kind_answerers()) {
+            const auto option = std::ranges::find(answerer.options, name, &kind_option::name);
+            if (option == answerer.options.end() || !option->names_output) continue;
+            if (request.files.size() > 1 && value.find("{}") == std::string::npos)
+                throw usage_error{name + ": of several FILEs the name needs {} in it, such as '{}" +
+                                  std::filesystem::path(value).extension().string() + "'."};
+            outputs.push_back(value);
+            break;
+        }
+    return outputs;
+}
+
+void check_output_replaces_none(const std::string& name, const batch_request& request)
+{
+    std::error_code unknown;
+    if (!std::filesystem::exists(name, unknown)) return;
+    for (const std::string& problem : request.files)
+        if (std::filesystem::equivalent(name, problem, unknown))
+            throw usage_error{"The output would replace the problem '" + problem + "'."};
+}
+
 /// An output must not overwrite another one, or a problem to be solved.
 void check_outputs(const batch_request& request)
 {
-    if (request.output.empty()) return;
-    if (request.output.find("{}") != std::string::npos) {
-        std::set<std::string> names;
-        for (const std::string& file : request.files) {
-            const std::string name = output_name(request.output, file);
-            if (!names.insert(name).second) throw usage_error{"Two outputs would be written to '" + name + "'."};
-        }
-    }
+    std::set<std::string> names;
+    const auto check = [&](const std::string& name) {
+        if (!names.insert(name).second) throw usage_error{"Two outputs would be written to '" + name + "'."};
+        check_output_replaces_none(name, request);
+    };
+    if (!request.output.empty() && !request.answers_in_a_file_each()) check(request.output);
+    const std::vector<std::string> outputs = kind_outputs(request);
     for (const std::string& file : request.files) {
-        const std::string name = output_name(request.output, file);
-        std::error_code unknown;
-        if (!std::filesystem::exists(name, unknown)) continue;
-        for (const std::string& problem : request.files)
-            if (std::filesystem::equivalent(name, problem, unknown))
-                throw usage_error{"The output would replace the problem '" + problem + "'."};
+        if (request.answers_in_a_file_each()) check(output_name(request.output, file));
+        for (const std::string& output : outputs)
+            check(output_name(output, file));
     }
 }
 
@@ -207,7 +252,7 @@ void check_kind_option(const std::string& name, const std::string& value)
     for (const kind_answerer& answerer : kind_answerers())
         for (const kind_option& option : answerer.options) {
             if (name != option.name) continue;
-            complaint = option.refusal(value);
+            complaint = option.refusal ? option.refusal(value) : std::nullopt;
             if (!complaint) return;
         }
     if (complaint) throw usage_error{*complaint};

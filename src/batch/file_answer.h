@@ -7,9 +7,17 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelvarin
 {
+
+/// A file written beside the answer.
+struct output_file
+{
+    std::string name;
+    std::string content;
+};
 
 /// The answer to one file. It is made without printing, so that files can be answered in any order.
 struct file_answer
@@ -22,6 +30,9 @@ struct file_answer
     std::string messages = {};
     int status = 0;
     bool stopped = false;
+    /// What is said of a run that was stopped; for standard error.
+    std::string stop_message = {};
+    std::vector<output_file> outputs = {};
 };
 
 /// The part of the answer that is common to all kinds: report, messages, status. `report` is rich text, empty if there

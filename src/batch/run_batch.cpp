@@ -35,7 +35,10 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
             progress_line progress(surroundings.listener, surroundings.err_is_terminal ? &err : nullptr, file);
             return answers.next(progress);
         }();
-        if (answer.stopped || surroundings.listener.stop_asked()) return exit_status::interrupted;
+        if (answer.stopped || surroundings.listener.stop_asked()) {
+            err << answer.stop_message << std::flush;
+            return exit_status::interrupted;
+        }
         printer.take(file, std::move(answer));
     }
     return printer.finish();

@@ -6,7 +6,9 @@
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 
+#include <algorithm>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace kelvarin
@@ -39,6 +41,19 @@ message_box no_answerer_box(const std::string& file, const recognised_document& 
     return refusal_box(unknown_format_text(file));
 }
 
+/// Why the options of the command line do not fit this kind; nullopt where they do.
+std::optional<message_box> option_refusal(const kind_answerer& answerer, const batch_request& request)
+{
+    for (const auto& [name, value] : request.kind_options) {
+        const auto option = std::ranges::find(answerer.options, name, &kind_option::name);
+        if (option == answerer.options.end())
+            return refusal_box(name + ": not an option of problems of the kind " + answerer.kind->key + ".");
+        if (!option->refusal) continue;
+        if (std::optional<std::string> refused = option->refusal(value)) return refusal_box(std::move(*refused));
+    }
+    return std::nullopt;
+}
+
 /// Reads and recognises a file, and calls `answer` with its kind's answerer and its text.
 template <class Answer> file_answer answer_file(const std::string& file, const batch_request& request, Answer answer)
 {
@@ -51,6 +66,8 @@ template <class Answer> file_answer answer_file(const std::string& file, const b
                                                    : recognise_document(file, content.text, problem_kinds());
     const kind_answerer* const answerer = found.kind ? answerer_of(*found.kind) : nullptr;
     if (!answerer) return refused_answer(file, found.key(), no_answerer_box(file, found), request);
+    if (const std::optional<message_box> refused = option_refusal(*answerer, request))
+        return refused_answer(file, answerer->kind->key, *refused, request);
     return answer(*answerer, problem_text{file, std::move(content.text)});
 }
 

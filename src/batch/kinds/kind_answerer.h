@@ -19,11 +19,14 @@ struct kind_option
 {
     /// "--method".
     const char* name = "";
-    /// The placeholder of its value in the help, "NAME", and the help text.
+    /// The placeholder of its value in the help, "NAME", and the help text. An option without placeholder is a switch; its
+    /// value is its name.
     const char* value_name = "";
     const char* help = "";
-    /// Returns what is wrong with a value, or nullopt if it is valid.
+    /// Returns what is wrong with a value, or nullopt if it is valid. Null if every value is valid.
     std::optional<std::string> (*refusal)(std::string_view value) = nullptr;
+    /// The value is the name of a file that is written, with `{}` for the stem of the problem's.
+    bool names_output = false;
 };
 
 /// The text of a problem file of the answerer's kind.
