@@ -16,6 +16,8 @@ namespace kelvarin
 namespace
 {
 
+/// Rows of nonlinear problems, "f(x) = ...".
+constexpr row_form nonlinear_row_form = {"f("};
 constexpr std::string_view start_marker = "(0)=";
 constexpr std::string_view final_marker = "(f)=";
 
@@ -144,7 +146,7 @@ bool is_deq_file(std::span<const std::string_view> lines)
     if (is_implicit(lines[0], deq_row_form) && !has_version_marker(lines[0])) return true;
     const auto start = std::ranges::find_if(lines.subspan(1), is_start_line);
     if (start == lines.end()) return false;
-    const auto is_nonlinear = [](std::string_view line) { return is_implicit(line, nle_row_form); };
+    const auto is_nonlinear = [](std::string_view line) { return is_implicit(line, nonlinear_row_form); };
     return std::none_of(lines.begin() + 1, start, is_nonlinear) && std::any_of(start + 1, lines.end(), is_final_line);
 }
 

@@ -3,9 +3,11 @@
 
 #include "deq/deq_content.h"
 #include "deq/deq_file.h"
+#include "deq/deq_problem.h"
 #include "deq/deq_samples.h"
 
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace kelvarin
@@ -55,19 +57,18 @@ const problem_kind& deq_kind()
         .window_name = "frmDEQ",
         .caption = "Ordinary Differential Equations Solver",
         .recent_suffix = "\\files_deq",
-        .missing_text = "Differential equations are not yet solved by this version.",
-        .open_filter = "Kelvarin (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-        .save_filter = "Kelvarin (*.kvr)|*.kvr|Kelvarin 4.x (*.kvr)|*.kvr|Text (*.txt)|*.txt|All file (*.*)|*.*",
-        .older_format_filter = 2,
-        .older_format_question =
-            "Saving as older Kelvarin format may result in loosing some formating data. Do you want to continue ?",
+        .open_filter = problem_open_filter,
+        .save_filter = problem_save_filter,
+        .older_format_filter = problem_older_format_filter,
+        .older_format_question = problem_older_format_question,
         .unsaved_on_close = "DEQ Problem not saved. Do you want to save it before closing ?",
-        .unsaved_on_open = "Problem not saved. Do you wish to save it now ?",
+        .unsaved_on_open = problem_unsaved_on_open,
         .recognises =
             [](std::span<const std::string_view> lines) { return lines.size() > 2 && lines[1].starts_with("d("); },
         .claims = is_deq_file,
         .methods = methods,
-        .example_titles = example_titles};
+        .example_titles = example_titles,
+        .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<deq_problem>(); }};
     return kind;
 }
 

@@ -49,6 +49,6 @@ inline const std::string explicit_only = "Sum\na = 1\nb = a+1\n";
 inline const std::string undefined_name = "Red\nf(x) = x-q\nx(min)=1, x(max)=2\n";
 inline const std::string failing_run = "Root of a negative\na = sqrt(b)\nb = 0-1\n";
 inline const std::string linear_lines = "Two lines\r\n1\r\nvarsnames==x,y\r\n1\t1\t\r\n1\t-1\t\r\n3\t1\t\r\r\n";
-inline const std::string differential = "Decay\nd(y)/d(t) = -y\ny(0)=1\nt(0)=0\nt(f)=1\n";
+inline const std::string differential = "Decay\nd(y)/d(t) = -y\nt(0)=0\ny(0)=1\nt(f)=1\n";
 
 } // namespace kelvarin::test

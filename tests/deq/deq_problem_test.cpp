@@ -141,6 +141,19 @@ TEST(DeqProblem, EveryStepHasItsName)
     EXPECT_EQ(problem.content().method, deq_method::stiff) << "an example names no method";
 }
 
+TEST(DeqProblem, WhatIsTypedAndTakenBackIsNoStep)
+{
+    deq_problem problem = problem_of(integrated({differential_row("y", "-y")}));
+    problem.set_range("0", "12");
+    problem.set_range("0", "123");
+    problem.set_range("0", "1");
+    EXPECT_EQ(problem.undo_step(), "Load example");
+    problem.set_range("0", "12");
+    EXPECT_EQ(problem.undo_step(), "Change range");
+    ASSERT_TRUE(problem.undo());
+    EXPECT_EQ(problem.content().final_value, "1");
+}
+
 TEST(DeqProblem, AMethodAloneIsNothingToLose)
 {
     deq_problem problem;

@@ -3,7 +3,6 @@
 #include "support/equation_rows.h"
 #include "support/golden.h"
 #include "support/nle_runs.h"
-#include "support/report_lines.h"
 #include "support/table.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,13 @@
 #pragma once
 
 #include "deq/deq_content.h"
+#include "deq/deq_run.h"
+#include "platform/run_listener.h"
+#include "shell/settings.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +32,29 @@ inline deq_content integrated(std::vector<equation_row> rows, std::string initia
     content.initial_value = std::move(initial);
     content.final_value = std::move(final);
     return with_independent(std::move(content), independent);
+}
+
+/// A run that takes no time.
+inline deq_outcome run_of(const deq_content& content, const settings& store = settings())
+{
+    recording_listener listener;
+    return run_deq({content, {}}, store, listener, [] { return 0.0; });
+}
+
+inline deq_outcome run_by(deq_method method, deq_content content, const settings& store = settings())
+{
+    content.method = method;
+    return run_of(content, store);
+}
+
+inline constexpr std::array all_deq_methods = {deq_method::rkf45, deq_method::rkf56, deq_method::bs, deq_method::stiff,
+                                               deq_method::stiffbs};
+
+/// The values of a variable at the stored points.
+inline const std::vector<double>& column_of(const deq_outcome& outcome, const std::string& name)
+{
+    const std::vector<std::string>& names = outcome.points.names;
+    return outcome.points.columns.at(static_cast<std::size_t>(std::ranges::find(names, name) - names.begin()));
 }
 
 } // namespace kelvarin::test

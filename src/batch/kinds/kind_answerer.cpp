@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "batch/kinds/kind_answerer.h"
+#include "batch/kinds/deq_answerer.h"
 #include "batch/kinds/leq_answerer.h"
 #include "batch/kinds/nle_answerer.h"
 
@@ -11,7 +12,7 @@ namespace kelvarin
 
 std::span<const kind_answerer> kind_answerers()
 {
-    static const std::array<kind_answerer, 2> answerers = {nle_answerer(), leq_answerer()};
+    static const std::array<kind_answerer, 3> answerers = {nle_answerer(), leq_answerer(), deq_answerer()};
     return answerers;
 }
 

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "batch/kinds/deq_answerer.h"
+
+#include "batch/kinds/graph_outputs.h"
+#include "batch/text_columns.h"
+#include "deq/deq_file.h"
+#include "deq/deq_graph.h"
+#include "deq/deq_json.h"
+#include "deq/deq_kind.h"
+#include "deq/deq_report.h"
+#include "deq/deq_run.h"
+#include "platform/text_file.h"
+#include "shell/general_lib.h"
+
+#include <array>
+#include <utility>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr const char* method_option = "--method";
+constexpr const char* csv_option = "--csv";
+constexpr const char* table_option = "--table";
+
+message_box no_problem()
+{
+    return {"Error while trying to open file.", box_icon::exclamation};
+}
+
+std::optional<std::string> method_refusal(std::string_view value)
+{
+    if (deq_method_named(value)) return std::nullopt;
+    return "--method: there is no method '" + std::string(value) + "'.";
+}
+
+constexpr std::array<kind_option, 5> options = {
+    {{method_option, "NAME", "RKF45, RKF56, BS, STIFF, STIFFBS, or the number 0 to 4", method_refusal},
+     {.name = csv_option,
+      .value_name = "NAME",
+      .help = "Write the table of points to this file, comma-separated",
+      .names_output = true},
+     {.name = table_option, .help = "Print the table of points behind the report"},
+     graph_option,
+     plot_option}};
+
+/// The problem of a text, with the method of the command line in place of its own; nullopt if the text holds none.
+std::optional<deq_content> content_of(const problem_text& problem, const batch_request& request)
+{
+    std::optional<deq_content> content = read_deq(problem.text);
+    const std::string* const method = request.option(method_option);
+    if (content && method) content->method = *deq_method_named(*method);
+    return content;
+}
+
+/// The points as the window's table shows them.
+std::string table_text(const named_columns& points)
+{
+    std::vector<std::vector<std::string>> lines = {points.names};
+    for (std::size_t row = 0; row < points.row_count(); ++row) {
+        std::vector<std::string>& line = lines.emplace_back();
+        for (const std::vector<double>& column : points.columns)
+            line.emplace_back(trimmed(format_number(column[row])));
+    }
+    return text_columns(lines);
+}
+
+/// The files that are written beside the report.
+std::vector<output_file> outputs_of(const deq_outcome& outcome, const std::string& file, const batch_request& request)
+{
+    std::vector<output_file> outputs;
+    if (const std::string* const csv = request.option(csv_option))
+        outputs.push_back({output_name(*csv, file), csv_text(outcome.points)});
+    if (!request.option(graph_option.name) && !request.option(plot_option.name)) return outputs;
+    const std::array graphs = {scatter_graph_form_startup2(deq_graph_start(outcome, 1), {}, request.store)};
+    for (output_file& graph : graph_outputs(graphs, file, request))
+        outputs.push_back(std::move(graph));
+    return outputs;
+}
+
+file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
+                  run_listener& listener)
+{
+    std::optional<deq_content> content = content_of(problem, request);
+    if (!content) return refused_answer(problem.file, deq_kind().key, no_problem(), request);
+    const deq_run_problem run = {std::move(*content), problem.file};
+    const deq_outcome outcome = run_deq(run, request.store, listener, surroundings.seconds);
+    std::string report =
+        outcome.has_report ? deq_report(run, outcome, request.store, surroundings.clock.today()) : std::string();
+    file_answer answer = file_answer_of(problem.file, outcome, std::move(report), request);
+    if (outcome.stopped) answer.stop_message = answer.messages;
+    if (outcome.has_report) answer.outputs = outputs_of(outcome, problem.file, request);
+    if (request.format == output_format::object) {
+        json_writer writer(request.depth_of_object());
+        write_deq_json(writer, problem.file, run.content, outcome, answer.report);
+        answer.object = writer.take();
+    }
+    if (outcome.has_report && request.format == output_format::plain && request.option(table_option))
+        answer.report += "\n" + table_text(outcome.points);
+    return answer;
+}
+
+file_answer check(const problem_text& problem, const batch_request& request)
+{
+    const std::optional<deq_content> content = content_of(problem, request);
+    if (!content) return refused_answer(problem.file, deq_kind().key, no_problem(), request);
+    json_writer writer(request.depth_of_object());
+    write_deq_check_json(writer, problem.file, *content);
+    return {.object = writer.take()};
+}
+
+} // namespace
+
+kind_answerer deq_answerer()
+{
+    return {&deq_kind(), options, solve, check};
+}
+
+} // namespace kelvarin

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "batch/command_line.h"
+#include "batch/file_answer.h"
+#include "batch/kinds/kind_answerer.h"
+#include "graph/graph_content.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+inline constexpr kind_option graph_option = {
+    .name = "--graph", .value_name = "NAME", .help = "Write the graph to this file (.kvg)", .names_output = true};
+inline constexpr kind_option plot_option = {
+    .name = "--plot", .value_name = "NAME", .help = "Draw the graph into this file (.svg)", .names_output = true};
+
+/// The files that --graph and --plot ask for: the first graph under the option's name, the others with "-2", "-3" ..
+/// in front of the extension.
+std::vector<output_file> graph_outputs(std::span<const graph_content> graphs, const std::string& file,
+                                       const batch_request& request);
+
+} // namespace kelvarin

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "deq/deq_content.h"
+#include "expr/compiled_system.h"
+#include "nle/equations/explicit_equations.h"
+#include "nle/equations/system_jacobian.h"
+#include "numeric/linear/matrix.h"
+#include "numeric/linear/sparsity.h"
+#include "numeric/ode/ode_system.h"
+#include "platform/message_box.h"
+#include "platform/run_listener.h"
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// Ends an integration when an expression can not be evaluated; which and why stands in the system's context.
+class evaluation_failed : public std::exception
+{
+public:
+    const char* what() const noexcept override { return "evaluation failed"; }
+};
+
+/// The tables of one run: the differential equations of a problem as a system y' = f(x, y). Explicit variables are no
+/// part of y; each evaluation computes them afresh, in sorted order.
+///
+/// Built from the rows, then sorted, then compiled; only then evaluated.
+class deq_system final : public ode_system
+{
+public:
+    /// Takes the rows apart. Throws runtime_failure 6 where an initial value is too large a number.
+    deq_system(const deq_content& content, run_listener& listener);
+    deq_system(const deq_system&) = delete;
+    deq_system& operator=(const deq_system&) = delete;
+
+    /// Puts the explicit equations in the order of their evaluation. Throws runtime_failure 8888 for a circle, and for
+    /// an equation that uses its own variable.
+    void sort();
+    /// Compiles all equations, differential ones first. Returns the box of the first that is refused.
+    std::optional<message_box> compile_deq_expressions();
+
+    int size() const override { return differential_.size(); }
+    /// `evaluate_derivatives`: explicit equations, then the right sides. Throws evaluation_failed.
+    void derivatives(double x, std::span<const double> y, std::span<double> dydx) override;
+    /// All columns in lanes, those that depend on nothing left out. Throws evaluation_failed, and run_stopped if the
+    /// listener asks for it.
+    void differences(double x, std::span<const double> y, ode_jacobian& jacobian) override;
+    /// The explicit variables as the last call of `derivatives` left them, in sorted order.
+    std::span<const double> explicit_values() { return compiled_->definition_values(); }
+
+    const equation_list& differential_equations() const { return differential_; }
+    const equation_list& explicit_equations() const { return explicit_; }
+    /// In the order of the differential equations.
+    const std::vector<double>& initial_values() const { return initial_values_; }
+    const evaluation_context& context() const { return compiled_->context(); }
+
+private:
+    void end_after_failure() const;
+
+    run_listener& listener_;
+    equation_list differential_;
+    equation_list explicit_;
+    /// Where the right side begins in the text of each row of the problem.
+    std::vector<std::size_t> right_side_offsets_;
+    std::vector<double> initial_values_;
+    /// The inputs of the compiled system: x, then y.
+    std::vector<std::string> input_names_;
+    std::vector<double> inputs_;
+
+    std::unique_ptr<compiled_system> compiled_;
+    std::unique_ptr<system_jacobian> differences_;
+    /// The inputs as moved, and their increments.
+    std::vector<double> moved_;
+    std::vector<double> increments_;
+    /// A row for each right side, a column for each input, and where it is not zero.
+    matrix columns_;
+    const sparsity_pattern* pattern_ = nullptr;
+};
+
+} // namespace kelvarin
