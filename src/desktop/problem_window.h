@@ -70,6 +70,9 @@ protected:
     /// Shows the boxes of a run one after the other. Returns false if the window was closed meanwhile.
     bool show_boxes(const std::vector<message_box>& boxes);
 
+    /// Whether the window closes as soon as the run has ended.
+    bool is_closing() const { return close_after_run_; }
+
     /// Starts a job of this window and manages progress, Stop, closing and controls. `done` receives the outcome while
     /// the window still exists.
     template <class Job, class Done> void start_run(Job job, Done done) { run_.start(std::move(job), std::move(done)); }

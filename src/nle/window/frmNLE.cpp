@@ -28,25 +28,6 @@ namespace
 /// Counts the started runs of all windows, including failed ones; it is the number of a solution.
 std::atomic<int> solution_counter = 0;
 
-QList<equation_window_parts::method_item> method_items()
-{
-    QList<equation_window_parts::method_item> items;
-    for (const problem_method& method : nle_kind().methods)
-        items.append({to_qstring(method.name), frmNLE::tr(method.tip)});
-    return items;
-}
-
-/// The titles of the examples, each with its number as the mnemonic.
-QStringList example_captions()
-{
-    QStringList captions;
-    for (const std::string& title : nle_kind().example_titles()) {
-        const QString number = QString::number(captions.size() + 1);
-        captions.append(to_qstring(title).replace(number, QLatin1Char('&') + number));
-    }
-    return captions;
-}
-
 /// Whether the problem would be run: refusals before that are not counted.
 bool is_startable(const nle_content& content, const equation_set& set)
 {
@@ -80,8 +61,6 @@ frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
               .hint = tr("Add a nonlinear equation, f(x) = 0, with \"Add NLE\",\nor an explicit one, a = ..., with "
                          "\"Add EE\"."),
               .listing_caption = tr("NLE variables"),
-              .methods = method_items(),
-              .examples = example_captions(),
               .below_grid = bounds_});
     document_changed();
 }

@@ -29,6 +29,9 @@ public:
     std::string undo_step() const { return undo_.empty() ? std::string() : undo_.back().step; }
     std::string redo_step() const { return redo_.empty() ? std::string() : redo_.back().step; }
 
+    /// Whether undo would bring this content back.
+    bool undo_gives(const Content& content) const { return can_undo() && undo_.back().content == content; }
+
     /// Swaps `content` with the one before the last step. Returns false if there is none.
     bool undo(Content& content) { return move_entry(undo_, redo_, content); }
     bool redo(Content& content) { return move_entry(redo_, undo_, content); }

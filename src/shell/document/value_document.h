@@ -130,10 +130,13 @@ protected:
     /// The same for changes made while typing: consecutive ones are one step.
     void change_on(std::string_view step, Content next)
     {
-        if (history_.undo_step() == step && !history_.can_redo() && !history_.is_clean())
-            content_ = std::move(next);
-        else
+        if (history_.undo_step() != step || history_.can_redo() || history_.is_clean())
             change(step, std::move(next));
+        else if (history_.undo_gives(next))
+            // What was typed is taken back by typing: nothing is left that a step could revert.
+            undo();
+        else
+            content_ = std::move(next);
     }
     /// Replaces the problem by an example in one step. The path is cleared, so that Save doesn't overwrite the file
     /// that was open.

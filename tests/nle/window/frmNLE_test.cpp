@@ -60,22 +60,8 @@ void type_by_mouse(nle_desk& desk)
 
 void type_by_keys(nle_desk& desk)
 {
-    for (const auto& equation : sum_and_product) {
-        const bool implicit = !equation.guess.empty();
-        robot::press(implicit ? Qt::Key_N : Qt::Key_A, Qt::AltModifier);
-        test::dialog_in_front(implicit ? "frmNleNE" : "frmNleEE");
-        robot::keys(equation.variable);
-        robot::press(Qt::Key_Tab);
-        robot::keys(equation.expression);
-        robot::press(Qt::Key_Tab);
-        if (implicit) {
-            robot::keys(equation.guess);
-            robot::press(Qt::Key_Tab);
-        }
-        robot::keys(equation.comment);
-        robot::press(Qt::Key_Return);
-        desk.to_front();
-    }
+    for (const auto& equation : sum_and_product)
+        desk.add_by_keys(equation, Qt::Key_N);
     desk.set_title("Sum and product");
     robot::press(Qt::Key_M, Qt::AltModifier);
     robot::press(Qt::Key_Down);

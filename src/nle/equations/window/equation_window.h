@@ -26,15 +26,9 @@ class link_label;
 class problem_status;
 class traffic_light;
 
-/// What differs between the windows of equation problems: names of controls, captions, heads, methods and examples.
+/// What differs between the windows of equation problems: names of controls, captions and heads.
 struct equation_window_parts
 {
-    struct method_item
-    {
-        QString name;
-        QString tip;
-    };
-
     const char* icon_name = "";
     const char* grid_name = "";
     const char* status_name = "";
@@ -51,9 +45,6 @@ struct equation_window_parts
     QString hint;
     /// The title of the listing of variables.
     QString listing_caption;
-    QList<method_item> methods;
-    /// The captions of the examples.
-    QStringList examples;
     /// Widgets of the kind between the buttons and the grid, and below the grid; may be null.
     QWidget* above_grid = nullptr;
     QWidget* below_grid = nullptr;
@@ -113,11 +104,14 @@ protected:
     const equation_status& status() const { return status_; }
     const equation_table& equations() const { return const_cast<equation_window*>(this)->equations(); }
     int equation_count() const { return static_cast<int>(equations().rows().size()); }
+    bool comments_shown() const { return chkComments_->isChecked(); }
 
     /// Takes over what is being typed. Returns false if a run is under way.
     bool ready_to_run();
     /// Shows that a run was stopped, or its boxes. Returns true if the run was not stopped and the window still exists.
     bool show_end_of_run(bool stopped, const std::vector<message_box>& boxes);
+    /// Shows a text in place of the panels for some seconds.
+    void show_for_a_while(const QString& text);
 
     void show_document() override;
     void enable_controls_for_run(bool running) override;
@@ -128,13 +122,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QBoxLayout* build_title_row(const equation_window_parts& parts);
+    QBoxLayout* build_title_row();
     QBoxLayout* build_button_row(const equation_window_parts& parts);
     QWidget* build_run_place();
     QBoxLayout* build_options_row(const equation_window_parts& parts);
     void build_edit_menu(const equation_window_parts& parts);
     QMenu* build_solution_menu();
-    QMenu* build_examples_menu(const QStringList& captions);
+    QMenu* build_examples_menu();
     void connect_controls();
     void apply_colours();
 

@@ -43,7 +43,7 @@ void equation_window::build_ui(const equation_window_parts& parts)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
     column->setSpacing(unit / 2);
-    column->addLayout(build_title_row(parts));
+    column->addLayout(build_title_row());
     column->addLayout(build_button_row(parts));
     if (parts.above_grid) column->addWidget(parts.above_grid);
 
@@ -60,12 +60,12 @@ void equation_window::build_ui(const equation_window_parts& parts)
     apply_colours();
     build_edit_menu(parts);
     solution_menu_ = build_solution_menu();
-    examples_menu_ = build_examples_menu(parts.examples);
+    examples_menu_ = build_examples_menu();
     connect_controls();
     setFocusProxy(grid_);
 }
 
-QBoxLayout* equation_window::build_title_row(const equation_window_parts& parts)
+QBoxLayout* equation_window::build_title_row()
 {
     auto* row = new QHBoxLayout;
     lblTitle_ = named(new link_label, "lblTitle");
@@ -75,9 +75,9 @@ QBoxLayout* equation_window::build_title_row(const equation_window_parts& parts)
     row->addWidget(lblTitle_, 1);
 
     cmbMethod_ = named(new QComboBox, "cmbMethod");
-    for (const auto& method : parts.methods) {
-        cmbMethod_->addItem(method.name);
-        cmbMethod_->setItemData(cmbMethod_->count() - 1, method.tip, Qt::ToolTipRole);
+    for (const problem_method& method : kind().methods) {
+        cmbMethod_->addItem(to_qstring(method.name));
+        cmbMethod_->setItemData(cmbMethod_->count() - 1, tr(method.tip), Qt::ToolTipRole);
     }
     auto* caption = new QLabel(tr("&Method"));
     caption->setBuddy(cmbMethod_);
@@ -176,13 +176,16 @@ QMenu* equation_window::build_solution_menu()
     return menu;
 }
 
-QMenu* equation_window::build_examples_menu(const QStringList& captions)
+QMenu* equation_window::build_examples_menu()
 {
     auto* menu = new QMenu(tr("E&xamples"), this);
     int number = 0;
-    for (const QString& caption : captions) {
+    for (const std::string& title : kind().example_titles()) {
         ++number;
-        QAction* item = menu->addAction(caption, this, [this, number] { load_sample(number); });
+        // The number of an example is its mnemonic.
+        const QString digit = QString::number(number);
+        QAction* item = menu->addAction(to_qstring(title).replace(digit, QLatin1Char('&') + digit), this,
+                                        [this, number] { load_sample(number); });
         item->setObjectName(QStringLiteral("mnuSample%1").arg(number));
         changing_items_.append(item);
     }
