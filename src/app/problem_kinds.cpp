@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/problem_kinds.h"
 
+#include "deq/window/frmDEQ.h"
 #include "kinds/kinds.h"
 #include "leq/window/frmLEQ.h"
 #include "nle/window/frmNLE.h"
@@ -30,7 +31,7 @@ template <class Window> std::unique_ptr<problem_window> make_window(desktop_cont
 
 constexpr std::array<window_factory, 5> factories{{{"leq", window_command::new_leq, make_window<frmLEQ>},
                                                    {"nle", window_command::new_nle, make_window<frmNLE>},
-                                                   {"deq", window_command::new_deq},
+                                                   {"deq", window_command::new_deq, make_window<frmDEQ>},
                                                    {"reg", window_command::new_reg},
                                                    {"opt", window_command::new_opt}}};
 

@@ -43,6 +43,9 @@ const kind_words all_words[] = {
     {"nle", "Nonlinear Equations Solver", "NLE Problem not saved. Do you want to save it before closing ?", "E&xamples",
      "mnuSample1", "mine |KVRVER05_0\r\nf(x) = x^2-2 #\r\nx(min)=1, x(max)=2\r\n",
      "mine\r\nf(x) = x^2-2\r\nx(min)=1, x(max)=2\r\n"},
+    {"deq", "Ordinary Differential Equations Solver", "DEQ Problem not saved. Do you want to save it before closing ?",
+     "E&xamples", "mnuSample1", "mine |KVRVER05_0\r\nd(y)/d(t) = -y #\r\nt(0)=0\r\ny(0)=1\r\nt(f)=1\r\n",
+     "d(y)/d(t) = -y\r\nt(0)=0\r\ny(0)=1\r\nt(f)=1\r\n"},
 };
 
 /// A window of the kind with a problem that has no file.

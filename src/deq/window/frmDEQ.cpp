@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "deq/window/frmDEQ.h"
+
+#include "deq/deq_kind.h"
+#include "deq/deq_report.h"
+#include "deq/deq_samples.h"
+#include "deq/window/frmDeqDE.h"
+#include "deq/window/frmDeqEE.h"
+#include "desktop/controls.h"
+#include "desktop/look.h"
+#include "desktop/problem_field.h"
+#include "desktop/qt_text.h"
+#include "shell/window/frmSolution.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <atomic>
+#include <memory>
+#include <utility>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+/// Counts the started runs of all windows, including failed ones; it is the number of a solution.
+std::atomic<int> solution_counter = 0;
+
+constexpr int typing_pause_ms = 1000;
+
+/// The input of a run in a thread: copies, so that nothing changes during the run.
+struct run_input
+{
+    deq_run_problem problem;
+    settings store;
+};
+
+} // namespace
+
+frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
+{
+    pause_.setSingleShot(true);
+    pause_.setInterval(typing_pause_ms);
+    connect(&pause_, &QTimer::timeout, this, &frmDEQ::settle_independent);
+    build_ui({.icon_name = "deq",
+              .grid_name = "grdDiffEq",
+              .status_name = "stbDEQ",
+              .new_implicit_name = "cmdNewDiffEq",
+              .new_implicit_caption = tr("Add &DE"),
+              .new_implicit_tip = tr("New differential equation"),
+              .new_implicit_item_name = "mnuNewDiffEq",
+              .new_implicit_item = tr("New di&fferential equation..."),
+              .heads = {tr("Differential equations / explicit equations"), tr("Initial value"), tr("Comments")},
+              .form = deq_row_form,
+              .hint = tr("Name the independent variable and its range, then add\na differential equation, d(y)/d(t) = "
+                         "..., with \"Add DE\",\nor an explicit one, a = ..., with \"Add EE\"."),
+              .listing_caption = tr("DEQ variables"),
+              .above_grid = build_range(),
+              .below_grid = build_options()});
+    document_changed();
+}
+
+QWidget* frmDEQ::build_range()
+{
+    auto* range = new QWidget(this);
+    auto* row = new QHBoxLayout(range);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(line_unit(*this) / 2);
+    const int digits = 12;
+    const auto add_field = [&](const QString& caption, const char* name, const QString& tip, auto changed,
+                               auto finished) {
+        auto* field = new problem_field(digits, name, tip);
+        connect(field, &QLineEdit::textEdited, this, changed);
+        connect(field, &QLineEdit::editingFinished, this, finished);
+        auto* label = new QLabel(caption);
+        label->setBuddy(field);
+        row->addWidget(label);
+        row->addWidget(field);
+        switch_off_in_run(field);
+        return field;
+    };
+    txtIndVar_ = add_field(tr("&Independent variable"), "txtIndVar", tr("Its name, t for the time"),
+                           &frmDEQ::txtIndVar_Change, &frmDEQ::settle_independent);
+    txtInitVal_ =
+        add_field(tr("f&rom"), "txtInitVal", tr("Its initial value"), &frmDEQ::range_Change, &frmDEQ::update_num_vars);
+    txtFinalVal_ =
+        add_field(tr("t&o"), "txtFinalVal", tr("Its final value"), &frmDEQ::range_Change, &frmDEQ::update_num_vars);
+    row->addStretch(1);
+    return range;
+}
+
+QWidget* frmDEQ::build_options()
+{
+    auto* options = new QWidget(this);
+    auto* row = new QHBoxLayout(options);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(line_unit(*this));
+    const auto add_box = [&](const QString& caption, const char* name, const QString& tip) {
+        auto* box = named(new QCheckBox(caption), name);
+        box->setToolTip(tip);
+        row->addWidget(box);
+        return box;
+    };
+    chkTable_ = add_box(tr("Ta&ble"), "chkTable", tr("Tables of the points come with a later version."));
+    chkGraph_ = add_box(tr("&Graph"), "chkGraph", tr("Graphs of the points come with a later version."));
+    chkReport_ = add_box(tr("Re&port"), "chkReport", tr("Make a report of each run"));
+    for (QCheckBox* missing : {chkTable_, chkGraph_})
+        missing->setEnabled(false);
+    chkReport_->setChecked(true);
+    lblAbort_ = named(new QLabel(tr("Press Cntl+C to Abort")), "lblAbort");
+    lblAbort_->hide();
+    row->addWidget(lblAbort_);
+    return options;
+}
+
+equation_status frmDEQ::analyse() const
+{
+    const deq_analysis found = problem_.analyse();
+    return {found.set, found.green, found.panels, found.green ? std::string() : red_light_box(problem_.content()).text};
+}
+
+void frmDEQ::show_fields()
+{
+    txtIndVar_->show_text(problem_.content().independent);
+    txtInitVal_->show_text(problem_.content().initial_value);
+    txtFinalVal_->show_text(problem_.content().final_value);
+}
+
+void frmDEQ::txtIndVar_Change()
+{
+    // On the way to `yz` one types `y`, which may be the name of another variable: that is refused only if it stays.
+    if (problem_.set_independent(to_text(txtIndVar_->text()))) return pause_.start();
+    pause_.stop();
+    document_changed();
+}
+
+void frmDEQ::settle_independent()
+{
+    pause_.stop();
+    const std::string typed = to_text(txtIndVar_->text());
+    if (typed == problem_.content().independent) return;
+    const auto refused = problem_.set_independent(typed);
+    // The former name is back before the box takes the focus from the field, which ends typing in it once more.
+    document_changed();
+    if (refused) context().user.show(this, *refused);
+}
+
+void frmDEQ::range_Change()
+{
+    problem_.set_range(to_text(txtInitVal_->text()), to_text(txtFinalVal_->text()));
+    document_changed();
+}
+
+void frmDEQ::take_over_typing()
+{
+    equation_window::take_over_typing();
+    settle_independent();
+}
+
+entry_dialog* frmDEQ::make_entry_dialog(bool implicit, int row)
+{
+    if (implicit) return new frmDeqDE(context(), this, problem_, row);
+    return new frmDeqEE(context(), this, problem_, row);
+}
+
+void frmDEQ::put_example(int number)
+{
+    problem_.load_example(deq_samples().at(static_cast<std::size_t>(number - 1)));
+}
+
+bool frmDEQ::can(window_command which) const
+{
+    return which == window_command::copy && is_running() ? true : equation_window::can(which);
+}
+
+void frmDEQ::perform(window_command which)
+{
+    // Ctrl+C means the run while there is one.
+    const bool aborts = which == window_command::copy && is_running();
+    equation_window::perform(aborts ? window_command::stop : which);
+}
+
+QString frmDEQ::caption_of(window_command which) const
+{
+    return which == window_command::copy && is_running() ? tr("&Abort") : equation_window::caption_of(which);
+}
+
+void frmDEQ::enable_controls_for_run(bool running)
+{
+    equation_window::enable_controls_for_run(running);
+    lblAbort_->setVisible(running);
+}
+
+void frmDEQ::solve()
+{
+    if (!ready_to_run() || !can_solve()) return;
+    const auto input =
+        std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
+    const run_wish wish = {++solution_counter, chkReport_->isChecked(), comments_shown()};
+    start_run(
+        [input](run_listener& listener) { return run_deq(input->problem, input->store, listener); },
+        [this, input, wish](const deq_outcome& outcome) { show_outcome(input->problem, outcome, input->store, wish); });
+}
+
+void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
+                          const run_wish& wish)
+{
+    // A window that is about to close was stopped for that.
+    if (is_closing()) return;
+    if (!show_boxes(outcome.boxes)) return;
+    if (outcome.stopped) return offer_stiff_method(outcome.method);
+    if (!outcome.has_report) return;
+    show_for_a_while(tr("Solved: %1 points.").arg(outcome.points.row_count()));
+    if (!wish.report) return;
+    show_new_report(context(), deq_report(problem, outcome, store, context().clock.today(), wish.comments),
+                    problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
+}
+
+void frmDEQ::offer_stiff_method(deq_method method)
+{
+    if (is_for_stiff(method)) return;
+    const user_question asked = {.text = "Would you like to solve this problem using the Stiff method ?",
+                                 .default_answer = user_answer::no};
+    if (context().user.ask(this, asked) != user_answer::yes) return;
+    problem_.choose_method(deq_method::stiff);
+    document_changed();
+    solve();
+}
+
+} // namespace kelvarin

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "deq/deq_problem.h"
+#include "deq/deq_run.h"
+#include "nle/equations/window/equation_window.h"
+
+#include <QCheckBox>
+#include <QTimer>
+
+class QLabel;
+
+namespace kelvarin
+{
+
+class problem_field;
+
+/// "Ordinary Differential Equations Solver": the window of a differential problem. The rules are in deq_problem; the
+/// window shows the independent variable with its range, runs the problem and offers the stiff method after an abort.
+class frmDEQ : public equation_window
+{
+    Q_OBJECT
+
+public:
+    explicit frmDEQ(desktop_context& context);
+
+    using equation_window::document;
+    deq_problem& document() override { return problem_; }
+
+    bool can(window_command which) const override;
+    void perform(window_command which) override;
+    QString caption_of(window_command which) const override;
+
+protected:
+    equation_table& equations() override { return problem_; }
+    equation_status analyse() const override;
+    std::string variable_listing() const override { return show_all_vars(problem_.content()); }
+    int method_index() const override { return static_cast<int>(problem_.content().method); }
+    void choose_method(int index) override { problem_.choose_method(static_cast<deq_method>(index)); }
+    void put_example(int number) override;
+    entry_dialog* make_entry_dialog(bool implicit, int row) override;
+    void show_fields() override;
+    void solve() override;
+    void enable_controls_for_run(bool running) override;
+    void take_over_typing() override;
+
+private:
+    /// What a run has been asked for, beside the problem.
+    struct run_wish
+    {
+        int number = 0;
+        bool report = false;
+        bool comments = false;
+    };
+
+    QWidget* build_range();
+    QWidget* build_options();
+    void txtIndVar_Change();
+    void range_Change();
+    /// Takes the name of the independent variable over, or shows why not and puts the former one back.
+    void settle_independent();
+    void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
+                      const run_wish& wish);
+    void offer_stiff_method(deq_method method);
+
+    deq_problem problem_;
+    /// Runs while the name of the independent variable is being typed and can not be taken over as it is.
+    QTimer pause_;
+    problem_field* txtIndVar_ = nullptr;
+    problem_field* txtInitVal_ = nullptr;
+    problem_field* txtFinalVal_ = nullptr;
+    QCheckBox* chkTable_ = nullptr;
+    QCheckBox* chkGraph_ = nullptr;
+    QCheckBox* chkReport_ = nullptr;
+    QLabel* lblAbort_ = nullptr;
+};
+
+} // namespace kelvarin
