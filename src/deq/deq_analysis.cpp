@@ -36,7 +36,7 @@ bool holds(const std::vector<std::string>& names, std::string_view name)
     return std::ranges::find(names, name) != names.end();
 }
 
-/// What the independent variable is defined as beside, if a name is defined too often; else empty.
+/// The panel's text if a row defines the independent variable; else empty.
 std::string second_definition_panel(const equation_set& set, std::string_view independent)
 {
     if (set.counts_agree()) return {};
@@ -61,7 +61,7 @@ std::string third_panel(const equation_set& set, const range_faults& range, std:
 {
     if (!set.undefined.empty()) return undefined_panel(set.undefined);
     if (std::string twice = second_definition_panel(set, independent); !twice.empty()) return twice;
-    // Also where the counts agree, as they do with two differential rows of one name: a red light has its reason.
+    // Also if the counts agree, as they do with two differential rows of one name, so that a red light has a reason.
     if (!set.duplicates.empty()) return duplicates_panel(set.duplicates);
     return range_panel(range);
 }

@@ -12,29 +12,30 @@
 namespace kelvarin
 {
 
-/// What is wrong with the fields of the independent variable.
+/// The faults in the fields of the independent variable.
 struct range_faults
 {
     bool name_empty = false;
-    /// No valid name, or empty.
+    /// Not a valid name, or empty.
     bool name_invalid = false;
     bool initial_not_numeric = false;
     bool final_not_numeric = false;
-    /// Both are numbers, and the final one is not the greater.
+    /// Both are numbers, but the final one is not greater.
     bool not_ascending = false;
 
     bool any() const { return name_invalid || initial_not_numeric || final_not_numeric || not_ascending; }
 };
 
-/// What the window says of a problem after every edit.
+/// What the window shows about a problem after every edit.
 struct deq_analysis
 {
     equation_set set;
     range_faults range;
-    /// The light: the problem may run. Explicit equations alone may be green, though there is nothing to integrate.
+    /// The traffic light is green: the problem may run. It may be green with explicit equations alone; the run refuses
+    /// them.
     bool green = false;
     std::array<std::string, 3> panels;
-    /// The differential rows whose initial value is no number; they start from what it begins with, or from 0.
+    /// The differential rows whose initial value is not a number; a run uses the number it begins with, or 0.
     std::vector<int> rows_without_start;
 };
 
@@ -42,12 +43,12 @@ deq_analysis analyse_deq(const deq_content& content);
 
 /// The listing of variables with its warnings, as rich text without prolog.
 std::string show_all_vars(const deq_content& content);
-/// The listing's warnings as plain text, from "Warning: " on.
+/// The listing's warnings as plain text, each beginning with "Warning: ".
 std::vector<std::string> listing_warnings(const deq_content& content);
 
-/// Why a problem whose light is red does not run, as one box.
+/// The box that says why a problem with a red traffic light does not run.
 message_box red_light_box(const deq_content& content);
-/// The refusal of a problem in which there is nothing to integrate.
+/// The box that refuses a problem without differential equations.
 message_box no_differential_box();
 
 } // namespace kelvarin

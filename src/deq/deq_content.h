@@ -36,13 +36,13 @@ inline bool is_for_stiff(deq_method method)
 /// The rows of differential problems: "d(y)/d(t) = ...", with the initial value of y beside it.
 inline constexpr row_form deq_row_form = {"d("};
 
-/// What a differential problem holds: a plain value.
+/// The content of a differential problem, a plain value.
 struct deq_content
 {
     /// Without blanks around it.
     std::string title;
     deq_method method = deq_method::rkf45;
-    /// The differential ones name the independent variable, as far as row_symbol gives it.
+    /// Differential rows contain the independent variable as row_symbol gives it.
     std::vector<equation_row> rows;
     /// The texts of the fields of the independent variable, each on one line: its name, initial and final value.
     std::string independent;
@@ -52,14 +52,14 @@ struct deq_content
     friend bool operator==(const deq_content&, const deq_content&) = default;
 };
 
-/// A variable's name as rows and files hold it: trimmed, and empty where it has characters that would make another
-/// equation of it.
+/// A variable's name as written in rows and files: trimmed, and empty if it contains characters that would change how
+/// the equation is read.
 std::string row_symbol(std::string_view name);
 
 /// "d(name)/d(independent) = expression", all trimmed.
 std::string differential_equation(std::string_view name, std::string_view independent, std::string_view expression);
 
-/// The content with another text in the field of the independent variable, and with its name in every differential row.
+/// The content with `independent` as the text of that field and its name in every differential row.
 deq_content with_independent(deq_content content, std::string_view independent);
 
 } // namespace kelvarin

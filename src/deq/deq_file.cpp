@@ -38,7 +38,7 @@ bool has_version_marker(std::string_view line)
 
 bool begins_differential_row(std::string_view line)
 {
-    // Of a variable d, "d(0)=" is the initial value.
+    // "d(0)=" is the initial value of a variable d.
     return is_implicit(line, deq_row_form) && !is_start_line(line);
 }
 
@@ -48,15 +48,15 @@ bool is_explicit_equation(std::string_view line)
     return text.find('=') != std::string_view::npos && is_valid_name(trimmed(text.substr(0, text.find('='))));
 }
 
-/// Whether a first line without the marker of the version is no title: files of the older format begin with their first
-/// equation. One that might be an explicit equation is taken for a title where differential rows follow.
+/// Whether a first line without version marker is a row: files of the older format begin with their first equation. A
+/// line that could be an explicit equation is taken as the title if differential rows follow.
 bool is_first_row(std::string_view line, std::span<const std::string_view> behind)
 {
     if (is_implicit(line, deq_row_form) || is_start_line(line) || is_final_line(line)) return true;
     return is_explicit_equation(line) && std::ranges::none_of(behind, begins_differential_row);
 }
 
-/// The name that stands in front of a marker.
+/// The name in front of a marker.
 std::string_view marked_name(std::string_view line)
 {
     return trimmed(line.substr(0, line.find('=')).substr(0, line.rfind('(', line.find('='))));
@@ -77,7 +77,7 @@ void read_title(std::string_view line, deq_content& content)
         if (*method == static_cast<double>(i)) content.method = static_cast<deq_method>(i);
 }
 
-/// The rows up to the first initial value. Differential ones wait for the name of the independent variable.
+/// Reads the rows up to the first initial value; the name of the independent variable is still missing in them.
 void read_rows(line_reader& lines, deq_content& content)
 {
     for (; !lines.at_end() && !is_start_line(lines.line()); lines.take()) {
@@ -92,7 +92,7 @@ void read_rows(line_reader& lines, deq_content& content)
     }
 }
 
-/// Gives a value to the first differential row of the name that has none yet.
+/// Sets the value of the first differential row of the name that has none yet.
 void set_initial_value(std::vector<equation_row>& rows, std::vector<bool>& is_set, std::string_view name,
                        std::string_view value)
 {
@@ -105,7 +105,7 @@ void set_initial_value(std::vector<equation_row>& rows, std::vector<bool>& is_se
     }
 }
 
-/// The lines of initial and final values.
+/// Reads the lines of initial and final values.
 void read_values(line_reader& lines, deq_content& content)
 {
     const std::string_view first = lines.at_end() ? std::string_view() : lines.take();
@@ -123,8 +123,8 @@ void read_values(line_reader& lines, deq_content& content)
     }
 }
 
-/// Whether the lines behind a title are those of a differential problem, by the first that is not blank. Nothing behind
-/// it is a file cut short, if the title is one of the current format.
+/// Whether the lines after a title can be a differential problem, by the first that is not blank. If there is none, the
+/// file may be truncated, provided that the title has the version marker.
 bool goes_on_as_problem(std::string_view title, std::span<const std::string_view> lines)
 {
     const auto first = std::ranges::find_if(lines, [](std::string_view line) { return !trimmed(line).empty(); });

@@ -7,8 +7,8 @@
 namespace kelvarin
 {
 
-/// What a run hands over to a graph: all columns of its points, of which the differential variables are shown. There is
-/// at least one point. `solution_number` is that of the run, for the caption.
+/// The start of a run's graph: all columns of its points, with the differential variables visible. The outcome must
+/// have at least one point. `solution_number` appears in the caption.
 graph_start deq_graph_start(const deq_outcome& outcome, int solution_number);
 
 } // namespace kelvarin

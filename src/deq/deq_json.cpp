@@ -68,7 +68,7 @@ void write_statistics(json_writer& writer, const deq_outcome& outcome)
     writer.begin_object();
     writer.member("steps", outcome.statistics.steps);
     writer.member("evaluations", outcome.statistics.evaluations);
-    // The Fehlberg methods have no such counters, though their attempts are counted for the window.
+    // The Fehlberg methods don't report these counters.
     if (outcome.method != deq_method::rkf45 && outcome.method != deq_method::rkf56) {
         writer.member("good", outcome.statistics.good);
         writer.member("bad", outcome.statistics.bad);
@@ -76,7 +76,7 @@ void write_statistics(json_writer& writer, const deq_outcome& outcome)
     writer.end_object();
 }
 
-/// Roughly the bytes of an answer, on the large side.
+/// A generous estimate of the size of an answer in bytes.
 std::size_t size_of_answer(const deq_outcome& outcome, std::string_view report)
 {
     constexpr std::size_t frame = 1024;

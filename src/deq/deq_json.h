@@ -9,12 +9,12 @@
 namespace kelvarin
 {
 
-/// The answer to a differential problem that was run, or refused with the outcome's boxes: one object. `file` is as the
-/// user named it, `report` the plain text.
+/// Writes the answer to a differential problem that was run, or refused with the outcome's boxes, as one object. `file`
+/// is as the user named it, `report` the plain text.
 void write_deq_json(json_writer& writer, std::string_view file, const deq_content& content, const deq_outcome& outcome,
                     std::string_view report);
 
-/// The analysis of a differential problem: what is defined, what is missing.
+/// Writes the analysis of a differential problem: what is defined, what is missing.
 void write_deq_check_json(json_writer& writer, std::string_view file, const deq_content& content);
 
 } // namespace kelvarin

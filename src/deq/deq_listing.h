@@ -9,8 +9,8 @@
 namespace kelvarin
 {
 
-/// A problem as it is printed, in lines that end in LF: heading and file name (empty without a file), then a block for
-/// each row with its number, equation, initial value and comment, then the independent variable and its range.
+/// A problem as it is printed, in lines that end in LF: heading and file name (empty if there is no file), then a block
+/// for each row with its number, equation, initial value and comment, then the independent variable and its range.
 std::string deq_listing(const deq_content& content, const std::filesystem::path& path);
 
 } // namespace kelvarin

@@ -12,12 +12,12 @@
 namespace kelvarin
 {
 
-/// `deq_output_step`: the part of a range that the setting of intermediate points asks for. Throws runtime_failure 11
-/// for a setting of 0.
+/// `deq_output_step`: the range divided by the number of intermediate points in the settings. Throws runtime_failure 11
+/// if that is 0.
 double output_step_from(const settings& store, double x1, double x2);
 
-/// Integrates by a method with the settings as they are at this moment: the driver's comments say what it does and
-/// throws. First and smallest step of BS are parts of the range, all other steps are taken as they are.
+/// Integrates with the method's present settings; see fehlberg.h and ode_drivers.h for what is stored and thrown. First
+/// and smallest step of BS are fractions of the range, all other steps are absolute.
 ode_summary integrate_by(deq_method method, ode_system& system, std::span<double> y, const ode_range& range,
                          const settings& store, ode_observer& observer);
 

@@ -14,10 +14,10 @@
 namespace kelvarin
 {
 
-/// Keeps the points of an integration as columns: independent variable, differential variables in row order, explicit
-/// ones in sorted order. The explicit values of a point are those of the last evaluation of the derivatives, which some
-/// methods make elsewhere, so they may lag behind. Tells the listener how far the integration is, and asks it whether
-/// to stop.
+/// Collects the points of an integration as columns: independent variable, differential variables in row order,
+/// explicit variables in sorted order. The explicit values are those of the last evaluation of the derivatives; some
+/// methods evaluate last at another point, so they may lag behind. Reports progress to the listener and stops when it
+/// asks to.
 class deq_points final : public ode_observer
 {
 public:
@@ -27,7 +27,7 @@ public:
     void step_done(const ode_summary& so_far) override;
     bool stop_wished() const override { return listener_.stop_asked(); }
 
-    /// What is known of an integration that did not come to its end.
+    /// The summary as of the last step, for an integration that was ended by an exception.
     const ode_summary& so_far() const { return so_far_; }
     named_columns take() { return std::move(points_); }
 

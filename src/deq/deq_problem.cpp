@@ -28,7 +28,7 @@ constexpr content_format<deq_content> deq_format = {
     .read_recovery = read_deq_recovery,
     .listing = deq_listing};
 
-/// Why the independent variable can not have this name; nullopt if it can.
+/// The box that refuses a name for the independent variable; nullopt if it may have this name.
 std::optional<message_box> independent_refusal(std::string_view name, std::span<const equation_row> rows)
 {
     static constexpr std::string_view text = "Please do not use the same valriable name for independent variable and ";

@@ -24,7 +24,7 @@ class deq_problem final : public value_document<deq_content>, public equation_ta
 public:
     deq_problem();
 
-    /// No row, no title, no range, no file; the method alone is nothing to lose.
+    /// Whether there is no row, title, range or file; the method alone is not worth saving.
     bool is_blank() const override;
     int equation_count() const { return static_cast<int>(content().rows.size()); }
     deq_analysis analyse() const { return analyse_deq(content()); }
@@ -32,7 +32,7 @@ public:
     std::span<const equation_row> rows() const override { return content().rows; }
     refusal may_add() const override;
     /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the texts are
-    /// those of the fields. A box that is about the expression has a place in that field's text.
+    /// those of the fields. A box about the expression has a place in that field's text.
     refusal check_differential(std::string_view name, std::string_view expression, std::string_view value,
                                int row) const;
     refusal check_explicit(std::string_view name, std::string_view expression, int row) const;
@@ -45,24 +45,25 @@ public:
     refusal remove(int row) override;
     bool move(int row, bool up) override;
     void set_comment(int row, std::string_view comment) override;
-    /// The text of the independent variable's field; its name goes into every differential row, while right sides keep
-    /// what they use. Refused where a row defines that name. One step of undo for any number of changes in a row, as
-    /// they come with every key typed.
+    /// Sets the field of the independent variable and writes its name into every differential row; right sides are not
+    /// changed. Refused if a row defines that name. Successive changes, as they come with every key typed, make one
+    /// step of undo.
     refusal set_independent(std::string_view name);
-    /// The texts of the fields of initial and final value; one step of undo as well.
+    /// Sets the fields of initial and final value; successive changes make one step of undo.
     void set_range(std::string_view initial, std::string_view final);
     void choose_method(deq_method method);
-    /// Renames a variable, the independent one as well, where it is defined and wherever right sides use it. Refused as
-    /// in the entry dialogs where the new name is no valid one, is defined already, or would define itself.
+    /// Renames a variable, also the independent one, in its definition and in all right sides. Refused as in the entry
+    /// dialogs if the new name is invalid, is defined already, or would be used by its own definition.
     refusal rename_variable(std::string_view old_name, std::string_view new_name) override;
-    /// Puts rows, range and title of an example in place of the problem's, in one step, and leaves the file.
+    /// Replaces the problem by an example as one step of undo, except for the method; the document has no file
+    /// afterwards.
     void load_example(deq_content example);
 
     refusal open_deq(const std::filesystem::path& path) { return open(path); }
 
 private:
     refusal put(equation_row next, int row);
-    /// Takes the rows over as a step of undo, or hands on the box that refuses them.
+    /// Replaces the rows as a step of undo, or returns the box if the edit was refused.
     refusal take_rows(std::string_view step, edited_rows edited);
 };
 

@@ -10,11 +10,10 @@
 namespace kelvarin
 {
 
-/// The content as JSON. Other than a problem file it keeps all: the order of the rows, blanks, names that a file has no
-/// room for.
+/// The content as JSON. Unlike a problem file it keeps everything: the order of the rows, blanks, invalid names.
 std::string deq_recovery_text(const deq_content& content);
 
-/// The content that deq_recovery_text wrote; nothing where the text is none of its.
+/// The content that deq_recovery_text wrote. Returns nullopt if the text is not valid.
 std::optional<deq_content> read_deq_recovery(std::string_view text);
 
 } // namespace kelvarin

@@ -26,7 +26,7 @@ std::string name_block(std::string_view name)
     std::size_t end = 0;
     std::size_t characters = 0;
     for (; end < name.size(); ++end) {
-        // The bytes behind the first of a character are no characters of their own.
+        // Continuation bytes of UTF-8 are not counted.
         if ((static_cast<unsigned char>(name[end]) & 0xC0u) == 0x80u) continue;
         if (characters == width) break;
         ++characters;

@@ -10,8 +10,8 @@
 namespace kelvarin
 {
 
-/// The report as a rich-text document. `outcome.has_report` is true. `with_comments`: the rows' comments are part of
-/// it.
+/// The report as a rich-text document. `outcome.has_report` must be true. `with_comments`: include the
+/// comments of the rows.
 std::string deq_report(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                        calendar_date date, bool with_comments = true);
 

@@ -18,7 +18,7 @@ namespace kelvarin
 namespace
 {
 
-/// Why a problem that is complete does not run.
+/// The box that refuses a complete problem; nullopt if it may run.
 std::optional<message_box> refused_problem(const equation_set& set)
 {
     if (set.implicit_count == 0) return no_differential_box();
@@ -37,7 +37,7 @@ message_box failure_box(const runtime_failure& failure)
     return {std::move(text), box_icon::critical};
 }
 
-/// The box of a failed ordering, with the rows that are to blame.
+/// The box of a failed sort, with the rows that are circular.
 message_box circle_box(const runtime_failure& failure, const equation_list& equations)
 {
     message_box box = failure_box(failure);
@@ -58,7 +58,7 @@ void keep_equations(const deq_system& system, deq_outcome& outcome)
     outcome.explicit_right_sides = system.explicit_equations().right_sides;
 }
 
-/// Integrates, and keeps what was stored however it ends.
+/// Integrates. Points and statistics are kept if it throws.
 void integrate(deq_system& system, const settings& store, run_listener& listener, deq_outcome& outcome)
 {
     const ode_range range = {outcome.x1, outcome.x2, output_step_from(store, outcome.x1, outcome.x2)};

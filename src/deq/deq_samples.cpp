@@ -18,7 +18,7 @@ struct sample_range
     std::string_view final;
 };
 
-/// All of them run over the time t.
+/// A sample over the time t.
 deq_content sample_of(std::string_view title, const sample_range& range, std::initializer_list<sample_row> rows)
 {
     deq_content content;
@@ -84,8 +84,8 @@ deq_content tank_heater()
                       {"tauI = 2", "integral time of the controller, min"}});
 }
 
-/// Absorption into a still liquid with a reaction of the first order, by differences at 15 nodes. Danckwerts 1950 gives
-/// the profile in closed form.
+/// Absorption into a liquid at rest with a reaction of first order, by finite differences at 15 nodes. Danckwerts
+/// (1950) gives the profile in closed form.
 deq_content reacting_slab()
 {
     return sample_of("Example 4 - Unsteady-state Diffusion and Reaction in a Semi-Infinite Slab", {"0", "2500"},

@@ -10,7 +10,7 @@ namespace kelvarin
 
 inline constexpr std::size_t deq_sample_count = 4;
 
-/// The problems of the Examples menu, in its order. They name no method: each runs with any.
+/// The problems of the Examples menu, in its order. Each can be solved by every method.
 std::array<deq_content, deq_sample_count> deq_samples();
 
 } // namespace kelvarin

@@ -19,8 +19,8 @@ struct deq_summary_row
     double final = 0.0;
 };
 
-/// `deq_summary`: one row for each column of stored points; there is at least one point. Extremes between the points
-/// are not seen.
+/// `deq_summary`: one row for each column of stored points, of which there is at least one. Extremes between the points
+/// are not found.
 std::vector<deq_summary_row> build_deq_summary(const named_columns& points);
 
 } // namespace kelvarin

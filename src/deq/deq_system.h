@@ -22,38 +22,38 @@
 namespace kelvarin
 {
 
-/// Ends an integration when an expression can not be evaluated; which and why stands in the system's context.
+/// Thrown if an expression can't be evaluated; the system's context has the message.
 class evaluation_failed : public std::exception
 {
 public:
     const char* what() const noexcept override { return "evaluation failed"; }
 };
 
-/// The tables of one run: the differential equations of a problem as a system y' = f(x, y). Explicit variables are no
-/// part of y; each evaluation computes them afresh, in sorted order.
+/// The equations of one run: the differential equations of a problem as a system y' = f(x, y). Explicit variables are
+/// not part of y; each evaluation computes them in sorted order.
 ///
-/// Built from the rows, then sorted, then compiled; only then evaluated.
+/// Call sort(), then compile_deq_expressions(), before any evaluation.
 class deq_system final : public ode_system
 {
 public:
-    /// Takes the rows apart. Throws runtime_failure 6 where an initial value is too large a number.
+    /// Reads the rows. Throws runtime_failure 6 if an initial value is too large for a double.
     deq_system(const deq_content& content, run_listener& listener);
     deq_system(const deq_system&) = delete;
     deq_system& operator=(const deq_system&) = delete;
 
-    /// Puts the explicit equations in the order of their evaluation. Throws runtime_failure 8888 for a circle, and for
-    /// an equation that uses its own variable.
+    /// Sorts the explicit equations into the order of their evaluation. Throws runtime_failure 8888 if they are
+    /// circular or an equation uses its own variable.
     void sort();
-    /// Compiles all equations, differential ones first. Returns the box of the first that is refused.
+    /// Compiles all equations, differential ones first. Returns the box of the first that is not valid.
     std::optional<message_box> compile_deq_expressions();
 
     int size() const override { return differential_.size(); }
-    /// `evaluate_derivatives`: explicit equations, then the right sides. Throws evaluation_failed.
+    /// `evaluate_derivatives`: evaluates the explicit equations, then the right sides. Throws evaluation_failed.
     void derivatives(double x, std::span<const double> y, std::span<double> dydx) override;
-    /// All columns in lanes, those that depend on nothing left out. Throws evaluation_failed, and run_stopped if the
-    /// listener asks for it.
+    /// Computes columns in lanes and by the sparsity pattern. Throws evaluation_failed, and run_stopped if the listener
+    /// asks to stop.
     void differences(double x, std::span<const double> y, ode_jacobian& jacobian) override;
-    /// The explicit variables as the last call of `derivatives` left them, in sorted order.
+    /// The explicit variables at the last call of `derivatives`, in sorted order.
     std::span<const double> explicit_values() { return compiled_->definition_values(); }
 
     const equation_list& differential_equations() const { return differential_; }
@@ -68,7 +68,7 @@ private:
     run_listener& listener_;
     equation_list differential_;
     equation_list explicit_;
-    /// Where the right side begins in the text of each row of the problem.
+    /// The offset of the right side in the text of each row of the problem.
     std::vector<std::size_t> right_side_offsets_;
     std::vector<double> initial_values_;
     /// The inputs of the compiled system: x, then y.
@@ -77,10 +77,10 @@ private:
 
     std::unique_ptr<compiled_system> compiled_;
     std::unique_ptr<system_jacobian> differences_;
-    /// The inputs as moved, and their increments.
+    /// Arguments of the difference quotients: moved inputs, and their increments.
     std::vector<double> moved_;
     std::vector<double> increments_;
-    /// A row for each right side, a column for each input, and where it is not zero.
+    /// The difference quotients: a row for each right side, a column for each input; and their sparsity pattern.
     matrix columns_;
     const sparsity_pattern* pattern_ = nullptr;
 };

@@ -46,7 +46,8 @@ constexpr std::array<kind_option, 5> options = {
      graph_option,
      plot_option}};
 
-/// The problem of a text, with the method of the command line in place of its own; nullopt if the text holds none.
+/// The problem of a text, with the method of the command line if there is one. Returns nullopt if the text is no
+/// problem.
 std::optional<deq_content> content_of(const problem_text& problem, const batch_request& request)
 {
     std::optional<deq_content> content = read_deq(problem.text);
@@ -55,7 +56,7 @@ std::optional<deq_content> content_of(const problem_text& problem, const batch_r
     return content;
 }
 
-/// The points as the window's table shows them.
+/// The points as text in columns, numbers as in the data table.
 std::string table_text(const named_columns& points)
 {
     std::vector<std::vector<std::string>> lines = {points.names};
@@ -67,7 +68,7 @@ std::string table_text(const named_columns& points)
     return text_columns(lines);
 }
 
-/// The files that are written beside the report.
+/// The files to be written beside the report.
 std::vector<output_file> outputs_of(const deq_outcome& outcome, const std::string& file, const batch_request& request)
 {
     std::vector<output_file> outputs;

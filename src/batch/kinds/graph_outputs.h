@@ -18,8 +18,8 @@ inline constexpr kind_option graph_option = {
 inline constexpr kind_option plot_option = {
     .name = "--plot", .value_name = "NAME", .help = "Draw the graph into this file (.svg)", .names_output = true};
 
-/// The files that --graph and --plot ask for: the first graph under the option's name, the others with "-2", "-3" ..
-/// in front of the extension.
+/// The files asked for by --graph and --plot: the first graph has the option's name, further ones have "-2", "-3" .. in
+/// front of the extension.
 std::vector<output_file> graph_outputs(std::span<const graph_content> graphs, const std::string& file,
                                        const batch_request& request);
 

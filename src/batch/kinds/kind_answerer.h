@@ -19,8 +19,8 @@ struct kind_option
 {
     /// "--method".
     const char* name = "";
-    /// The placeholder of its value in the help, "NAME", and the help text. An option without placeholder is a switch; its
-    /// value is its name.
+    /// The placeholder of its value in the help, "NAME", and the help text. An option without placeholder is a switch;
+    /// its value is its name.
     const char* value_name = "";
     const char* help = "";
     /// Returns what is wrong with a value, or nullopt if it is valid. Null if every value is valid.

@@ -130,7 +130,7 @@ void frmDEQ::show_fields()
 
 void frmDEQ::txtIndVar_Change()
 {
-    // On the way to `yz` one types `y`, which may be the name of another variable: that is refused only if it stays.
+    // While `yz` is typed the field holds `y`, which may be another variable: it is refused only if it stays.
     if (problem_.set_independent(to_text(txtIndVar_->text()))) return pause_.start();
     pause_.stop();
     document_changed();
@@ -142,7 +142,7 @@ void frmDEQ::settle_independent()
     const std::string typed = to_text(txtIndVar_->text());
     if (typed == problem_.content().independent) return;
     const auto refused = problem_.set_independent(typed);
-    // The former name is back before the box takes the focus from the field, which ends typing in it once more.
+    // The old name is restored first: the box takes the focus from the field, which calls this function again.
     document_changed();
     if (refused) context().user.show(this, *refused);
 }
@@ -177,7 +177,7 @@ bool frmDEQ::can(window_command which) const
 
 void frmDEQ::perform(window_command which)
 {
-    // Ctrl+C means the run while there is one.
+    // During a run Ctrl+C stops it.
     const bool aborts = which == window_command::copy && is_running();
     equation_window::perform(aborts ? window_command::stop : which);
 }
@@ -207,7 +207,7 @@ void frmDEQ::solve()
 void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                           const run_wish& wish)
 {
-    // A window that is about to close was stopped for that.
+    // The run was stopped in order to close the window.
     if (is_closing()) return;
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);

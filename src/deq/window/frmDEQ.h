@@ -45,7 +45,7 @@ protected:
     void take_over_typing() override;
 
 private:
-    /// What a run has been asked for, beside the problem.
+    /// The output of a run that was asked for.
     struct run_wish
     {
         int number = 0;
@@ -57,14 +57,14 @@ private:
     QWidget* build_options();
     void txtIndVar_Change();
     void range_Change();
-    /// Takes the name of the independent variable over, or shows why not and puts the former one back.
+    /// Takes over the name of the independent variable, or shows the refusal and restores the old name.
     void settle_independent();
     void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                       const run_wish& wish);
     void offer_stiff_method(deq_method method);
 
     deq_problem problem_;
-    /// Runs while the name of the independent variable is being typed and can not be taken over as it is.
+    /// Runs while a refused name of the independent variable stands in its field.
     QTimer pause_;
     problem_field* txtIndVar_ = nullptr;
     problem_field* txtInitVal_ = nullptr;

@@ -36,7 +36,7 @@ void frmDeqDE::build_ui()
     txtGuess_->setFont(fixed_font(*this));
     txtGuess_->setAccessibleName(tr("Initial value"));
     txtGuess_->setPlaceholderText(tr("initial value"));
-    // Its text comes with the variable's name; an empty one would make no label.
+    // The text is set later; QFormLayout makes no label for an empty one.
     insert_row(QStringLiteral(" "), txtGuess_);
     lblGuess_ = named(static_cast<QLabel*>(form()->labelForField(txtGuess_)), "lblGuess");
 }

@@ -12,9 +12,8 @@
 namespace kelvarin
 {
 
-/// The box of an equation of a run that does not compile, with its place in the problem: "label" and its number in
-/// `equations`, then what is wrong. `right_side_offsets`: where the right side begins in the text of each row of the
-/// problem.
+/// The box of an equation that does not compile, with its place in the problem: `label` and the number in `equations`,
+/// then the message. `right_side_offsets`: the offset of the right side in the text of each row of the problem.
 message_box refused_equation_box(const refused_expression& refused, const equation_list& equations,
                                  std::span<const std::size_t> right_side_offsets, std::string_view label);
 

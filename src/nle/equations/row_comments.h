@@ -12,7 +12,7 @@
 namespace kelvarin
 {
 
-/// The equations with their comments, for a report, numbered as in the problem.
+/// The equations with their comments for a report, numbered by their rows.
 inline std::vector<commented_row> commented_rows(std::span<const equation_row> rows)
 {
     std::vector<commented_row> commented;

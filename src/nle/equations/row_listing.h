@@ -8,11 +8,11 @@
 #include <string>
 #include <string_view>
 
-/// The lines in which problems of equations are printed, ended by LF.
+/// The printed listing of equation problems, in lines that end in LF.
 namespace kelvarin
 {
 
-/// The heading, and the file's name; empty where the problem has no file.
+/// Heading and file name, which is empty if the problem has no file.
 std::string listing_head(std::string_view heading, const std::filesystem::path& path);
 
 /// A block for each row: its number and equation, then "label: " and the guess, then the comment if there is one.

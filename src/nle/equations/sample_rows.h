@@ -11,7 +11,7 @@
 namespace kelvarin
 {
 
-/// A row of an example as its source has it.
+/// A row of an example, as a literal.
 struct sample_row
 {
     std::string_view equation;

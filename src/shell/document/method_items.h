@@ -10,7 +10,8 @@
 namespace kelvarin
 {
 
-/// The place in a list of methods that a text names: by the item's text or by its index from 0.
+/// The index in a list of methods that a text names, as the item's text or as the index itself, from 0. Returns nullopt
+/// if there is no such method.
 inline std::optional<std::size_t> method_item_named(std::string_view text, std::span<const std::string_view> items)
 {
     for (std::size_t i = 0; i < items.size(); ++i)
