@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "deq/deq_points.h"
 
-#include "numeric/ode/output_grid.h"
-
 #include <algorithm>
 
 namespace kelvarin
 {
 
-deq_points::deq_points(const std::string& independent, deq_system& system, double x1, double x2, run_listener& listener)
-    : system_(system), listener_(listener), x1_(x1), range_(x2 - x1)
+deq_points::deq_points(const std::string& independent, deq_system& system, const ode_range& range, deq_method method,
+                       run_listener& listener, std::atomic<bool>& stiffness_suspected)
+    : system_(system), listener_(listener), range_(range), stiffness_suspected_(stiffness_suspected)
 {
     std::vector<std::string> names = {independent};
     for (const equation_list* equations : {&system.differential_equations(), &system.explicit_equations()})
@@ -18,6 +17,11 @@ deq_points::deq_points(const std::string& independent, deq_system& system, doubl
     for (std::vector<double>& column : points_.columns)
         column.reserve(output_grid::most_points);
     row_.reserve(points_.column_count());
+    if (is_for_stiff(method) || system.draws_random()) return;
+    const auto f = [this](double x, std::span<const double> y, std::span<double> dydx) {
+        return system_.try_derivatives(x, y, dydx);
+    };
+    watch_.emplace(system.size(), longest_step(range), f);
 }
 
 void deq_points::store(double x, std::span<const double> y)
@@ -29,10 +33,13 @@ void deq_points::store(double x, std::span<const double> y)
     points_.add_row(row_);
 }
 
-void deq_points::step_done(const ode_summary& so_far)
+void deq_points::step_done(const ode_summary& so_far, std::span<const double> y)
 {
     so_far_ = so_far;
-    listener_.fraction_done(std::min((so_far.x - x1_) / range_, 1.0));
+    listener_.fraction_done(std::min((so_far.x - range_.x1) / (range_.x2 - range_.x1), 1.0));
+    if (!watch_) return;
+    watch_->step_done(so_far.x, y);
+    if (watch_->suspected()) stiffness_suspected_.store(true, std::memory_order_relaxed);
 }
 
 } // namespace kelvarin

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "deq/deq_content.h"
 #include "deq/deq_system.h"
 #include "numeric/ode/ode_observer.h"
+#include "numeric/ode/output_grid.h"
+#include "numeric/ode/stiffness_watch.h"
 #include "platform/run_listener.h"
 #include "shell/document/named_columns.h"
 
+#include <atomic>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -21,10 +26,12 @@ namespace kelvarin
 class deq_points final : public ode_observer
 {
 public:
-    deq_points(const std::string& independent, deq_system& system, double x1, double x2, run_listener& listener);
+    /// `stiffness_suspected` is set as soon as that is the case.
+    deq_points(const std::string& independent, deq_system& system, const ode_range& range, deq_method method,
+               run_listener& listener, std::atomic<bool>& stiffness_suspected);
 
     void store(double x, std::span<const double> y) override;
-    void step_done(const ode_summary& so_far) override;
+    void step_done(const ode_summary& so_far, std::span<const double> y) override;
     bool stop_wished() const override { return listener_.stop_asked(); }
 
     /// The summary as of the last step, for an integration that was ended by an exception.
@@ -34,8 +41,9 @@ public:
 private:
     deq_system& system_;
     run_listener& listener_;
-    double x1_;
-    double range_;
+    ode_range range_;
+    std::optional<stiffness_watch> watch_;
+    std::atomic<bool>& stiffness_suspected_;
     named_columns points_;
     std::vector<double> row_;
     ode_summary so_far_;

@@ -59,23 +59,28 @@ void keep_equations(const deq_system& system, deq_outcome& outcome)
 }
 
 /// Integrates. Points and statistics are kept if it throws.
-void integrate(deq_system& system, const settings& store, run_listener& listener, deq_outcome& outcome)
+void integrate(deq_system& system, const settings& store, run_listener& listener, deq_run_alerts& alerts,
+               deq_outcome& outcome)
 {
     const ode_range range = {outcome.x1, outcome.x2, output_step_from(store, outcome.x1, outcome.x2)};
     std::vector<double> y = system.initial_values();
-    deq_points points(outcome.independent, system, range.x1, range.x2, listener);
+    deq_points points(outcome.independent, system, range, outcome.method, listener, alerts.stiffness_suspected);
+    const auto keep = [&] {
+        outcome.points = points.take();
+        outcome.stiffness_suspected = alerts.stiffness_suspected;
+    };
     try {
         outcome.statistics = integrate_by(outcome.method, system, y, range, store, points);
     } catch (...) {
         outcome.statistics = points.so_far();
-        outcome.points = points.take();
+        keep();
         throw;
     }
-    outcome.points = points.take();
+    keep();
 }
 
 void run_tables(const deq_content& content, const settings& store, run_listener& listener, const stopwatch& seconds,
-                deq_outcome& outcome)
+                deq_run_alerts& alerts, deq_outcome& outcome)
 {
     deq_system system(content, listener);
     outcome.x1 = val(content.initial_value);
@@ -91,7 +96,7 @@ void run_tables(const deq_content& content, const settings& store, run_listener&
 
     const double start = seconds();
     try {
-        integrate(system, store, listener, outcome);
+        integrate(system, store, listener, alerts, outcome);
     } catch (const evaluation_failed&) {
         return outcome.refuse(
             {system.context().eval_error_message(), box_icon::critical, "Expression evaluation error"});
@@ -107,9 +112,10 @@ void run_tables(const deq_content& content, const settings& store, run_listener&
 } // namespace
 
 deq_outcome run_deq(const deq_run_problem& problem, const settings& store, run_listener& listener,
-                    const stopwatch& seconds)
+                    const stopwatch& seconds, deq_run_alerts* alerts)
 {
     deq_outcome outcome;
+    deq_run_alerts unheard;
     const deq_content& content = problem.content;
     outcome.method = content.method;
     outcome.independent = trimmed(content.independent);
@@ -123,7 +129,8 @@ deq_outcome run_deq(const deq_run_problem& problem, const settings& store, run_l
         return outcome;
     }
     const run_ending_boxes endings = {failure_box, {std::string(calculations_aborted), box_icon::exclamation}};
-    guard_run(outcome, endings, [&] { run_tables(content, store, listener, seconds, outcome); });
+    guard_run(outcome, endings,
+              [&] { run_tables(content, store, listener, seconds, alerts ? *alerts : unheard, outcome); });
     return outcome;
 }
 

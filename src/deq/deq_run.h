@@ -10,6 +10,7 @@
 #include "shell/document/run_outcome.h"
 #include "shell/settings.h"
 
+#include <atomic>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -43,11 +44,19 @@ struct deq_outcome : run_outcome
     std::vector<deq_summary_row> summary;
     /// Without a report, as of the last step.
     ode_summary statistics;
+    /// An explicit method whose steps seem to be held down by stability.
+    bool stiffness_suspected = false;
+};
+
+/// What a run has to say while it is under way; may be read from another thread.
+struct deq_run_alerts
+{
+    std::atomic<bool> stiffness_suspected = false;
 };
 
 /// Runs the problem. Every refusal or failure is a box of the outcome, and so is a stop asked for by the listener; an
-/// incomplete problem is refused first. Never throws; changes none of its arguments but the listener.
+/// incomplete problem is refused first. Never throws; changes none of its arguments but listener and alerts.
 deq_outcome run_deq(const deq_run_problem& problem, const settings& store, run_listener& listener,
-                    const stopwatch& seconds = steady_seconds);
+                    const stopwatch& seconds = steady_seconds, deq_run_alerts* alerts = nullptr);
 
 } // namespace kelvarin

@@ -61,16 +61,23 @@ std::optional<message_box> deq_system::compile_deq_expressions()
 
 void deq_system::derivatives(double x, std::span<const double> y, std::span<double> dydx)
 {
-    inputs_[0] = x;
-    std::ranges::copy(y, inputs_.begin() + 1);
+    set_inputs(x, y);
     compiled_->evaluate(inputs_, dydx);
     end_after_failure();
 }
 
+bool deq_system::try_derivatives(double x, std::span<const double> y, std::span<double> dydx)
+{
+    set_inputs(x, y);
+    compiled_->evaluate(inputs_, dydx);
+    if (!compiled_->context().eval_error_flag()) return true;
+    compiled_->context().clear_failure();
+    return false;
+}
+
 void deq_system::differences(double x, std::span<const double> y, ode_jacobian& jacobian)
 {
-    inputs_[0] = x;
-    std::ranges::copy(y, inputs_.begin() + 1);
+    set_inputs(x, y);
     moved_[0] = jacobian.moved_x;
     std::ranges::copy(jacobian.moved, moved_.begin() + 1);
     increments_[0] = jacobian.increment_x;
@@ -83,6 +90,12 @@ void deq_system::differences(double x, std::span<const double> y, ode_jacobian& 
         jacobian.dfdx[static_cast<std::size_t>(i)] = row.front();
         std::ranges::copy(row.subspan(1), jacobian.dfdy.row(i).begin());
     }
+}
+
+void deq_system::set_inputs(double x, std::span<const double> y)
+{
+    inputs_[0] = x;
+    std::ranges::copy(y, inputs_.begin() + 1);
 }
 
 void deq_system::end_after_failure() const

@@ -50,6 +50,11 @@ public:
     int size() const override { return differential_.size(); }
     /// `evaluate_derivatives`: evaluates the explicit equations, then the right sides. Throws evaluation_failed.
     void derivatives(double x, std::span<const double> y, std::span<double> dydx) override;
+    /// The same without a trace: returns false if an expression can't be evaluated. The explicit variables are those of
+    /// this call then, until the next call of `derivatives`.
+    bool try_derivatives(double x, std::span<const double> y, std::span<double> dydx);
+    /// Whether evaluations change what later ones give, by drawing random numbers.
+    bool draws_random() { return compiled_->fast_program() == nullptr; }
     /// Computes columns in lanes and by the sparsity pattern. Throws evaluation_failed, and run_stopped if the listener
     /// asks to stop.
     void differences(double x, std::span<const double> y, ode_jacobian& jacobian) override;
@@ -63,6 +68,7 @@ public:
     const evaluation_context& context() const { return compiled_->context(); }
 
 private:
+    void set_inputs(double x, std::span<const double> y);
     void end_after_failure() const;
 
     run_listener& listener_;

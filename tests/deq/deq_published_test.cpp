@@ -98,6 +98,32 @@ TEST(DeqPublished, ProblemsEndAsPublishedWithTheSettingsAsTheyAre)
             EXPECT_EQ(outcome.points.columns[0].back(), outcome.x2);
             EXPECT_LT(end_error(outcome, problem.end), method == deq_method::bs ? 1e-2 : 1e-3);
             EXPECT_TRUE(outcome.statistics.end_reached);
+            EXPECT_FALSE(outcome.stiffness_suspected);
+        }
+}
+
+/// Stops a run as soon as it suspects stiffness.
+class suspicious_listener final : public run_listener
+{
+public:
+    void fraction_done(double) override {}
+    bool stop_asked() const override { return alerts.stiffness_suspected; }
+
+    deq_run_alerts alerts;
+};
+
+TEST(DeqPublished, StiffProblemsAreSuspectedOnTheWayByExplicitMethods)
+{
+    for (published_problem& problem : published_problems())
+        for (const deq_method method : {deq_method::rkf45, deq_method::rkf56, deq_method::bs}) {
+            if (!problem.stiff) continue;
+            SCOPED_TRACE(problem.name + " by " + std::string(method_text(method)));
+            problem.content.method = method;
+            suspicious_listener listener;
+            const deq_outcome outcome =
+                run_deq({problem.content, {}}, settings(), listener, steady_seconds, &listener.alerts);
+            EXPECT_TRUE(outcome.stiffness_suspected);
+            EXPECT_TRUE(outcome.stopped);
         }
 }
 

@@ -3,6 +3,7 @@
 
 #include "deq/deq_kind.h"
 #include "deq/deq_report.h"
+#include "deq/deq_run_card.h"
 #include "deq/deq_samples.h"
 #include "deq/window/frmDeqDE.h"
 #include "deq/window/frmDeqEE.h"
@@ -44,6 +45,11 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
     pause_.setSingleShot(true);
     pause_.setInterval(typing_pause_ms);
     connect(&pause_, &QTimer::timeout, this, &frmDEQ::settle_independent);
+    lblCard_ = named(new QLabel(this), "lblCard");
+    lblCard_->setTextFormat(Qt::PlainText);
+    lblCard_->setWordWrap(true);
+    lblCard_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblCard_->hide();
     build_ui({.icon_name = "deq",
               .grid_name = "grdDiffEq",
               .status_name = "stbDEQ",
@@ -58,7 +64,10 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
                          "..., with \"Add DE\",\nor an explicit one, a = ..., with \"Add EE\"."),
               .listing_caption = tr("DEQ variables"),
               .above_grid = build_range(),
-              .below_grid = build_options()});
+              .below_grid = build_options(),
+              .below_options = lblCard_});
+    connect(this, &frmDEQ::state_changed, this,
+            [this] { cmdStiff_->setVisible(is_running() && alerts_->stiffness_suspected); });
     document_changed();
 }
 
@@ -110,8 +119,14 @@ QWidget* frmDEQ::build_options()
         missing->setEnabled(false);
     chkReport_->setChecked(true);
     lblAbort_ = named(new QLabel(tr("Press Cntl+C to Abort")), "lblAbort");
-    lblAbort_->hide();
-    row->addWidget(lblAbort_);
+    cmdStiff_ =
+        make_button(tr("Stop and use STIFF"), "cmdStiff",
+                    tr("The steps are held down by stability, not by accuracy: the problem seems to be stiff."));
+    connect(cmdStiff_, &QPushButton::clicked, this, &frmDEQ::cmdStiff_Click);
+    for (QWidget* in_run : std::initializer_list<QWidget*>{lblAbort_, cmdStiff_}) {
+        in_run->hide();
+        row->addWidget(in_run);
+    }
     return options;
 }
 
@@ -191,6 +206,7 @@ void frmDEQ::enable_controls_for_run(bool running)
 {
     equation_window::enable_controls_for_run(running);
     lblAbort_->setVisible(running);
+    cmdStiff_->hide();
 }
 
 void frmDEQ::solve()
@@ -199,8 +215,13 @@ void frmDEQ::solve()
     const auto input =
         std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
     const run_wish wish = {++solution_counter, chkReport_->isChecked(), comments_shown()};
+    alerts_ = std::make_shared<deq_run_alerts>();
+    stiff_wanted_ = false;
+    show_card({}, {});
     start_run(
-        [input](run_listener& listener) { return run_deq(input->problem, input->store, listener); },
+        [input, alerts = alerts_](run_listener& listener) {
+            return run_deq(input->problem, input->store, listener, steady_seconds, alerts.get());
+        },
         [this, input, wish](const deq_outcome& outcome) { show_outcome(input->problem, outcome, input->store, wish); });
 }
 
@@ -209,11 +230,13 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
 {
     // The run was stopped in order to close the window.
     if (is_closing()) return;
+    // The offer answers the boxes of an abort.
+    if (outcome.stopped && stiff_wanted_) return solve_by_stiff_method();
+    const deq_run_card card = deq_run_card_of(problem.content, outcome);
+    show_card(card.counts, card.advice);
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
-    if (!outcome.has_report) return;
-    show_for_a_while(tr("Solved: %1 points.").arg(outcome.points.row_count()));
-    if (!wish.report) return;
+    if (!outcome.has_report || !wish.report) return;
     show_new_report(context(), deq_report(problem, outcome, store, context().clock.today(), wish.comments),
                     problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
 }
@@ -223,10 +246,30 @@ void frmDEQ::offer_stiff_method(deq_method method)
     if (is_for_stiff(method)) return;
     const user_question asked = {.text = "Would you like to solve this problem using the Stiff method ?",
                                  .default_answer = user_answer::no};
-    if (context().user.ask(this, asked) != user_answer::yes) return;
+    if (context().user.ask(this, asked) == user_answer::yes) solve_by_stiff_method();
+}
+
+void frmDEQ::solve_by_stiff_method()
+{
     problem_.choose_method(deq_method::stiff);
     document_changed();
     solve();
+}
+
+void frmDEQ::cmdStiff_Click()
+{
+    stiff_wanted_ = true;
+    perform(window_command::stop);
+}
+
+void frmDEQ::show_card(const std::string& counts, const std::vector<std::string>& advice)
+{
+    QStringList lines;
+    if (!counts.empty()) lines.append(to_qstring(counts));
+    for (const std::string& each : advice)
+        lines.append(to_qstring(each));
+    lblCard_->setText(lines.join(QLatin1Char('\n')));
+    lblCard_->setVisible(!lines.isEmpty());
 }
 
 } // namespace kelvarin

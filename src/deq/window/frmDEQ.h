@@ -8,7 +8,10 @@
 #include <QCheckBox>
 #include <QTimer>
 
+#include <memory>
+
 class QLabel;
+class QPushButton;
 
 namespace kelvarin
 {
@@ -62,6 +65,9 @@ private:
     void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                       const run_wish& wish);
     void offer_stiff_method(deq_method method);
+    void solve_by_stiff_method();
+    void cmdStiff_Click();
+    void show_card(const std::string& counts, const std::vector<std::string>& advice);
 
     deq_problem problem_;
     /// Runs while a refused name of the independent variable stands in its field.
@@ -73,6 +79,12 @@ private:
     QCheckBox* chkGraph_ = nullptr;
     QCheckBox* chkReport_ = nullptr;
     QLabel* lblAbort_ = nullptr;
+    /// Shown during a run that seems to be stiff.
+    QPushButton* cmdStiff_ = nullptr;
+    QLabel* lblCard_ = nullptr;
+    std::shared_ptr<deq_run_alerts> alerts_;
+    /// The running offer of the stiff method was taken.
+    bool stiff_wanted_ = false;
 };
 
 } // namespace kelvarin

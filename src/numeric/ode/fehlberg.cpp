@@ -77,7 +77,7 @@ public:
                 relax();
             }
             attempt();
-            observer_.step_done(summary_);
+            observer_.step_done(summary_, y_);
             system_.stop_if_wished();
         }
     }

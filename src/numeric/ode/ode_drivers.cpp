@@ -68,7 +68,7 @@ private:
         system_.derivatives(at_.x, at_.y, dydx_);
         if (!rules_.for_stiff) scale_by_state();
         if (output_.due(at_.x)) output_.store(at_.x, at_.y, summary_);
-        observer_.step_done(summary_);
+        observer_.step_done(summary_, at_.y);
         system_.stop_if_wished();
         if ((at_.x + h_ - range_.x1) * (at_.x + h_ - range_.x2) > 0.0) h_ = range_.x2 - at_.x;
     }

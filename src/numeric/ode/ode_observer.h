@@ -45,8 +45,9 @@ public:
     /// A point of the solution, at most output_grid::most_points. The derivatives were last called where the
     /// method says, which is not always this point.
     virtual void store(double x, std::span<const double> y) = 0;
-    /// Once a step; of a Fehlberg method at the end of each attempt, of the others before each step.
-    virtual void step_done([[maybe_unused]] const ode_summary& so_far) {}
+    /// Called once a step with the state y at so_far.x: by a Fehlberg method at the end of each attempt, by the others
+    /// before each step.
+    virtual void step_done([[maybe_unused]] const ode_summary& so_far, [[maybe_unused]] std::span<const double> y) {}
     /// Asked before each call of the derivatives and after each step_done.
     virtual bool stop_wished() const { return false; }
 };

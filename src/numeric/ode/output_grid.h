@@ -18,6 +18,12 @@ struct ode_range
     double spacing = 0.0;
 };
 
+/// The longest step that the integrators choose.
+inline double longest_step(const ode_range& range)
+{
+    return 0.8 * range.spacing;
+}
+
 /// What cannot be integrated, or would be without end, fails at once (runtime_failure 8888, its text after the
 /// name of the method): a range that does not ascend, a spacing of 0.
 void check_range(const ode_range& range, std::string_view method);

@@ -204,7 +204,7 @@ TEST(DifferentialWindow, ReportsOnlyWhatIsAskedFor)
     desk.person.click("chkReport");
     desk.run_by_mouse();
     EXPECT_EQ(desk.frame.children().size(), 2u);
-    EXPECT_THAT(desk.person.find<QStatusBar>("stbDEQ").currentMessage().toStdString(), HasSubstr("points"));
+    EXPECT_THAT(desk.person.text("lblCard"), HasSubstr(" evaluations, step length "));
     desk.person.click("chkReport");
     desk.person.click("chkComments");
     frmSolution& without = desk.solve_by_mouse();
@@ -263,6 +263,22 @@ TEST(DifferentialRuns, StopByCtrlCAndOfferTheStiffMethod)
     EXPECT_EQ(desk.person.text("cmbMethod"), "STIFF");
     EXPECT_THAT(solution.plain_text(), HasSubstr("ODE Report (STIFF)"));
     EXPECT_TRUE(desk.user.is_done());
+}
+
+TEST(DifferentialRuns, OfferTheStiffMethodWhileTheyLast)
+{
+    deq_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(slow_problem));
+    EXPECT_FALSE(desk.person.is_shown("cmdStiff"));
+    ASSERT_NO_FATAL_FAILURE(start_slow_run(desk));
+    ASSERT_TRUE(wait_until([&] { return desk.person.is_shown("cmdStiff"); }, 60000));
+    EXPECT_THAT(test::faults_of(desk.window, desk.window.menus()), IsEmpty());
+    // It stands for the boxes of an abort.
+    const frmSolution& solution = desk.report_of([&] { desk.person.click("cmdStiff"); });
+    EXPECT_THAT(solution.plain_text(), HasSubstr("ODE Report (STIFF)"));
+    EXPECT_THAT(desk.user.boxes(), IsEmpty());
+    EXPECT_THAT(desk.user.questions(), IsEmpty());
+    EXPECT_FALSE(desk.person.is_shown("cmdStiff"));
 }
 
 TEST(DifferentialRuns, AreStoppedWithoutAWordWhenTheWindowCloses)

@@ -62,7 +62,7 @@ public:
     {
         points.push_back({x, {y.begin(), y.end()}, system_.last_x, system_.last_y});
     }
-    void step_done(const ode_summary& so_far) override { steps.push_back(so_far); }
+    void step_done(const ode_summary& so_far, state /*y*/) override { steps.push_back(so_far); }
     bool stop_wished() const override { return stop_at_ > 0 && system_.calls >= stop_at_; }
 
     std::vector<recorded_point> points;

@@ -157,13 +157,8 @@ bool equation_window::ready_to_run()
 
 bool equation_window::show_end_of_run(bool stopped, const std::vector<message_box>& boxes)
 {
-    if (stopped) show_for_a_while(tr("Solution stopped."));
+    if (stopped) panels_->showMessage(tr("Solution stopped."), message_time_ms);
     return !stopped && show_boxes(boxes);
-}
-
-void equation_window::show_for_a_while(const QString& text)
-{
-    panels_->showMessage(text, message_time_ms);
 }
 
 void equation_window::take_over_typing()

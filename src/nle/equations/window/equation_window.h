@@ -48,6 +48,8 @@ struct equation_window_parts
     /// Widgets of the kind between the buttons and the grid, and below the grid; may be null.
     QWidget* above_grid = nullptr;
     QWidget* below_grid = nullptr;
+    /// A widget of the kind above the status bar; may be null.
+    QWidget* below_options = nullptr;
 };
 
 /// The results of a problem's analysis that its window shows.
@@ -110,8 +112,6 @@ protected:
     bool ready_to_run();
     /// Shows that a run was stopped, or its boxes. Returns true if the run was not stopped and the window still exists.
     bool show_end_of_run(bool stopped, const std::vector<message_box>& boxes);
-    /// Shows a text in place of the panels for some seconds.
-    void show_for_a_while(const QString& text);
 
     void show_document() override;
     void enable_controls_for_run(bool running) override;

@@ -53,6 +53,7 @@ void equation_window::build_ui(const equation_window_parts& parts)
     column->addWidget(grid_, 1);
 
     column->addLayout(build_options_row(parts));
+    if (parts.below_options) column->addWidget(parts.below_options);
     panels_ = named(new problem_status(this), parts.status_name);
     column->addWidget(panels_);
 

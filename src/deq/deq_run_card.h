@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "deq/deq_run.h"
+
+#include <string>
+#include <vector>
+
+namespace kelvarin
+{
+
+/// What the window says about a run beside its report.
+struct deq_run_card
+{
+    /// Steps, evaluations, step lengths and time; empty if there is no report.
+    std::string counts;
+    /// What to doubt in the result or in the problem, and what to try; a sentence or two each.
+    std::vector<std::string> advice;
+};
+
+deq_run_card deq_run_card_of(const deq_content& content, const deq_outcome& outcome);
+
+} // namespace kelvarin
