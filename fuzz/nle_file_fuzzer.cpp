@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "expr/basParse.h"
+#include "kinds/kinds.h"
 #include "nle/equations/equation_rows.h"
 #include "nle/nle_analysis.h"
 #include "nle/nle_file.h"
@@ -59,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     using namespace kelvarin;
     using fuzz::promise;
     const std::string text = to_utf8(std::string_view(reinterpret_cast<const char*>(bytes), size));
-    recognise_document("fuzz.kvr", text);
+    recognise_document("fuzz.kvr", text, problem_kinds());
 
     const auto content = read_nle(text);
     if (!content) return 0;

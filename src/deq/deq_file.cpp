@@ -77,10 +77,16 @@ void read_title(std::string_view line, deq_content& content)
         if (*method == static_cast<double>(i)) content.method = static_cast<deq_method>(i);
 }
 
-/// Reads the rows up to the first initial value; the name of the independent variable is still missing in them.
+/// Whether the line stands behind the rows. "d(f)=" there is a row, whatever it is behind them.
+bool is_value_line(std::string_view line)
+{
+    return is_start_line(line) || (is_final_line(line) && !is_implicit(line, deq_row_form));
+}
+
+/// Reads the rows up to the first value; the name of the independent variable is still missing in them.
 void read_rows(line_reader& lines, deq_content& content)
 {
-    for (; !lines.at_end() && !is_start_line(lines.line()); lines.take()) {
+    for (; !lines.at_end() && !is_value_line(lines.line()); lines.take()) {
         std::optional<equation_row> row = row_of_line(lines.line(), no_guess);
         if (!row) continue;
         const equation_parts parts = parts_of(row->equation, deq_row_form);
@@ -108,9 +114,9 @@ void set_initial_value(std::vector<equation_row>& rows, std::vector<bool>& is_se
 /// Reads the lines of initial and final values.
 void read_values(line_reader& lines, deq_content& content)
 {
-    const std::string_view first = lines.at_end() ? std::string_view() : lines.take();
-    content.initial_value = value_of(first);
-    content = with_independent(std::move(content), marked_name(first));
+    const std::string independent(lines.at_end() ? std::string_view() : marked_name(lines.line()));
+    if (!lines.at_end() && is_start_line(lines.line())) content.initial_value = value_of(lines.take());
+    content = with_independent(std::move(content), independent);
     std::vector<bool> is_set(content.rows.size(), false);
     while (!lines.at_end()) {
         const std::string_view line = lines.take();

@@ -104,6 +104,7 @@ TEST(DeqFile, ReadsWhatPeopleWrite)
          titled("T", integrated({differential_row("y", "-y", "")}, "", "", ""), deq_method::rkf45)},
         {"cut behind the first value", "d(y)/d(t)=-y\nt(0)=0",
          titled("", integrated({differential_row("y", "-y", "")}, "0", ""))},
+        {"a final value alone", "t(f)=2\ny(0)=1\n", titled("", integrated({}, "", "2"))},
         {"cut behind the title", "T |KVRVER05_3\n", titled("T", {}, deq_method::stiff)},
     };
     for (const row& each : rows) {

@@ -46,8 +46,7 @@ std::vector<std::size_t> row_indexes(std::span<const int> numbers, std::size_t c
             indexes.push_back(static_cast<std::size_t>(number - 1));
     }
     std::ranges::sort(indexes);
-    const auto repeated = std::ranges::unique(indexes);
-    indexes.erase(repeated.begin(), repeated.end());
+    indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
     return indexes;
 }
 

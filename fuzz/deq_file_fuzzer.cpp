@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "deq/deq_analysis.h"
+#include "deq/deq_file.h"
+#include "deq/deq_listing.h"
+#include "deq/deq_recovery.h"
+#include "deq/deq_report.h"
+#include "deq/deq_run.h"
+#include "deq/deq_run_card.h"
+#include "kinds/kinds.h"
+#include "platform/text_file.h"
+#include "promise.h"
+#include "shell/document/recognition.h"
+#include "shell/report/rich_text.h"
+#include "shell/settings.h"
+
+#include <string>
+
+namespace
+{
+
+/// Runs are cut short: the promise is that they end without harm, not what they find.
+class impatient_listener final : public kelvarin::run_listener
+{
+public:
+    void fraction_done(double fraction) override
+    {
+        kelvarin::fuzz::promise(fraction <= 1.0, "no more than all is done");
+    }
+    bool stop_asked() const override { return ++questions_ > 500; }
+
+private:
+    mutable int questions_ = 0;
+};
+
+void check_saving(const kelvarin::deq_content& content)
+{
+    using namespace kelvarin;
+    using fuzz::promise;
+    const std::string written = write_deq(content);
+    const auto again = read_deq(written);
+    promise(again.has_value(), "what was written can be read");
+    const std::string twice = write_deq(*again);
+    promise(read_deq(twice) == again, "a saved problem comes back the same");
+    promise(twice == written, "saving twice writes the same");
+    promise(read_deq_recovery(deq_recovery_text(content)) == content, "recovery keeps everything");
+}
+
+} // namespace
+
+/// Any file is read or refused; what is read can be analysed, listed and run, and once written comes back the same.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size)
+{
+    using namespace kelvarin;
+    using fuzz::promise;
+    const std::string text = to_utf8(std::string_view(reinterpret_cast<const char*>(bytes), size));
+    recognise_document("fuzz.kvr", text, problem_kinds());
+
+    auto content = read_deq(text);
+    if (!content) return 0;
+    const deq_analysis analysis = analyse_deq(*content);
+    listing_warnings(*content);
+    promise(!plain_text_of(read_rich_text(rich_text_document(show_all_vars(*content)))).empty(), "a listing has lines");
+    promise(!deq_listing(*content, "fuzz.kvr").empty(), "a printed listing has lines");
+    check_saving(*content);
+
+    const fixed_clock clock;
+    const settings store;
+    for (std::size_t method = 0; method < deq_method_items.size(); ++method) {
+        content->method = static_cast<deq_method>(method);
+        impatient_listener listener;
+        const deq_run_problem problem = {*content, "fuzz.kvr"};
+        const deq_outcome outcome = run_deq(problem, store, listener);
+        promise(analysis.green || !outcome.has_report, "a red problem does not run");
+        promise(outcome.has_report || !outcome.boxes.empty(), "a run without a report says why");
+        deq_run_card_of(*content, outcome);
+        if (!outcome.has_report) continue;
+        promise(!plain_text_of(read_rich_text(deq_report(problem, outcome, store, clock.today()))).empty(),
+                "a report can be read");
+    }
+    return 0;
+}
