@@ -21,6 +21,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -275,7 +276,18 @@ QWidget* frmCal::build_help_page()
     add("lblOperators", QStringLiteral(" +  -  *  /  ^  and  or"));
     add("lblKeys", tr(" Up and Down bring earlier lines back, F5 solves, F9 copies the answer."));
     rows->addStretch();
-    return page;
+
+    // A page whose height depends on its width would change the height of the tabs when it is shown.
+    auto* area = named(new QScrollArea(tabMore_), "areaHelp");
+    area->setAccessibleName(tr("Help"));
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    return area;
 }
 
 void frmCal::set_tab_order()

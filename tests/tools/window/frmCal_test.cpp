@@ -8,12 +8,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextEdit>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -346,6 +349,25 @@ TEST_F(Calculator_window, GrowsBelowWhenMoreIsShown)
     person.click("chkMore");
     EXPECT_FALSE(person.is_shown("tabMore"));
     EXPECT_EQ(window.height(), height);
+}
+
+TEST_F(Calculator_window, TabsDoNotMoveUnderThePointer)
+{
+    // Narrow and wide: lines of the help page are broken or not.
+    for (const int width : {0, 900}) {
+        window.resize(std::max(width, window.minimumSizeHint().width()), 700);
+        if (!person.is_shown("tabMore")) person.click("chkMore");
+        QTabBar& tabs = *person.find<QTabWidget>("tabMore").tabBar();
+        const QPoint place = tabs.mapTo(&window, QPoint());
+        const QSize size = window.size();
+        for (int tab : {0, 1, 2, 3, 2, 1, 0}) {
+            QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+            test::settle();
+            EXPECT_EQ(tabs.currentIndex(), tab);
+            EXPECT_EQ(tabs.mapTo(&window, QPoint()), place) << "tab " << tab << " in " << size.width() << " pixels";
+            EXPECT_EQ(window.size(), size);
+        }
+    }
 }
 
 TEST_F(Calculator_window, DrawsItsRandomNumbersFromTheClock)
