@@ -6,22 +6,19 @@
 
 #include <QAction>
 #include <QEvent>
-#include <QFontMetrics>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
+#include <optional>
 
 namespace kelvarin
 {
 
 namespace
 {
-
-/// A window must be this many characters wide to be placed beside another.
-constexpr int least_letters = 60;
 
 child_window* child_of(const QMdiSubWindow* frame)
 {
@@ -40,7 +37,7 @@ void give_up_shortcuts(const QMdiSubWindow& frame)
 
 } // namespace
 
-child_area::child_area(QWidget* parent) : QMdiArea(parent)
+child_area::child_area(QWidget* parent) : QMdiArea(parent), reports_(new report_places(*this))
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -49,7 +46,7 @@ child_area::child_area(QWidget* parent) : QMdiArea(parent)
     connect(this, &QMdiArea::subWindowActivated, this, &child_area::front_changed);
 }
 
-void child_area::add(std::unique_ptr<child_window> window, bool beside)
+void child_area::add(std::unique_ptr<child_window> window, child_window* beside)
 {
     child_window* added = window.get();
     QMdiSubWindow* in_front = activeSubWindow();
@@ -57,13 +54,14 @@ void child_area::add(std::unique_ptr<child_window> window, bool beside)
     const bool fills = alone || (in_front && in_front->isMaximized());
     connect(added, &child_window::state_changed, this, [this, added] { emit child_changed(added); });
 
-    QRect place;
-    const bool has_place = beside && in_front && make_room_beside(*in_front, place);
+    auto* problem = beside ? qobject_cast<QMdiSubWindow*>(beside->parentWidget()) : nullptr;
+    const std::optional<QRect> place = problem ? reports_->place_for_report_of(*problem) : std::nullopt;
     QMdiSubWindow* frame = addSubWindow(window.release());
     frame->setWindowIcon(added->windowIcon());
     give_up_shortcuts(*frame);
-    if (has_place) {
-        frame->setGeometry(place);
+    if (problem) reports_->add(*frame, *problem);
+    if (place) {
+        frame->setGeometry(*place);
         frame->show();
     } else if (fills) {
         frame->showMaximized();
@@ -74,24 +72,6 @@ void child_area::add(std::unique_ptr<child_window> window, bool beside)
     setActiveSubWindow(frame);
     // Also if the main window is not active yet.
     added->setFocus(Qt::OtherFocusReason);
-}
-
-bool child_area::make_room_beside(QMdiSubWindow& in_front, QRect& place)
-{
-    const QRect whole = viewport()->rect();
-    const int least = std::max(fontMetrics().averageCharWidth() * least_letters, in_front.minimumSizeHint().width());
-    if (whole.width() < 2 * least) return false;
-    // A window that the user has placed stays there if it leaves enough space.
-    const int right_of_it = whole.right() - in_front.geometry().right();
-    if (in_front.isMaximized() || right_of_it < least) {
-        const QList<QRect> halves = tiled_areas(whole, 2, tiling_direction::vertical);
-        in_front.showNormal();
-        in_front.setGeometry(halves.first());
-        place = halves.last();
-        return true;
-    }
-    place = QRect(in_front.geometry().right() + 1, in_front.y(), right_of_it, in_front.height());
-    return true;
 }
 
 void child_area::bring_to_front(child_window& window)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/report_places.h"
 #include "app/window_tiles.h"
 #include "desktop/child_window.h"
 
@@ -24,7 +25,7 @@ public:
 
     /// Takes ownership of a window and makes it active: the first one fills the area, later ones do if the active one
     /// does; with `beside` it is placed beside the active one if there is space for two.
-    void add(std::unique_ptr<child_window> window, bool beside);
+    void add(std::unique_ptr<child_window> window, child_window* beside);
     /// Activates a window, restoring it if it was minimised.
     void bring_to_front(child_window& window);
 
@@ -51,14 +52,12 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// Determines a place beside `in_front` if the area is wide enough for two windows, moving `in_front` if necessary.
-    /// Returns false if it isn't.
-    bool make_room_beside(QMdiSubWindow& in_front, QRect& place);
     /// The frames that are not minimised in the given order, and the part of the area above the minimised ones.
     QList<QMdiSubWindow*> shown_frames(WindowOrder order, QRect& area) const;
     static void put(const QList<QMdiSubWindow*>& frames, const QList<QRect>& places);
     void take_ground();
 
+    report_places* reports_;
     bool background_picture_ = false;
 };
 

@@ -2,6 +2,7 @@
 #include "app/frmMDIKelvarin.h"
 
 #include "app/child_area.h"
+#include "app/child_button_style.h"
 #include "app/file_drop.h"
 #include "app/focused_field.h"
 #include "app/frmAbout.h"
@@ -42,9 +43,10 @@ frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
     setObjectName(QStringLiteral("frmMDIKelvarin"));
     setWindowTitle(tr("Kelvarin"));
     setWindowIcon(program_icon("app"));
-    // Both apply to all windows of the program.
+    // All of these apply to all windows of the program.
     if (!qApp->findChild<wheel_guard*>()) new wheel_guard(*qApp);
     if (!qApp->findChild<accent_keeper*>()) new accent_keeper(*qApp);
+    child_button_style::install();
     build_ui();
     connect_parts();
     restore_window_placement();
@@ -78,7 +80,7 @@ void frmMDIKelvarin::build_ui()
     setCentralWidget(centre);
 
     addToolBar(new main_toolbar(*commands_, this));
-    menus_ = new main_menus(*this, *commands_, *area_);
+    menus_ = new main_menus(*this, context_, *commands_, *area_);
     StbMDI_ = new main_status_bar(action(window_command::stop), this);
     setStatusBar(StbMDI_);
     field_ = new focused_field(*this);
@@ -155,12 +157,17 @@ QMenu* frmMDIKelvarin::help_menu()
     return menus_->help_menu();
 }
 
-void frmMDIKelvarin::show_child(child_window* window, bool beside)
+void frmMDIKelvarin::show_child(child_window* window, child_window* beside)
 {
     pages_->setCurrentWidget(area_);
     // Immediate layout: the placement of a new window depends on the available space.
     pages_->parentWidget()->layout()->activate();
     area_->add(std::unique_ptr<child_window>(window), beside);
+}
+
+void frmMDIKelvarin::bring_to_front(child_window& window)
+{
+    area_->bring_to_front(window);
 }
 
 child_window* frmMDIKelvarin::active_child() const

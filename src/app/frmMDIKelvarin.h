@@ -60,7 +60,8 @@ public:
     QMenu* tools_menu() override;
     QMenu* window_menu() override;
     QMenu* help_menu() override;
-    void show_child(child_window* window, bool beside = false) override;
+    void show_child(child_window* window, child_window* beside = nullptr) override;
+    void bring_to_front(child_window& window) override;
     child_window* active_child() const override;
     /// Opens a file according to its kind: in the active window if that is of the kind and idle, else in a new one. A
     /// missing file is ignored.

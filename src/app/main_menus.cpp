@@ -3,10 +3,13 @@
 
 #include "app/child_area.h"
 #include "app/problem_kinds.h"
+#include "desktop/problem_window.h"
+#include "shell/window/frmSolution.h"
 
 #include <QMenu>
 #include <QPointer>
 
+#include <cstddef>
 #include <initializer_list>
 
 namespace kelvarin
@@ -24,8 +27,8 @@ constexpr int last_number_with_key = 9;
 
 } // namespace
 
-main_menus::main_menus(QWidget& window, const command_actions& actions, child_area& area)
-    : QObject(&window), actions_(actions), area_(area)
+main_menus::main_menus(QWidget& window, desktop_context& context, const command_actions& actions, child_area& area)
+    : QObject(&window), context_(context), actions_(actions), area_(area)
 {
     const auto add = [&actions](QMenu* menu, std::initializer_list<window_command> commands) {
         for (const window_command which : commands)
@@ -53,7 +56,15 @@ main_menus::main_menus(QWidget& window, const command_actions& actions, child_ar
     more->setObjectName(QStringLiteral("mnuNewWindow"));
     more->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
     window.addAction(more);
+    reports_menu_ = make(tr("&Reports of This Problem"), "mnuReports", *window_menu_);
+    window_menu_->addMenu(reports_menu_);
+    close_older_reports_ = window_menu_->addAction(tr("Close &Older Reports"), this, [this] {
+        if (child_window* front = area_.front(); front && front->its_problem())
+            close_older_reports(*front->its_problem());
+    });
+    close_older_reports_->setObjectName(QStringLiteral("mnuCloseOlderReports"));
     window_menu_->addSeparator();
+    connect(window_menu_, &QMenu::aboutToShow, this, &main_menus::show_reports);
     connect(window_menu_, &QMenu::aboutToShow, this, &main_menus::show_window_list);
 
     help_menu_ = make(tr("&Help"), "mnuHelp", window);
@@ -65,6 +76,27 @@ QMenu* main_menus::make(const QString& title, const char* name, QWidget& window)
     auto* menu = new QMenu(title, &window);
     menu->setObjectName(QString::fromLatin1(name));
     return menu;
+}
+
+void main_menus::show_reports()
+{
+    reports_menu_->clear();
+    child_window* front = area_.front();
+    const QPointer<problem_window> problem = front ? front->its_problem() : nullptr;
+    int open = 0;
+    // The latest one first.
+    for (std::size_t index = problem ? problem->reports().size() : 0; index-- > 0;) {
+        const problem_report& report = problem->reports()[index];
+        QAction* entry = reports_menu_->addAction(report.caption, this, [this, problem, index] {
+            if (problem) show_report_again(context_, *problem, index);
+        });
+        entry->setCheckable(true);
+        entry->setChecked(report.window);
+        open += report.window ? 1 : 0;
+    }
+    reports_menu_->menuAction()->setVisible(!reports_menu_->isEmpty());
+    close_older_reports_->setVisible(!reports_menu_->isEmpty());
+    close_older_reports_->setEnabled(open > 1);
 }
 
 void main_menus::show_window_list()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/commands.h"
+#include "desktop/desktop_context.h"
 
 #include <QList>
 #include <QObject>
@@ -20,7 +21,7 @@ class main_menus : public QObject
     Q_OBJECT
 
 public:
-    main_menus(QWidget& window, const command_actions& actions, child_area& area);
+    main_menus(QWidget& window, desktop_context& context, const command_actions& actions, child_area& area);
 
     /// The menu bar while no child is open.
     QList<QMenu*> bar() const { return {file_menu_, help_menu_}; }
@@ -36,7 +37,9 @@ signals:
 private:
     QMenu* make(const QString& title, const char* name, QWidget& window);
     void show_window_list();
+    void show_reports();
 
+    desktop_context& context_;
     const command_actions& actions_;
     child_area& area_;
     QMenu* file_menu_ = nullptr;
@@ -44,6 +47,8 @@ private:
     QMenu* tools_menu_ = nullptr;
     QMenu* window_menu_ = nullptr;
     QMenu* help_menu_ = nullptr;
+    QMenu* reports_menu_ = nullptr;
+    QAction* close_older_reports_ = nullptr;
     QList<QAction*> window_list_;
 };
 

@@ -54,13 +54,20 @@ QList<QRect> tiled_areas(const QRect& area, int count, tiling_direction directio
 
 QList<QRect> cascaded_areas(const QRect& area, int count, int offset)
 {
-    const int most_steps = std::max(0, area.height() * 2 / 3 / std::max(1, offset));
-    const int steps = std::min(count - 1, most_steps);
-    const QSize size(std::max(1, area.width() - steps * offset), std::max(1, area.height() - steps * offset));
+    const int steps = std::min(std::max(count - 1, 0), std::max(0, area.height() * 2 / 3 / std::max(1, offset)));
+    const int rounds = (count + steps) / (steps + 1);
+    // Only if one diagonal is enough do windows move to the right with each step. Otherwise each round stands to the
+    // right of the one before, whose titles remain visible up to there.
+    const int step_right = rounds > 1 ? 0 : offset;
+    const int round_right = area.width() / (rounds + 1);
+    const int width = area.width() - (rounds > 1 ? (rounds - 1) * round_right : steps * offset);
+    const QSize size(std::max(1, width), std::max(1, area.height() - steps * offset));
     QList<QRect> places;
     for (int i = 0; i < count; ++i) {
-        const int step = i % (most_steps + 1);
-        places.append(QRect(area.topLeft() + QPoint(step * offset, step * offset), size));
+        const int step = i % (steps + 1);
+        const int round = i / (steps + 1);
+        const QPoint corner(round * round_right + step * step_right, step * offset);
+        places.append(QRect(area.topLeft() + corner, size));
     }
     return places;
 }

@@ -20,7 +20,8 @@ enum class tiling_direction
 QList<QRect> tiled_areas(const QRect& area, int count, tiling_direction direction);
 
 /// The geometries of `count` windows of one size, each shifted by `offset` down and to the right, so that all titles
-/// are visible. Windows that would have less than a third of the area's height start at the top again.
+/// are visible. If windows would have less than a third of the area's height, further ones start at the top again,
+/// farther to the right.
 QList<QRect> cascaded_areas(const QRect& area, int count, int offset);
 
 } // namespace kelvarin

@@ -13,6 +13,8 @@ class QMenu;
 namespace kelvarin
 {
 
+class problem_window;
+
 /// A window inside the main window: a problem, a report, a graph. The main window shows its menus and panels while it
 /// is active, and routes commands to it. Its object name is the name of its class, such as "frmNLE".
 class child_window : public QWidget
@@ -38,6 +40,9 @@ public:
     /// Whether a run is under way, and which fraction (0 to 1) of it is done.
     virtual bool is_running() const { return false; }
     virtual double fraction_done() const { return 0.0; }
+
+    /// The problem that this window shows or reports on; null if there is none.
+    virtual problem_window* its_problem() { return nullptr; }
 
     /// Closes this window with the frame around it, unless it refuses. Returns true if it was closed.
     bool close_with_frame();

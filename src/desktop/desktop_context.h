@@ -35,7 +35,9 @@ public:
 
     /// Takes ownership of a new window and shows it in front; beside the currently active window if `beside` and there
     /// is room.
-    virtual void show_child(child_window* window, bool beside = false) = 0;
+    virtual void show_child(child_window* window, child_window* beside = nullptr) = 0;
+    /// Activates a child, restoring it if it was minimised.
+    virtual void bring_to_front(child_window& window) = 0;
     virtual child_window* active_child() const = 0;
     virtual void open_document(const std::filesystem::path& path) = 0;
     /// Ends the program after a fatal box has been shown; recovery files are kept.

@@ -86,7 +86,8 @@ void document_window::show_caption(QString caption)
     // The user's text must not be read as the placeholder of the modified mark.
     caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     setWindowTitle(caption + QStringLiteral("[*]"));
-    setWindowModified(!is_saved());
+    // A window that closes without a question has nothing that would be lost.
+    setWindowModified(!is_saved() && !question_on_close().empty());
 }
 
 void document_window::print(bool preview)

@@ -6,6 +6,8 @@
 #include "shell/document/problem_document.h"
 #include "shell/document/problem_kind.h"
 
+#include <QPointer>
+#include <QString>
 #include <QTimer>
 
 #include <filesystem>
@@ -16,6 +18,16 @@ class QCloseEvent;
 
 namespace kelvarin
 {
+
+/// The report of a run. Its text is kept when its window is closed.
+struct problem_report
+{
+    QString caption;
+    std::string title;
+    std::string rich_text;
+    /// The window that shows it; null if it is closed.
+    QPointer<child_window> window;
+};
 
 /// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy, undo,
 /// and the run. It uses its document only through problem_document.
@@ -43,6 +55,11 @@ public:
     bool open(const std::filesystem::path& path);
     /// Shows the dialog of this kind's File, Open, then reads the chosen file.
     bool open_by_dialog();
+    problem_window* its_problem() override { return this; }
+    /// The reports of this window's runs, oldest first. They don't belong to the problem: neither its file nor undo
+    /// contains them.
+    std::vector<problem_report>& reports() { return reports_; }
+
     /// Takes over the problem of a recovery file.
     bool recover(int slot, const recovery_entry& entry);
 
@@ -114,6 +131,7 @@ private:
     QList<QAction*> recent_actions_;
     QAction* behind_recent_ = nullptr;
     std::vector<std::filesystem::path> recent_files_;
+    std::vector<problem_report> reports_;
     QTimer recovery_timer_;
     int recovery_slot_ = 0;
     bool close_after_run_ = false;

@@ -108,7 +108,7 @@ struct main_desk
     std::vector<child_window*> children() { return area().children(); }
     frmNLE& front_problem() { return dynamic_cast<frmNLE&>(*window->active_child()); }
 
-    stand_in& show_stand_in(const char* kind, bool beside = false)
+    stand_in& show_stand_in(const char* kind, child_window* beside = nullptr)
     {
         auto* child = new stand_in(*context, kind);
         window->show_child(child, beside);

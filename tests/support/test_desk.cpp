@@ -25,7 +25,12 @@ test_frame::~test_frame()
         delete child;
 }
 
-void test_frame::show_child(child_window* window, bool)
+void test_frame::bring_to_front(child_window& window)
+{
+    window.activateWindow();
+}
+
+void test_frame::show_child(child_window* window, child_window*)
 {
     children_.emplace_back(window);
     QObject::connect(window, &child_window::state_changed, &owner_, [this] { refresh_actions(); });

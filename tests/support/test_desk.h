@@ -29,7 +29,8 @@ public:
     QMenu* tools_menu() override { return &tools_menu_; }
     QMenu* window_menu() override { return &window_menu_; }
     QMenu* help_menu() override { return &help_menu_; }
-    void show_child(child_window* window, bool beside = false) override;
+    void show_child(child_window* window, child_window* beside = nullptr) override;
+    void bring_to_front(child_window& window) override;
     child_window* active_child() const override;
     void open_document(const std::filesystem::path& path) override { opened_.push_back(path); }
     void end_program() override { ++ended_; }

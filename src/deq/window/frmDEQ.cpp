@@ -11,9 +11,9 @@
 #include "desktop/look.h"
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
+#include "desktop/wrapping_row.h"
 #include "shell/window/frmSolution.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 
 #include <atomic>
@@ -74,9 +74,8 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
 QWidget* frmDEQ::build_range()
 {
     auto* range = new QWidget(this);
-    auto* row = new QHBoxLayout(range);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(line_unit(*this) / 2);
+    auto* row = new wrapping_row(line_unit(*this) / 2);
+    range->setLayout(row);
     const int digits = 12;
     const auto add_field = [&](const QString& caption, const char* name, const QString& tip, auto changed,
                                auto finished) {
@@ -85,8 +84,7 @@ QWidget* frmDEQ::build_range()
         connect(field, &QLineEdit::editingFinished, this, finished);
         auto* label = new QLabel(caption);
         label->setBuddy(field);
-        row->addWidget(label);
-        row->addWidget(field);
+        row->add_together({label, field});
         switch_off_in_run(field);
         return field;
     };
@@ -96,16 +94,14 @@ QWidget* frmDEQ::build_range()
         add_field(tr("f&rom"), "txtInitVal", tr("Its initial value"), &frmDEQ::range_Change, &frmDEQ::update_num_vars);
     txtFinalVal_ =
         add_field(tr("t&o"), "txtFinalVal", tr("Its final value"), &frmDEQ::range_Change, &frmDEQ::update_num_vars);
-    row->addStretch(1);
     return range;
 }
 
 QWidget* frmDEQ::build_options()
 {
     auto* options = new QWidget(this);
-    auto* row = new QHBoxLayout(options);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(line_unit(*this));
+    auto* row = new wrapping_row(line_unit(*this));
+    options->setLayout(row);
     const auto add_box = [&](const QString& caption, const char* name, const QString& tip) {
         auto* box = named(new QCheckBox(caption), name);
         box->setToolTip(tip);
@@ -237,7 +233,7 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
     if (!outcome.has_report || !wish.report) return;
-    show_new_report(context(), deq_report(problem, outcome, store, context().clock.today(), wish.comments),
+    show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
                     problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
 }
 

@@ -255,7 +255,7 @@ void frmLEQ::solve()
 
 void frmLEQ::show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number)
 {
-    show_new_report(context(), leq_report(problem, outcome, context().clock.today()), problem.content.title,
+    show_new_report(context(), *this, leq_report(problem, outcome, context().clock.today()), problem.content.title,
                     QStringLiteral("Linear Equations Solution #%1").arg(number));
 }
 

@@ -5,6 +5,7 @@
 #include "desktop/look.h"
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
+#include "desktop/wrapping_row.h"
 #include "nle/nle_kind.h"
 #include "nle/nle_report.h"
 #include "nle/nle_samples.h"
@@ -12,7 +13,6 @@
 #include "nle/window/frmNleNE.h"
 #include "shell/window/frmSolution.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 
 #include <algorithm>
@@ -68,9 +68,8 @@ frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
 QWidget* frmNLE::build_bounds()
 {
     auto* bounds = new QWidget(this);
-    auto* row = new QHBoxLayout(bounds);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(line_unit(*this) / 2);
+    auto* row = new wrapping_row(line_unit(*this) / 2);
+    bounds->setLayout(row);
     const int digits = 12;
     const auto add_field = [&](const QString& caption, const char* label_name, const char* name, const QString& tip) {
         auto* field = new problem_field(digits, name, tip);
@@ -78,8 +77,7 @@ QWidget* frmNLE::build_bounds()
         connect(field, &QLineEdit::editingFinished, this, &frmNLE::update_num_vars);
         auto* label = named(new QLabel(caption), label_name);
         label->setBuddy(field);
-        row->addWidget(label);
-        row->addWidget(field);
+        row->add_together({label, field});
         switch_off_in_run(field);
         return field;
     };
@@ -87,15 +85,13 @@ QWidget* frmNLE::build_bounds()
         add_field(tr("&Lower bound"), "lblLower", "txtnle_min_ini_guess", tr("Where the search for roots begins"));
     txtnle_max_ini_guess_ =
         add_field(tr("&Upper bound"), "lblUpper", "txtnle_max_ini_guess", tr("Where the search for roots ends"));
-    row->addSpacing(line_unit(*this) / 2);
-
     chkGraph_ = named(new QCheckBox, "chkGraph");
     auto* label = named(new QLabel(tr("Graph")), "lblGraph");
     for (QWidget* part : std::initializer_list<QWidget*>{chkGraph_, label}) {
         part->setEnabled(false);
         part->setToolTip(tr("Graphs of the search come with a later version."));
-        row->addWidget(part);
     }
+    row->add_together({chkGraph_, label});
     chkGraph_->setAccessibleName(tr("Graph"));
     return bounds;
 }
@@ -150,8 +146,8 @@ void frmNLE::solve()
 void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number)
 {
     if (!show_end_of_run(outcome.stopped, outcome.boxes) || !outcome.has_report) return;
-    show_new_report(context(), nle_report(problem, outcome, store, context().clock.today()), problem.content.title,
-                    QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
+    show_new_report(context(), *this, nle_report(problem, outcome, store, context().clock.today()),
+                    problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
 }
 
 } // namespace kelvarin

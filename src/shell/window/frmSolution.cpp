@@ -13,6 +13,8 @@
 #include <QPagedPaintDevice>
 #include <QVBoxLayout>
 
+#include <ranges>
+
 namespace kelvarin
 {
 
@@ -96,6 +98,15 @@ QList<QMenu*> frmSolution::menus()
     return {report_menu_, edit_menu_, frame.window_menu(), frame.help_menu()};
 }
 
+void frmSolution::set_problem(problem_window& problem)
+{
+    problem_ = &problem;
+    // Whether it can be solved again depends on the problem.
+    connect(&problem, &problem_window::state_changed, this, &frmSolution::state_changed);
+    // Queued: the windows around both may be in the middle of their destruction.
+    connect(&problem, &QObject::destroyed, this, &frmSolution::state_changed, Qt::QueuedConnection);
+}
+
 void frmSolution::update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title)
 {
     changed_ = changed;
@@ -146,6 +157,8 @@ bool frmSolution::can(window_command which) const
         return true;
     case window_command::copy:
         return txtSolution_->textCursor().hasSelection();
+    case window_command::solve:
+        return problem_ && problem_->can(which);
     default:
         return document_window::can(which);
     }
@@ -159,6 +172,10 @@ void frmSolution::perform(window_command which)
         break;
     case window_command::select_all:
         txtSolution_->selectAll();
+        break;
+    case window_command::solve:
+        context().frame.bring_to_front(*problem_);
+        problem_->perform(which);
         break;
     default:
         document_window::perform(which);
@@ -218,12 +235,33 @@ bool frmSolution::write_file(const std::filesystem::path& path, int filter_index
     return true;
 }
 
-void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption)
+void show_new_report(desktop_context& context, problem_window& problem, std::string rich_text, const std::string& title,
+                     const QString& caption)
 {
+    problem.reports().push_back({caption, title, std::move(rich_text), nullptr});
+    show_report_again(context, problem, problem.reports().size() - 1);
+}
+
+void show_report_again(desktop_context& context, problem_window& problem, std::size_t index)
+{
+    problem_report& report = problem.reports().at(index);
+    if (report.window) return context.frame.bring_to_front(*report.window);
     auto* solution = new frmSolution(context);
-    solution->update_prog_sol(true, {}, title);
-    solution->show_report(std::move(rich_text), caption);
-    context.frame.show_child(solution, true);
+    report.window = solution;
+    solution->set_problem(problem);
+    solution->update_prog_sol(true, {}, report.title);
+    solution->show_report(report.rich_text, report.caption);
+    context.frame.show_child(solution, &problem);
+}
+
+void close_older_reports(problem_window& problem)
+{
+    bool is_last = true;
+    for (const problem_report& report : problem.reports() | std::views::reverse) {
+        if (!report.window) continue;
+        if (!is_last) report.window->close_with_frame();
+        is_last = false;
+    }
 }
 
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path)

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "desktop/document_window.h"
+#include "desktop/problem_window.h"
 #include "shell/report/rich_text.h"
 #include "shell/window/report_format.h"
 #include "shell/window/report_view.h"
 
+#include <QPointer>
+
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,6 +33,10 @@ public:
     void show_report(std::string rich_text, const QString& caption);
     /// Shows a plain text in the fixed-width font.
     void show_text(std::string text, const QString& caption);
+
+    /// The problem that the report is about.
+    void set_problem(problem_window& problem);
+    problem_window* its_problem() override { return problem_; }
 
     /// The rich text as it is saved.
     const std::string& rich_text() const { return rich_text_; }
@@ -57,6 +65,7 @@ private:
     void copy();
     std::string content_as(report_format format) const;
 
+    QPointer<problem_window> problem_;
     std::string rich_text_;
     /// The text of a file that was opened as plain text; nullopt for rich text.
     std::optional<std::string> given_text_;
@@ -72,7 +81,14 @@ private:
 };
 
 /// Shows the report of a run in a new window beside its problem; the frame owns the window.
-void show_new_report(desktop_context& context, std::string rich_text, const std::string& title, const QString& caption);
+void show_new_report(desktop_context& context, problem_window& problem, std::string rich_text, const std::string& title,
+                     const QString& caption);
+
+/// Shows a report of `problem` (an index of its list) again: activates its window, or opens a new one.
+void show_report_again(desktop_context& context, problem_window& problem, std::size_t index);
+
+/// Closes the windows of all reports of `problem` but the last open one.
+void close_older_reports(problem_window& problem);
 
 /// Opens a report or text file in a new window, which the frame owns. Returns the box if the file can't be read.
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path);

@@ -2,6 +2,7 @@
 // The real windows under a window manager: what has the keys, what the wheel changes, what is in sight.
 #include "app/frmMDIKelvarin.h"
 #include "desktop/commands.h"
+#include "nle/window/frmNLE.h"
 #include "support/robot.h"
 #include "support/scratch_folder.h"
 
@@ -128,6 +129,30 @@ TEST(ProgramOnScreen, ALoneToolHasTheKeysAgainBehindItsHelp)
     robot(tool).click("cmdHelp");
     answering.stop();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&tool));
+}
+
+TEST(ProgramOnScreen, AReportGivesRoomAndKeysBackToItsProblem)
+{
+    running_program program;
+    program.start();
+    program.show();
+    program.window->action(window_command::new_nle)->trigger();
+    auto& problem = dynamic_cast<frmNLE&>(*program.window->active_child());
+    problem.load_sample(1);
+    const auto has_keys = [](const QWidget& window) {
+        return wait_until([&] { return window.isAncestorOf(QApplication::focusWidget()); });
+    };
+    for (int run = 0; run < 2; ++run) {
+        robot::press(Qt::Key_F5);
+        ASSERT_TRUE(
+            wait_until([&] { return program.window->active_child()->objectName() == QLatin1String("frmSolution"); }));
+        child_window& report = *program.window->active_child();
+        EXPECT_TRUE(has_keys(report));
+        EXPECT_FALSE(problem.parentWidget()->geometry().intersects(report.parentWidget()->geometry()));
+        robot::press(Qt::Key_W, Qt::ControlModifier);
+        EXPECT_TRUE(has_keys(problem));
+        EXPECT_TRUE(problem.parentWidget()->isMaximized());
+    }
 }
 
 TEST(ProgramOnScreen, TheWheelPassesOverEveryChoiceThatHasNoFocus)

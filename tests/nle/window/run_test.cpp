@@ -78,7 +78,8 @@ TEST(Runs, StayAliveStopByEscAndChangeNothing)
     ASSERT_TRUE(wait_until([&] { return !desk.window.is_running(); }, 60000));
     // One evaluation under the sanitizers, with room for a busy machine.
     EXPECT_LT(stopping.elapsed(), 5000);
-    EXPECT_EQ(desk.person.find<QStatusBar>("stbNLE").currentMessage(), "Solution stopped.");
+    EXPECT_EQ(desk.person.text("notice"), "Solution stopped.");
+    EXPECT_TRUE(desk.person.is_shown("panel_1")) << "it covers nothing";
     EXPECT_EQ(desk.frame.children().size(), 1u);
     EXPECT_EQ(desk.content(), before);
     EXPECT_TRUE(desk.person.is_enabled("cmdRun"));

@@ -9,13 +9,6 @@
 namespace kelvarin
 {
 
-namespace
-{
-
-constexpr int message_time_ms = 8000;
-
-} // namespace
-
 equation_window::equation_window(desktop_context& context, const problem_kind& kind) : problem_window(context, kind) {}
 
 equation_window::~equation_window()
@@ -151,13 +144,13 @@ bool equation_window::ready_to_run()
 {
     if (is_running()) return false;
     take_over_typing();
-    panels_->clearMessage();
+    panels_->show_notice({});
     return true;
 }
 
 bool equation_window::show_end_of_run(bool stopped, const std::vector<message_box>& boxes)
 {
-    if (stopped) panels_->showMessage(tr("Solution stopped."), message_time_ms);
+    if (stopped) panels_->show_notice(tr("Solution stopped."));
     return !stopped && show_boxes(boxes);
 }
 

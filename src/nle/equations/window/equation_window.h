@@ -123,9 +123,9 @@ protected:
 
 private:
     QBoxLayout* build_title_row();
-    QBoxLayout* build_button_row(const equation_window_parts& parts);
+    QLayout* build_button_row(const equation_window_parts& parts);
     QWidget* build_run_place();
-    QBoxLayout* build_options_row(const equation_window_parts& parts);
+    QLayout* build_options_row(const equation_window_parts& parts);
     void build_edit_menu(const equation_window_parts& parts);
     QMenu* build_solution_menu();
     QMenu* build_examples_menu();

@@ -6,6 +6,7 @@
 #include "desktop/link_label.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "desktop/wrapping_row.h"
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/equation_window.h"
 #include "nle/equations/window/problem_status.h"
@@ -87,10 +88,9 @@ QBoxLayout* equation_window::build_title_row()
     return row;
 }
 
-QBoxLayout* equation_window::build_button_row(const equation_window_parts& parts)
+QLayout* equation_window::build_button_row(const equation_window_parts& parts)
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(line_unit(*this) / 2);
+    auto* row = new wrapping_row(line_unit(*this) / 2);
     cmdNewImplicit_ = make_button(parts.new_implicit_caption, parts.new_implicit_name, parts.new_implicit_tip);
     cmdNewEquation_ = make_button(tr("&Add EE"), "cmdNewEquation", tr("New explicit equation"));
     cmdEdit_ = make_button(tr("Edit"), "cmdEdit", tr("Change the equation (Enter)"));
@@ -101,13 +101,10 @@ QBoxLayout* equation_window::build_button_row(const equation_window_parts& parts
                  make_arrow(Qt::DownArrow, "cmdUpDwn_1", tr("Move down"))};
     for (QToolButton* button : cmdUpDwn_)
         row->addWidget(button);
-    row->addSpacing(line_unit(*this));
-    row->addWidget(build_run_place(), 1);
+    row->addWidget(build_run_place());
     // All buttons get the height of the tallest one.
     for (QPushButton* button : {cmdNewImplicit_, cmdNewEquation_, cmdEdit_, cmdRemove_, cmdRun_})
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
-    light_ = new traffic_light(this);
-    row->insertWidget(row->count() - 1, light_);
     return row;
 }
 
@@ -117,6 +114,9 @@ QWidget* equation_window::build_run_place()
     auto* area = new QWidget;
     auto* row = new QHBoxLayout(area);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(line_unit(*this) / 2);
+    light_ = new traffic_light(area);
+    row->addWidget(light_);
     lblMissing_ = named(new link_label, "lblMissing");
     row->addWidget(lblMissing_, 1);
     row->addStretch();
@@ -125,19 +125,24 @@ QWidget* equation_window::build_run_place()
     return area;
 }
 
-QBoxLayout* equation_window::build_options_row(const equation_window_parts& parts)
+QLayout* equation_window::build_options_row(const equation_window_parts& parts)
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(line_unit(*this));
+    auto* row = new wrapping_row(line_unit(*this));
     if (parts.below_grid) row->addWidget(parts.below_grid);
-    row->addStretch(1);
     chkComments_ = named(new QCheckBox(tr("&Comments")), "chkComments");
     chkComments_->setToolTip(tr("Show the column of comments"));
     chkComments_->setChecked(true);
-    row->addWidget(chkComments_);
     cmdShowallvars_ = make_button(tr("Show list of variables"), "cmdShowallvars",
                                   tr("Which variables there are, and what is missing"));
-    row->addWidget(cmdShowallvars_);
+    // At the right edge, on whichever line.
+    auto* at_right = new QWidget;
+    auto* showing = new QHBoxLayout(at_right);
+    showing->setContentsMargins(0, 0, 0, 0);
+    showing->setSpacing(line_unit(*this));
+    showing->addStretch();
+    showing->addWidget(chkComments_);
+    showing->addWidget(cmdShowallvars_);
+    row->addWidget(at_right);
     return row;
 }
 

@@ -21,6 +21,12 @@ problem_status::problem_status(QWidget* parent) : QStatusBar(parent), message_(n
     }
     message_->setObjectName(QStringLiteral("panel_3"));
     addWidget(message_, 1);
+    // Not showMessage, which would hide the panels.
+    notice_ = new QLabel(this);
+    notice_->setObjectName(QStringLiteral("notice"));
+    addPermanentWidget(notice_);
+    notice_timer_.setSingleShot(true);
+    connect(&notice_timer_, &QTimer::timeout, notice_, &QLabel::clear);
     connect(message_, &link_label::name_clicked, this, &problem_status::name_clicked);
 }
 
@@ -32,6 +38,13 @@ void problem_status::show_panels(const std::array<std::string, 3>& texts, const 
     for (const std::string& name : names)
         links.append(to_qstring(name));
     message_->show_text(to_qstring(texts.back()), links);
+}
+
+void problem_status::show_notice(const QString& text)
+{
+    constexpr int notice_time_ms = 8000;
+    notice_->setText(text);
+    notice_timer_.start(notice_time_ms);
 }
 
 QString problem_status::panel_text(int panel) const

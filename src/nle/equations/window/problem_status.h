@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <array>
 #include <string>
@@ -27,6 +28,8 @@ public:
     void show_panels(const std::array<std::string, 3>& texts, const std::vector<std::string>& names);
     /// The full text of a panel (from 1), before it is elided or turned into links.
     QString panel_text(int panel) const;
+    /// Shows a text beside the panels for some seconds.
+    void show_notice(const QString& text);
 
 signals:
     void name_clicked(const QString& name);
@@ -34,6 +37,8 @@ signals:
 private:
     std::array<QLabel*, 2> counts_{};
     link_label* message_ = nullptr;
+    QLabel* notice_ = nullptr;
+    QTimer notice_timer_;
 };
 
 } // namespace kelvarin
