@@ -125,6 +125,11 @@ deq_run_card deq_run_card_of(const deq_content& content, const deq_outcome& outc
 {
     deq_run_card card;
     if (!outcome.has_report) {
+        if (outcome.stopped && outcome.points.row_count() > 0) {
+            card.counts = "Stopped at " + place_text(outcome, outcome.statistics.x) + ", with " +
+                          count_text(static_cast<std::int64_t>(outcome.points.row_count()), "point", "points") +
+                          " stored.";
+        }
         advise_on_stiffness(outcome, card.advice);
         advise_on_failure(outcome, card.advice);
         return card;

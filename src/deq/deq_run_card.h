@@ -12,7 +12,7 @@ namespace kelvarin
 /// What the window says about a run beside its report.
 struct deq_run_card
 {
-    /// Steps, evaluations, step lengths and time; empty if there is no report.
+    /// Steps, evaluations, step lengths and time, or how far a stopped run came; else empty.
     std::string counts;
     /// What to doubt in the result or in the problem, and what to try; a sentence or two each.
     std::vector<std::string> advice;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "deq/window/frmDEQ.h"
 
+#include "deq/deq_accuracy.h"
 #include "deq/deq_kind.h"
 #include "deq/deq_report.h"
 #include "deq/deq_run_card.h"
@@ -12,9 +13,12 @@
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
+#include "shell/window/frmMsg.h"
 #include "shell/window/frmSolution.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 
 #include <atomic>
 #include <memory>
@@ -45,11 +49,6 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
     pause_.setSingleShot(true);
     pause_.setInterval(typing_pause_ms);
     connect(&pause_, &QTimer::timeout, this, &frmDEQ::settle_independent);
-    lblCard_ = named(new QLabel(this), "lblCard");
-    lblCard_->setTextFormat(Qt::PlainText);
-    lblCard_->setWordWrap(true);
-    lblCard_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    lblCard_->hide();
     build_ui({.icon_name = "deq",
               .grid_name = "grdDiffEq",
               .status_name = "stbDEQ",
@@ -65,9 +64,10 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
               .listing_caption = tr("DEQ variables"),
               .above_grid = build_range(),
               .below_grid = build_options(),
-              .below_options = lblCard_});
-    connect(this, &frmDEQ::state_changed, this,
-            [this] { cmdStiff_->setVisible(is_running() && alerts_->stiffness_suspected); });
+              .below_options = build_card()});
+    mnuCheckAccuracy_ = named(solution_menu()->addAction(tr("Check &accuracy"), this, &frmDEQ::mnuCheckAccuracy_Click),
+                              "mnuCheckAccuracy");
+    connect(this, &frmDEQ::state_changed, this, &frmDEQ::show_run_state);
     document_changed();
 }
 
@@ -124,6 +124,25 @@ QWidget* frmDEQ::build_options()
         row->addWidget(in_run);
     }
     return options;
+}
+
+QWidget* frmDEQ::build_card()
+{
+    auto* card = new QWidget(this);
+    auto* row = new QHBoxLayout(card);
+    row->setContentsMargins(0, 0, 0, 0);
+    lblCard_ = named(new QLabel, "lblCard");
+    lblCard_->setTextFormat(Qt::PlainText);
+    lblCard_->setWordWrap(true);
+    lblCard_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    cmdCopyPoints_ = make_button(tr("Copy points"), "cmdCopyPoints",
+                                 tr("Copy the points of the last run in full precision, for a spreadsheet"));
+    connect(cmdCopyPoints_, &QPushButton::clicked, this, &frmDEQ::cmdCopyPoints_Click);
+    row->addWidget(lblCard_, 1);
+    row->addWidget(cmdCopyPoints_);
+    lblCard_->hide();
+    cmdCopyPoints_->hide();
+    return card;
 }
 
 equation_status frmDEQ::analyse() const
@@ -213,6 +232,7 @@ void frmDEQ::solve()
     const run_wish wish = {++solution_counter, chkReport_->isChecked(), comments_shown()};
     alerts_ = std::make_shared<deq_run_alerts>();
     stiff_wanted_ = false;
+    points_ = {};
     show_card({}, {});
     start_run(
         [input, alerts = alerts_](run_listener& listener) {
@@ -228,6 +248,7 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     if (is_closing()) return;
     // The offer answers the boxes of an abort.
     if (outcome.stopped && stiff_wanted_) return solve_by_stiff_method();
+    points_ = outcome.points;
     const deq_run_card card = deq_run_card_of(problem.content, outcome);
     show_card(card.counts, card.advice);
     if (!show_boxes(outcome.boxes)) return;
@@ -266,6 +287,31 @@ void frmDEQ::show_card(const std::string& counts, const std::vector<std::string>
         lines.append(to_qstring(each));
     lblCard_->setText(lines.join(QLatin1Char('\n')));
     lblCard_->setVisible(!lines.isEmpty());
+    cmdCopyPoints_->setVisible(points_.row_count() > 0);
+}
+
+void frmDEQ::show_run_state()
+{
+    cmdStiff_->setVisible(is_running() && alerts_ && alerts_->stiffness_suspected);
+    mnuCheckAccuracy_->setEnabled(!is_running() && can_solve());
+}
+
+void frmDEQ::cmdCopyPoints_Click()
+{
+    context().user.copy_text(to_qstring(tab_separated_text(points_)));
+}
+
+void frmDEQ::mnuCheckAccuracy_Click()
+{
+    if (!ready_to_run() || !can_solve()) return;
+    const auto input =
+        std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
+    start_run([input](run_listener& listener) { return check_accuracy(input->problem, input->store, listener); },
+              [this](const deq_accuracy& accuracy) {
+                  if (is_closing() || !show_boxes(accuracy.boxes) || !accuracy.has_report) return;
+                  auto* shown = new frmMsg(this);
+                  shown->display_msg(tr("Accuracy"), accuracy_text(accuracy));
+              });
 }
 
 } // namespace kelvarin

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class QAction;
 class QLabel;
 class QPushButton;
 
@@ -58,6 +59,7 @@ private:
 
     QWidget* build_range();
     QWidget* build_options();
+    QWidget* build_card();
     void txtIndVar_Change();
     void range_Change();
     /// Takes over the name of the independent variable, or shows the refusal and restores the old name.
@@ -67,6 +69,10 @@ private:
     void offer_stiff_method(deq_method method);
     void solve_by_stiff_method();
     void cmdStiff_Click();
+    void cmdCopyPoints_Click();
+    void mnuCheckAccuracy_Click();
+    /// Shows what the present state of the run allows.
+    void show_run_state();
     void show_card(const std::string& counts, const std::vector<std::string>& advice);
 
     deq_problem problem_;
@@ -82,6 +88,10 @@ private:
     /// Shown during a run that seems to be stiff.
     QPushButton* cmdStiff_ = nullptr;
     QLabel* lblCard_ = nullptr;
+    QPushButton* cmdCopyPoints_ = nullptr;
+    QAction* mnuCheckAccuracy_ = nullptr;
+    /// Of the last run, whether it came to its end or not.
+    named_columns points_;
     std::shared_ptr<deq_run_alerts> alerts_;
     /// The running offer of the stiff method was taken.
     bool stiff_wanted_ = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/named_columns.h"
 
+#include "platform/text_file.h"
+
 #include <array>
 #include <cassert>
 #include <charconv>
@@ -35,6 +37,25 @@ void append_number(std::string& text, double number)
     text.append(digits.data(), end);
 }
 
+/// A line of names, each appended by `append`, then the rows.
+std::string separated_text(const named_columns& table, char separator, void (*append)(std::string&, std::string_view))
+{
+    std::string text;
+    for (std::size_t i = 0; i < table.names.size(); ++i) {
+        if (i > 0) text += separator;
+        append(text, table.names[i]);
+    }
+    text += '\n';
+    for (std::size_t row = 0; row < table.row_count(); ++row) {
+        for (std::size_t i = 0; i < table.column_count(); ++i) {
+            if (i > 0) text += separator;
+            append_number(text, table.columns[i][row]);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
 } // namespace
 
 void named_columns::add_row(std::span<const double> row)
@@ -46,20 +67,12 @@ void named_columns::add_row(std::span<const double> row)
 
 std::string csv_text(const named_columns& table)
 {
-    std::string text;
-    for (std::size_t i = 0; i < table.names.size(); ++i) {
-        if (i > 0) text += ',';
-        append_name(text, table.names[i]);
-    }
-    text += '\n';
-    for (std::size_t row = 0; row < table.row_count(); ++row) {
-        for (std::size_t i = 0; i < table.column_count(); ++i) {
-            if (i > 0) text += ',';
-            append_number(text, table.columns[i][row]);
-        }
-        text += '\n';
-    }
-    return text;
+    return separated_text(table, ',', append_name);
+}
+
+std::string tab_separated_text(const named_columns& table)
+{
+    return separated_text(table, '\t', [](std::string& text, std::string_view name) { text += field_text(name); });
 }
 
 } // namespace kelvarin

@@ -36,5 +36,7 @@ struct named_columns
 /// decimal point and the fewest digits that read back as the same double; numbers that are not finite are empty fields.
 /// Names with a comma, a quotation mark or a line end are quoted (RFC 4180).
 std::string csv_text(const named_columns& table);
+/// The same with tabs between the fields, for the clipboard; tabs and line ends in names become blanks.
+std::string tab_separated_text(const named_columns& table);
 
 } // namespace kelvarin

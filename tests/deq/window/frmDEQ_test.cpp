@@ -292,6 +292,26 @@ TEST(DifferentialRuns, AreStoppedWithoutAWordWhenTheWindowCloses)
     EXPECT_THAT(desk.user.questions(), IsEmpty());
 }
 
+TEST(DifferentialRuns, LeaveTheirPointsAndCheckTheirAccuracy)
+{
+    deq_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(slow_problem));
+    EXPECT_FALSE(desk.person.is_shown("cmdCopyPoints"));
+    ASSERT_NO_FATAL_FAILURE(start_slow_run(desk));
+    desk.user.expect_box("Calculations aborted.");
+    desk.user.expect_question("Would you like to solve this problem using the Stiff method ?", user_answer::no);
+    robot::press(Qt::Key_Escape);
+    ASSERT_TRUE(wait_until([&] { return !desk.window.is_running() && desk.user.is_done(); }, 60000));
+    EXPECT_THAT(desk.person.text("lblCard"), testing::StartsWith("Stopped at t = "));
+    desk.person.click("cmdCopyPoints");
+    EXPECT_THAT(desk.user.copied_text().toStdString(), testing::StartsWith("t\ty\n0\t0\n"));
+
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(decay_file));
+    desk.choose("Solution", "mnuCheckAccuracy");
+    QWidget& shown = test::top_window("frmMsg");
+    EXPECT_THAT(robot(shown).text("txtMsg"), HasSubstr("RKF56 at a tenth of the tolerance, by RKF45"));
+}
+
 TEST(DifferentialDialogs, ShowARefusalInItsFieldAndStayOpen)
 {
     struct row

@@ -20,6 +20,7 @@ TEST(NamedColumns, AreWrittenAsCommaSeparatedValues)
     table.add_row(std::array{0.0, 0.1, -1e300});
     table.add_row(std::array{1.0, std::nan(""), 1.0 / 3});
     EXPECT_EQ(csv_text(table), "t,\"a,b\",\"say \"\"x\"\"\"\n0,0.1,-1e+300\n1,,0.3333333333333333\n");
+    EXPECT_EQ(tab_separated_text(named_columns({"a\tb", "c,d"})), "a b\tc,d\n");
 }
 
 RC_GTEST_PROP(NamedColumns, EveryNumberReadsBackToTheSameBits, (std::uint64_t bits))

@@ -107,6 +107,7 @@ protected:
     const equation_table& equations() const { return const_cast<equation_window*>(this)->equations(); }
     int equation_count() const { return static_cast<int>(equations().rows().size()); }
     bool comments_shown() const { return chkComments_->isChecked(); }
+    QMenu* solution_menu() const { return solution_menu_; }
 
     /// Takes over what is being typed. Returns false if a run is under way.
     bool ready_to_run();
