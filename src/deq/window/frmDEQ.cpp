@@ -4,7 +4,6 @@
 #include "deq/deq_accuracy.h"
 #include "deq/deq_kind.h"
 #include "deq/deq_report.h"
-#include "deq/deq_run_card.h"
 #include "deq/deq_samples.h"
 #include "deq/window/frmDeqDE.h"
 #include "deq/window/frmDeqEE.h"
@@ -156,6 +155,8 @@ void frmDEQ::show_fields()
     txtIndVar_->show_text(problem_.content().independent);
     txtInitVal_->show_text(problem_.content().initial_value);
     txtFinalVal_->show_text(problem_.content().final_value);
+    // What was said of a run holds for the problem as it was then.
+    if (!lblCard_->isHidden() && problem_.content() != card_content_) clear_card();
 }
 
 void frmDEQ::txtIndVar_Change()
@@ -232,8 +233,7 @@ void frmDEQ::solve()
     const run_wish wish = {++solution_counter, chkReport_->isChecked(), comments_shown()};
     alerts_ = std::make_shared<deq_run_alerts>();
     stiff_wanted_ = false;
-    points_ = {};
-    show_card({}, {});
+    clear_card();
     start_run(
         [input, alerts = alerts_](run_listener& listener) {
             return run_deq(input->problem, input->store, listener, steady_seconds, alerts.get());
@@ -249,8 +249,7 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     // The offer answers the boxes of an abort.
     if (outcome.stopped && stiff_wanted_) return solve_by_stiff_method();
     points_ = outcome.points;
-    const deq_run_card card = deq_run_card_of(problem.content, outcome);
-    show_card(card.counts, card.advice);
+    show_card(problem.content, deq_run_card_of(problem.content, outcome));
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
     if (!outcome.has_report || !wish.report) return;
@@ -279,15 +278,22 @@ void frmDEQ::cmdStiff_Click()
     perform(window_command::stop);
 }
 
-void frmDEQ::show_card(const std::string& counts, const std::vector<std::string>& advice)
+void frmDEQ::show_card(const deq_content& content, const deq_run_card& card)
 {
+    card_content_ = content;
     QStringList lines;
-    if (!counts.empty()) lines.append(to_qstring(counts));
-    for (const std::string& each : advice)
+    if (!card.counts.empty()) lines.append(to_qstring(card.counts));
+    for (const std::string& each : card.advice)
         lines.append(to_qstring(each));
     lblCard_->setText(lines.join(QLatin1Char('\n')));
     lblCard_->setVisible(!lines.isEmpty());
-    cmdCopyPoints_->setVisible(points_.row_count() > 0);
+    cmdCopyPoints_->setVisible(!lines.isEmpty() && points_.row_count() > 0);
+}
+
+void frmDEQ::clear_card()
+{
+    points_ = {};
+    show_card({}, {});
 }
 
 void frmDEQ::show_run_state()
@@ -306,6 +312,7 @@ void frmDEQ::mnuCheckAccuracy_Click()
     if (!ready_to_run() || !can_solve()) return;
     const auto input =
         std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
+    alerts_.reset();
     start_run([input](run_listener& listener) { return check_accuracy(input->problem, input->store, listener); },
               [this](const deq_accuracy& accuracy) {
                   if (is_closing() || !show_boxes(accuracy.boxes) || !accuracy.has_report) return;

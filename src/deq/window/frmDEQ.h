@@ -3,6 +3,7 @@
 
 #include "deq/deq_problem.h"
 #include "deq/deq_run.h"
+#include "deq/deq_run_card.h"
 #include "nle/equations/window/equation_window.h"
 
 #include <QCheckBox>
@@ -73,7 +74,8 @@ private:
     void mnuCheckAccuracy_Click();
     /// Shows what the present state of the run allows.
     void show_run_state();
-    void show_card(const std::string& counts, const std::vector<std::string>& advice);
+    void show_card(const deq_content& content, const deq_run_card& card);
+    void clear_card();
 
     deq_problem problem_;
     /// Runs while a refused name of the independent variable stands in its field.
@@ -90,8 +92,9 @@ private:
     QLabel* lblCard_ = nullptr;
     QPushButton* cmdCopyPoints_ = nullptr;
     QAction* mnuCheckAccuracy_ = nullptr;
-    /// Of the last run, whether it came to its end or not.
+    /// The points of the last run, and its problem.
     named_columns points_;
+    deq_content card_content_;
     std::shared_ptr<deq_run_alerts> alerts_;
     /// The running offer of the stiff method was taken.
     bool stiff_wanted_ = false;

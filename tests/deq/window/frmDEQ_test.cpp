@@ -307,6 +307,7 @@ TEST(DifferentialRuns, LeaveTheirPointsAndCheckTheirAccuracy)
     EXPECT_THAT(desk.user.copied_text().toStdString(), testing::StartsWith("t\ty\n0\t0\n"));
 
     ASSERT_NO_FATAL_FAILURE(desk.open_text(decay_file));
+    EXPECT_FALSE(desk.person.is_shown("lblCard")) << "it is about another problem";
     desk.choose("Solution", "mnuCheckAccuracy");
     QWidget& shown = test::top_window("frmMsg");
     EXPECT_THAT(robot(shown).text("txtMsg"), HasSubstr("RKF56 at a tenth of the tolerance, by RKF45"));
