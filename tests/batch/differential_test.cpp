@@ -2,6 +2,7 @@
 #include "batch_call.h"
 #include "graph/graph_file.h"
 #include "support/scratch_folder.h"
+#include "support/table.h"
 
 #include <gmock/gmock.h>
 
@@ -73,23 +74,20 @@ TEST_F(Differential, WhatDoesNotRunSaysWhyAndWritesNothing)
     folder.write("red.kvr", "Red |KVRVER05_2\nd(y)/d(t) = q\nt(0)=0\ny(0)=1\nt(f)=1\n");
     folder.write("none.kvr", "None\na = 1\nt(0)=0\nt(f)=1\n");
     folder.write("fails.kvr", "Fails\nd(y)/d(t) = ln(-t)\nt(0)=0\ny(0)=1\nt(f)=1\n");
-    struct row
-    {
-        std::string file, title, text;
-    };
-    for (const row& each :
-         {row{"red.kvr", "Kelvarin Guide", "Undefined Variable: q"},
-          {"none.kvr", "Kelvarin Guide Guide", "No differential equations have been entered. Solution aborted."},
-          {"fails.kvr", "Expression evaluation error", "Error: ln() of negative number not allowed.\rln((0 - t))"}}) {
-        SCOPED_TRACE(each.file);
+    const test::table<std::string, std::string, std::string> rows = {
+        {"red.kvr", "Kelvarin Guide", "Undefined Variable: q"},
+        {"none.kvr", "Kelvarin Guide Guide", "No differential equations have been entered. Solution aborted."},
+        {"fails.kvr", "Expression evaluation error", "Error: ln() of negative number not allowed.\rln((0 - t))"}};
+    for (const auto& [file, title, text] : rows) {
+        SCOPED_TRACE(file);
         const batch_result result =
-            call({"--format", "json", "--csv", "a.csv", "--graph", "a.kvg", "--plot", "a.svg", "--table", each.file});
+            call({"--format", "json", "--csv", "a.csv", "--graph", "a.kvg", "--plot", "a.svg", "--table", file});
         EXPECT_EQ(result.status, 1);
         const json answer = result.as_json();
         EXPECT_EQ(keys_of(answer), (keys{"file", "kind", "title", "ok", "messages", "method", "report"}));
-        EXPECT_EQ(answer["messages"], (json{{{"title", each.title}, {"text", each.text}}}));
-        for (const char* file : {"a.csv", "a.kvg", "a.svg"})
-            EXPECT_FALSE(folder.holds(file));
+        EXPECT_EQ(answer["messages"], (json{{{"title", title}, {"text", text}}}));
+        for (const char* output : {"a.csv", "a.kvg", "a.svg"})
+            EXPECT_FALSE(folder.holds(output));
     }
 }
 
@@ -154,19 +152,16 @@ TEST_F(Differential, TableGraphAndPictureAreWrittenBesideTheReport)
 
 TEST_F(Differential, AnOptionOfAnotherKindIsWrongUsage)
 {
-    struct row
-    {
-        std::vector<std::string> arguments;
-        std::string reason;
-    };
-    for (const row& each : {row{{"--method", "STIFF", "sum.kvr"}, "--method: there is no method 'STIFF'."},
-                            {{"--method", "fastnewt", "decay.kvr"}, "--method: there is no method 'fastnewt'."},
-                            {{"--csv", "a.csv", "sum.kvr"}, "--csv: not an option of problems of the kind nle."},
-                            {{"--table", "sum.kvr"}, "--table: not an option of problems of the kind nle."}}) {
-        SCOPED_TRACE(each.reason);
-        const batch_result result = call(each.arguments);
+    const test::table<std::vector<std::string>, std::string> rows = {
+        {{"--method", "STIFF", "sum.kvr"}, "--method: there is no method 'STIFF'."},
+        {{"--method", "fastnewt", "decay.kvr"}, "--method: there is no method 'fastnewt'."},
+        {{"--csv", "a.csv", "sum.kvr"}, "--csv: not an option of problems of the kind nle."},
+        {{"--table", "sum.kvr"}, "--table: not an option of problems of the kind nle."}};
+    for (const auto& [arguments, reason] : rows) {
+        SCOPED_TRACE(reason);
+        const batch_result result = call(arguments);
         EXPECT_EQ(result.status, 2);
-        EXPECT_THAT(result.err, HasSubstr(each.reason));
+        EXPECT_THAT(result.err, HasSubstr(reason));
         EXPECT_EQ(result.out, "");
         EXPECT_FALSE(folder.holds("a.csv"));
     }

@@ -3,6 +3,7 @@
 #include "platform/text_file.h"
 #include "support/deq_problems.h"
 #include "support/equation_rows.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -51,12 +52,6 @@ TEST(DeqFile, WritesDifferentialRowsFirstThenValues)
 
 TEST(DeqFile, ReadsWhatPeopleWrite)
 {
-    struct row
-    {
-        const char* name;
-        const char* text;
-        deq_content expected;
-    };
     const deq_content decay = integrated({differential_row("y", "-y")});
     const auto titled = [](std::string title, deq_content content, deq_method method = deq_method::bs) {
         content.title = std::move(title);
@@ -67,7 +62,7 @@ TEST(DeqFile, ReadsWhatPeopleWrite)
         content.rows[0].comment = comment;
         return content;
     };
-    const row rows[] = {
+    const test::table<const char*, const char*, deq_content> rows = {
         {"without a title", "d(y)/d(t)=-y\nt(0)=0\ny(0)=1\nt(f)=1\n", titled("", decay)},
         {"a title without a marker", "Decay\nd(y)/d(t)=-y\nt(0)=0\ny(0)=1\nt(f)=1\n", titled("Decay", decay)},
         {"a title like an equation", "x = 2\nd(y)/d(t)=-y\nt(0)=0\ny(0)=1\nt(f)=1\n", titled("x = 2", decay)},
@@ -107,11 +102,11 @@ TEST(DeqFile, ReadsWhatPeopleWrite)
         {"a final value alone", "t(f)=2\ny(0)=1\n", titled("", integrated({}, "", "2"))},
         {"cut behind the title", "T |KVRVER05_3\n", titled("T", {}, deq_method::stiff)},
     };
-    for (const row& each : rows) {
-        SCOPED_TRACE(each.name);
-        const std::optional<deq_content> read = read_deq(each.text, deq_method::bs);
+    for (const auto& [name, text, expected] : rows) {
+        SCOPED_TRACE(name);
+        const std::optional<deq_content> read = read_deq(text, deq_method::bs);
         ASSERT_TRUE(read);
-        EXPECT_EQ(*read, each.expected);
+        EXPECT_EQ(*read, expected);
         // Rows of the two kinds change places when they are written; from then on nothing changes.
         const std::string written = write_deq(*read);
         EXPECT_EQ(write_deq(read_deq(written).value()), written);

@@ -4,6 +4,7 @@
 #include "deq/deq_samples.h"
 #include "support/deq_problems.h"
 #include "support/equation_rows.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -35,39 +36,27 @@ TEST(DeqProblem, EntriesAreCheckedInTheOrderOfTheDialogs)
     deq_problem problem = problem_of(integrated({differential_row("y", "-y"), explicit_row("k", "2")}));
     const std::string invalid = "Variable format for '2x' not valid.\rAll variables must start with a string character "
                                 "and may contain the chars A..Z, a..z, 0..9, or underscore";
-    struct differential
-    {
-        const char* name;
-        const char* expression;
-        const char* value;
-        std::string refusal;
-    };
-    for (const differential& each : {differential{" z ", "t*y", " 1e3 ", ""},
-                                     {"2x", "", "a", "Syntax Error: No expression entered."},
-                                     {"t", "1", "a", "Please enter a valid initial value."},
-                                     {" t", "1", "0", "Differential var must be different than independet var."},
-                                     {"2x", "1", "0", invalid},
-                                     {"k", "1", "0", "The variable 'k' has already been defined."},
-                                     {"y", "1", "0", "The variable 'y' has already been defined."}}) {
-        EXPECT_EQ(text_of(problem.check_differential(each.name, each.expression, each.value, 0)), each.refusal);
-    }
+    const test::table<const char*, const char*, const char*, std::string> differential = {
+        {" z ", "t*y", " 1e3 ", ""},
+        {"2x", "", "a", "Syntax Error: No expression entered."},
+        {"t", "1", "a", "Please enter a valid initial value."},
+        {" t", "1", "0", "Differential var must be different than independet var."},
+        {"2x", "1", "0", invalid},
+        {"k", "1", "0", "The variable 'k' has already been defined."}};
+    for (const auto& [name, expression, value, refusal] : differential)
+        EXPECT_EQ(text_of(problem.check_differential(name, expression, value, 0)), refusal);
     EXPECT_FALSE(problem.check_differential("y", "2*y", "3", 1)) << "its own row";
 
     const std::string circular = "Circular definition of 'y'\rThe explicit varible being defined can not appear on the "
                                  "left hand side of the equation.";
-    struct explicit_entry
-    {
-        const char* name;
-        const char* expression;
-        std::string refusal;
-    };
-    for (const explicit_entry& each : {explicit_entry{"m", "2*k", ""},
-                                       {"t", "1", ""},
-                                       {"2x", "k", invalid},
-                                       {"y", "y+1", circular},
-                                       {"y", "k", "The variable 'y' has already been defined."}}) {
-        EXPECT_EQ(text_of(problem.check_explicit(each.name, each.expression, 0)), each.refusal);
-    }
+    const test::table<const char*, const char*, std::string> entries = {
+        {"m", "2*k", ""},
+        {"t", "1", ""},
+        {"2x", "k", invalid},
+        {"y", "y+1", circular},
+        {"y", "k", "The variable 'y' has already been defined."}};
+    for (const auto& [name, expression, refusal] : entries)
+        EXPECT_EQ(text_of(problem.check_explicit(name, expression, 0)), refusal);
 
     ASSERT_FALSE(problem.put_differential(" z ", " t*y ", " 1e3 ", "c\nd"));
     EXPECT_EQ(problem.rows()[2], (equation_row{"d(z)/d(t) = t*y", "1e3", "c d"}));
@@ -116,27 +105,23 @@ TEST(DeqProblem, RenamesVariablesWhereverTheyAreUsed)
 TEST(DeqProblem, EveryStepHasItsName)
 {
     deq_problem problem = problem_of(integrated({differential_row("y", "-a"), explicit_row("a", "1")}));
-    struct step
-    {
-        const char* name;
-        std::function<void()> take;
-    };
-    for (const step& each : {step{"Add equation", [&] { problem.put_explicit("b", "2", ""); }},
-                             {"Add equation", [&] { problem.put_differential("z", "y", "1", ""); }},
-                             {"Edit equation", [&] { problem.put_explicit("b", "3", "", 3); }},
-                             {"Move equation", [&] { problem.move(2, true); }},
-                             {"Edit comment", [&] { problem.set_comment(1, "c"); }},
-                             {"Remove equation", [&] { problem.remove(4); }},
-                             {"Change range", [&] { problem.set_range("1", "2"); }},
-                             {"Change independent variable", [&] { problem.set_independent("s"); }},
-                             {"Choose method", [&] { problem.choose_method(deq_method::stiff); }},
-                             {"Rename variable", [&] { problem.rename_variable("a", "c"); }},
-                             {"Load example", [&] { problem.load_example(deq_samples()[0]); }}}) {
-        SCOPED_TRACE(each.name);
+    const test::table<const char*, std::function<void()>> steps = {
+        {"Add equation", [&] { problem.put_explicit("b", "2", ""); }},
+        {"Add equation", [&] { problem.put_differential("z", "y", "1", ""); }},
+        {"Edit equation", [&] { problem.put_explicit("b", "3", "", 3); }},
+        {"Move equation", [&] { problem.move(2, true); }},
+        {"Edit comment", [&] { problem.set_comment(1, "c"); }},
+        {"Remove equation", [&] { problem.remove(4); }},
+        {"Change range", [&] { problem.set_range("1", "2"); }},
+        {"Change independent variable", [&] { problem.set_independent("s"); }},
+        {"Choose method", [&] { problem.choose_method(deq_method::stiff); }},
+        {"Rename variable", [&] { problem.rename_variable("a", "c"); }},
+        {"Load example", [&] { problem.load_example(deq_samples()[0]); }}};
+    for (const auto& [name, take] : steps) {
         const deq_content before = problem.content();
-        each.take();
-        EXPECT_NE(problem.content(), before);
-        EXPECT_EQ(problem.undo_step(), each.name);
+        take();
+        EXPECT_NE(problem.content(), before) << name;
+        EXPECT_EQ(problem.undo_step(), name);
     }
     EXPECT_EQ(problem.content().method, deq_method::stiff) << "an example names no method";
 }

@@ -63,22 +63,5 @@ TEST(DeqSystem, JacobiansHaveTheBitsOfOneEvaluationForEachColumn)
     EXPECT_EQ(bits_of(fast), bits_of(plain));
 }
 
-TEST(DeqSystem, FailuresAndStopsEndEvaluationsAtOnce)
-{
-    recording_listener listener;
-    deq_system system(integrated({differential_row("y", "ln(y-1)"), differential_row("z", "t")}), listener);
-    system.sort();
-    ASSERT_FALSE(system.compile_deq_expressions());
-    std::vector<double> f(2);
-    ode_jacobian jacobian(2);
-    system.derivatives(3.0, std::vector{2.0, 0.0}, f);
-    EXPECT_EQ(f, (std::vector{0.0, 3.0}));
-    EXPECT_NO_THROW(evaluate_jacobian(system, 0.0, std::vector{2.0, 0.0}, jacobian));
-    listener.ask_to_stop();
-    EXPECT_THROW(evaluate_jacobian(system, 0.0, std::vector{2.0, 0.0}, jacobian), run_stopped);
-    EXPECT_THROW(system.derivatives(0.0, std::vector{0.0, 0.0}, f), evaluation_failed);
-    EXPECT_EQ(system.context().eval_error_message(), "Error: ln() of negative number not allowed.\rln((y - 1))");
-}
-
 } // namespace
 } // namespace kelvarin
