@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QStyle>
 
 #include <algorithm>
 #include <ranges>
@@ -44,7 +45,9 @@ std::optional<QRect> report_places::make_room_beside(QMdiSubWindow& problem)
 {
     const QRect whole = area_.viewport()->rect();
     const int least = area_.fontMetrics().averageCharWidth() * least_letters;
-    const int least_of_problem = problem.minimumSizeHint().width();
+    // As a maximised window has no frame, the hint of the subwindow itself may be too small.
+    const int frame = area_.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &problem);
+    const int least_of_problem = problem.widget()->minimumSizeHint().width() + 2 * frame;
     if (whole.width() < least_of_problem + least) return std::nullopt;
     // A window that the user has placed stays there if it leaves enough room.
     const QRect before = problem.geometry();

@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPointer>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QTimer>
 #include <QWidget>
@@ -88,6 +89,7 @@ private:
     {
         if (event.type() == QEvent::Show) shown(window);
         if (event.type() == QEvent::Hide) hidden(window);
+        if (event.type() == QEvent::Resize && was_exposed_) resized(static_cast<const QResizeEvent&>(event));
     }
 
     void shown(QWidget& window)
@@ -101,6 +103,15 @@ private:
         if (!window.windowHandle()) return;
         handle_ = window.windowHandle();
         handle_->installEventFilter(this);
+    }
+
+    /// A window that grows by itself, because it shows more, must not grow out of the screen.
+    void resized(const QResizeEvent& event)
+    {
+        const QSize grown = event.size().expandedTo(event.oldSize());
+        if (first_place_ || !event.oldSize().isValid() || grown == event.oldSize()) return;
+        asked_ = event.oldSize();
+        frame_timer_.start(0);
     }
 
     void hidden(const QWidget& window)

@@ -21,7 +21,8 @@ std::vector<rectangle> screen_places();
 frame_margins usual_frame(const registry_store& registry);
 
 /// Restores size and position of a top-level window each time it is shown, and stores them under its object name each
-/// time it is hidden. It stays on the screen with its frame. `registry` must outlive the window; the caller flushes it.
+/// time it is hidden. It stays on the screen with its frame, also when it grows by itself. `registry` must outlive the
+/// window; the caller flushes it.
 void remember_place(registry_store& registry, QWidget& window);
 
 /// Shows a window first at `place`, moved or reduced so that it is on the screen with its frame. Its position is stored

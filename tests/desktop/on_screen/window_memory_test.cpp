@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -116,8 +117,21 @@ TEST(PlacesOnScreen, AWindowThatNeedsMoreRoomThanItWasGivenIsMovedIn)
     content->setMinimumSize(600, 560);
     layout->addWidget(content);
     const auto shown = shown_window(registry, std::move(window), rectangle{300, 250, 400, 300});
-    EXPECT_TRUE(wait_until([&] { return screen().contains(outer_place(*shown)); }))
-        << outer_place(*shown).bottom();
+    EXPECT_TRUE(wait_until([&] { return screen().contains(outer_place(*shown)); })) << outer_place(*shown).bottom();
+}
+
+TEST(PlacesOnScreen, AWindowThatShowsMoreDoesNotGrowOutOfTheScreen)
+{
+    memory_registry registry;
+    const auto window = shown_window(registry, std::make_unique<QWidget>());
+    window->windowHandle()->setFramePosition({200, 300});
+    EXPECT_TRUE(wait_until([&] { return outer_place(*window).topLeft() == QPoint(200, 300); }));
+    for (const int height : {500, 2000}) {
+        window->resize(300, height);
+        EXPECT_TRUE(wait_until([&] { return screen().contains(outer_place(*window)); }))
+            << outer_place(*window).bottom();
+        EXPECT_GE(window->height(), std::min(height, screen().height() - 60));
+    }
 }
 
 } // namespace
