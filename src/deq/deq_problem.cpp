@@ -7,7 +7,6 @@
 #include "expr/basParse.h"
 #include "platform/text_file.h"
 
-#include <array>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -47,18 +46,13 @@ std::optional<message_box> independent_refusal(std::string_view name, std::span<
 
 } // namespace
 
-deq_problem::deq_problem() : value_document(deq_format) {}
+deq_problem::deq_problem() : equation_document(deq_format) {}
 
 bool deq_problem::is_blank() const
 {
     deq_content nothing;
     nothing.method = content().method;
     return content() == nothing && path().empty();
-}
-
-deq_problem::refusal deq_problem::may_add() const
-{
-    return check_room(content().rows.size());
 }
 
 deq_problem::refusal deq_problem::check_differential(std::string_view name, std::string_view expression,
@@ -93,31 +87,6 @@ deq_problem::refusal deq_problem::put_explicit(std::string_view name, std::strin
 {
     if (refusal refused = check_explicit(name, expression, row)) return refused;
     return put(make_explicit_row(name, expression, comment), row);
-}
-
-deq_problem::refusal deq_problem::put(equation_row next, int row)
-{
-    return take_rows(row > 0 ? "Edit equation" : "Add equation", put_row(content().rows, std::move(next), row));
-}
-
-deq_problem::refusal deq_problem::remove(int row)
-{
-    return take_rows("Remove equation", remove_rows(content().rows, std::array{row}));
-}
-
-bool deq_problem::move(int row, bool up)
-{
-    std::optional<std::vector<equation_row>> moved = move_rows(content().rows, std::array{row}, up);
-    if (!moved) return false;
-    take_rows("Move equation", std::move(*moved));
-    return true;
-}
-
-void deq_problem::set_comment(int row, std::string_view comment)
-{
-    std::vector<equation_row> rows = content().rows;
-    rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(comment);
-    take_rows("Edit comment", std::move(rows));
 }
 
 deq_problem::refusal deq_problem::set_independent(std::string_view name)
@@ -163,15 +132,6 @@ void deq_problem::load_example(deq_content example)
 {
     example.method = content().method;
     change_to_example(std::move(example));
-}
-
-deq_problem::refusal deq_problem::take_rows(std::string_view step, edited_rows edited)
-{
-    if (message_box* refused = std::get_if<message_box>(&edited)) return std::move(*refused);
-    deq_content next = content();
-    next.rows = std::get<std::vector<equation_row>>(std::move(edited));
-    change(step, std::move(next));
-    return std::nullopt;
 }
 
 } // namespace kelvarin

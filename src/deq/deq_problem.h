@@ -3,14 +3,10 @@
 
 #include "deq/deq_analysis.h"
 #include "deq/deq_content.h"
-#include "nle/equations/equation_table.h"
-#include "nle/equations/row_edits.h"
+#include "nle/equations/equation_document.h"
 #include "platform/message_box.h"
-#include "shell/document/value_document.h"
 
 #include <filesystem>
-#include <span>
-#include <string>
 #include <string_view>
 
 namespace kelvarin
@@ -19,18 +15,15 @@ namespace kelvarin
 /// A differential problem as a document. Every operation that is refused returns the box to show and changes nothing.
 /// Undo names its steps "Add equation", "Edit equation", "Remove equation", "Move equation", "Edit comment", "Change
 /// title", "Change independent variable", "Change range", "Choose method", "Rename variable", "Load example".
-class deq_problem final : public value_document<deq_content>, public equation_table
+class deq_problem final : public equation_document<deq_content>
 {
 public:
     deq_problem();
 
     /// Whether there is no row, title, range or file; the method alone is not worth saving.
     bool is_blank() const override;
-    int equation_count() const { return static_cast<int>(content().rows.size()); }
     deq_analysis analyse() const { return analyse_deq(content()); }
 
-    std::span<const equation_row> rows() const override { return content().rows; }
-    refusal may_add() const override;
     /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the texts are
     /// those of the fields. A box about the expression has a place in that field's text.
     refusal check_differential(std::string_view name, std::string_view expression, std::string_view value,
@@ -42,9 +35,6 @@ public:
                              std::string_view comment, int row = 0);
     refusal put_explicit(std::string_view name, std::string_view expression, std::string_view comment, int row = 0);
 
-    refusal remove(int row) override;
-    bool move(int row, bool up) override;
-    void set_comment(int row, std::string_view comment) override;
     /// Sets the field of the independent variable and writes its name into every differential row; right sides are not
     /// changed. Refused if a row defines that name. Successive changes, as they come with every key typed, make one
     /// step of undo.
@@ -60,11 +50,6 @@ public:
     void load_example(deq_content example);
 
     refusal open_deq(const std::filesystem::path& path) { return open(path); }
-
-private:
-    refusal put(equation_row next, int row);
-    /// Replaces the rows as a step of undo, or returns the box if the edit was refused.
-    refusal take_rows(std::string_view step, edited_rows edited);
 };
 
 } // namespace kelvarin

@@ -29,16 +29,11 @@ constexpr content_format<nle_content> nle_format = {
 
 } // namespace
 
-nle_problem::nle_problem() : value_document(nle_format) {}
+nle_problem::nle_problem() : equation_document(nle_format) {}
 
 bool nle_problem::is_blank() const
 {
     return content().rows.empty() && content().title.empty() && path().empty();
-}
-
-nle_problem::refusal nle_problem::may_add() const
-{
-    return check_room(content().rows.size());
 }
 
 nle_problem::refusal nle_problem::check_implicit(std::string_view name, std::string_view expression,
@@ -77,31 +72,6 @@ nle_problem::refusal nle_problem::put_explicit(std::string_view name, std::strin
     return put(make_explicit_row(name, expression, comment), row);
 }
 
-nle_problem::refusal nle_problem::put(equation_row next, int row)
-{
-    return take_rows(row > 0 ? "Edit equation" : "Add equation", put_row(content().rows, std::move(next), row));
-}
-
-nle_problem::refusal nle_problem::remove(int row)
-{
-    return take_rows("Remove equation", remove_rows(content().rows, std::array{row}));
-}
-
-bool nle_problem::move(int row, bool up)
-{
-    std::optional<std::vector<equation_row>> moved = move_rows(content().rows, std::array{row}, up);
-    if (!moved) return false;
-    take_rows("Move equation", std::move(*moved));
-    return true;
-}
-
-void nle_problem::set_comment(int row, std::string_view comment)
-{
-    std::vector<equation_row> rows = content().rows;
-    rows.at(static_cast<std::size_t>(row - 1)).comment = one_line(comment);
-    take_rows("Edit comment", std::move(rows));
-}
-
 void nle_problem::set_bounds(std::string_view lower, std::string_view upper)
 {
     nle_content next = content();
@@ -125,13 +95,9 @@ void nle_problem::load_example(nle_content example)
     change_to_example(without_unused_bounds(std::move(example)));
 }
 
-nle_problem::refusal nle_problem::take_rows(std::string_view step, edited_rows edited)
+nle_content nle_problem::after_row_edit(nle_content edited) const
 {
-    if (message_box* refused = std::get_if<message_box>(&edited)) return std::move(*refused);
-    nle_content next = content();
-    next.rows = std::get<std::vector<equation_row>>(std::move(edited));
-    change(step, without_unused_bounds(std::move(next)));
-    return std::nullopt;
+    return without_unused_bounds(std::move(edited));
 }
 
 } // namespace kelvarin

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "nle/equations/equation_table.h"
-#include "nle/equations/row_edits.h"
+#include "nle/equations/equation_document.h"
 #include "nle/nle_analysis.h"
 #include "nle/nle_content.h"
 #include "platform/message_box.h"
-#include "shell/document/value_document.h"
 
 #include <filesystem>
-#include <span>
-#include <string>
 #include <string_view>
 
 namespace kelvarin
@@ -19,18 +15,15 @@ namespace kelvarin
 /// A nonlinear problem as a document. Every operation that is refused returns the box to show and changes nothing. Undo
 /// names its steps "Add equation", "Edit equation", "Remove equation", "Move equation", "Edit comment", "Change title",
 /// "Change bounds", "Choose method", "Rename variable", "Load example".
-class nle_problem final : public value_document<nle_content>, public equation_table
+class nle_problem final : public equation_document<nle_content>
 {
 public:
     nle_problem();
 
     /// Whether there is no row, no title and no file; the method alone is not worth saving.
     bool is_blank() const override;
-    int equation_count() const { return static_cast<int>(content().rows.size()); }
     nle_analysis analyse() const { return analyse_nle(content()); }
 
-    std::span<const equation_row> rows() const override { return content().rows; }
-    refusal may_add() const override;
     /// The checks of the entry dialogs for a new row (row 0) or the replacement of row `row` (from 1); the texts are
     /// those of the fields. A box about the expression has a place in that field's text.
     refusal check_implicit(std::string_view name, std::string_view expression, std::string_view guess, int row) const;
@@ -41,9 +34,6 @@ public:
                          std::string_view comment, int row = 0);
     refusal put_explicit(std::string_view name, std::string_view expression, std::string_view comment, int row = 0);
 
-    refusal remove(int row) override;
-    bool move(int row, bool up) override;
-    void set_comment(int row, std::string_view comment) override;
     /// Successive changes, as they come with every key typed, make one step of undo.
     void set_bounds(std::string_view lower, std::string_view upper);
     /// Chooses a method on the user's behalf, changing the guesses as with_method does.
@@ -57,10 +47,8 @@ public:
     refusal nles_open(const std::filesystem::path& path) { return open(path); }
 
 private:
-    refusal put(equation_row next, int row);
-    /// Replaces the rows as a step of undo and empties bounds that they don't use; or returns the box if the edit was
-    /// refused.
-    refusal take_rows(std::string_view step, edited_rows edited);
+    /// Bounds stay only where a single implicit row needs them.
+    nle_content after_row_edit(nle_content edited) const override;
 };
 
 } // namespace kelvarin

@@ -28,6 +28,24 @@ inline std::string any_text()
     return text;
 }
 
+/// One of the edits of rows that every kind has, in a third of the calls; false if none was made.
+inline bool change_rows_at_random(equation_table& problem, int row)
+{
+    switch (*rc::gen::inRange(0, 9)) {
+    case 0:
+        problem.remove(row);
+        return true;
+    case 1:
+        problem.move(row, *rc::gen::arbitrary<bool>());
+        return true;
+    case 2:
+        if (row <= static_cast<int>(problem.rows().size())) problem.set_comment(row, any_text());
+        return true;
+    default:
+        return false;
+    }
+}
+
 inline void put_example(nle_problem& problem)
 {
     problem.load_example(nle_samples()[*rc::gen::inRange<std::size_t>(0, nle_sample_count)]);
@@ -38,7 +56,8 @@ inline void change_at_random(nle_problem& problem)
     const int row = *rc::gen::inRange(1, 5);
     const auto name = *rc::gen::element<std::string>("x", "y", "a", "f", "2x");
     const auto bound = rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "p");
-    switch (*rc::gen::inRange(0, 9)) {
+    if (change_rows_at_random(problem, row)) return;
+    switch (*rc::gen::inRange(0, 6)) {
     case 0:
         problem.put_implicit(name, "x + 1", "2", *rc::gen::inRange(0, 3), any_text());
         break;
@@ -49,18 +68,9 @@ inline void change_at_random(nle_problem& problem)
         if (row <= problem.equation_count()) problem.put_explicit(name, "if (0)==x then 1 else 2", any_text(), row);
         break;
     case 3:
-        problem.remove(row);
-        break;
-    case 4:
-        problem.move(row, *rc::gen::arbitrary<bool>());
-        break;
-    case 5:
-        if (row <= problem.equation_count()) problem.set_comment(row, any_text());
-        break;
-    case 6:
         problem.set_bounds(*bound, *bound);
         break;
-    case 7:
+    case 4:
         problem.choose_method(static_cast<nle_method>(*rc::gen::inRange(0, 4)));
         break;
     default:
@@ -78,7 +88,8 @@ inline void change_at_random(deq_problem& problem)
     const int row = *rc::gen::inRange(1, 5);
     const auto name = rc::gen::element<std::string>("t", "y", "a", "d", "f", "2x");
     const auto bound = rc::gen::element<std::string>("", "1", " -2.5 ", "1E-07", "a=(0)#");
-    switch (*rc::gen::inRange(0, 10)) {
+    if (change_rows_at_random(problem, row)) return;
+    switch (*rc::gen::inRange(0, 7)) {
     case 0:
         problem.put_differential(*name, "y + 1", "2", any_text());
         break;
@@ -89,21 +100,12 @@ inline void change_at_random(deq_problem& problem)
         if (row <= problem.equation_count()) problem.put_differential(*name, "if (0)==y then 1 else 2", "3", "", row);
         break;
     case 3:
-        problem.remove(row);
-        break;
-    case 4:
-        problem.move(row, *rc::gen::arbitrary<bool>());
-        break;
-    case 5:
-        if (row <= problem.equation_count()) problem.set_comment(row, any_text());
-        break;
-    case 6:
         problem.set_range(*bound, *bound);
         break;
-    case 7:
+    case 4:
         problem.set_independent(*rc::gen::arbitrary<bool>() ? *name : any_text());
         break;
-    case 8:
+    case 5:
         problem.choose_method(static_cast<deq_method>(*rc::gen::inRange(0, 5)));
         break;
     default:

@@ -6,16 +6,11 @@ namespace kelvarin
 
 void write_rows_member(json_writer& text, std::span<const equation_row> rows)
 {
-    text.key("rows");
-    text.begin_array();
-    for (const equation_row& row : rows) {
-        text.begin_object();
+    text.member_objects("rows", rows, [&](const equation_row& row) {
         text.member("equation", row.equation);
         text.member("guess", row.guess);
         text.member("comment", row.comment);
-        text.end_object();
-    }
-    text.end_array();
+    });
 }
 
 std::vector<equation_row> read_rows_member(const json_value& object)
