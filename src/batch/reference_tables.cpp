@@ -104,17 +104,13 @@ std::string units_text(const std::vector<measurement_unit>& units)
 std::string units_json(const std::vector<measurement_unit>& units)
 {
     json_writer writer;
-    writer.begin_array();
-    for (const measurement_unit& each : units) {
-        writer.begin_object();
+    writer.objects(units, [&](const measurement_unit& each) {
         writer.member("type", each.unit_type);
         writer.member("name", each.unit_name);
         writer.member("factor", each.factor);
         writer.member("offset", each.offset);
         writer.member("note", each.unit_note);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
     return writer.take() + "\n";
 }
 

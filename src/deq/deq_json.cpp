@@ -35,31 +35,21 @@ void write_table(json_writer& writer, const named_columns& points)
 
 void write_extremes(json_writer& writer, std::span<const deq_summary_row> summary)
 {
-    writer.key("minmax");
-    writer.begin_array();
-    for (const deq_summary_row& row : summary) {
-        writer.begin_object();
+    writer.member_objects("minmax", summary, [&](const deq_summary_row& row) {
         writer.member("name", row.name);
         writer.member("initial", row.initial);
         writer.member("minimum", row.minimal);
         writer.member("maximum", row.maximal);
         writer.member("final", row.final);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
 }
 
 void write_final_values(json_writer& writer, std::span<const deq_summary_row> summary)
 {
-    writer.key("final");
-    writer.begin_array();
-    for (const deq_summary_row& row : summary.subspan(1)) {
-        writer.begin_object();
+    writer.member_objects("final", summary.subspan(1), [&](const deq_summary_row& row) {
         writer.member("name", row.name);
         writer.member("value", row.final);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
 }
 
 void write_statistics(json_writer& writer, const deq_outcome& outcome)

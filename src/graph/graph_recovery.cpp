@@ -94,15 +94,10 @@ std::string graph_recovery_text(const graph_content& graph)
     for (const bool visible : graph.curve_visible)
         text.value(visible);
     text.end_array();
-    text.key("functions");
-    text.begin_array();
-    for (const graph_function& function : graph.functions) {
-        text.begin_object();
+    text.member_objects("functions", graph.functions, [&](const graph_function& function) {
         text.member("text", function.text);
         text.member("visible", function.visible);
-        text.end_object();
-    }
-    text.end_array();
+    });
     text.member("marker_size", graph.marker_size);
     text.member("x_labels", static_cast<int>(graph.x_labels));
     text.member("y_labels", static_cast<int>(graph.y_labels));

@@ -17,15 +17,11 @@ namespace
 
 void write_variables(json_writer& writer, std::span<const std::string> names, std::span<const double> values)
 {
-    writer.key("variables");
-    writer.begin_array();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        writer.begin_object();
-        writer.member("name", names[i]);
-        writer.member("value", values[i]);
-        writer.end_object();
-    }
-    writer.end_array();
+    auto name = names.begin();
+    writer.member_objects("variables", values, [&](double value) {
+        writer.member("name", *name++);
+        writer.member("value", value);
+    });
 }
 
 } // namespace

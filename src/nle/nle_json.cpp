@@ -19,30 +19,20 @@ namespace
 
 void write_implicit(json_writer& writer, std::span<const implicit_result> results)
 {
-    writer.key("implicit");
-    writer.begin_array();
-    for (const implicit_result& result : results) {
-        writer.begin_object();
+    writer.member_objects("implicit", results, [&](const implicit_result& result) {
         writer.member("name", result.name);
         writer.member("value", result.value);
         writer.member("residual", result.residual);
         writer.member("guess", result.guess);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
 }
 
 void write_explicit(json_writer& writer, std::span<const explicit_result> results)
 {
-    writer.key("explicit");
-    writer.begin_array();
-    for (const explicit_result& result : results) {
-        writer.begin_object();
+    writer.member_objects("explicit", results, [&](const explicit_result& result) {
         writer.member("name", result.name);
         writer.member("value", result.value);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
 }
 
 void write_solution(json_writer& writer, const nle_solution& solution)
@@ -65,14 +55,8 @@ struct result_keys
 
     void operator()(const nle_single_result& single) const
     {
-        writer.key("solutions");
-        writer.begin_array();
-        for (const nle_solution& root : single.roots) {
-            writer.begin_object();
-            write_solution(writer, root);
-            writer.end_object();
-        }
-        writer.end_array();
+        writer.member_objects("solutions", single.roots,
+                              [&](const nle_solution& root) { write_solution(writer, root); });
         writer.key("scan");
         writer.begin_object();
         write_scan_column(single.scan, "x", 0);

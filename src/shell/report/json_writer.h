@@ -46,6 +46,24 @@ public:
         value(content);
     }
 
+    /// An array with an object for each item; `write_members(item)` writes the members of one.
+    template <class Items, class Write> void objects(const Items& items, Write write_members)
+    {
+        begin_array();
+        for (const auto& item : items) {
+            begin_object();
+            write_members(item);
+            end_object();
+        }
+        end_array();
+    }
+    template <class Items, class Write>
+    void member_objects(std::string_view name, const Items& items, Write write_members)
+    {
+        key(name);
+        objects(items, write_members);
+    }
+
     void reserve(std::size_t bytes) { text_.reserve(bytes); }
     /// Takes the text; complete once everything that was begun has ended.
     std::string take() { return std::move(text_); }

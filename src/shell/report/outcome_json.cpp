@@ -15,15 +15,10 @@ void begin_answer(json_writer& writer, std::string_view file, std::string_view k
 void write_ending(json_writer& writer, bool ok, std::span<const message_box> boxes)
 {
     writer.member("ok", ok);
-    writer.key("messages");
-    writer.begin_array();
-    for (const message_box& box : boxes) {
-        writer.begin_object();
+    writer.member_objects("messages", boxes, [&](const message_box& box) {
         writer.member("title", box.title);
         writer.member("text", box.text);
-        writer.end_object();
-    }
-    writer.end_array();
+    });
 }
 
 } // namespace kelvarin
