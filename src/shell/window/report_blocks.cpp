@@ -3,6 +3,7 @@
 
 #include "desktop/qt_text.h"
 #include "platform/run_time_text.h"
+#include "shell/window/report_cells.h"
 #include "shell/window/report_document.h"
 
 #include <algorithm>
@@ -21,12 +22,6 @@ struct column_range
     qsizetype from = 0;
     qsizetype to = 0;
 };
-
-bool is_fixed_width(const styled_line& line)
-{
-    return !line.empty() &&
-           std::ranges::all_of(line, [](const styled_run& run) { return run.family == font_class::monospace; });
-}
 
 /// The line with its tabs, whose stops are at every eighth column, replaced by blanks.
 styled_line without_tabs(const styled_line& line)

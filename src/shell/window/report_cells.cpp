@@ -23,11 +23,6 @@ std::string text_of(const styled_line& line)
     return text;
 }
 
-bool is_fixed_width(const styled_line& line)
-{
-    return std::ranges::all_of(line, [](const styled_run& run) { return run.family == font_class::monospace; });
-}
-
 /// Splits at single blanks.
 std::vector<std::string_view> words_of(std::string_view text)
 {
@@ -103,6 +98,14 @@ bool is_table(std::span<const styled_line> lines)
 }
 
 } // namespace
+
+bool is_fixed_width(const styled_line& line)
+{
+    const auto fixed = [](const styled_run& run) { return run.family == font_class::monospace; };
+    return std::ranges::any_of(line, fixed) && std::ranges::all_of(line, [&](const styled_run& run) {
+               return fixed(run) || run.text.find_first_not_of(' ') == std::string::npos;
+           });
+}
 
 std::vector<std::string> cells_of(const styled_line& line)
 {

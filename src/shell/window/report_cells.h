@@ -13,6 +13,9 @@
 namespace kelvarin
 {
 
+/// Whether a line is entirely in a fixed-width font; blanks in other fonts, as in front of a table's rows, don't count.
+bool is_fixed_width(const styled_line& line);
+
 /// The cells of a line. A row of a table is entirely in a fixed-width font and has at least two cells, separated by two
 /// blanks or a tab; numbers that wide signs have pushed together are cells as well. Any other line is one cell.
 std::vector<std::string> cells_of(const styled_line& line);

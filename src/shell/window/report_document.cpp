@@ -108,10 +108,7 @@ QList<QTextOption::Tab> column_tabs(const styled_line& line, const QTextCharForm
 QTextBlockFormat block_format_of(const styled_line& line, const QTextCharFormat& leading)
 {
     QTextBlockFormat format;
-    const bool fixed_width = !line.empty() && std::ranges::all_of(line, [](const styled_run& run) {
-        return run.family == font_class::monospace;
-    });
-    if (!fixed_width) return format;
+    if (!is_fixed_width(line)) return format;
     format.setNonBreakableLines(is_table_row(line));
     if (const QList<QTextOption::Tab> stops = column_tabs(line, leading); !stops.isEmpty())
         format.setTabPositions(stops);

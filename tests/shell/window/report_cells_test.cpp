@@ -45,6 +45,8 @@ TEST(ReportCells, TakesRowsOfTablesApart)
              // Numbers that wide signs push together, and a name of two words.
              {fixed("  y   1.234567 -1.234568  -1.5E-10"), {"y", "1.234567", "-1.234568", "-1.5E-10"}},
              {fixed("a b\tc"), {"a b", "c"}},
+             // A blank in front may have the font of the text around the table.
+             {{proportional(" ").front(), fixed("t     0     90").front()}, {"t", "0", "90"}},
              {fixed("  [1] f(x) = x - 2"), {"  [1] f(x) = x - 2"}},
              // Columns in another font stand by chance.
              {proportional("Two  words\tmore"), {"Two  words more"}},
