@@ -43,7 +43,18 @@ child_area::child_area(QWidget* parent) : QMdiArea(parent), reports_(new report_
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setAccessibleName(tr("Open windows"));
     take_ground();
-    connect(this, &QMdiArea::subWindowActivated, this, &child_area::front_changed);
+    connect(this, &QMdiArea::subWindowActivated, this, &child_area::frame_activated);
+}
+
+void child_area::frame_activated(const QMdiSubWindow* frame)
+{
+    // None is active while the program itself is not; its windows stand as they are.
+    if (frame) {
+        for (child_window* child : children())
+            if (child->parentWidget() != frame) child->set_in_front(false);
+        if (child_window* child = child_of(frame)) child->set_in_front(true);
+    }
+    emit front_changed();
 }
 
 void child_area::add(std::unique_ptr<child_window> window, child_window* beside)
@@ -54,6 +65,8 @@ void child_area::add(std::unique_ptr<child_window> window, child_window* beside)
     const bool fills = alone || (in_front && in_front->isMaximized());
     connect(added, &child_window::state_changed, this, [this, added] { emit child_changed(added); });
 
+    // A window that is made smaller moves the keyboard among its controls.
+    if (beside) beside->set_in_front(false);
     auto* problem = beside ? qobject_cast<QMdiSubWindow*>(beside->parentWidget()) : nullptr;
     const std::optional<QRect> place = problem ? reports_->place_for_report_of(*problem) : std::nullopt;
     QMdiSubWindow* frame = addSubWindow(window.release());

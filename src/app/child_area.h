@@ -55,6 +55,7 @@ private:
     /// The frames that are not minimised in the given order, and the part of the area above the minimised ones.
     QList<QMdiSubWindow*> shown_frames(WindowOrder order, QRect& area) const;
     static void put(const QList<QMdiSubWindow*>& frames, const QList<QRect>& places);
+    void frame_activated(const QMdiSubWindow* frame);
     void take_ground();
 
     report_places* reports_;

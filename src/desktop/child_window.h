@@ -5,6 +5,7 @@
 #include "desktop/desktop_context.h"
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -23,6 +24,7 @@ class child_window : public QWidget
 
 public:
     explicit child_window(desktop_context& context, const char* kind);
+    ~child_window() override;
 
     /// The menus shown in the main window's menu bar while this window is active; they are owned by this window or by
     /// the frame.
@@ -44,6 +46,15 @@ public:
     /// The problem that this window shows or reports on; null if there is none.
     virtual problem_window* its_problem() { return nullptr; }
 
+    /// The widget in this window that has the keyboard, or had it when the window was last in front; null if none had.
+    QWidget* focus_in_window() const;
+    /// Gives the keyboard back to a widget of this window as soon as the window is in front; does nothing for a widget
+    /// that can not take it.
+    void give_focus_to(QWidget* widget);
+    /// To be called when the window has come to the front, and when it is there no more. In the background it does not
+    /// lose the place of the keyboard to what the window system chooses meanwhile.
+    void set_in_front(bool in_front);
+
     /// Closes this window with the frame around it, unless it refuses. Returns true if it was closed.
     bool close_with_frame();
 
@@ -56,6 +67,9 @@ protected:
 
 private:
     desktop_context& context_;
+    QPointer<QWidget> last_focus_;
+    bool comes_to_front_ = false;
+    bool in_front_ = false;
 };
 
 } // namespace kelvarin

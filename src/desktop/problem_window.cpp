@@ -183,10 +183,10 @@ bool problem_window::show_boxes(const std::vector<message_box>& boxes)
 {
     const QPointer<problem_window> self(this);
     for (const message_box& box : boxes) {
-        if (box.place) mark_place(*box.place);
         context().user.show(this, box);
         // This window may have been closed while the box was shown.
         if (!self) return false;
+        if (box.place) mark_place(*box.place);
         if (box.fatal) context().frame.end_program();
     }
     return true;
@@ -299,6 +299,8 @@ void problem_window::print_pages(QPagedPaintDevice& device) const
 
 void problem_window::run_started()
 {
+    // Controls that are switched off for the run lose the keyboard to others.
+    focus_before_run_ = focus_in_window();
     enable_controls_for_run(true);
     open_here_->setEnabled(false);
     setCursor(Qt::BusyCursor);
@@ -310,6 +312,7 @@ void problem_window::run_finished()
     unsetCursor();
     enable_controls_for_run(false);
     open_here_->setEnabled(true);
+    give_focus_to(focus_before_run_);
     emit state_changed();
 }
 

@@ -135,6 +135,8 @@ private:
     QTimer recovery_timer_;
     int recovery_slot_ = 0;
     bool close_after_run_ = false;
+    /// Where the keyboard was when the run began.
+    QPointer<QWidget> focus_before_run_;
 };
 
 } // namespace kelvarin

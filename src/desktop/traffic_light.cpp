@@ -36,17 +36,27 @@ traffic_light::traffic_light(QWidget* parent)
     layout->addWidget(imgTraffic_);
     layout->addWidget(lblTraffic_);
     set_green(false, {});
-    show_lamp();
 }
 
 void traffic_light::set_green(bool green, const QString& why)
 {
     setToolTip(tip_text(why));
     setAccessibleDescription(why);
-    const QString word = green ? tr("ready") : tr("not ready");
-    if (lblTraffic_->text() == word) return;
     green_ = green;
     show_lamp();
+    show_word();
+}
+
+void traffic_light::set_solving(bool solving)
+{
+    solving_ = solving;
+    show_word();
+}
+
+void traffic_light::show_word()
+{
+    const QString word = solving_ ? tr("solving") : green_ ? tr("ready") : tr("not ready");
+    if (lblTraffic_->text() == word) return;
     lblTraffic_->setText(word);
     const QString spoken = tr("Traffic light: %1").arg(word);
     setAccessibleName(spoken);

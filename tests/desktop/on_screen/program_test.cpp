@@ -2,6 +2,7 @@
 // The real windows under a window manager: what has the keys, what the wheel changes, what is in sight.
 #include "app/frmMDIKelvarin.h"
 #include "desktop/commands.h"
+#include "desktop/problem_window.h"
 #include "nle/window/frmNLE.h"
 #include "support/robot.h"
 #include "support/scratch_folder.h"
@@ -152,6 +153,36 @@ TEST(ProgramOnScreen, AReportGivesRoomAndKeysBackToItsProblem)
         robot::press(Qt::Key_W, Qt::ControlModifier);
         EXPECT_TRUE(has_keys(problem));
         EXPECT_TRUE(problem.parentWidget()->isMaximized());
+    }
+}
+
+TEST(ProgramOnScreen, AnArrowBehindTheReportOfARunChangesNothing)
+{
+    for (const auto& [name, text] :
+         {std::pair("leq.kvr", "Three\r\n2\r\nvarsnames==a,b,c\r\n2\t1\t0\r\n1\t3\t1\r\n0\t1\t2\r\n3\t5\t3\r\n"),
+          {"nle.kvr", "Roots |KVRVER05_0\nf(x) = x^2-y #\nf(y) = x-y+1 #\nx(0)=1\ny(0)=1\n"}}) {
+        SCOPED_TRACE(name);
+        running_program program;
+        program.start();
+        program.show();
+        program.window->open_document(program.folder.write(name, text));
+        auto* problem = qobject_cast<problem_window*>(program.window->active_child());
+        ASSERT_TRUE(problem);
+        test::settle();
+        const QWidget* keyboard = QApplication::focusWidget();
+        ASSERT_TRUE(problem->isAncestorOf(keyboard));
+        const std::string before = problem->document().recovery_text();
+        robot::press(Qt::Key_F5);
+        ASSERT_TRUE(wait_until([&] { return program.window->active_child() != problem; }));
+        robot::press(Qt::Key_W, Qt::ControlModifier);
+        ASSERT_TRUE(wait_until([&] { return program.window->active_child() == problem; }));
+        test::settle();
+        EXPECT_EQ(QApplication::focusWidget(), keyboard) << QApplication::focusWidget()->objectName().toStdString()
+                                                         << " in place of " << keyboard->objectName().toStdString();
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Down})
+            robot::press(key);
+        EXPECT_EQ(problem->document().recovery_text(), before);
+        EXPECT_TRUE(problem->document().problem_saved());
     }
 }
 

@@ -102,6 +102,7 @@ void equation_window::enable_controls_for_run(bool running)
     for (QAction* item : changing_items_)
         item->setEnabled(!running);
     grid_->set_editable(!running);
+    light_->set_solving(running);
     enable_controls();
 }
 
