@@ -11,7 +11,6 @@
 #include <QApplication>
 
 #include <clocale>
-#include <cstring>
 #include <iostream>
 
 namespace kelvarin
@@ -19,25 +18,6 @@ namespace kelvarin
 
 namespace
 {
-
-constexpr const char* usage = "usage: kelvarin [FILE...]\n"
-                              "       kelvarin calc|units|const|ant\n"
-                              "Opens files, or one of the tools alone. kelvarin-solve works without windows.\n";
-
-/// Answers requests that need no window. Returns true if there was nothing else to do.
-bool answered_on_the_terminal(int argc, char** argv)
-{
-    if (argc != 2) return false;
-    if (std::strcmp(argv[1], "--version") == 0) {
-        std::cout << "kelvarin " << program_version() << "\n";
-        return true;
-    }
-    if (std::strcmp(argv[1], "--help") == 0) {
-        std::cout << usage;
-        return true;
-    }
-    return false;
-}
 
 void name_program()
 {
@@ -76,7 +56,11 @@ void show_main_window(frmMDIKelvarin& window, const start_request& request)
 
 int Main(int argc, char** argv)
 {
-    if (answered_on_the_terminal(argc, argv)) return 0;
+    const std::vector<std::string> typed(argv + (argc > 0 ? 1 : 0), argv + argc);
+    if (const std::optional<terminal_answer> answer = answer_on_terminal(typed)) {
+        (answer->status == 0 ? std::cout : std::cerr) << answer->text;
+        return answer->status;
+    }
     if (!has_screen(screen_of_environment())) {
         std::cerr << "kelvarin: there is no display to open a window on. kelvarin-solve solves problem files "
                      "without one.\n";

@@ -4,17 +4,25 @@
 #include "batch/exit_status.h"
 #include "batch/json_output.h"
 #include "platform/saver.h"
+#include "platform/text_file.h"
 
 #include <algorithm>
+#include <fstream>
 
 namespace kelvarin
 {
 
 int write_output(const std::string& place, std::string_view content, std::ostream& out, std::ostream& err)
 {
-    if (place.empty()) {
+    if (place.empty() || place == standard_stream) {
         if (out << content << std::flush) return exit_status::every_file_reported;
-        err << "Standard output can not be written.\n";
+        err << batch_program_name << ": Standard output can not be written.\n";
+        return exit_status::unusable;
+    }
+    if (is_pipe_or_device(place)) {
+        // There is nothing in it that a failure could destroy.
+        if (std::ofstream(place, std::ios::binary) << content << std::flush) return exit_status::every_file_reported;
+        err << message_lines(place, {"Error while trying to save file.", box_icon::critical});
         return exit_status::unusable;
     }
     const auto failure = save_file(place, content);

@@ -3,6 +3,7 @@
 
 #include "batch/exit_status.h"
 #include "batch/kinds/kind_answerer.h"
+#include "platform/run_time_text.h"
 #include "shell/report/rich_text.h"
 
 #include <CLI/CLI.hpp>
@@ -23,7 +24,6 @@ namespace kelvarin
 namespace
 {
 
-constexpr const char* program_name = "kelvarin-solve";
 constexpr int most_jobs = 1024;
 
 /// The options as typed.
@@ -115,13 +115,15 @@ void describe_kind_options(CLI::App& app, typed_options& typed)
 
 void describe_options(CLI::App& app, typed_options& typed)
 {
-    app.add_option("FILE", typed.files, "Problem files; their answers come in this order")->type_name("");
+    app.add_option("FILE", typed.files, "Problem files; their answers come in this order; - is standard input")
+        ->type_name("");
     describe_kind_options(app, typed);
     app.add_option("--set", typed.assignments, "Set a value of --settings for this call; may be repeated")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     app.add_option("--format", typed.format, "text (the default), rtf or json")->type_name("NAME");
-    app.add_option("-o,--output", typed.output, "Write to this file; {} in it stands for the stem of each FILE")
+    app.add_option("-o,--output", typed.output,
+                   "Write to this file; {} in it stands for the stem of each FILE; - is standard output")
         ->type_name("NAME");
     app.add_option("--kind", typed.kind,
                    keys_of_solved_kinds("or") + ": takes every FILE for a problem of that kind, whatever its name")
@@ -129,12 +131,22 @@ void describe_options(CLI::App& app, typed_options& typed)
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
-    app.add_flag("--eval", typed.eval, "Evaluate all arguments behind as calculator lines in order, as JSON");
+    app.add_flag("--eval", typed.eval,
+                 "Evaluate all arguments behind as calculator lines in order, as JSON; with --format text in front "
+                 "only the values");
     app.add_flag("--convert", typed.convert, "Convert a number: --convert 100 \"deg C\" \"deg F\" [TYPE]");
     app.add_flag("--units", typed.units, "List the units, or those that hold all words given in place of FILE");
     app.add_flag("--constants", typed.constants, "List the physical constants, or those that hold all words given");
-    app.set_version_flag("--version", std::string(program_name) + " " + std::string(program_version()));
-    app.footer("Exit status: 0 every file gave a report; 1 a run ended with a message instead, or a line\n"
+    app.set_version_flag("--version", std::string(batch_program_name) + " " + std::string(program_version()));
+    app.footer("Examples:\n"
+               "  kelvarin-solve pipe.kvr                        the report of a problem\n"
+               "  kelvarin-solve --format json *.kvr | jq '.[].ok'\n"
+               "  kelvarin-solve -o 'reports/{}.txt' a.kvr b.kvr a file for each report\n"
+               "  sed 's/^k = .*/k = 2/' reactor.kvr | kelvarin-solve -\n"
+               "  kelvarin-solve --check homework.kvr            what is still missing\n"
+               "  kelvarin-solve --format text --eval 'r = 2.5' 'pi*r^2'\n"
+               "\n"
+               "Exit status: 0 every file gave a report; 1 a run ended with a message instead, or a line\n"
                "failed; 2 wrong usage, a file that cannot be read or is not solved; 130 interrupted.");
 }
 
@@ -153,15 +165,16 @@ batch_action action_of(const typed_options& typed)
 
 output_format format_of(const typed_options& typed, batch_action action)
 {
-    const bool only_json = action == batch_action::check || action == batch_action::eval;
-    const std::string name = typed.format.empty() ? (only_json ? "json" : "text") : typed.format;
+    const bool json_by_itself = action == batch_action::check || action == batch_action::eval;
+    const std::string name = typed.format.empty() ? (json_by_itself ? "json" : "text") : typed.format;
     const std::map<std::string, output_format> names = {
         {"text", output_format::plain}, {"rtf", output_format::rtf}, {"json", output_format::object}};
     const auto found = names.find(name);
     if (found == names.end()) throw usage_error{"--format: text, rtf or json is expected, not '" + name + "'."};
-    if (only_json && found->second != output_format::object) throw usage_error{"--check and --eval give JSON only."};
+    if (action == batch_action::check && found->second != output_format::object)
+        throw usage_error{"--check gives JSON only."};
     if (action != batch_action::solve && found->second == output_format::rtf)
-        throw usage_error{"--convert, --units, --constants and --settings give text or JSON only."};
+        throw usage_error{"--eval, --convert, --units, --constants and --settings give text or JSON only."};
     return found->second;
 }
 
@@ -173,7 +186,11 @@ void assign_settings(settings& store, const std::vector<std::string>& assignment
             throw usage_error{"--set: KEY=VALUE is expected, not '" + assignment + "'."};
         const std::string key = assignment.substr(0, equal_sign);
         if (!settings::find(key)) throw usage_error{"--set: there is no setting '" + key + "'; --settings lists them."};
-        if (const auto refused = store.set_value(key, assignment.substr(equal_sign + 1)))
+        const std::string value = assignment.substr(equal_sign + 1);
+        // Stored values are lenient and read as 0 what is no number; a typing error in a script should not pass.
+        if (settings_table()[*settings::find(key)].type == setting_type::floating && !is_numeric(value))
+            throw usage_error{"--set: a number is expected, not '" + value + "' (" + key + ")."};
+        if (const auto refused = store.set_value(key, value))
             throw usage_error{refused->title + " (--set " + assignment + ")\n" + refused->text};
     }
 }
@@ -186,6 +203,9 @@ void check_files(const batch_request& request)
     if (request.action == batch_action::eval && request.lines.empty()) throw usage_error{"--eval: no line is given."};
     if (request.action == batch_action::convert && request.lines.size() < 3)
         throw usage_error{"--convert: a number and two units are expected; --units lists them."};
+
+    if (std::ranges::count(request.files, standard_stream) > 1)
+        throw usage_error{"Standard input (-) can be read only once."};
 
     const bool one_output = request.output.find("{}") == std::string::npos;
     if (request.format == output_format::rtf && request.files.size() > 1 && one_output)
@@ -212,7 +232,7 @@ std::vector<std::string> kind_outputs(const batch_request& request)
 void check_output_replaces_none(const std::string& name, const batch_request& request)
 {
     std::error_code unknown;
-    if (!std::filesystem::exists(name, unknown)) return;
+    if (name == standard_stream || !std::filesystem::exists(name, unknown)) return;
     for (const std::string& problem : request.files)
         if (std::filesystem::equivalent(name, problem, unknown))
             throw usage_error{"The output would replace the problem '" + problem + "'."};
@@ -288,7 +308,7 @@ batch_request request_of(typed_options typed, const registry_store& saved)
 
 std::string output_name(const std::string& output, const std::string& file)
 {
-    const std::string stem = std::filesystem::path(file).stem().string();
+    const std::string stem = file == standard_stream ? "stdin" : std::filesystem::path(file).stem().string();
     std::string name = output;
     for (auto place = name.find("{}"); place != std::string::npos; place = name.find("{}", place + stem.size()))
         name.replace(place, 2, stem);
@@ -303,7 +323,7 @@ std::variant<batch_request, command_line_end> read_command_line(std::span<const 
     take_lines(options, typed);
     take_conversion(options, typed);
 
-    CLI::App app("Solves problem files and prints their reports.", program_name);
+    CLI::App app("Solves problem files and prints their reports.", std::string(batch_program_name));
     describe_options(app, typed);
     try {
         std::reverse(options.begin(), options.end());

@@ -15,6 +15,11 @@
 namespace kelvarin
 {
 
+/// The program's name, with which its messages begin.
+inline constexpr std::string_view batch_program_name = "kelvarin-solve";
+/// The name of a FILE that stands for standard input, and of an output that stands for standard output.
+inline constexpr std::string_view standard_stream = "-";
+
 enum class batch_action
 {
     solve,
@@ -43,7 +48,7 @@ struct batch_request
     /// The user's settings, overridden by those of the command line.
     settings store;
     output_format format = output_format::plain;
-    /// The output file; empty for standard output. May contain `{}` for the stem of each file.
+    /// The output file; empty or "-" for standard output. May contain `{}` for the stem of each file.
     std::string output;
     /// The kind of every file, whatever its name and first lines; null if each file's kind is recognised.
     const problem_kind* kind = nullptr;
@@ -79,7 +84,7 @@ struct command_line_end
 std::variant<batch_request, command_line_end> read_command_line(std::span<const std::string> arguments,
                                                                 const registry_store& saved);
 
-/// `output` with each `{}` replaced by the file's stem.
+/// `output` with each `{}` replaced by the file's stem, "stdin" for standard input.
 std::string output_name(const std::string& output, const std::string& file);
 
 } // namespace kelvarin

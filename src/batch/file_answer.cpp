@@ -6,7 +6,6 @@
 #include "shell/report/rich_text.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <utility>
 
 namespace kelvarin
@@ -36,9 +35,9 @@ file_answer refused_answer(const std::string& file, std::string_view kind, const
 
 std::string message_lines(const std::string& file, const message_box& box)
 {
-    std::string lines = box.title + (file.empty() ? "" : " (" + file + ")") + "\n" + box.text + "\n";
-    std::replace(lines.begin() + static_cast<std::ptrdiff_t>(box.title.size()), lines.end(), '\r', '\n');
-    return lines;
+    std::string text = box.text;
+    std::ranges::replace(text, '\r', '\n');
+    return std::string(batch_program_name) + ": " + (file.empty() ? "" : file + ": ") + box.title + "\n" + text + "\n";
 }
 
 } // namespace kelvarin

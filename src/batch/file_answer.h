@@ -52,7 +52,7 @@ template <class Outcome> Outcome outcome_refused(const message_box& refusal)
     return outcome;
 }
 
-/// A box as lines: its title and the file, if there is one, then its text.
+/// A box as lines: the program, the file, if there is one, and the title, then its text.
 std::string message_lines(const std::string& file, const message_box& box);
 
 } // namespace kelvarin

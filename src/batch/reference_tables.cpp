@@ -12,6 +12,8 @@
 #include "tools/constants.h"
 #include "tools/units.h"
 
+#include <algorithm>
+
 namespace kelvarin
 {
 
@@ -43,7 +45,7 @@ int refused(const message_box& box, std::ostream& err)
 void report_faults(std::string_view name, const std::vector<data_fault>& faults, std::ostream& err)
 {
     for (const data_fault& fault : faults)
-        err << name << ", line " << fault.line << ": " << fault.reason << "\n";
+        err << batch_program_name << ": " << name << ", line " << fault.line << ": " << fault.reason << "\n";
 }
 
 /// The search words after the option as one text.
@@ -53,6 +55,16 @@ std::string words_of(const batch_request& request)
     for (const std::string& word : request.lines)
         words += word + " ";
     return words;
+}
+
+/// Writes what a search has found; if that is nothing, says so as well.
+int write_found(std::size_t count, const std::string& listing, const batch_request& request, std::ostream& out,
+                std::ostream& err)
+{
+    if (count > 0) return write_output(request.output, listing, out, err);
+    err << batch_program_name << ": Nothing is found for '" << trimmed(words_of(request)) << "'.\n";
+    if (request.format != output_format::object) return exit_status::a_run_failed;
+    return std::max<int>(exit_status::a_run_failed, write_output(request.output, listing, out, err));
 }
 
 /// The message for two units that no type has both of.
@@ -158,8 +170,8 @@ int answer_from_units(const batch_request& request, std::ostream& out, std::ostr
     report_faults(units_file_name, list.faults, err);
     if (request.action == batch_action::convert) return convert(request, list.units, out, err);
     const std::vector<measurement_unit> found = search_units(list.units, words_of(request));
-    return write_output(request.output, request.format == output_format::object ? units_json(found) : units_text(found),
-                        out, err);
+    return write_found(found.size(), request.format == output_format::object ? units_json(found) : units_text(found),
+                       request, out, err);
 }
 
 int answer_from_constants(const batch_request& request, std::ostream& out, std::ostream& err)
@@ -169,9 +181,9 @@ int answer_from_constants(const batch_request& request, std::ostream& out, std::
     const constant_list list = read_constants(file.text);
     report_faults(constants_file_name, list.faults, err);
     const std::vector<constant_group> found = search_constants(list.groups, words_of(request));
-    return write_output(request.output,
-                        request.format == output_format::object ? constants_json(found) : constants_text(found), out,
-                        err);
+    return write_found(found.size(),
+                       request.format == output_format::object ? constants_json(found) : constants_text(found), request,
+                       out, err);
 }
 
 } // namespace

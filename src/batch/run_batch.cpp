@@ -10,6 +10,7 @@
 #include "batch/reference_tables.h"
 #include "batch/settings_listing.h"
 #include "batch/solve_files.h"
+#include "platform/run_time_text.h"
 #include "tools/calculator.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
 {
     answer_printer printer(request, out, err);
     const auto file_answer_of = [&](std::size_t i, run_listener& listener) {
-        if (request.action == batch_action::check) return check_file(request.files[i], request);
+        if (request.action == batch_action::check) return check_file(request.files[i], request, listener);
         return solve_file(request.files[i], request, surroundings, listener);
     };
     ordered_answers answers(request.files.size(), request.jobs, file_answer_of, surroundings.listener);
@@ -47,13 +48,21 @@ int answer_files(const batch_request& request, std::ostream& out, std::ostream& 
 int evaluate_lines(const batch_request& request, std::ostream& out, std::ostream& err)
 {
     calculator tool;
+    const bool as_json = request.format == output_format::object;
     int status = exit_status::every_file_reported;
     std::vector<calculator_answer> answers;
+    // A line for each: what fails leaves its line empty.
+    std::string values;
     for (const std::string& line : request.lines) {
         answers.push_back(tool.solve_line(line));
-        if (!answers.back().value) status = exit_status::a_run_failed;
+        const calculator_answer& answer = answers.back();
+        values += (answer.value ? plain_text(*answer.value) : std::string()) + "\n";
+        if (answer.value) continue;
+        status = exit_status::a_run_failed;
+        if (!as_json && answer.refusal) err << message_lines(line, *answer.refusal);
     }
-    return std::max(status, write_output(request.output, calculator_json(request.lines, answers) + "\n", out, err));
+    const std::string output = as_json ? calculator_json(request.lines, answers) + "\n" : std::move(values);
+    return std::max(status, write_output(request.output, output, out, err));
 }
 
 } // namespace
@@ -64,7 +73,7 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
     const auto read = read_command_line(arguments, surroundings.saved);
     if (const auto* end = std::get_if<command_line_end>(&read)) {
         if (end->status == exit_status::every_file_reported) return write_output("", end->text, out, err);
-        err << end->text << "\nRun with --help for more information.\n";
+        err << batch_program_name << ": " << end->text << "\nRun with --help for more information.\n";
         return end->status;
     }
     const auto& request = std::get<batch_request>(read);

@@ -3,6 +3,7 @@
 
 #include "batch/kinds/kind_answerer.h"
 #include "kinds/kinds.h"
+#include "platform/run_listener.h"
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 
@@ -55,9 +56,10 @@ std::optional<message_box> option_refusal(const kind_answerer& answerer, const b
 }
 
 /// Reads and recognises a file, and calls `answer` with its kind's answerer and its text.
-template <class Answer> file_answer answer_file(const std::string& file, const batch_request& request, Answer answer)
+template <class Answer>
+file_answer answer_file(const std::string& file, const batch_request& request, run_listener& listener, Answer answer)
 {
-    text_file content = read_text_file(file);
+    text_file content = read_text_input(file, [&listener] { return listener.stop_asked(); });
     if (!content.ok()) {
         const message_box unreadable = refusal_box("The file can not be read: " + content.failure.reason);
         return refused_answer(file, recognised_document().key(), unreadable, request);
@@ -76,14 +78,14 @@ template <class Answer> file_answer answer_file(const std::string& file, const b
 file_answer solve_file(const std::string& file, const batch_request& request, const batch_surroundings& surroundings,
                        run_listener& listener)
 {
-    return answer_file(file, request, [&](const kind_answerer& answerer, const problem_text& problem) {
+    return answer_file(file, request, listener, [&](const kind_answerer& answerer, const problem_text& problem) {
         return answerer.solve(problem, request, surroundings, listener);
     });
 }
 
-file_answer check_file(const std::string& file, const batch_request& request)
+file_answer check_file(const std::string& file, const batch_request& request, run_listener& listener)
 {
-    return answer_file(file, request, [&](const kind_answerer& answerer, const problem_text& problem) {
+    return answer_file(file, request, listener, [&](const kind_answerer& answerer, const problem_text& problem) {
         return answerer.check(problem, request);
     });
 }

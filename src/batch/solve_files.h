@@ -15,6 +15,6 @@ file_answer solve_file(const std::string& file, const batch_request& request, co
                        run_listener& listener);
 
 /// Reports as JSON what is defined in a file and what is missing.
-file_answer check_file(const std::string& file, const batch_request& request);
+file_answer check_file(const std::string& file, const batch_request& request, run_listener& listener);
 
 } // namespace kelvarin

@@ -9,6 +9,7 @@
 #include <cstddef>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,14 +22,27 @@ namespace
 constexpr std::size_t largest_file = std::size_t{64} << 20;
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
-/// Reads to the end of the file into `bytes`. Returns the reason of a failure, or an empty text.
-std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes)
+/// Waits until the file can be read or has ended. Returns false if the reader no longer wants it.
+bool wait_for_bytes(const posix_file& file, const std::function<bool()>& stop_asked)
+{
+    constexpr int milliseconds_between_looks = 100;
+    pollfd watched = {file.number(), POLLIN, 0};
+    while (!stop_asked())
+        if (::poll(&watched, 1, milliseconds_between_looks) > 0) return true;
+    return false;
+}
+
+/// Reads to the end of the file into `bytes`. Returns the reason of a failure, or an empty text. `stop_asked` is null
+/// for a file that keeps nobody waiting.
+std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes,
+                     const std::function<bool()>& stop_asked = nullptr)
 {
     constexpr std::size_t step = std::size_t{64} * 1024;
     std::size_t filled = 0;
     bytes.resize(expected + 1);
     while (true) {
         if (filled == bytes.size()) bytes.resize(filled + step);
+        if (stop_asked && !wait_for_bytes(file, stop_asked)) return "interrupted";
         const ssize_t count = ::read(file.number(), bytes.data() + filled, bytes.size() - filled);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return system_reason(errno);
@@ -41,29 +55,59 @@ std::string read_all(const posix_file& file, std::size_t expected, std::string& 
     return {};
 }
 
-} // namespace
-
-text_file read_text_file(const std::filesystem::path& path)
+text_file failed(const std::filesystem::path& path, std::string reason)
 {
-    const auto failed = [&path](std::string reason) { return text_file{{}, {path, std::move(reason)}}; };
-    // Without O_NONBLOCK opening a pipe would wait for a writer.
-    const posix_file file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (!file.is_open()) return failed(system_reason(errno));
-    struct stat about
-    {
-    };
-    if (::fstat(file.number(), &about) != 0) return failed(system_reason(errno));
-    if (S_ISDIR(about.st_mode)) return failed("it is a folder");
-    if (!S_ISREG(about.st_mode)) return failed("it is no regular file");
-    const auto size = static_cast<std::size_t>(about.st_size);
-    if (size > largest_file) return failed("the file is too large");
+    return {{}, {path, std::move(reason)}};
+}
 
-    std::string bytes;
-    if (std::string reason = read_all(file, size, bytes); !reason.empty()) return failed(std::move(reason));
+text_file text_of(std::string bytes)
+{
     if (bytes.starts_with(byte_order_mark)) bytes.erase(0, byte_order_mark.size());
     text_file result;
     result.text = is_utf8(bytes) ? std::move(bytes) : to_utf8(bytes);
     return result;
+}
+
+} // namespace
+
+bool is_pipe_or_device(const std::filesystem::path& path)
+{
+    struct stat about
+    {
+    };
+    return ::stat(path.c_str(), &about) == 0 && !S_ISREG(about.st_mode) && !S_ISDIR(about.st_mode);
+}
+
+text_file read_text_file(const std::filesystem::path& path)
+{
+    // Without O_NONBLOCK opening a pipe would wait for a writer.
+    const posix_file file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!file.is_open()) return failed(path, system_reason(errno));
+    struct stat about
+    {
+    };
+    if (::fstat(file.number(), &about) != 0) return failed(path, system_reason(errno));
+    if (S_ISDIR(about.st_mode)) return failed(path, "it is a folder");
+    if (!S_ISREG(about.st_mode)) return failed(path, "it is no regular file");
+    const auto size = static_cast<std::size_t>(about.st_size);
+    if (size > largest_file) return failed(path, "the file is too large");
+
+    std::string bytes;
+    if (std::string reason = read_all(file, size, bytes); !reason.empty()) return failed(path, std::move(reason));
+    return text_of(std::move(bytes));
+}
+
+text_file read_text_input(const std::filesystem::path& path, const std::function<bool()>& stop_asked)
+{
+    const bool standard_input = path == "-";
+    if (!standard_input && !is_pipe_or_device(path)) return read_text_file(path);
+    const posix_file file(standard_input ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                         : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+    if (!file.is_open()) return failed(path, system_reason(errno));
+    std::string bytes;
+    if (std::string reason = read_all(file, 0, bytes, stop_asked); !reason.empty())
+        return failed(path, std::move(reason));
+    return text_of(std::move(bytes));
 }
 
 std::string to_utf8(std::string_view bytes)

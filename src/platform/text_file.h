@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,14 @@ struct text_file
 /// Reads a whole regular file, following links. If the bytes are not valid UTF-8 as a whole, they are read as Latin-1;
 /// a byte order mark is dropped. A folder, a device, a missing file or a file over 64 MiB is a failure.
 text_file read_text_file(const std::filesystem::path& path);
+
+/// Whether the path leads to something that is neither a file nor a folder: a pipe, a terminal or another device.
+bool is_pipe_or_device(const std::filesystem::path& path);
+
+/// read_text_file for a program at the end of a pipe: pipes and devices are read as well, and "-" is standard input.
+/// Waits for what comes; `stop_asked` is called ten times a second meanwhile, and if it returns true, that is a
+/// failure.
+text_file read_text_input(const std::filesystem::path& path, const std::function<bool()>& stop_asked);
 
 /// `bytes` if they are valid UTF-8, else the UTF-8 text of their Latin-1 reading.
 std::string to_utf8(std::string_view bytes);

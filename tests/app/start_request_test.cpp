@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/start_request.h"
 
+#include "support/scratch_folder.h"
 #include "support/table.h"
 
 #include <gtest/gtest.h>
@@ -25,10 +26,31 @@ TEST(StartRequest, TakesToolWordsOnlyAloneAndExactAndAllElseAsDocuments)
         {{"my work/a b.kvr"}, {.tool = {}, .documents = {"my work/a b.kvr"}}},
         {{"\"my work/a b.kvr\""}, {.tool = {}, .documents = {"my work/a b.kvr"}}},
         {{"\"half.kvr"}, {.tool = {}, .documents = {"\"half.kvr"}}},
+        {{"--", "calc"}, {.tool = {}, .documents = {"calc"}}},
+        {{"--", "--", "-h"}, {.tool = {}, .documents = {"--", "-h"}}},
         {{"", "\"\"", "\""}, {.tool = {}, .documents = {"\""}}},
     };
     for (const auto& [arguments, expected] : rows)
         EXPECT_EQ(read_arguments(arguments), expected) << testing::PrintToString(arguments);
+}
+
+TEST(StartRequest, AnswersOptionsOnTheTerminalUnlessTheyNameAFile)
+{
+    const test::scratch_folder folder;
+    folder.write("--odd.kvr", "");
+    const test::table<std::vector<std::string>, int> rows = {
+        {{"-h"}, 0},        {{"a.kvr", "--help"}, 0},
+        {{"--helq"}, 2},    {{"a.kvr", "--export"}, 2},
+        {{"a.kvr"}, -1},    {{"--odd.kvr"}, -1},
+        {{"--", "-h"}, -1}, {{"--platform", "offscreen"}, -1},
+        {{"-style"}, -1},   {std::vector<std::string>(), -1},
+    };
+    for (const auto& [arguments, status] : rows) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const std::optional<terminal_answer> answer = answer_on_terminal(arguments);
+        EXPECT_EQ(answer ? answer->status : -1, status);
+        EXPECT_EQ(answer && answer->text.find("usage: kelvarin [FILE...]") != std::string::npos, status >= 0);
+    }
 }
 
 TEST(StartRequest, ExpectsAScreenOnlyWhereThereIsOne)

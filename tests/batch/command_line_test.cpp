@@ -27,6 +27,9 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--method", "newton", "a.kvr"}, "there is no method 'newton'"},
         {{"--method", "0", "--method", "1", "a.kvr"}, "--method"},
         {{"--set", "newt_TOLF", "a.kvr"}, "KEY=VALUE"},
+        {{"--set", "newt_TOLF=1e-x", "a.kvr"},
+         "kelvarin-solve: --set: a number is expected, not '1e-x' (newt_TOLF).\n"},
+        {{"-", "a.kvr", "-"}, "can be read only once"},
         {{"--set", "newt_TOL=1", "a.kvr"}, "there is no setting 'newt_TOL'"},
         {{"--set", "newt_TOLF=0.2", "a.kvr"}, "Kelvarin Guide (--set newt_TOLF=0.2)\nValue must be between 0 & 0.1\n"},
         {{"--set", "newt_MAXITS=20.5", "a.kvr"}, "Only integer input is allowed."},
@@ -34,7 +37,7 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--set", "general_show_status_bar=1", "a.kvr"}, "Only Boolean input is allowed."},
         {{"--format", "pdf", "a.kvr"}, "'pdf'"},
         {{"--check", "--format", "text", "a.kvr"}, "JSON only"},
-        {{"--format", "rtf", "--eval", "1"}, "JSON only"},
+        {{"--format", "rtf", "--eval", "1"}, "text or JSON only"},
         {{"--settings", "--format", "rtf"}, "text or JSON only"},
         {{"--units", "--format", "rtf"}, "text or JSON only"},
         {{"--units", "--constants"}, "Only one of"},
@@ -111,6 +114,15 @@ TEST(CommandLine, OptionsBehindEvalAreLinesAndTheGeneratorStartsAlike)
     EXPECT_EQ(call({"--eval", "rand(1)", "rand(1)"}).out, call({"--eval", "rand(1)", "rand(1)"}).out);
 }
 
+TEST(CommandLine, EvalGivesValuesAsTextWhereThatIsWritten)
+{
+    batch_call call;
+    const batch_result result = call({"--format", "text", "--eval", "r = 2.5", "1/0", "4*r"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "2.5\n\n10\n");
+    EXPECT_THAT(result.err, testing::StartsWith("kelvarin-solve: 1/0: "));
+}
+
 TEST(CommandLine, ADoubleDashEndsTheOptions)
 {
     const scratch_folder folder;
@@ -124,7 +136,7 @@ TEST(OutputName, PutsTheStemInPlaceOfEachPairOfBraces)
     const table<std::string, std::string, std::string> rows = {
         {"{}.txt", "a.kvr", "a.txt"},        {"out/{}-{}.json", "dir/pipe.old.kvr", "out/pipe.old-pipe.old.json"},
         {"fixed.txt", "a.kvr", "fixed.txt"}, {"{}.txt", "{}.kvr", "{}.txt"},
-        {"{}", "dir/.hidden", ".hidden"},
+        {"{}", "dir/.hidden", ".hidden"},    {"{}.txt", "-", "stdin.txt"},
     };
     for (const auto& [output, file, name] : rows)
         EXPECT_EQ(output_name(output, file), name) << output;

@@ -173,7 +173,7 @@ TEST_F(Differential, AWishToStopIsToldAndWritesNothing)
     const batch_result result = call({"--csv", "a.csv", "decay.kvr"});
     EXPECT_EQ(result.status, 130);
     EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.err, "Kelvarin Guide (decay.kvr)\nCalculations aborted.\n");
+    EXPECT_EQ(result.err, "kelvarin-solve: decay.kvr: Kelvarin Guide\nCalculations aborted.\n");
     EXPECT_FALSE(folder.holds("a.csv"));
 }
 

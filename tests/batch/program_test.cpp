@@ -6,11 +6,14 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <fstream>
+#include <iterator>
 #include <thread>
 
 extern char** environ;
@@ -21,7 +24,7 @@ namespace
 {
 
 /// Starts the built program with its outputs going to files of the current folder.
-pid_t start_program(std::vector<std::string> arguments)
+pid_t start_program(std::vector<std::string> arguments, const char* input = "/dev/null")
 {
     std::string program = KELVARIN_BIN "/kelvarin-solve";
     std::vector<char*> argv = {program.data()};
@@ -31,6 +34,7 @@ pid_t start_program(std::vector<std::string> arguments)
 
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, input, O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "out", O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "err", O_WRONLY | O_CREAT | O_TRUNC, 0600);
     posix_spawnattr_t attributes;
@@ -86,6 +90,23 @@ TEST(Program, SolvesChecksAndEndsWithItsStatus)
     EXPECT_EQ(exit_status_of(start_program({})), 2);
     EXPECT_EQ(exit_status_of(start_program({"--eval", "-2^2"})), 0);
     EXPECT_EQ(json::parse(folder.read("out"))[0]["value"], -4.0);
+}
+
+TEST(Program, ReadsStandardInputAndPipesAndWritesBoth)
+{
+    const test::scratch_folder folder;
+    folder.write("sum.kvr", test::explicit_only);
+    EXPECT_EQ(exit_status_of(start_program({"--format", "json", "-o", "-", "-"}, "sum.kvr")), 0);
+    EXPECT_EQ(json::parse(folder.read("out"))["file"], "-");
+
+    // Opening a named pipe waits for the other end, which is what makes this safe.
+    ASSERT_EQ(mkfifo("problem", 0600), 0);
+    ASSERT_EQ(mkfifo("report", 0600), 0);
+    const pid_t child = start_program({"-o", "report", "problem"});
+    std::ofstream("problem") << test::explicit_only;
+    std::ifstream report("report");
+    EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(report), {}).starts_with("KELVARIN Results\n"));
+    EXPECT_EQ(exit_status_of(child), 0) << folder.read("err");
 }
 
 TEST(Program, CtrlCEndsLongRunsWithNothingWritten)

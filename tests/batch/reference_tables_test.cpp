@@ -15,10 +15,13 @@ TEST(ReferenceTables, ConvertPrintsTheNumberOrSaysWhyThereIsNone)
         {{"-40", "deg F", "deg C"}, 0, "-40\n", ""},
         {{"1", "in", "cm"}, 0, "2.54\n", ""},
         {{"10", "K", "deg F", "Temperature difference"}, 0, "18\n", ""},
-        {{"1", "K", "R", "Length"}, 2, "", "Kelvarin Guide\nThe type 'Length' does not have both 'K' and 'R'.\n"},
-        {{"12abc", "in", "cm"}, 2, "", "Kelvarin Guide\nMust be numeric value !\n"},
-        {{"1", "inch", "cm"}, 2, "", "Kelvarin Guide\nThere is no unit 'inch'; --units lists them.\n"},
-        {{"1", "in", "kg"}, 2, "", "Kelvarin Guide\nNo type of units has both 'in' and 'kg'.\n"},
+        {{"1", "K", "R", "Length"},
+         2,
+         "",
+         "kelvarin-solve: Kelvarin Guide\nThe type 'Length' does not have both 'K' and 'R'.\n"},
+        {{"12abc", "in", "cm"}, 2, "", "kelvarin-solve: Kelvarin Guide\nMust be numeric value !\n"},
+        {{"1", "inch", "cm"}, 2, "", "kelvarin-solve: Kelvarin Guide\nThere is no unit 'inch'; --units lists them.\n"},
+        {{"1", "in", "kg"}, 2, "", "kelvarin-solve: Kelvarin Guide\nNo type of units has both 'in' and 'kg'.\n"},
     };
     for (const auto& [words, status, out, err] : rows) {
         SCOPED_TRACE(testing::PrintToString(words));
@@ -35,6 +38,18 @@ TEST(ReferenceTables, ConvertPrintsTheNumberOrSaysWhyThereIsNone)
     EXPECT_NEAR(answer["value"].get<double>(), 212.0, 1e-12);
     EXPECT_EQ(answer["text"], "100 deg C = 212 deg F");
     EXPECT_EQ(answer["type"], "Temperature");
+}
+
+TEST(ReferenceTables, ASearchWithoutAResultSaysSo)
+{
+    for (const std::string list : {"--units", "--constants"}) {
+        batch_call call;
+        const batch_result result = call({list, "furlong", "xyz"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, "kelvarin-solve: Nothing is found for 'furlong xyz'.\n");
+        EXPECT_EQ(call({list, "--format", "json", "xyz"}).as_json(), json::array());
+    }
 }
 
 TEST(ReferenceTables, AreListedWholeWhereNoWordsAreGiven)

@@ -37,11 +37,17 @@ TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
 {
     const test::table<std::vector<std::string>, int, int, std::string> rows = {
         {{"sum.kvr", "lines.kvr", "root.kvr"}, 0, 3, ""},
-        {{"fails.kvr", "sum.kvr"}, 1, 1, "Expression evaluation error. (fails.kvr)\nError: sqrt() of negative number "},
-        {{"red.kvr", "sum.kvr"}, 1, 1, "Kelvarin Guide (red.kvr)\nUndefined Variable: q\n"},
-        {{"missing.kvr", "fails.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (missing.kvr)\nThe file can not be read: "},
-        {{"table.kvr", "sum.kvr"}, 2, 1, "Kelvarin Guide (table.kvr)\nData tables are not yet solved"},
-        {{"."}, 2, 0, "Kelvarin Guide (.)\nThe file can not be read: "},
+        {{"fails.kvr", "sum.kvr"},
+         1,
+         1,
+         "kelvarin-solve: fails.kvr: Expression evaluation error.\nError: sqrt() of negative number "},
+        {{"red.kvr", "sum.kvr"}, 1, 1, "kelvarin-solve: red.kvr: Kelvarin Guide\nUndefined Variable: q\n"},
+        {{"missing.kvr", "fails.kvr", "sum.kvr"},
+         2,
+         1,
+         "kelvarin-solve: missing.kvr: Kelvarin Guide\nThe file can not be read: "},
+        {{"table.kvr", "sum.kvr"}, 2, 1, "kelvarin-solve: table.kvr: Kelvarin Guide\nData tables are not yet solved"},
+        {{"."}, 2, 0, "kelvarin-solve: .: Kelvarin Guide\nThe file can not be read: "},
     };
     for (const auto& [files, status, reports, err] : rows) {
         SCOPED_TRACE(testing::PrintToString(files));
@@ -123,7 +129,8 @@ TEST_F(SolveFiles, AnOutputThatCannotBeWrittenIsTold)
 {
     const batch_result result = call({"-o", "no/such/folder.txt", "sum.kvr"});
     EXPECT_EQ(result.status, 2);
-    EXPECT_THAT(result.err, StartsWith("Kelvarin Guide (no/such/folder.txt)\nError while trying to save file.\n"));
+    EXPECT_THAT(result.err,
+                StartsWith("kelvarin-solve: no/such/folder.txt: Kelvarin Guide\nError while trying to save file.\n"));
     std::filesystem::create_directory("folder");
     EXPECT_EQ(call({"-o", "folder", "sum.kvr"}).status, 2);
 }
