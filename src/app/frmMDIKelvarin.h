@@ -66,6 +66,8 @@ public:
     /// Opens a file according to its kind: in the active window if that is of the kind and idle, else in a new one. A
     /// missing file is ignored.
     void open_document(const std::filesystem::path& path) override;
+    void open_as_problem(const std::filesystem::path& path) override;
+    bool recognises(const std::filesystem::path& path) const override;
     void end_program() override;
 
     /// Opens several files: each after the first in a window of its own.

@@ -9,6 +9,7 @@
 #include "nle/window/frmNLE.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
+#include "shell/document/file_places.h"
 #include "shell/document/recognition.h"
 #include "shell/window/frmSolution.h"
 
@@ -29,10 +30,20 @@ constexpr int most_regressions = 3;
 
 constexpr const char* open_error = "Error while trying to open file.";
 
+/// Under this key the folder of the main window's File, Open is remembered.
+constexpr const char* folder_key = "all";
+
 constexpr const char* open_filter = "All Kelvarin files (*.kvr; *.kvg; *.rtf)|*.kvr; *.kvg; *.rtf|"
                                     "Kelvarin Problems (*.kvr)|*.kvr|"
                                     "Kelvarin Graphs (*.kvg)|*.kvg|"
                                     "Kelvarin Reports (*.rtf)|*.rtf";
+
+/// The kind of the problem that a text holds; null if it holds none.
+const problem_kind* kind_of_lines(std::string_view text)
+{
+    // Without an extension only the lines count.
+    return recognise_document("", text, problem_kinds()).kind;
+}
 
 } // namespace
 
@@ -96,8 +107,12 @@ void frmMDIKelvarin::open_file_dialog()
         return;
     }
     try {
-        const auto chosen = context_.user.choose_file_to_open(this, {.caption = tr("Open"), .filter = open_filter});
-        if (chosen && !chosen->path.empty()) open_document(chosen->path);
+        const auto chosen = context_.user.choose_file_to_open(
+            this,
+            {.caption = tr("Open"), .filter = open_filter, .proposed = last_folder(context_.registry, folder_key)});
+        if (!chosen || chosen->path.empty()) return;
+        remember_folder(context_.registry, folder_key, chosen->path);
+        open_document(chosen->path);
     } catch (const runtime_failure&) {
         show_message(open_error);
     }
@@ -130,7 +145,8 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
         return show_message("Graphs are not yet shown by this version.");
     case document_form::report:
     case document_form::text:
-        if (const auto refused = open_report(context_, path)) context_.user.show(this, *refused);
+        if (const auto refused = open_report(context_, path, kind_of_lines(file.text) != nullptr))
+            context_.user.show(this, *refused);
         return;
     case document_form::unknown:
         // A file without a second line is no problem of any kind.
@@ -140,6 +156,23 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
     case document_form::problem:
         open_problem(*kind_of_row(found.kind), path, in_new_window);
     }
+}
+
+void frmMDIKelvarin::open_as_problem(const std::filesystem::path& path)
+{
+    const text_file file = read_text_file(path);
+    const problem_kind* kind = file.ok() ? kind_of_lines(file.text) : nullptr;
+    if (!kind) return show_message(open_error);
+    open_problem(*kind_of_row(kind), path, true);
+}
+
+bool frmMDIKelvarin::recognises(const std::filesystem::path& path) const
+{
+    const text_file file = read_text_file(path);
+    if (!file.ok()) return false;
+    const document_form form = recognise_document(path.string(), file.text, problem_kinds()).form;
+    if (form == document_form::text) return kind_of_lines(file.text) != nullptr;
+    return form != document_form::unknown;
 }
 
 void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::filesystem::path& path,

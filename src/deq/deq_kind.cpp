@@ -63,6 +63,7 @@ const problem_kind& deq_kind()
         .older_format_question = problem_older_format_question,
         .unsaved_on_close = "DEQ Problem not saved. Do you want to save it before closing ?",
         .unsaved_on_open = problem_unsaved_on_open,
+        .passes_on_other_files = true,
         .recognises =
             [](std::span<const std::string_view> lines) { return lines.size() > 2 && lines[1].starts_with("d("); },
         .claims = is_deq_file,

@@ -40,6 +40,10 @@ public:
     virtual void bring_to_front(child_window& window) = 0;
     virtual child_window* active_child() const = 0;
     virtual void open_document(const std::filesystem::path& path) = 0;
+    /// Opens a file as the problem that its lines hold, whatever its name.
+    virtual void open_as_problem(const std::filesystem::path& path) = 0;
+    /// Whether a file is a graph, a report, or by its lines a problem of some kind.
+    virtual bool recognises(const std::filesystem::path& path) const = 0;
     /// Ends the program after a fatal box has been shown; recovery files are kept.
     virtual void end_program() = 0;
 };

@@ -4,6 +4,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/text_printing.h"
 #include "platform/text_file.h"
+#include "shell/document/file_places.h"
 #include "shell/document/recent_files.h"
 #include "shell/document/recognition.h"
 
@@ -91,6 +92,7 @@ void problem_window::open_recent_file(std::size_t index)
 void problem_window::remember_file()
 {
     remember_recent_file(context().registry, kind_->recent_suffix, document().path());
+    remember_folder(context().registry, kind_->key, document().path());
     // The problem is saved; a failure to store the list of recent files is not worth a message.
     static_cast<void>(context().registry.flush());
     show_recent_files();
@@ -211,6 +213,7 @@ bool problem_window::read(const std::filesystem::path& path)
         context().user.show(this, *refused);
         return false;
     }
+    keeps_older_format_ = false;
     drop_recovery_copy();
     remember_file();
     document_changed();
@@ -221,7 +224,7 @@ bool problem_window::open_by_dialog()
 {
     if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;
     const auto chosen = context().user.choose_file_to_open(
-        this, {.caption = tr("Open"), .filter = kind_->open_filter, .proposed = document().path()});
+        this, {.caption = tr("Open"), .filter = kind_->open_filter, .proposed = proposed_file({})});
     if (!chosen) return false;
     if (!is_foreign(chosen->path)) return read(chosen->path);
     context().frame.open_document(chosen->path);
@@ -233,25 +236,32 @@ bool problem_window::is_foreign(const std::filesystem::path& path) const
     if (!kind_->passes_on_other_files) return false;
     const text_file file = read_text_file(path);
     // Decided by the content, not the extension: a problem may be stored in a text file.
-    return file.ok() && !holds_problem(file.text, *kind_);
+    return file.ok() && !holds_problem(file.text, *kind_) && context().frame.recognises(path);
+}
+
+std::filesystem::path problem_window::proposed_file(const std::string& name) const
+{
+    if (!document().path().empty()) return document().path();
+    return last_folder(context().registry, kind_->key) / name;
 }
 
 file_question problem_window::save_question() const
 {
     return {.caption = tr("Save As"),
             .filter = kind_->save_filter,
-            .proposed = document().path(),
+            .proposed = proposed_file(file_name_of_title(document().title(), ".kvr")),
             .default_extension = QStringLiteral("kvr")};
 }
 
 bool problem_window::write_file(const std::filesystem::path& path, int filter_index)
 {
-    const bool older = filter_index != 0 && filter_index == kind_->older_format_filter;
+    const bool older = filter_index == 0 ? keeps_older_format_ : filter_index == kind_->older_format_filter;
     if (older && context().user.ask(this, {.text = kind_->older_format_question}) != user_answer::yes) return false;
     if (const auto refused = document().save(path, older)) {
         context().user.show(this, *refused);
         return false;
     }
+    keeps_older_format_ = older;
     drop_recovery_copy();
     remember_file();
     document_changed();

@@ -115,7 +115,10 @@ private:
     void open_recent_file(std::size_t index);
     void remember_file();
     bool read(const std::filesystem::path& path);
+    /// Whether a file is of another kind by its content, and one that the main window opens.
     bool is_foreign(const std::filesystem::path& path) const;
+    /// The document's file, else `name` in the folder that was last used for this kind.
+    std::filesystem::path proposed_file(const std::string& name) const;
     void show_title();
     void drop_recovery_copy();
     void step_back_or_forth(bool back);
@@ -135,6 +138,8 @@ private:
     QTimer recovery_timer_;
     int recovery_slot_ = 0;
     bool close_after_run_ = false;
+    /// The file was written in the kind's older format, in which Save keeps it.
+    bool keeps_older_format_ = false;
     /// Where the keyboard was when the run began.
     QPointer<QWidget> focus_before_run_;
 };

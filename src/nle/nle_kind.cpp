@@ -78,6 +78,7 @@ const problem_kind& nle_kind()
         .older_format_question = problem_older_format_question,
         .unsaved_on_close = "NLE Problem not saved. Do you want to save it before closing ?",
         .unsaved_on_open = problem_unsaved_on_open,
+        .passes_on_other_files = true,
         .recognises = recognises_nle,
         .methods = methods,
         .example_titles = example_titles,

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "main_desk.h"
 
+#include "desktop/link_label.h"
 #include "leq/leq_file.h"
 #include "leq/leq_sample.h"
 #include "shell/window/frmSolution.h"
+#include "support/robot.h"
 #include "support/table.h"
 
 #include <QApplication>
@@ -96,7 +98,7 @@ TEST(OpenDocument, TheWindowInFrontTakesAFileOfItsKind)
     EXPECT_EQ(desk.children().size(), 3u);
 
     // What is unsaved is asked for, and can be kept.
-    desk.front_problem().load_sample(1);
+    desk.new_unsaved_problem();
     desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::cancel);
     desk.window->open_document("gas.kvr");
     EXPECT_NE(desk.front_problem().document().title(), "Gas");
@@ -128,6 +130,24 @@ TEST(OpenDocument, TheDialogHasItsFilterAndAnEmptyNameAndMayBeLeft)
     desk.user.expect_file(chosen_file{desk.folder.write("gas.kvr", gas)});
     desk.press_toolbar("open");
     EXPECT_EQ(desk.front_problem().document().title(), "Gas");
+    desk.user.expect_file(std::nullopt);
+    desk.run(window_command::open);
+    EXPECT_EQ(desk.user.file_questions().back().proposed, desk.folder.path());
+}
+
+TEST(OpenDocument, ATextThatHoldsAProblemOpensAsOneFromItsReport)
+{
+    main_desk desk;
+    desk.window->open_document(desk.folder.write("notes.txt", "Dear reader\nof these lines\n"));
+    EXPECT_FALSE(robot(*desk.children().back()).is_shown("lblProblem"));
+    desk.window->open_document(desk.folder.write("gas.txt", gas));
+    robot person(*desk.children().back());
+    EXPECT_TRUE(person.is_shown("lblProblem"));
+    auto& line = person.find<link_label>("lblProblem");
+    EXPECT_EQ(line.whole_text(), QStringLiteral("This text is a problem: Open as a problem"));
+    emit line.name_clicked(QStringLiteral("Open as a problem"));
+    EXPECT_EQ(desk.front_problem().document().title(), "Gas");
+    EXPECT_EQ(desk.children().size(), 3u);
 }
 
 TEST(OpenDocument, FilesDroppedOnTheWindowOrAFieldInItOpen)

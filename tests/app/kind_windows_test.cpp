@@ -2,6 +2,7 @@
 // What every kind of problem window asks and keeps, each in its own words.
 
 #include "app/problem_kinds.h"
+#include "shell/document/file_places.h"
 #include "support/robot.h"
 #include "support/test_desk.h"
 
@@ -9,6 +10,7 @@
 
 #include <QMenu>
 
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -95,8 +97,7 @@ TEST(KindsOfWindows, AskInTheirOwnWordsBeforeAnythingUnsavedIsLost)
         EXPECT_TRUE(desk.folder.holds("saved.kvr"));
         EXPECT_NE(desk.window.document().title(), "mine");
         EXPECT_EQ(desk.window.file_panel(), "No File  ") << "the example would go over the saved file";
-        desk.user.expect_question(on_open, user_answer::no);
-        EXPECT_TRUE(desk.window.open(other));
+        EXPECT_TRUE(desk.window.open(other)) << "an example that nobody changed is no work";
         EXPECT_TRUE(desk.window.close_with_frame());
     }
 }
@@ -115,32 +116,66 @@ TEST(KindsOfWindows, WriteTheirFilesAndTheOlderOnesAfterAQuestion)
             EXPECT_EQ(desk.folder.holds("old.kvr"), given == user_answer::yes);
         }
         EXPECT_EQ(desk.folder.read("old.kvr"), kind.older_file);
+        // Save stays with the format, and warns each time.
+        desk.folder.write("old.kvr", "");
+        desk.user.expect_question(on_older_format, user_answer::yes);
+        desk.person.trigger(desk.menu("&File"), "save");
+        EXPECT_EQ(desk.folder.read("old.kvr"), kind.older_file);
         desk.user.expect_file(chosen_file{desk.folder / "new.kvr", 1});
         desk.person.trigger(desk.menu("&File"), "save_as");
+        EXPECT_EQ(desk.folder.read("new.kvr"), kind.file);
+        desk.folder.write("new.kvr", "");
+        desk.person.trigger(desk.menu("&File"), "save");
         EXPECT_EQ(desk.folder.read("new.kvr"), kind.file);
     }
 }
 
 TEST(KindsOfWindows, PassFilesOfOtherKindsOn)
 {
-    kind_desk desk(all_words[0]);
-    const auto foreign = desk.folder.write("other.kvr", all_words[1].file);
-    desk.user.expect_question(on_open, user_answer::no);
-    desk.user.expect_file(chosen_file{foreign, 1});
-    desk.person.trigger(desk.menu("&File"), "mnuOpen");
-    EXPECT_EQ(desk.frame.opened(), std::vector{foreign});
+    for (std::size_t i = 0; i < std::size(all_words); ++i) {
+        SCOPED_TRACE(all_words[i].key);
+        kind_desk desk(all_words[i]);
+        const auto open = [&](const std::filesystem::path& file) {
+            desk.user.expect_file(chosen_file{file, 1});
+            desk.person.trigger(desk.menu("&File"), "mnuOpen");
+        };
+        const auto foreign = desk.folder.write("other.kvr", all_words[(i + 1) % std::size(all_words)].file);
+        desk.user.expect_question(on_open, user_answer::no);
+        open(foreign);
+        EXPECT_EQ(desk.frame.opened(), std::vector{foreign});
 
-    // A problem kept as a text is one of this window's own.
-    desk.user.expect_question(on_open, user_answer::no);
-    desk.user.expect_file(chosen_file{desk.folder.write("own.txt", all_words[0].file), 2});
-    desk.person.trigger(desk.menu("&File"), "mnuOpen");
-    EXPECT_EQ(desk.frame.opened().size(), 1u);
-    EXPECT_TRUE(desk.window.document().problem_saved());
+        // A problem kept as a text is one of this window's own.
+        desk.user.expect_question(on_open, user_answer::no);
+        open(desk.folder.write("own.txt", all_words[i].file));
+        EXPECT_EQ(desk.frame.opened().size(), 1u);
+        EXPECT_TRUE(desk.window.document().problem_saved());
 
-    desk.user.expect_file(chosen_file{desk.folder.write("bad.kvr", "Too many\n99\n1\t2\t\n"), 1});
-    desk.user.expect_box("Error while trying to open file.");
-    desk.person.trigger(desk.menu("&File"), "mnuOpen");
-    EXPECT_EQ(desk.window.document().title(), "mine");
+        desk.frame.recognises_files = false;
+        desk.user.expect_box("Error while trying to open file.");
+        open(desk.folder.write("bad.kvr", "Shopping\neggs\nmilk\n"));
+        EXPECT_EQ(desk.window.document().title(), "mine");
+        EXPECT_EQ(desk.frame.opened().size(), 1u);
+    }
+}
+
+TEST(KindsOfWindows, FileDialogsStartWhereTheLastOneEndedAndProposeAName)
+{
+    for (const kind_words& kind : all_words) {
+        SCOPED_TRACE(kind.key);
+        kind_desk desk(kind);
+        const std::filesystem::path folder = desk.folder.path() / "homework";
+        std::filesystem::create_directory(folder);
+        remember_folder(desk.registry, kind.key, folder / "gone.kvr");
+        desk.user.expect_input("Enter problem title.", " a/b: 10% ");
+        desk.person.trigger(desk.menu("&Edit"), "mnuTitle");
+        desk.user.expect_file(chosen_file{desk.folder / "saved.kvr", 1});
+        desk.person.trigger(desk.menu("&File"), "save");
+        EXPECT_EQ(desk.user.file_questions().back().proposed, folder / "a b 10%.kvr");
+        EXPECT_EQ(last_folder(desk.registry, kind.key), desk.folder.path());
+        desk.user.expect_file(std::nullopt);
+        desk.person.trigger(desk.menu("&File"), "mnuOpen");
+        EXPECT_EQ(desk.user.file_questions().back().proposed, desk.folder.path() / "saved.kvr");
+    }
 }
 
 } // namespace

@@ -76,6 +76,14 @@ public:
     bool running = false;
 };
 
+/// Gives a problem a title: an example by itself holds no work that could be lost.
+inline void enter_title(child_window& problem, scripted_user& user)
+{
+    user.expect_input("Enter problem title.", "My own");
+    for (QMenu* menu : problem.menus())
+        if (auto* item = menu->findChild<QAction*>(QStringLiteral("mnuTitle"))) item->trigger();
+}
+
 /// The main window with all that it works with.
 struct main_desk
 {
@@ -144,6 +152,7 @@ struct main_desk
     {
         frmNLE& problem = new_problem();
         problem.load_sample(1);
+        enter_title(problem, user);
         return problem;
     }
 };

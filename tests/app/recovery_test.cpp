@@ -50,6 +50,7 @@ TEST(KilledProgram, DISABLED_KeepsAProblemAndWaits)
     frmMDIKelvarin window({store, registry, clock, user, recovery});
     window.show();
     robot(window).click("cmdExample_2");
+    enter_title(*window.active_child(), user);
     // Nothing but time passes: the copy is kept without being asked for.
     const auto is_kept = [&] {
         for (const auto& entry : std::filesystem::directory_iterator(folder))

@@ -33,12 +33,17 @@ public:
     void bring_to_front(child_window& window) override;
     child_window* active_child() const override;
     void open_document(const std::filesystem::path& path) override { opened_.push_back(path); }
+    void open_as_problem(const std::filesystem::path& path) override { opened_.push_back(path); }
+    bool recognises(const std::filesystem::path&) const override { return recognises_files; }
     void end_program() override { ++ended_; }
 
     /// All children that still exist, in the order in which they came.
     std::vector<child_window*> children() const;
     const std::vector<std::filesystem::path>& opened() const { return opened_; }
     int ended() const { return ended_; }
+
+    /// Whether files are of some kind.
+    bool recognises_files = true;
 
 private:
     void refresh_actions();

@@ -62,7 +62,8 @@ public:
         change("Change title", std::move(next));
     }
     const std::filesystem::path& path() const final { return path_.path(); }
-    bool problem_saved() const final { return history_.is_clean(); }
+    /// An example to which nothing has been done since holds no work that could be lost.
+    bool problem_saved() const final { return history_.is_clean() || history_.undo_step() == format_->example_step; }
 
     bool undo() final
     {

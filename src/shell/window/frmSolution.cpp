@@ -2,10 +2,12 @@
 #include "shell/window/frmSolution.h"
 
 #include "desktop/icons.h"
+#include "desktop/link_label.h"
 #include "desktop/qt_text.h"
 #include "platform/letter_case.h"
 #include "platform/saver.h"
 #include "platform/text_file.h"
+#include "shell/document/file_places.h"
 #include "shell/window/report_cells.h"
 #include "shell/window/report_document.h"
 
@@ -22,6 +24,9 @@ namespace
 {
 
 constexpr const char* report_title = "KELVARIN Report ";
+/// Under this key the folder of reports is remembered.
+constexpr const char* folder_key = "report";
+constexpr int problem_line_margin = 4;
 constexpr const char* rich_text_mark = R"({\rtf)";
 
 } // namespace
@@ -40,7 +45,13 @@ void frmSolution::build_ui()
     txtSolution_->setAccessibleName(tr("Report"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    lblProblem_ = new link_label(this);
+    lblProblem_->setObjectName(QStringLiteral("lblProblem"));
+    lblProblem_->setMargin(problem_line_margin);
+    lblProblem_->hide();
+    layout->addWidget(lblProblem_);
     layout->addWidget(txtSolution_);
+    connect(lblProblem_, &link_label::name_clicked, this, [this] { context().frame.open_as_problem(file_); });
     setFocusProxy(txtSolution_);
     setWindowTitle(tr("Solution"));
     connect(txtSolution_, &QTextBrowser::copyAvailable, this, &frmSolution::state_changed);
@@ -134,6 +145,13 @@ void frmSolution::show_text(std::string text, const QString& caption)
     show_title();
 }
 
+void frmSolution::offer_as_problem()
+{
+    const QString open = tr("Open as a problem");
+    lblProblem_->show_text(tr("This text is a problem: %1").arg(open), {open});
+    lblProblem_->show();
+}
+
 void frmSolution::show_title()
 {
     show_caption(caption_);
@@ -217,7 +235,8 @@ file_question frmSolution::save_question() const
 {
     return {.caption = tr("Save As"),
             .filter = std::string(report_save_filter),
-            .proposed = file_,
+            .proposed = file_.empty() ? last_folder(context().registry, folder_key) / file_name_of_title(title_, ".rtf")
+                                      : file_,
             .default_extension = QStringLiteral("rtf")};
 }
 
@@ -228,6 +247,7 @@ bool frmSolution::write_file(const std::filesystem::path& path, int filter_index
         context().user.show(this, {"Error\r" + failure->reason, box_icon::critical});
         return false;
     }
+    remember_folder(context().registry, folder_key, path);
     file_ = path;
     file_format_ = format;
     changed_ = false;
@@ -264,7 +284,7 @@ void close_older_reports(problem_window& problem)
     }
 }
 
-std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path)
+std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path, bool holds_problem)
 {
     text_file read = read_text_file(path);
     const bool rich = lower_case(path.extension().string()) == ".rtf";
@@ -278,6 +298,8 @@ std::optional<message_box> open_report(desktop_context& context, const std::file
         window->show_report(std::move(read.text), caption);
     else
         window->show_text(std::move(read.text), caption);
+    remember_folder(context.registry, folder_key, path);
+    if (holds_problem) window->offer_as_problem();
     context.frame.show_child(window);
     return std::nullopt;
 }

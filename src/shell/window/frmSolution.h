@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/document_window.h"
+#include "desktop/link_label.h"
 #include "desktop/problem_window.h"
 #include "shell/report/rich_text.h"
 #include "shell/window/report_format.h"
@@ -33,6 +34,8 @@ public:
     void show_report(std::string rich_text, const QString& caption);
     /// Shows a plain text in the fixed-width font.
     void show_text(std::string text, const QString& caption);
+    /// Shows a line that opens the file of this report as the problem that it holds.
+    void offer_as_problem();
 
     /// The problem that the report is about.
     void set_problem(problem_window& problem);
@@ -76,6 +79,7 @@ private:
     bool changed_ = false;
 
     report_view* txtSolution_ = nullptr;
+    link_label* lblProblem_ = nullptr;
     QMenu* report_menu_ = nullptr;
     QMenu* edit_menu_ = nullptr;
 };
@@ -90,7 +94,9 @@ void show_report_again(desktop_context& context, problem_window& problem, std::s
 /// Closes the windows of all reports of `problem` but the last open one.
 void close_older_reports(problem_window& problem);
 
-/// Opens a report or text file in a new window, which the frame owns. Returns the box if the file can't be read.
-std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path);
+/// Opens a report or text file in a new window, which the frame owns. Returns the box if the file can't be read. With
+/// `holds_problem` the window offers to open the file as a problem.
+std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path,
+                                       bool holds_problem = false);
 
 } // namespace kelvarin

@@ -224,8 +224,6 @@ TEST(Editing, LoadsEveryExampleFromItsMenu)
 {
     nle_desk desk;
     for (std::size_t i = 0; i < nle_sample_count; ++i) {
-        if (i > 0)
-            desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::no);
         desk.choose("Examples", ("mnuSample" + std::to_string(i + 1)).c_str());
         EXPECT_EQ(desk.content(), nle_samples().at(i));
         EXPECT_EQ(desk.grid().current_row(), 1);
