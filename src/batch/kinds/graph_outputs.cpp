@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "batch/kinds/graph_outputs.h"
 
+#include "graph/axis_limits.h"
 #include "graph/drawing_svg.h"
 #include "graph/graph_drawing.h"
+#include "graph/graph_entries.h"
 #include "graph/graph_file.h"
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 namespace kelvarin
 {
@@ -39,6 +43,21 @@ std::vector<output_file> graph_outputs(std::span<const graph_content> graphs, co
     add(graph_option, write_graph);
     add(plot_option, [](const graph_content& graph) { return drawing_svg(draw_graph(graph).picture); });
     return outputs;
+}
+
+bool asks_for_graphs(const batch_request& request)
+{
+    return request.option(graph_option.name) || request.option(plot_option.name);
+}
+
+std::vector<output_file> run_graph_outputs(const graph_content& graph, const std::string& file,
+                                           const batch_request& request, run_outcome& outcome)
+{
+    if (std::optional<message_box> refused = drawing_refusal(find_axis_limits(graph))) {
+        outcome.boxes.push_back(std::move(*refused));
+        return {};
+    }
+    return graph_outputs({&graph, 1}, file, request);
 }
 
 } // namespace kelvarin

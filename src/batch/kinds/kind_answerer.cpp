@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/kinds/kind_answerer.h"
 #include "batch/kinds/deq_answerer.h"
+#include "batch/kinds/graph_answerer.h"
 #include "batch/kinds/leq_answerer.h"
 #include "batch/kinds/nle_answerer.h"
 
@@ -12,7 +13,8 @@ namespace kelvarin
 
 std::span<const kind_answerer> kind_answerers()
 {
-    static const std::array<kind_answerer, 3> answerers = {nle_answerer(), leq_answerer(), deq_answerer()};
+    static const std::array<kind_answerer, 4> answerers = {nle_answerer(), leq_answerer(), deq_answerer(),
+                                                           graph_answerer()};
     return answerers;
 }
 

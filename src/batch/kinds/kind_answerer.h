@@ -27,7 +27,12 @@ struct kind_option
     std::optional<std::string> (*refusal)(std::string_view value) = nullptr;
     /// The value is the name of a file that is written, with `{}` for the stem of the problem's.
     bool names_output = false;
+    /// The option may be given several times.
+    bool repeats = false;
 };
+
+/// Changes to what a file holds, before anything else is done with it.
+inline constexpr const char* edit_option = "--edit";
 
 /// The text of a problem file of the answerer's kind.
 struct problem_text
