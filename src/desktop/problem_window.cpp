@@ -279,7 +279,7 @@ bool problem_window::recover(int slot, const recovery_entry& entry)
 void problem_window::keep_recovery_copy()
 {
     recovery_timer_.stop();
-    if (document().problem_saved()) return drop_recovery_copy();
+    if (!document().needs_recovery()) return drop_recovery_copy();
     if (recovery_slot_ == 0) recovery_slot_ = context().recovery.new_slot();
     // A failure to write the recovery copy must not interrupt the work.
     static_cast<void>(context().recovery.keep(recovery_slot_, {.kind = std::string(document().kind()),

@@ -15,8 +15,6 @@ namespace kelvarin
 namespace
 {
 
-constexpr int significant_count = 15;
-
 void drop_trailing_zeros(decimal_digits& number)
 {
     number.digits.erase(number.digits.find_last_not_of('0') + 1);
@@ -32,21 +30,22 @@ char decimal_digits::digit_at(int position) const
     return digits[static_cast<std::size_t>(index)];
 }
 
-decimal_digits significant_digits(double value)
+decimal_digits significant_digits(double value, int count)
 {
     assert(std::isfinite(value));
     // "d.dddddddddddddde-308"
     std::array<char, 32> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                       std::chars_format::scientific, significant_count - 1);
+                                       std::chars_format::scientific, count - 1);
     const std::string_view text(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
 
     decimal_digits number;
     number.negative = std::signbit(value);
-    number.digits.reserve(significant_count);
+    number.digits.reserve(static_cast<std::size_t>(count));
     number.digits += text[0];
-    number.digits += text.substr(2, significant_count - 1);
-    std::size_t exponent_at = 2 + significant_count;
+    // A single digit has no point behind it.
+    if (count > 1) number.digits += text.substr(2, static_cast<std::size_t>(count - 1));
+    std::size_t exponent_at = text.find('e') + 1;
     if (text[exponent_at] == '+') ++exponent_at;
     std::from_chars(text.data() + exponent_at, text.data() + text.size(), number.exponent);
     drop_trailing_zeros(number);

@@ -20,8 +20,9 @@ struct decimal_digits
     char digit_at(int position) const;
 };
 
-/// The 15 significant digits from which every text of a number is made. `value` must be finite.
-decimal_digits significant_digits(double value);
+/// The 15 significant digits from which the texts of numbers are made, or as many as `count` (1 to 17). `value` must be
+/// finite.
+decimal_digits significant_digits(double value, int count = 15);
 
 /// `number` with its first `kept` digits, halves rounded away from zero; a `kept` below 0 gives zero.
 decimal_digits rounded_to(decimal_digits number, int kept);

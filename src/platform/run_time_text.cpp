@@ -160,19 +160,15 @@ double val(std::string_view text)
     return *value;
 }
 
-std::string plain_text(double value)
+namespace
 {
-    constexpr double exponent_form_from = 1e15;
+
+std::string text_of(const decimal_digits& number)
+{
     constexpr int least_fixed_exponent = -4;
     constexpr int largest_fixed_exponent = 14;
 
-    // Fast path: reports print mostly whole numbers.
-    if (std::fabs(value) < exponent_form_from && value == std::trunc(value)) {
-        std::array<char, 24> buffer{};
-        const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<long long>(value));
-        return std::string(buffer.data(), written.ptr);
-    }
-    const decimal_digits number = significant_digits(value);
+    if (number.is_zero()) return "0";
     std::string text;
     text.reserve(24);
     if (number.negative) text += '-';
@@ -187,6 +183,28 @@ std::string plain_text(double value)
     }
     append_exponent(text, number.exponent, 2, true);
     return text;
+}
+
+} // namespace
+
+std::string plain_text(double value)
+{
+    constexpr double exponent_form_from = 1e15;
+
+    // Fast path: reports print mostly whole numbers.
+    if (std::fabs(value) < exponent_form_from && value == std::trunc(value)) {
+        std::array<char, 24> buffer{};
+        const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<long long>(value));
+        return std::string(buffer.data(), written.ptr);
+    }
+    return text_of(significant_digits(value));
+}
+
+std::string plain_text(double value, int digits)
+{
+    constexpr int usual_digits = 15;
+    if (digits > usual_digits) return text_of(significant_digits(value, digits));
+    return text_of(rounded_to(significant_digits(value), digits));
 }
 
 } // namespace kelvarin

@@ -28,4 +28,7 @@ std::optional<double> prefix_value(std::string_view text);
 /// ("1E-07", "1E+15") below 0.0001 and from 1E+15 up. Negative zero is "0".
 std::string plain_text(double value);
 
+/// The same with `digits` significant digits (1 to 17), halves rounded away from zero.
+std::string plain_text(double value, int digits);
+
 } // namespace kelvarin

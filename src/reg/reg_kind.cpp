@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "reg/reg_kind.h"
 
-#include "platform/run_time_text.h"
-
-#include <cstddef>
+#include "reg/table/table_file.h"
 
 namespace kelvarin
 {
@@ -11,13 +9,9 @@ namespace kelvarin
 namespace
 {
 
-/// The second line has the numbers of columns and rows.
 bool recognises_reg(std::span<const std::string_view> lines)
 {
-    const std::size_t blank = lines[1].find(' ');
-    if (lines.size() < 3 || blank == std::string_view::npos) return false;
-    const auto is_size = [](std::string_view text) { return prefix_value(text).value_or(0.0) > 0.0; };
-    return is_size(lines[1].substr(0, blank)) && is_size(lines[1].substr(blank));
+    return lines.size() > 2 && table_extent_of(lines[1]);
 }
 
 } // namespace

@@ -2,8 +2,10 @@
 #include "shell/general_lib.h"
 
 #include "platform/format_mask.h"
+#include "platform/run_time_text.h"
 #include "platform/utf8.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -64,6 +66,12 @@ std::string format_number(double x)
     if (body.ends_with('.')) body.pop_back();
     if (body.size() < width) body.append(width - body.size(), ' ');
     return (x < 0.0 ? '-' : ' ') + body;
+}
+
+std::string format_digits(double x, int digits)
+{
+    constexpr int most_digits = 17;
+    return plain_text(x, std::clamp(digits, 1, most_digits));
 }
 
 std::string clean_expression_text(std::string_view text)

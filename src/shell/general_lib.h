@@ -12,6 +12,10 @@ namespace kelvarin
 /// `x` must be finite.
 std::string format_number(double x);
 
+/// A finite number as the cells of formula columns show it: with `digits` significant digits, of which at most 17 are
+/// written, in the form of plain_text.
+std::string format_digits(double x, int digits);
+
 /// LF, CR and tab become blanks; doubled blanks inside the text become single ones.
 std::string clean_expression_text(std::string_view text);
 /// The text without CR and tab.

@@ -6,6 +6,7 @@
 #include "leq/leq_problem.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_samples.h"
+#include "reg/table/table_document.h"
 
 #include <rapidcheck.h>
 
@@ -145,6 +146,33 @@ inline void change_at_random(leq_problem& problem)
         break;
     default:
         problem.clean_grid();
+    }
+}
+
+inline void put_example(table_document& table)
+{
+    table.load_sample_table(*rc::gen::inRange(0, 4), *rc::gen::arbitrary<std::uint32_t>());
+}
+
+inline void change_at_random(table_document& table)
+{
+    const int row = *rc::gen::inRange(0, 5);
+    const int column = *rc::gen::inRange(0, 4);
+    const auto cell = rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "abc", "*");
+    switch (*rc::gen::inRange(0, 4)) {
+    case 0:
+        table.set_cell(row, column, any_text());
+        break;
+    case 1:
+        // Reading rewrites calculated numbers: this column has none in another form.
+        table.store_model_column(3, *rc::gen::element<std::string>("", "2*C01", "if C01 == 1 then 2 else 3"),
+                                 {*cell, *cell});
+        break;
+    case 2:
+        table.set_model(any_text(), {{"a", *cell}});
+        break;
+    default:
+        table.set_cell(row, column, *cell);
     }
 }
 

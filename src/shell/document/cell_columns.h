@@ -39,6 +39,12 @@ public:
     void set_cell(int row, int column, std::string_view text);
     /// `cells` must have rows() elements.
     void set_column(int column, std::vector<std::string> cells);
+    /// Shares a column of a grid with as many rows.
+    void share_column(int column, const cell_columns& other, int other_column)
+    {
+        assert(other.rows_ == rows_);
+        columns_[static_cast<std::size_t>(column)] = other.columns_[static_cast<std::size_t>(other_column)];
+    }
     /// Calls `edit` with a copy of a column's cells and stores the result. `edit` must not change their number.
     template <class Edit> void edit_column(int column, Edit edit)
     {

@@ -30,6 +30,8 @@ public:
     /// Empty if the problem has no file.
     virtual const std::filesystem::path& path() const = 0;
     virtual bool problem_saved() const = 0;
+    /// Whether a recovery copy is to be kept: the content differs from what a file or New would give.
+    virtual bool needs_recovery() const { return !problem_saved(); }
     /// Whether the document has no content worth saving.
     virtual bool is_blank() const = 0;
 

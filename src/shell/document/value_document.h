@@ -55,7 +55,7 @@ public:
 
     std::string_view kind() const final { return format_->kind; }
     const std::string& title() const final { return content_.title; }
-    void set_title(std::string_view title) final
+    void set_title(std::string_view title) override
     {
         Content next = content_;
         next.title = field_text(title);
@@ -63,7 +63,7 @@ public:
     }
     const std::filesystem::path& path() const final { return path_.path(); }
     /// An example to which nothing has been done since holds no work that could be lost.
-    bool problem_saved() const final { return history_.is_clean() || history_.undo_step() == format_->example_step; }
+    bool problem_saved() const override { return history_.is_clean() || history_.undo_step() == format_->example_step; }
 
     bool undo() final
     {
@@ -81,7 +81,7 @@ public:
     std::string undo_step() const final { return history_.undo_step(); }
     std::string redo_step() const final { return history_.redo_step(); }
 
-    refusal open(const std::filesystem::path& path) final
+    refusal open(const std::filesystem::path& path) override
     {
         const text_file file = read_text_file(path);
         std::optional<Content> read = file.ok() ? format_->read(file.text, content_) : std::nullopt;
@@ -90,7 +90,7 @@ public:
         return std::nullopt;
     }
     refusal save(const std::filesystem::path& path, bool older_format = false,
-                 const save_calls& calls = system_save_calls()) final
+                 const save_calls& calls = system_save_calls()) override
     {
         const message_box failed = {"Error while trying to save file.", box_icon::critical};
         try {
@@ -104,7 +104,7 @@ public:
     }
 
     std::string recovery_text() const final { return format_->recovery_text(content_); }
-    bool restore(std::string_view recovery_text, const std::filesystem::path& path) final
+    bool restore(std::string_view recovery_text, const std::filesystem::path& path) override
     {
         std::optional<Content> read = format_->read_recovery(recovery_text);
         if (!read) return false;
@@ -116,6 +116,8 @@ public:
     std::string printed_listing() const final { return format_->listing(content_, path()); }
 
 protected:
+    /// The content, to change what is no part of its value: such a change is no step of undo.
+    Content& unrecorded() { return content_; }
     /// Starts with a content that was made elsewhere and is unsaved; clears the undo stack.
     void start_unsaved(Content content)
     {
