@@ -169,7 +169,7 @@ inline void change_at_random(table_document& table)
                                  {*cell, *cell});
         break;
     case 2:
-        table.set_model(any_text(), {{"a", *cell}});
+        table.set_model("y = a^2", {{"a", *cell}});
         break;
     default:
         table.set_cell(row, column, *cell);
