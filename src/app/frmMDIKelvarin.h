@@ -126,7 +126,7 @@ private:
     void show_default_window(const problem_window_kind& kind);
     void open_in(const std::filesystem::path& path, bool in_new_window);
     void open_problem(const problem_window_kind& kind, const std::filesystem::path& path, bool in_new_window);
-    void open_example(int number);
+    void open_example(const std::filesystem::path& path);
     void open_recovered(const recovery_store::found_problem& problem);
     void discard_recovered(const recovery_store::found_problem& problem);
 

@@ -6,7 +6,6 @@
 #include "app/problem_kinds.h"
 #include "desktop/qt_text.h"
 #include "kinds/kinds.h"
-#include "nle/window/frmNLE.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
 #include "shell/document/file_places.h"
@@ -188,10 +187,13 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
     if (target && !target->open(path) && opened) opened->close_with_frame();
 }
 
-void frmMDIKelvarin::open_example(int number)
+void frmMDIKelvarin::open_example(const std::filesystem::path& path)
 {
-    const problem_window_kind* kind = kind_of_command(window_command::new_nle);
-    if (auto* window = qobject_cast<frmNLE*>(new_window(*kind))) window->load_sample(number);
+    const text_file file = read_text_file(path);
+    const problem_kind* kind = file.ok() ? kind_of_lines(file.text) : nullptr;
+    if (!kind) return show_message(open_error);
+    if (problem_window* window = new_window(*kind_of_row(kind)); window && !window->open_example(path))
+        window->close_with_frame();
 }
 
 void frmMDIKelvarin::offer_recovered_problems()

@@ -6,7 +6,9 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "nle/nle_samples.h"
+#include "kinds/kinds.h"
+#include "platform/data_files.h"
+#include "shell/document/example_files.h"
 #include "shell/document/recent_files.h"
 
 #include <QAction>
@@ -18,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <map>
+#include <optional>
 #include <string>
 
 namespace kelvarin
@@ -87,16 +90,22 @@ void start_page::build_ui(const command_actions& actions)
     recent_column_->addStretch();
 
     QBoxLayout* examples = add_column(*columns, tr("Examples"));
-    int number = 0;
-    for (const nle_content& sample : nle_samples()) {
-        ++number;
-        const std::string name = "cmdExample_" + std::to_string(number);
-        QToolButton* row = add_row(*examples, program_icon("example"), to_qstring(sample.title), name.c_str());
-        row->setToolTip(tr("Open this example in a new window"));
-        connect(row, &QToolButton::clicked, this, [this, number] { emit example_chosen(number); });
-    }
+    add_examples(*examples);
     examples->addStretch();
     columns->addStretch(1);
+}
+
+void start_page::add_examples(QBoxLayout& column)
+{
+    const std::optional<std::filesystem::path> folder = find_data_folder("examples");
+    if (!folder) return;
+    int number = 0;
+    for (const example_file& example : example_files(*folder, problem_kinds())) {
+        const std::string name = "cmdExample_" + std::to_string(++number);
+        QToolButton* row = add_row(column, program_icon(example.kind->key), to_qstring(example.title), name.c_str());
+        row->setToolTip(tr("Open this example in a new window (%1)").arg(tr(example.kind->name)));
+        connect(row, &QToolButton::clicked, this, [this, path = example.path] { emit example_chosen(path); });
+    }
 }
 
 QBoxLayout* start_page::add_column(QBoxLayout& columns, const QString& heading)

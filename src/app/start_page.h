@@ -26,8 +26,7 @@ public:
 
 signals:
     void document_chosen(const std::filesystem::path& path);
-    /// An example of the nonlinear problems was chosen, from 1.
-    void example_chosen(int number);
+    void example_chosen(const std::filesystem::path& path);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -37,6 +36,7 @@ protected:
 
 private:
     void build_ui(const command_actions& actions);
+    void add_examples(QBoxLayout& column);
     QBoxLayout* add_column(QBoxLayout& columns, const QString& heading);
     QToolButton* add_row(QBoxLayout& column, const QIcon& picture, const QString& caption, const char* name);
     void show_recent_files();

@@ -220,6 +220,16 @@ bool problem_window::read(const std::filesystem::path& path)
     return true;
 }
 
+bool problem_window::open_example(const std::filesystem::path& path)
+{
+    if (const auto refused = document().open_example(path)) {
+        context().user.show(this, *refused);
+        return false;
+    }
+    document_changed();
+    return true;
+}
+
 bool problem_window::open_by_dialog()
 {
     if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;

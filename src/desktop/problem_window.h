@@ -53,6 +53,8 @@ public:
     /// Reads a file into this window, asking first if unsaved work would be lost. Shows a refusal. Returns true if the
     /// file was read.
     bool open(const std::filesystem::path& path);
+    /// Reads an example into this window, which is new; it gets no file. Returns true if the example was read.
+    bool open_example(const std::filesystem::path& path);
     /// Shows the dialog of this kind's File, Open, then reads the chosen file.
     bool open_by_dialog();
     problem_window* its_problem() override { return this; }

@@ -17,6 +17,16 @@ namespace fs = std::filesystem;
 
 constexpr const char* program_folder_name = "kelvarin";
 
+std::optional<fs::path> first_with(const std::vector<fs::path>& folders, std::string_view name, fs::file_type type)
+{
+    for (const fs::path& folder : folders) {
+        const fs::path found = folder / name;
+        std::error_code unknown;
+        if (fs::status(found, unknown).type() == type) return found;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 std::vector<fs::path> data_folders()
@@ -44,12 +54,12 @@ std::vector<fs::path> data_folders()
 
 std::optional<fs::path> find_data_file(std::string_view name, const std::vector<fs::path>& folders)
 {
-    for (const fs::path& folder : folders) {
-        const fs::path file = folder / name;
-        std::error_code unknown;
-        if (fs::is_regular_file(file, unknown)) return file;
-    }
-    return std::nullopt;
+    return first_with(folders, name, fs::file_type::regular);
+}
+
+std::optional<fs::path> find_data_folder(std::string_view name, const std::vector<fs::path>& folders)
+{
+    return first_with(folders, name, fs::file_type::directory);
 }
 
 } // namespace kelvarin

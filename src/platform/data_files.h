@@ -17,4 +17,8 @@ std::vector<std::filesystem::path> data_folders();
 std::optional<std::filesystem::path> find_data_file(std::string_view name,
                                                     const std::vector<std::filesystem::path>& folders = data_folders());
 
+/// The same for a folder.
+std::optional<std::filesystem::path>
+find_data_folder(std::string_view name, const std::vector<std::filesystem::path>& folders = data_folders());
+
 } // namespace kelvarin

@@ -34,10 +34,11 @@ TEST(Keyboard, ANewProblemOfLinearEquationsTakesNumbersAtOnce)
 TEST(Keyboard, ReturnChoosesARowOfTheStartPage)
 {
     main_desk desk;
-    desk.person().find("cmdExample_2").setFocus();
+    example_row(*desk.window, cable).setFocus();
     robot::press(Qt::Key_Return);
     ASSERT_EQ(desk.children().size(), 1U);
-    EXPECT_EQ(desk.front_problem().document().title(), "Example 2 - Gas volume from SRK equation of state");
+    EXPECT_EQ(desk.front_problem().document().title(), cable);
+    EXPECT_EQ(desk.front_problem().document().path(), "") << "Save would write over the example";
 }
 
 TEST(Keyboard, UndoInABoundTakesBackTheProblemsStepAndKeepsWhatCanBeRedone)

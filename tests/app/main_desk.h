@@ -76,6 +76,16 @@ public:
     bool running = false;
 };
 
+/// The row of the start page with this example.
+inline QToolButton& example_row(const QWidget& window, const char* title)
+{
+    for (QToolButton* row : window.findChildren<QToolButton*>())
+        if (row->objectName().startsWith(QLatin1String("cmdExample_")) && row->text() == QLatin1String(title))
+            return *row;
+    throw std::runtime_error(std::string("no example ") + title);
+}
+inline constexpr const char* cable = "Sag and tension of a cable between two masts";
+
 /// Gives a problem a title: an example by itself holds no work that could be lost.
 inline void enter_title(child_window& problem, scripted_user& user)
 {

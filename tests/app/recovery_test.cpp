@@ -49,7 +49,7 @@ TEST(KilledProgram, DISABLED_KeepsAProblemAndWaits)
     recovery_store recovery(folder);
     frmMDIKelvarin window({store, registry, clock, user, recovery});
     window.show();
-    robot(window).click("cmdExample_2");
+    example_row(window, cable).click();
     enter_title(*window.active_child(), user);
     // Nothing but time passes: the copy is kept without being asked for.
     const auto is_kept = [&] {

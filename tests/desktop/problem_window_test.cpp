@@ -37,6 +37,7 @@ public:
     bool redo() override { return false; }
     std::string undo_step() const override { return {}; }
     std::string redo_step() const override { return {}; }
+    refusal open_example(const std::filesystem::path& path) override { return open(path); }
     refusal open(const std::filesystem::path& path) override
     {
         const text_file read = read_text_file(path);

@@ -43,6 +43,8 @@ public:
 
     /// Reads a file into this document and clears the undo stack. Refused, the document is unchanged.
     virtual refusal open(const std::filesystem::path& path) = 0;
+    /// The same for an example: the document has no file then, so that Save can't write over the example.
+    virtual refusal open_example(const std::filesystem::path& path) = 0;
     /// Writes the document, in the kind's older format if requested; updates path and clean mark.
     virtual refusal save(const std::filesystem::path& path, bool older_format,
                          const save_calls& calls = system_save_calls()) = 0;

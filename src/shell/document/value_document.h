@@ -89,6 +89,12 @@ public:
         start_anew(std::move(*read), path);
         return std::nullopt;
     }
+    refusal open_example(const std::filesystem::path& path) final
+    {
+        refusal refused = open(path);
+        if (!refused) path_.set({});
+        return refused;
+    }
     refusal save(const std::filesystem::path& path, bool older_format = false,
                  const save_calls& calls = system_save_calls()) override
     {

@@ -48,6 +48,7 @@ void frmSolution::build_ui()
     lblProblem_ = new link_label(this);
     lblProblem_->setObjectName(QStringLiteral("lblProblem"));
     lblProblem_->setMargin(problem_line_margin);
+    lblProblem_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lblProblem_->hide();
     layout->addWidget(lblProblem_);
     layout->addWidget(txtSolution_);
