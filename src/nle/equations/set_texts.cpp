@@ -20,10 +20,9 @@ std::string names_panel(std::string_view one, std::string_view several, std::spa
 std::string joined_names(std::span<const std::string> names)
 {
     std::string text;
-    for (const std::string& name : names) {
-        if (!text.empty()) text += ", ";
-        text += name;
-    }
+    // Also an empty name has its place between the commas.
+    for (std::size_t i = 0; i < names.size(); ++i)
+        text.append(i > 0 ? ", " : "").append(names[i]);
     return text;
 }
 

@@ -87,6 +87,7 @@ void frmInitials::build_ui()
     connect(tvw_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         if (row_of(item) != nullptr) txtTreeData_->setFocus();
     });
+    connect(txtTreeData_, &QLineEdit::textChanged, this, &frmInitials::show_reading);
     connect(txtTreeData_, &QLineEdit::returnPressed, this, &frmInitials::cmdSet_Click);
     connect(cmdSet_, &QPushButton::clicked, this, &frmInitials::cmdSet_Click);
     connect(cmdRestore_, &QPushButton::clicked, this, &frmInitials::cmdRestore_Click);
@@ -146,6 +147,8 @@ QLayout* frmInitials::build_value_side()
     txtTreeData_ = new QLineEdit(this);
     txtTreeData_->setObjectName(QStringLiteral("txtTreeData"));
     txtTreeData_->setFont(fixed_font(*this));
+    lblRead_ = add_label(this, "lblRead");
+    lblRead_->hide();
     lblHint_ = add_label(this, "lblHint");
     lblHint_->setWordWrap(true);
     lblDefault_ = add_label(this, "lblDefault");
@@ -165,7 +168,11 @@ QLayout* frmInitials::build_value_side()
     for (QWidget* widget : {static_cast<QWidget*>(lblFolder_), static_cast<QWidget*>(lblEq_)})
         side->addWidget(widget);
     side->addSpacing(unit / 4);
-    side->addWidget(txtTreeData_);
+    auto* value = new QHBoxLayout;
+    value->setSpacing(unit / 2);
+    value->addWidget(txtTreeData_);
+    value->addWidget(lblRead_);
+    side->addLayout(value);
     side->addWidget(lblHint_);
     side->addWidget(lblDefault_);
     side->addSpacing(unit / 2);
@@ -300,6 +307,13 @@ void frmInitials::show_value(const setting_row& row)
          {static_cast<QWidget*>(txtTreeData_), static_cast<QWidget*>(cmdSet_), static_cast<QWidget*>(cmdRestore_)}) {
         control->setEnabled(true);
     }
+}
+
+void frmInitials::show_reading()
+{
+    const setting_row* row = current_row();
+    lblRead_->setText(row ? reading_note(*row, to_text(txtTreeData_->text())) : QString());
+    lblRead_->setHidden(lblRead_->text().isEmpty());
 }
 
 void frmInitials::clear_value()

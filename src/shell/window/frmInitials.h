@@ -54,6 +54,8 @@ private:
     const setting_row* current_row() const;
     void show_current();
     void show_value(const setting_row& row);
+    /// Shows how a text that is no number is read.
+    void show_reading();
     void clear_value();
     void cmdSet_Click();
     void cmdRestore_Click();
@@ -72,6 +74,7 @@ private:
     QLabel* lblFolder_ = nullptr;
     QLabel* lblEq_ = nullptr;
     QLineEdit* txtTreeData_ = nullptr;
+    QLabel* lblRead_ = nullptr;
     QLabel* lblHint_ = nullptr;
     QLabel* lblDefault_ = nullptr;
     QPushButton* cmdSet_ = nullptr;

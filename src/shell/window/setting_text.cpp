@@ -73,4 +73,12 @@ QString default_hint(const setting_row& row)
     return tr("Default: %1").arg(value);
 }
 
+QString reading_note(const setting_row& row, std::string_view text)
+{
+    const bool is_number = row.type == setting_type::floating || row.type == setting_type::integer;
+    const std::optional<double> read = prefix_value(text);
+    if (!is_number || is_numeric(text) || !read) return {};
+    return tr("read as %1").arg(to_qstring(plain_text(*read)));
+}
+
 } // namespace kelvarin

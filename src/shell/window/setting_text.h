@@ -24,4 +24,7 @@ QStringList folder_names(const setting_row& row);
 QString setting_hint(const setting_row& row);
 QString default_hint(const setting_row& row);
 
+/// "read as 0" for a text that is no number as a whole, of a setting that is one; empty otherwise.
+QString reading_note(const setting_row& row, std::string_view text);
+
 } // namespace kelvarin

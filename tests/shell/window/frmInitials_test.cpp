@@ -133,6 +133,12 @@ TEST_F(SettingsWindow, RestoresOneValueAndAll)
     EXPECT_EQ(desk.store.value("table_rows"), "300");
     EXPECT_EQ(item(trials).text(0), QStringLiteral("N Trial = 200"));
     EXPECT_TRUE(item(trials).font(0).bold());
+    EXPECT_FALSE(at.is_shown("lblRead"));
+    at.type("txtTreeData", "many");
+    EXPECT_EQ(at.text("lblRead"), "read as 0");
+    at.type("txtTreeData", "20x");
+    EXPECT_TRUE(at.is_shown("lblRead"));
+    EXPECT_EQ(at.text("lblRead"), "read as 20");
     at.click("cmdRestore");
     EXPECT_EQ(desk.store.value("mnewt_n"), "150");
     EXPECT_EQ(at.text("txtTreeData"), "150");
