@@ -159,7 +159,7 @@ inline void change_at_random(table_document& table)
     const int row = *rc::gen::inRange(0, 5);
     const int column = *rc::gen::inRange(0, 4);
     const auto cell = rc::gen::element<std::string>("", "1", "-2.5", "1E-07", "abc", "*");
-    switch (*rc::gen::inRange(0, 4)) {
+    switch (*rc::gen::inRange(0, 12)) {
     case 0:
         table.set_cell(row, column, any_text());
         break;
@@ -170,6 +170,31 @@ inline void change_at_random(table_document& table)
         break;
     case 2:
         table.set_model("y = a^2", {{"a", *cell}});
+        break;
+    case 3:
+        table.insert_row(row);
+        break;
+    case 4:
+        table.delete_row(row);
+        break;
+    case 5:
+        table.paste(row, column, {{*cell, any_text()}, {*cell}});
+        break;
+    case 6:
+        table.rename_column(column, *rc::gen::element<std::string>("x", "e", "C02", "2x"));
+        break;
+    case 7:
+        table.define_column(3, *rc::gen::element<std::string>("2*C01", "C02/C01", "x+1", "(", "C04"));
+        break;
+    case 8:
+        table.type_cell(row, column, *cell, true);
+        table.finish_typing(row, column);
+        break;
+    case 9:
+        table.cut({row, column, 2, 1});
+        break;
+    case 10:
+        table.add_columns(1);
         break;
     default:
         table.set_cell(row, column, *cell);

@@ -130,6 +130,8 @@ protected:
         start_anew(std::move(content), {});
         history_.mark_unsaved();
     }
+    /// Starts with a content that was made elsewhere and has nothing to be saved; clears the undo stack.
+    void start_clean(Content content) { start_anew(std::move(content), {}); }
     /// Replaces the content by `next` as a step of undo. Does nothing if they are equal.
     void change(std::string_view step, Content next)
     {

@@ -30,6 +30,9 @@ std::string report_head(std::string_view title, calendar_date date);
 std::string report_title_group(std::string_view title);
 std::string report_date_group(calendar_date date);
 
+/// The date as reports print it: "01-31-2026".
+std::string report_date(calendar_date date);
+
 /// The version of the program as reports print it: "5.0.0".
 std::string_view program_version();
 

@@ -59,17 +59,6 @@ void append_padded(std::string& text, int number, std::size_t width)
     text += digits;
 }
 
-std::string report_date(calendar_date date)
-{
-    std::string text;
-    append_padded(text, date.month, 2);
-    text += '-';
-    append_padded(text, date.day, 2);
-    text += '-';
-    append_padded(text, date.year, 4);
-    return text;
-}
-
 } // namespace
 
 std::string escape_rich_text(std::string_view text)
@@ -124,6 +113,17 @@ std::string report_head(std::string_view title, calendar_date date)
 std::string report_title_group(std::string_view title)
 {
     return R"({\cf2\f5\fs20\b )" + escape_rich_text(trimmed(title)) + "}";
+}
+
+std::string report_date(calendar_date date)
+{
+    std::string text;
+    append_padded(text, date.month, 2);
+    text += '-';
+    append_padded(text, date.day, 2);
+    text += '-';
+    append_padded(text, date.year, 4);
+    return text;
 }
 
 std::string report_date_group(calendar_date date)
