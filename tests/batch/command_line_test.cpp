@@ -47,7 +47,7 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--settings", "a.kvr"}, "take no FILE"},
         {{"a.kvr", "--eval", "1"}, "take no FILE"},
         {{"--eval"}, "no line is given"},
-        {{"--kind", "reg", "a.kvr"}, "not yet solved"},
+        {{"--kind", "opt", "a.kvr"}, "not yet solved"},
         {{"--format", "rtf", "a.kvr", "b.kvr"}, "{}"},
         {{"--format", "rtf", "-o", "x.rtf", "a.kvr", "b.kvr"}, "{}"},
         {{"-o", "{}.txt", "a.kvr", "sub/a.kvr"}, "Two outputs would be written to 'a.txt'."},

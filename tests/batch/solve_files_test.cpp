@@ -26,7 +26,7 @@ protected:
         folder.write("sum.kvr", test::explicit_only);
         folder.write("red.kvr", test::undefined_name);
         folder.write("fails.kvr", test::failing_run);
-        folder.write("table.kvr", "Table\n2 3\n1\t2\n");
+        folder.write("table.kvr", "Table\n2 40000\n1\t2\n");
     }
 
     test::scratch_folder folder;
@@ -46,7 +46,7 @@ TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
          2,
          1,
          "kelvarin-solve: missing.kvr: Kelvarin Guide\nThe file can not be read: "},
-        {{"table.kvr", "sum.kvr"}, 2, 1, "kelvarin-solve: table.kvr: Kelvarin Guide\nData tables are not yet solved"},
+        {{"table.kvr", "sum.kvr"}, 2, 1, "kelvarin-solve: table.kvr: Kelvarin Guide\nError while trying to open file."},
         {{"."}, 2, 0, "kelvarin-solve: .: Kelvarin Guide\nThe file can not be read: "},
     };
     for (const auto& [files, status, reports, err] : rows) {
@@ -77,7 +77,7 @@ TEST_F(SolveFiles, FilesOfOtherKindsAreToldByTheirKind)
         {"many.kvr", "leq",
          "Error while trying to open file.\rIts second line is to be the number of equations less 1, a whole number "
          "from 1 to 63."},
-        {"table.kvr", "reg", "Data tables are not yet solved by this version."},
+        {"table.kvr", "reg", "Error while trying to open file."},
         {"report.rtf", "report", "--kind nle"},
         {"notes.txt", "text", "--kind nle"},
         {"curve.kvg", "graph", "Error while trying to open file."},

@@ -11,6 +11,8 @@
 #include "deq/deq_report.h"
 #include "deq/deq_run.h"
 #include "platform/text_file.h"
+#include "reg/table/table_file.h"
+#include "reg/table/table_of_points.h"
 #include "shell/general_lib.h"
 
 #include <algorithm>
@@ -28,6 +30,7 @@ namespace
 constexpr const char* method_option = "--method";
 constexpr const char* csv_option = "--csv";
 constexpr const char* table_option = "--table";
+constexpr const char* save_option = "--save";
 
 message_box no_problem()
 {
@@ -40,13 +43,17 @@ std::optional<std::string> method_refusal(std::string_view value)
     return "--method: there is no method '" + std::string(value) + "'.";
 }
 
-constexpr std::array<kind_option, 5> options = {
+constexpr std::array<kind_option, 6> options = {
     {{method_option, "NAME", "RKF45, RKF56, BS, STIFF, STIFFBS, or the number 0 to 4", method_refusal},
      {.name = csv_option,
       .value_name = "NAME",
       .help = "Write the table of points to this file, comma-separated",
       .names_output = true},
      {.name = table_option, .help = "Print the table of points behind the report"},
+     {.name = save_option,
+      .value_name = "NAME",
+      .help = "Save the table of points to this file (.kvr)",
+      .names_output = true},
      graph_option,
      plot_option}};
 
@@ -91,6 +98,9 @@ file_answer solve(const problem_text& problem, const batch_request& request, con
     if (outcome.stopped) answer.stop_message = answer.messages;
     if (const std::string* const csv = request.option(csv_option); csv && outcome.has_report)
         answer.outputs.push_back({output_name(*csv, problem.file), csv_text(outcome.points)});
+    if (const std::string* const save = request.option(save_option); save && outcome.has_report)
+        answer.outputs.push_back(
+            {output_name(*save, problem.file), write_table(table_of_points(outcome.points, run.content.title))});
     std::ranges::move(graphs, std::back_inserter(answer.outputs));
     if (request.format == output_format::object) {
         json_writer writer(request.depth_of_object());

@@ -4,6 +4,7 @@
 #include "batch/kinds/graph_answerer.h"
 #include "batch/kinds/leq_answerer.h"
 #include "batch/kinds/nle_answerer.h"
+#include "batch/kinds/reg_answerer.h"
 
 #include <algorithm>
 #include <array>
@@ -13,8 +14,8 @@ namespace kelvarin
 
 std::span<const kind_answerer> kind_answerers()
 {
-    static const std::array<kind_answerer, 4> answerers = {nle_answerer(), leq_answerer(), deq_answerer(),
-                                                           graph_answerer()};
+    static const std::array<kind_answerer, 5> answerers = {nle_answerer(), leq_answerer(), deq_answerer(),
+                                                           reg_answerer(), graph_answerer()};
     return answerers;
 }
 

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "batch/kinds/reg_answerer.h"
+
+#include "batch/exit_status.h"
+#include "batch/kinds/table_edit_commands.h"
+#include "batch/text_columns.h"
+#include "platform/runtime_failure.h"
+#include "reg/reg_kind.h"
+#include "reg/table/column_statistics.h"
+#include "reg/table/table_file.h"
+#include "reg/table/table_json.h"
+#include "shell/document/run_outcome.h"
+#include "shell/report/outcome_json.h"
+
+#include <array>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace kelvarin
+{
+
+namespace
+{
+
+constexpr const char* table_option = "--table";
+constexpr const char* statistics_option = "--statistics";
+constexpr const char* save_option = "--save";
+
+constexpr std::array<kind_option, 4> options = {
+    {{.name = edit_option,
+      .value_name = "COMMAND",
+      .help = "Change the table first: cell R,C TEXT, define NAME FORMULA, undefine NAME, rename OLD NEW, digits N, "
+              "insert R, delete R; may be repeated",
+      .refusal = table_edit_refusal,
+      .repeats = true},
+     {.name = statistics_option, .help = "Sum, mean, standard deviation and variance of each column"},
+     {.name = table_option, .help = "Print the used part of the table, which is also what is done without an action"},
+     {.name = save_option, .value_name = "NAME", .help = "Save the table to this file (.kvr)", .names_output = true}}};
+
+/// What an action came to: its report, and the members that it adds to the JSON answer.
+struct table_answer : run_outcome
+{
+    /// Rich text; empty if there is none.
+    std::string report;
+    std::function<void(json_writer&)> write_members = [](json_writer&) {};
+};
+
+table_content blank_table(const settings& store)
+{
+    return table_content({store.whole_number("table_rows"), store.whole_number("table_cols")});
+}
+
+table_answer statistics_of(const table_content& content, const calendar_date& date)
+{
+    table_answer answer;
+    try {
+        const std::vector<column_statistics> columns = statistics_of_columns(content);
+        answer.has_report = true;
+        answer.report = column_statistics_report(columns, date);
+        answer.write_members = [columns](json_writer& writer) { write_statistics_members(writer, columns); };
+    } catch (const runtime_failure& failure) {
+        answer.refuse({"Error: " + std::string(failure.description()), box_icon::critical});
+    }
+    return answer;
+}
+
+table_answer table_alone(const table_content& content)
+{
+    table_answer answer;
+    answer.has_report = true;
+    answer.write_members = [&content](json_writer& writer) { write_table_members(writer, content); };
+    return answer;
+}
+
+/// The used part of a table as text in columns below the names.
+std::string table_text(const table_content& content)
+{
+    const table_size used = used_size(content);
+    std::vector<std::vector<std::string>> lines(static_cast<std::size_t>(used.rows) + 1);
+    for (int column = 0; column < used.columns; ++column) {
+        lines[0].push_back(content.name(column));
+        for (int row = 0; row < used.rows; ++row)
+            lines[static_cast<std::size_t>(row) + 1].push_back(content.cells.text(row, column));
+    }
+    return used.columns == 0 ? std::string() : text_columns(lines);
+}
+
+std::string object_of(const problem_text& problem, const table_content& content, const table_answer& answer,
+                      const std::string& report, const batch_request& request)
+{
+    json_writer writer(request.depth_of_object());
+    begin_answer(writer, problem.file, reg_kind().key, content.title);
+    write_ending(writer, answer.has_report, answer.boxes);
+    answer.write_members(writer);
+    if (request.option(table_option) && request.option(statistics_option) && answer.has_report) {
+        writer.key("table");
+        writer.begin_object();
+        write_table_members(writer, content);
+        writer.end_object();
+    }
+    writer.member("report", report);
+    writer.end_object();
+    return writer.take();
+}
+
+/// The edited table, and the boxes of refused commands.
+std::pair<table_content, std::vector<message_box>> edited_table(table_content content,
+                                                                std::span<const std::string> edits)
+{
+    evaluation_context context;
+    std::vector<message_box> boxes;
+    for (const std::string& edit : edits)
+        if (std::optional<message_box> refused = edit_table(content, edit, context))
+            boxes.push_back(std::move(*refused));
+    return {std::move(content), std::move(boxes)};
+}
+
+table_answer answer_to(const table_content& content, std::vector<message_box> refused, const batch_request& request,
+                       const calendar_date& date)
+{
+    if (refused.empty()) return request.option(statistics_option) ? statistics_of(content, date) : table_alone(content);
+    table_answer answer;
+    answer.boxes = std::move(refused);
+    return answer;
+}
+
+file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
+                  run_listener& /*listener*/)
+{
+    std::optional<table_content> read = read_table(problem.text, blank_table(request.store));
+    if (!read)
+        return refused_answer(problem.file, reg_kind().key, {"Error while trying to open file.", box_icon::critical},
+                              request);
+    auto [content, refused] = edited_table(std::move(*read), request.values_of(edit_option));
+    table_answer done = answer_to(content, std::move(refused), request, surroundings.clock.today());
+    const bool has_text = !done.report.empty();
+    file_answer answer = file_answer_of(problem.file, done, std::move(done.report), request);
+    if (!has_text) answer.report.clear();
+    if (request.format == output_format::object)
+        answer.object = object_of(problem, content, done, answer.report, request);
+    if (!done.has_report) return answer;
+    if (const std::string* const name = request.option(save_option))
+        answer.outputs.push_back({output_name(*name, problem.file), write_table(content)});
+    const bool prints_table = request.option(table_option) || (!has_text && answer.outputs.empty());
+    if (request.format == output_format::plain && prints_table)
+        answer.report += (has_text ? "\n" : "") + table_text(content);
+    return answer;
+}
+
+file_answer check(const problem_text& problem, const batch_request& request)
+{
+    const std::optional<table_content> content = read_table(problem.text, blank_table(request.store));
+    if (!content)
+        return refused_answer(problem.file, reg_kind().key, {"Error while trying to open file.", box_icon::critical},
+                              request);
+    return {.object = object_of(problem, *content, table_alone(*content), "", request)};
+}
+
+} // namespace
+
+kind_answerer reg_answerer()
+{
+    return {&reg_kind(), options, solve, check};
+}
+
+} // namespace kelvarin
