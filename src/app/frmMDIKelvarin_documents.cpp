@@ -41,7 +41,7 @@ constexpr const char* open_filter = "All Kelvarin files (*.kvr; *.kvg; *.rtf)|*.
 const problem_kind* kind_of_lines(std::string_view text)
 {
     // Without an extension only the lines count.
-    return recognise_document("", text, problem_kinds()).kind;
+    return recognise_document("", text, kinds_of_main_window()).kind;
 }
 
 } // namespace
@@ -138,7 +138,7 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
     const text_file file = read_text_file(path);
     if (!file.ok()) return show_message(open_error);
 
-    const recognised_document found = recognise_document(path.string(), file.text, problem_kinds());
+    const recognised_document found = recognise_document(path.string(), file.text, kinds_of_main_window());
     switch (found.form) {
     case document_form::graph:
         return show_message("Graphs are not yet shown by this version.");
@@ -169,7 +169,7 @@ bool frmMDIKelvarin::recognises(const std::filesystem::path& path) const
 {
     const text_file file = read_text_file(path);
     if (!file.ok()) return false;
-    const document_form form = recognise_document(path.string(), file.text, problem_kinds()).form;
+    const document_form form = recognise_document(path.string(), file.text, kinds_of_main_window()).form;
     if (form == document_form::text) return kind_of_lines(file.text) != nullptr;
     return form != document_form::unknown;
 }

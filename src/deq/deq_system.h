@@ -3,6 +3,7 @@
 
 #include "deq/deq_content.h"
 #include "expr/compiled_system.h"
+#include "nle/equations/evaluation_failed.h"
 #include "nle/equations/explicit_equations.h"
 #include "nle/equations/system_jacobian.h"
 #include "numeric/linear/matrix.h"
@@ -12,7 +13,6 @@
 #include "platform/run_listener.h"
 
 #include <cstddef>
-#include <exception>
 #include <memory>
 #include <optional>
 #include <span>
@@ -21,13 +21,6 @@
 
 namespace kelvarin
 {
-
-/// Thrown if an expression can't be evaluated; the system's context has the message.
-class evaluation_failed : public std::exception
-{
-public:
-    const char* what() const noexcept override { return "evaluation failed"; }
-};
 
 /// The equations of one run: the differential equations of a problem as a system y' = f(x, y). Explicit variables are
 /// not part of y; each evaluation computes them in sorted order.

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 namespace kelvarin
 {
@@ -17,6 +19,17 @@ std::span<const problem_kind* const> problem_kinds()
 {
     static const std::array<const problem_kind*, 5> kinds = {&leq_kind(), &nle_kind(), &deq_kind(), &reg_kind(),
                                                              &opt_kind()};
+    return kinds;
+}
+
+std::span<const problem_kind* const> kinds_of_main_window()
+{
+    static const std::vector<const problem_kind*> kinds = [] {
+        std::vector<const problem_kind*> found;
+        std::ranges::copy_if(problem_kinds(), std::back_inserter(found),
+                             [](const problem_kind* kind) { return !kind->opened_by_own_windows; });
+        return found;
+    }();
     return kinds;
 }
 

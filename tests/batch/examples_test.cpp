@@ -5,6 +5,8 @@
 #include "leq/leq_file.h"
 #include "leq/leq_kind.h"
 #include "nle/nle_file.h"
+#include "opt/opt_file.h"
+#include "opt/opt_kind.h"
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 #include "support/digits.h"
@@ -72,7 +74,7 @@ TEST(Examples, EachGivesTheValuesThatWereComputedApart)
             }
         }
     }
-    EXPECT_EQ(methods.size(), 9u) << "the examples are to show every method";
+    EXPECT_EQ(methods.size(), 10u) << "the examples are to show every method";
 }
 
 TEST(Examples, EveryEquationHasACommentAndSavingChangesNoByte)
@@ -83,6 +85,13 @@ TEST(Examples, EveryEquationHasACommentAndSavingChangesNoByte)
         const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
         if (holds_problem(bytes, leq_kind())) {
             EXPECT_EQ(write_leq(read_leq(bytes).value()), bytes);
+            continue;
+        }
+        if (holds_problem(bytes, opt_kind())) {
+            const opt_content content = read_opt(bytes).value();
+            for (const equation_row& row : content.rows)
+                EXPECT_FALSE(row.comment.empty()) << row.equation;
+            EXPECT_EQ(write_opt(content), bytes);
             continue;
         }
         const auto differential = holds_problem(bytes, deq_kind()) ? read_deq(bytes) : std::nullopt;

@@ -67,7 +67,6 @@ TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
 TEST_F(SolveFiles, FilesOfOtherKindsAreToldByTheirKind)
 {
     folder.write("many.kvr", "Equations\n64\n1\t2\t\r\n");
-    folder.write("target.kvr", "Optimum\nx*y\nx(0)=1\n");
     folder.write("one-line.kvr", "only a title\n");
     folder.write("odd.kvr", "title\n2x y = 3\nz = 1\n");
     folder.write("report.rtf", "{\\rtf1 }");
@@ -81,8 +80,6 @@ TEST_F(SolveFiles, FilesOfOtherKindsAreToldByTheirKind)
         {"report.rtf", "report", "--kind nle"},
         {"notes.txt", "text", "--kind nle"},
         {"curve.kvg", "graph", "Error while trying to open file."},
-        {"target.kvr", "unknown",
-         "The file format of target.kvr does not match any of the Kelvarin input files format."},
         {"one-line.kvr", "unknown", "does not match any of the Kelvarin input files format."},
         {"odd.kvr", "nle", "Error while trying to open file."},
     };

@@ -6,6 +6,8 @@
 #include "leq/leq_problem.h"
 #include "nle/nle_problem.h"
 #include "nle/nle_samples.h"
+#include "opt/opt_problem.h"
+#include "opt/opt_samples.h"
 #include "reg/table/table_document.h"
 
 #include <rapidcheck.h>
@@ -111,6 +113,37 @@ inline void change_at_random(deq_problem& problem)
         break;
     default:
         problem.rename_variable(*name, *name);
+    }
+}
+
+inline void put_example(opt_problem& problem)
+{
+    problem.load_example(opt_samples()[*rc::gen::inRange<std::size_t>(0, opt_sample_count)]);
+}
+
+inline void change_at_random(opt_problem& problem)
+{
+    const int row = *rc::gen::inRange(1, 5);
+    const auto name = *rc::gen::element<std::string>("x", "y", "a", "h", "2x");
+    if (change_rows_at_random(problem, row)) return;
+    switch (*rc::gen::inRange(0, 6)) {
+    case 0:
+        problem.put_row_text(name + " (0) = -1.5", any_text());
+        break;
+    case 1:
+        problem.put_row_text(name + " = if (0)==x then 1 else 2", any_text());
+        break;
+    case 2:
+        if (row <= problem.equation_count()) problem.put_row_text(any_text(), any_text(), row);
+        break;
+    case 3:
+        problem.set_target(any_text());
+        break;
+    case 4:
+        problem.choose_method(static_cast<opt_method>(*rc::gen::inRange(0, 3)));
+        break;
+    default:
+        problem.rename_variable(name, *rc::gen::element<std::string>("x", "z", "t", "min", "2x"));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "batch/kinds/graph_answerer.h"
 #include "batch/kinds/leq_answerer.h"
 #include "batch/kinds/nle_answerer.h"
+#include "batch/kinds/opt_answerer.h"
 #include "batch/kinds/reg_answerer.h"
 
 #include <algorithm>
@@ -14,8 +15,8 @@ namespace kelvarin
 
 std::span<const kind_answerer> kind_answerers()
 {
-    static const std::array<kind_answerer, 5> answerers = {nle_answerer(), leq_answerer(), deq_answerer(),
-                                                           reg_answerer(), graph_answerer()};
+    static const std::array<kind_answerer, 6> answerers = {nle_answerer(), leq_answerer(), deq_answerer(),
+                                                           reg_answerer(), opt_answerer(), graph_answerer()};
     return answerers;
 }
 

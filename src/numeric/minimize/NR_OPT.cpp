@@ -130,6 +130,7 @@ private:
     {
         while (true) {
             ++summary_.iterations;
+            if (options_.on_iteration) options_.on_iteration(summary_.iterations);
             first_alpha();
             switch (search_line()) {
             case search_result::found:

@@ -35,6 +35,8 @@ struct conmin_options
     int mxfun = 100;
     /// Told of each round before it is made; what it throws ends the method.
     std::function<void(int round, int limit)> on_round = {};
+    /// Told of each iteration before its line search; the last round was made at its point.
+    std::function<void(int iteration)> on_iteration = {};
 };
 
 struct conmin_summary

@@ -14,7 +14,6 @@ namespace
 {
 
 constexpr double first_step = 5.0;
-constexpr double step_ratio = 1.4;
 constexpr std::size_t table_size = 10;
 
 double ridders_derivative(objective& target, std::span<const double> x, std::size_t variable, std::span<double> point)
@@ -27,10 +26,10 @@ double ridders_derivative(objective& target, std::span<const double> x, std::siz
         const objective::value_pair values = target.values_beside(x, variable, step, point);
         table[0][k] = finite((finite(values.above) - finite(values.below)) / (2.0 * step));
         // Each order of extrapolation takes the error's next even power of the step away.
-        double factor = step_ratio * step_ratio;
+        double factor = gradient_step_ratio * gradient_step_ratio;
         for (std::size_t j = 1; j <= k; ++j) {
             table[j][k] = finite((table[j - 1][k] * factor - table[j - 1][k - 1]) / (factor - 1.0));
-            factor *= step_ratio * step_ratio;
+            factor *= gradient_step_ratio * gradient_step_ratio;
             const double change =
                 std::max(std::fabs(table[j][k] - table[j - 1][k]), std::fabs(table[j][k] - table[j - 1][k - 1]));
             if (change > error) continue;
@@ -38,7 +37,7 @@ double ridders_derivative(objective& target, std::span<const double> x, std::siz
             derivative = table[j][k];
         }
         if (k > 0 && std::fabs(table[k][k] - table[k - 1][k - 1]) >= 2.0 * error) break;
-        step /= step_ratio;
+        step /= gradient_step_ratio;
     }
     return derivative;
 }

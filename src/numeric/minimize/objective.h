@@ -9,6 +9,9 @@
 namespace kelvarin
 {
 
+/// The ratio of the successive steps of ridders_gradient.
+inline constexpr double gradient_step_ratio = 1.4;
+
 /// A function of n variables that is to become as small as possible, as the minimizers see it.
 class objective
 {

@@ -62,6 +62,9 @@ struct problem_kind
     const char* unsaved_on_open = "";
     /// Whether File, Open of its window passes files of other kinds to the main window.
     bool passes_on_other_files = false;
+    /// Whether files of this kind are opened by its own windows alone, and not by the main window: by their lines they
+    /// could be of another kind as well.
+    bool opened_by_own_windows = false;
 
     /// Whether a file with these lines is of this kind, provided it is of no kind before in the list. Null if files of
     /// this kind can not be recognised.

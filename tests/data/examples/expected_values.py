@@ -386,10 +386,49 @@ def radon_progeny():
     return found
 
 
+def least_cost_pipe():
+    # The cost is a*D^1.4 + b/D^5: its derivative is 0 at a known power.
+    area, g = m("0.785398163397448"), m("9.80665")
+    a = m("0.08") * 900 * 2500
+    flow = m("0.12")
+    lost = m("0.018") * 2500 * (flow / area) ** 2 / (2 * g)  # times D^-5
+    b = m("0.15") * 6000 * g * flow / m("0.72") * lost
+    D = (5 * b / (m("1.4") * a)) ** (1 / m("6.4"))
+    return {"u": 100 * log(D), "D": D, "pipe": a * D ** m("1.4"), "pumping": b / D**5,
+            "v": flow / (area * D**2), "head": lost / D**5, "power": g * flow * lost / D**5 / m("0.72")}
+
+
+def hanging_weights():
+    # Equilibrium: the pull of the springs on each weight, and the weight.
+    def pull(dx, dy, stiffness, rest):
+        length = sqrt(dx**2 + dy**2)
+        force = m(stiffness) * (length - rest)
+        return force * dx / length, force * dy / length, length
+
+    def forces(x1, y1, x2, y2):
+        left, middle, right = pull(-x1, -y1, "0.8", 30), pull(x2 - x1, y2 - y1, "0.5", 35), pull(110 - x2, -y2, "0.8", 30)
+        return [left[0] + middle[0], left[1] + middle[1] + 12, right[0] - middle[0], right[1] - middle[1] + 8]
+
+    x1, y1, x2, y2 = solve(forces, ("35", "35", "73", "32"))
+    s1, s2, s3 = sqrt(x1**2 + y1**2), sqrt((x2 - x1) ** 2 + (y2 - y1) ** 2), sqrt((110 - x2) ** 2 + y2**2)
+    energy = (m("0.8") * (s1 - 30) ** 2 + m("0.5") * (s2 - 35) ** 2 + m("0.8") * (s3 - 30) ** 2) / 2
+    return {"x1": x1, "y1": y1, "x2": x2, "y2": y2, "s1": s1, "s2": s2, "s3": s3, "elastic": energy,
+            "work": 12 * y1 + 8 * y2}
+
+
+def tide_gauge():
+    # The normal equations.
+    w = m("0.505868")
+    levels = [m(t) for t in ("41.2", "36.9", "26.4", "15.8", "11.1", "14.7", "24.9", "35.6")]
+    rows = mp.matrix([[1, cos(w * t), sin(w * t)] for t in (m("1.5") * i for i in range(8))])
+    level, a, b = mp.lu_solve(rows.T * rows, rows.T * mp.matrix(levels))
+    return {"level": level, "a": a, "b": b}
+
+
 PROBLEMS = [gas_volume, pipe_diameter, bubble_point, cable_sag, adiabatic_flash, steam_reforming, channel_flow,
             stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever,
             bridge_circuit, plane_truss, cooling_fin, batch_reactor, satellite, vibration_absorber, enzyme_kinetics,
-            radon_progeny]
+            radon_progeny, least_cost_pipe, hanging_weights, tide_gauge]
 
 
 def main():
