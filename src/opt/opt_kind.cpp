@@ -3,11 +3,9 @@
 
 #include "opt/opt_content.h"
 #include "opt/opt_file.h"
-#include "opt/opt_problem.h"
 #include "opt/opt_samples.h"
 
 #include <array>
-#include <memory>
 #include <utility>
 
 namespace kelvarin
@@ -53,8 +51,7 @@ const problem_kind& opt_kind()
         .opened_by_own_windows = true,
         .claims = is_opt_file,
         .methods = methods,
-        .example_titles = example_titles,
-        .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<opt_problem>(); }};
+        .example_titles = example_titles};
     return kind;
 }
 

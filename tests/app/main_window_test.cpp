@@ -68,7 +68,8 @@ TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
     main_desk desk;
     for (const auto& [which, text] : table<window_command, const char*>{
              {window_command::new_reg, "Data tables are not yet solved by this version."},
-             {window_command::new_opt, "Optimization problems are not yet solved by this version."}}) {
+             {window_command::new_opt,
+              "Optimization problems have no window in this version; kelvarin-solve solves them."}}) {
         SCOPED_TRACE(text);
         desk.user.expect_box(text);
         desk.run(which);

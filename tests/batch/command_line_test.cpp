@@ -47,7 +47,6 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--settings", "a.kvr"}, "take no FILE"},
         {{"a.kvr", "--eval", "1"}, "take no FILE"},
         {{"--eval"}, "no line is given"},
-        {{"--kind", "opt", "a.kvr"}, "not yet solved"},
         {{"--format", "rtf", "a.kvr", "b.kvr"}, "{}"},
         {{"--format", "rtf", "-o", "x.rtf", "a.kvr", "b.kvr"}, "{}"},
         {{"-o", "{}.txt", "a.kvr", "sub/a.kvr"}, "Two outputs would be written to 'a.txt'."},
