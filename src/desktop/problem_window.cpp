@@ -194,11 +194,16 @@ bool problem_window::show_boxes(const std::vector<message_box>& boxes)
     return true;
 }
 
-void problem_window::show_title()
+QString problem_window::document_caption() const
 {
     const QString caption = to_qstring(kind_->caption);
     const QString title = to_qstring(document().title());
-    show_caption(title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title));
+    return title.isEmpty() ? caption : QStringLiteral("%1 - %2").arg(caption, title);
+}
+
+void problem_window::show_title()
+{
+    show_caption(document_caption());
 }
 
 bool problem_window::open(const std::filesystem::path& path)

@@ -77,6 +77,9 @@ protected:
     virtual bool can_solve() const = 0;
     virtual void solve() = 0;
 
+    /// The window's caption: by default that of the kind with the document's title.
+    virtual QString document_caption() const;
+
     /// Shows the place that a box of the run is about.
     virtual void mark_place(const text_place&) {}
 

@@ -16,11 +16,11 @@ constexpr std::array<double, 2> dashed = {5.0, 3.0};
 constexpr std::array<double, 2> dotted = {1.0, 2.5};
 constexpr std::array<double, 4> dash_dotted = {6.0, 2.5, 1.0, 2.5};
 constexpr std::array<double, 2> long_dashed = {10.0, 3.0};
-constexpr std::size_t dash_count = 5;
+} // namespace
 
-std::span<const double> dashes_of(std::size_t round)
+std::span<const double> dashes_of(std::size_t number)
 {
-    switch (round % dash_count) {
+    switch (number % dash_count) {
     case 1:
         return dashed;
     case 2:
@@ -33,8 +33,6 @@ std::span<const double> dashes_of(std::size_t round)
         return {};
     }
 }
-
-} // namespace
 
 std::span<const drawn_colour> curve_palette()
 {

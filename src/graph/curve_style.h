@@ -23,6 +23,10 @@ struct curve_style
 /// lightness, for printers without colour. [OkabeIto2008]
 std::span<const drawn_colour> curve_palette();
 
+/// The dashes of lines: a solid one, dashed, dash-dotted, dotted, long dashes.
+inline constexpr std::size_t dash_count = 5;
+std::span<const double> dashes_of(std::size_t number);
+
 /// The style of curve number `index`: eight colours, then the same with other dashes. Functions are numbered after the
 /// curves.
 curve_style curve_style_of(std::size_t index);

@@ -35,6 +35,7 @@ public:
         : graph_(graph), options_(options), metrics_(metrics)
     {
         drawn_.limits = options.view ? *options.view : find_axis_limits(graph);
+        if (drawn_.limits.ok()) settle_scales();
         drawn_.picture.width = options.width;
         drawn_.picture.height = options.height;
     }
@@ -47,7 +48,7 @@ public:
             add_notice(drawn_.limits.failure, page);
             return std::move(drawn_);
         }
-        const graph_layout layout = lay_out_graph(graph_, drawn_.limits, page.width, page.height, metrics_);
+        const graph_layout layout = lay_out_graph(graph_, drawn_.limits, scales_, page.width, page.height, metrics_);
         drawn_.plot = layout.plot;
         for (const drawn_text& title : layout.titles)
             add(title);
@@ -57,7 +58,8 @@ public:
             add_notice("No curve is shown.", layout.plot);
             return std::move(drawn_);
         }
-        const axis_mapping mapping(drawn_.limits.x, *drawn_.limits.y, layout.plot);
+        const axis_mapping mapping(drawn_.limits.x, *drawn_.limits.y, layout.plot, scales_);
+        drawn_.mapping = mapping;
         const std::size_t first_curve = drawn_.picture.shapes.size();
         add_curves(mapping);
         add_functions(mapping);
@@ -66,6 +68,40 @@ public:
     }
 
 private:
+    /// The smallest positive one of some columns' values; 0 if there is none.
+    double smallest_positive(bool of_x) const
+    {
+        double smallest = 0.0;
+        const auto look_at = [&smallest](const shared_values& values) {
+            for (const double value : values.span())
+                if (value > 0.0 && std::isfinite(value) && (smallest == 0.0 || value < smallest)) smallest = value;
+        };
+        if (of_x) look_at(graph_.columns.front().values);
+        for (std::size_t curve = 0; !of_x && curve < graph_.curve_count(); ++curve)
+            if (graph_.curve_visible[curve]) look_at(graph_.columns[curve + 1].values);
+        return smallest;
+    }
+
+    /// Makes axes logarithmic that can be.
+    void settle_scales()
+    {
+        const auto settle = [this](axis_scale wished, axis_scale& scale, axis_range& range, bool of_x) {
+            if (wished == axis_scale::linear) return;
+            if (range.min <= 0.0) range = positive_range(range, smallest_positive(of_x));
+            if (range.min > 0.0) scale = axis_scale::logarithmic;
+        };
+        settle(options_.scales.x, scales_.x, drawn_.limits.x, true);
+        if (drawn_.limits.y) settle(options_.scales.y, scales_.y, *drawn_.limits.y, false);
+    }
+
+    bool is_hidden(drawn_part part) const { return std::ranges::find(options_.hidden, part) != options_.hidden.end(); }
+
+    curve_style style_of(drawn_part part, std::size_t number) const
+    {
+        const auto own = std::ranges::find(options_.styles, part, &std::pair<drawn_part, curve_style>::first);
+        return own == options_.styles.end() ? curve_style_of(number) : own->second;
+    }
+
     void add(drawn_shape shape) { drawn_.picture.shapes.push_back(std::move(shape)); }
 
     void add_notice(const std::string& words, const drawn_box& where)
@@ -88,26 +124,38 @@ private:
     void add_axes(const graph_layout& layout)
     {
         const drawn_box& plot = layout.plot;
-        const int divisions = axis_divisions(graph_);
         const drawn_stroke grid = {grid_colour, hairline, {}};
-        const auto x_at = [&](int i) { return plot.left + plot.width * i / divisions; };
-        const auto y_at = [&](int i) { return plot.bottom() - plot.height * i / divisions; };
-        for (int i = 1; i < divisions; ++i) {
-            if (graph_.ver_gridline)
-                add(straight_line({drawn_role::grid_line, i}, grid, {x_at(i), plot.top}, {x_at(i), plot.bottom()}));
-            if (graph_.hor_gridline && drawn_.limits.y)
-                add(straight_line({drawn_role::grid_line, i}, grid, {plot.left, y_at(i)}, {plot.right(), y_at(i)}));
-        }
+        const auto for_each_tick = [](const std::vector<axis_tick>& ticks, const auto& act) {
+            for (std::size_t i = 0; i < ticks.size(); ++i)
+                act(static_cast<int>(i), ticks[i]);
+        };
+        const auto x_at = [&plot](const axis_tick& tick) { return plot.left + plot.width * tick.fraction; };
+        const auto y_at = [&plot](const axis_tick& tick) { return plot.bottom() - plot.height * tick.fraction; };
+        const auto has_grid_line = [](const axis_tick& tick) {
+            return tick.fraction > 0.0 && tick.fraction < 1.0 && !tick.label.empty();
+        };
+        for_each_tick(layout.x_ticks, [&](int i, const axis_tick& tick) {
+            if (!graph_.ver_gridline || !has_grid_line(tick)) return;
+            const double x = x_at(tick);
+            add(straight_line({drawn_role::grid_line, i}, grid, {x, plot.top}, {x, plot.bottom()}));
+        });
+        for_each_tick(layout.y_ticks, [&](int i, const axis_tick& tick) {
+            if (!graph_.hor_gridline || !has_grid_line(tick)) return;
+            const double y = y_at(tick);
+            add(straight_line({drawn_role::grid_line, i}, grid, {plot.left, y}, {plot.right(), y}));
+        });
         const double width = std::clamp(graph_.border_width, least_width, largest_width) * points_per_pixel;
         add(drawn_rectangle{{drawn_role::axis}, plot, std::nullopt, drawn_stroke{axis_colour, width, {}}});
-        const drawn_stroke tick = {axis_colour, hairline, {}};
-        for (int i = 0; i <= divisions; ++i) {
-            const double below = plot.bottom() + tick_length;
-            add(straight_line({drawn_role::tick, i}, tick, {x_at(i), plot.bottom()}, {x_at(i), below}));
-            if (drawn_.limits.y)
-                add(straight_line({drawn_role::tick, i}, tick, {plot.left, y_at(i)},
-                                  {plot.left - tick_length, y_at(i)}));
-        }
+        const drawn_stroke stroke = {axis_colour, hairline, {}};
+        const auto length = [](const axis_tick& tick) { return tick.label.empty() ? tick_length / 2.0 : tick_length; };
+        for_each_tick(layout.x_ticks, [&](int i, const axis_tick& tick) {
+            const double x = x_at(tick);
+            add(straight_line({drawn_role::tick, i}, stroke, {x, plot.bottom()}, {x, plot.bottom() + length(tick)}));
+        });
+        for_each_tick(layout.y_ticks, [&](int i, const axis_tick& tick) {
+            const double y = y_at(tick);
+            add(straight_line({drawn_role::tick, i}, stroke, {plot.left, y}, {plot.left - length(tick), y}));
+        });
         for (const drawn_text& label : layout.labels)
             add(label);
     }
@@ -130,8 +178,10 @@ private:
         const std::span<const double> y = graph_.columns[curve + 1].values.span();
         for (std::size_t i = 0; i < x.size(); ++i) {
             if (is_out_of_sight(x, i, drawn_.limits.x) && std::isfinite(y[i])) continue;
-            if (std::isfinite(x[i]) && std::isfinite(y[i]))
-                on_point(mapping.at(x[i], y[i]));
+            // A value that is not finite, or that a logarithmic axis can't show, breaks the line.
+            const drawn_point point = mapping.at(x[i], y[i]);
+            if (std::isfinite(x[i]) && std::isfinite(y[i]) && std::isfinite(point.x) && std::isfinite(point.y))
+                on_point(point);
             else
                 on_gap();
         }
@@ -144,12 +194,13 @@ private:
         for (std::size_t curve = 0; curve < graph_.curve_count(); ++curve) {
             if (!graph_.curve_visible[curve]) continue;
             const drawn_part part = {drawn_role::curve, static_cast<int>(curve)};
-            const curve_style style = curve_style_of(curve);
-            if (graph_.scatter_connected) add_line(part, style, curve, mapping);
-            if (graph_.draw_points) add_markers(part, style, curve, mapping);
+            const curve_style style = style_of(part, curve);
+            const bool hidden = is_hidden(part);
+            if (graph_.scatter_connected && !hidden) add_line(part, style, curve, mapping);
+            if (graph_.draw_points && !hidden) add_markers(part, style, curve, mapping);
             // Even without line and points the curve is listed in the legend and counts as visible.
             entries_.push_back(
-                {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points});
+                {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points, hidden});
         }
     }
 
@@ -188,22 +239,27 @@ private:
         for (std::size_t i = 0; i < graph_.functions.size(); ++i) {
             if (!graph_.functions[i].visible) continue;
             const drawn_part part = {drawn_role::function, static_cast<int>(i)};
-            const curve_style style = curve_style_of(graph_.curve_count() + i);
+            const curve_style style = style_of(part, graph_.curve_count() + i);
+            const bool hidden = is_hidden(part);
+            entries_.push_back({part, graph_.functions[i].text, style, true, false, hidden});
+            if (hidden) continue;
             clipped_path line({part, curve_stroke(graph_, style), {}, {}}, drawn_.plot);
             for (const function_point& point : function_points(graph_.functions[i].text, drawn_.limits.x)) {
-                if (point.y)
-                    line.line_to(mapping.at(point.x, *point.y));
+                const drawn_point at = point.y ? mapping.at(point.x, *point.y) : drawn_point{0.0, std::nan("")};
+                if (std::isfinite(at.x) && std::isfinite(at.y))
+                    line.line_to(at);
                 else
                     line.lift();
             }
             add(line.taken());
-            entries_.push_back({part, graph_.functions[i].text, style, true, false});
         }
     }
 
     void add_legend(const graph_layout& layout, std::size_t first_curve)
     {
         if (entries_.empty()) return;
+        for (const legend_entry& entry : entries_)
+            drawn_.entries.push_back(entry.part);
         const std::span<const drawn_shape> curves = std::span(drawn_.picture.shapes).subspan(first_curve);
         std::vector<drawn_shape> legend = legend_shapes(graph_, entries_, curves, layout, metrics_);
         std::ranges::move(legend, std::back_inserter(drawn_.picture.shapes));
@@ -213,6 +269,7 @@ private:
     const drawing_options& options_;
     const text_metrics& metrics_;
     graph_drawing drawn_;
+    axis_scales scales_;
     std::vector<legend_entry> entries_;
 };
 

@@ -5,9 +5,11 @@
 #include "graph/curve_style.h"
 #include "graph/drawing.h"
 #include "graph/graph_content.h"
+#include "graph/graph_layout.h"
 #include "graph/text_metrics.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace kelvarin
@@ -18,6 +20,7 @@ inline constexpr drawn_colour ground_colour = 0xFFFFFF;
 inline constexpr drawn_colour text_colour = 0x202020;
 inline constexpr drawn_colour axis_colour = 0x404040;
 inline constexpr drawn_colour grid_colour = 0xDDDDDD;
+inline constexpr drawn_colour faded_colour = 0xA0A0A0;
 inline constexpr double hairline = 0.5;
 
 struct drawing_options
@@ -30,6 +33,12 @@ struct drawing_options
     /// The displayed part of the graph, instead of the limits found from its data; both ranges must satisfy
     /// is_axis_range.
     std::optional<axis_limits> view = std::nullopt;
+    /// An axis without positive values is linear all the same.
+    axis_scales scales = {};
+    /// Curves and functions that are not drawn, but faded in the legend.
+    std::vector<drawn_part> hidden = {};
+    /// Styles of curves and functions in place of curve_style_of.
+    std::vector<std::pair<drawn_part, curve_style>> styles = {};
 };
 
 /// A drawn graph, with what a window needs to handle gestures on it.
@@ -38,6 +47,10 @@ struct graph_drawing
     drawn_picture picture;
     axis_limits limits;
     drawn_box plot;
+    /// nullopt if no curve is drawn.
+    std::optional<axis_mapping> mapping;
+    /// The curves and functions of the legend, in its order.
+    std::vector<drawn_part> entries;
 };
 
 /// Draws a graph: titles and captions, background, axes with grid, ticks and labels, curves, functions, legend. Lines

@@ -52,15 +52,16 @@ drawn_text horizontal_text(drawn_part part, std::string text, const graph_font& 
 class layout_maker
 {
 public:
-    layout_maker(const graph_content& graph, const axis_limits& limits, double width, double height,
+    layout_maker(const graph_content& graph, const axis_limits& limits, axis_scales scales, double width, double height,
                  const text_metrics& metrics)
-        : graph_(graph), metrics_(metrics), divisions_(axis_divisions(graph))
+        : graph_(graph), metrics_(metrics), scales_(scales)
     {
         layout_.page = {0.0, 0.0, width, height};
         layout_.axes_font = font_on_page(graph.axes_font, layout_.page);
         label_height_ = metrics.height(layout_.axes_font);
-        x_labels_ = tick_labels(limits.x, divisions_, graph.x_labels);
-        if (limits.y) y_labels_ = tick_labels(*limits.y, divisions_, graph.y_labels);
+        const int divisions = axis_divisions(graph);
+        layout_.x_ticks = axis_ticks(limits.x, divisions, graph.x_labels, scales.x);
+        if (limits.y) layout_.y_ticks = axis_ticks(*limits.y, divisions, graph.y_labels, scales.y);
     }
 
     graph_layout made()
@@ -82,11 +83,11 @@ public:
     }
 
 private:
-    double largest_label(const std::vector<std::string>& labels) const
+    double largest_label(const std::vector<axis_tick>& ticks) const
     {
         double largest = 0.0;
-        for (const std::string& label : labels)
-            largest = std::max(largest, metrics_.width(label, layout_.axes_font));
+        for (const axis_tick& tick : ticks)
+            largest = std::max(largest, metrics_.width(tick.label, layout_.axes_font));
         return largest;
     }
 
@@ -125,7 +126,8 @@ private:
 
     bool reserve_y_title()
     {
-        const double room = largest_frame * layout_.page.width - used_.left - used_.right - largest_label(y_labels_);
+        const double room =
+            largest_frame * layout_.page.width - used_.left - used_.right - largest_label(layout_.y_ticks);
         if (graph_.y_title.empty() || room < label_height_ + spacing) return false;
         used_.left += label_height_ + spacing;
         return true;
@@ -140,8 +142,8 @@ private:
         page_edges margins = {in_points(graph_.margins.left), in_points(graph_.margins.top),
                               in_points(graph_.margins.right), in_points(graph_.margins.bottom)};
         const double beside_label = tick_length + spacing;
-        const page_edges needed = {beside_label + largest_label(y_labels_), label_height_ / 2.0,
-                                   metrics_.width(x_labels_.back(), layout_.axes_font) / 2.0,
+        const page_edges needed = {beside_label + largest_label(layout_.y_ticks), label_height_ / 2.0,
+                                   metrics_.width(layout_.x_ticks.back().label, layout_.axes_font) / 2.0,
                                    beside_label + label_height_};
         const auto fit = [](double& first, double& second, double first_needed, double second_needed, double room) {
             const double wanted = first + second;
@@ -181,7 +183,8 @@ private:
         const drawn_box& plot = layout_.plot;
         const std::string text = elided_text(graph_.y_title, plot.height, layout_.axes_font, metrics_);
         if (text.empty()) return;
-        const double beside_labels = plot.left - tick_length - 3.0 * spacing - largest_label(y_labels_) - label_height_;
+        const double beside_labels =
+            plot.left - tick_length - 3.0 * spacing - largest_label(layout_.y_ticks) - label_height_;
         const double left = std::max(spacing, beside_labels);
         const double length = metrics_.width(text, layout_.axes_font);
         drawn_text drawn = {{drawn_role::y_title},
@@ -196,16 +199,37 @@ private:
         layout_.titles.push_back(std::move(drawn));
     }
 
-    /// The smallest stride in divisions between labels that need a length `needed` along the axis; a larger one, less
-    /// than twice that, if it gives the last division a label.
-    int label_stride(double needed, double axis_length) const
+    /// The ticks that get a label if labels need a length `needed` along the axis.
+    static std::vector<std::size_t> labelled_ticks(const std::vector<axis_tick>& ticks, axis_scale scale, double needed,
+                                                   double axis_length)
     {
-        const double division = axis_length / divisions_;
-        if (division <= 0.0) return divisions_ + 1;
+        std::vector<std::size_t> labelled;
+        if (scale == axis_scale::logarithmic) {
+            double next = 0.0;
+            for (std::size_t i = 0; i < ticks.size(); ++i) {
+                const double place = ticks[i].fraction * axis_length;
+                if (ticks[i].label.empty() || place < next) continue;
+                labelled.push_back(i);
+                next = place + needed;
+            }
+            return labelled;
+        }
+        const std::size_t stride = label_stride(static_cast<int>(ticks.size()) - 1, needed, axis_length);
+        for (std::size_t i = 0; i < ticks.size(); i += stride)
+            labelled.push_back(i);
+        return labelled;
+    }
+
+    /// The smallest stride in divisions between labels; a larger one, less than twice that, if it gives the last
+    /// division a label.
+    static std::size_t label_stride(int divisions, double needed, double axis_length)
+    {
+        const double division = axis_length / divisions;
+        if (division <= 0.0) return static_cast<std::size_t>(divisions) + 1;
         const int least = std::max(1, static_cast<int>(std::min(1000.0, std::ceil(needed / division))));
         for (int stride = least; stride < 2 * least; ++stride)
-            if (divisions_ % stride == 0) return stride;
-        return least;
+            if (divisions % stride == 0) return static_cast<std::size_t>(stride);
+        return static_cast<std::size_t>(least);
     }
 
     void add_label(drawn_text label)
@@ -216,52 +240,43 @@ private:
     void add_x_labels()
     {
         const drawn_box& plot = layout_.plot;
-        const int stride = label_stride(largest_label(x_labels_) + 2.0 * spacing, plot.width);
-        for (int i = 0; i <= divisions_; i += stride) {
-            const std::string& label = x_labels_[static_cast<std::size_t>(i)];
-            const double x = plot.left + plot.width * i / divisions_;
+        const double needed = largest_label(layout_.x_ticks) + 2.0 * spacing;
+        for (const std::size_t i : labelled_ticks(layout_.x_ticks, scales_.x, needed, plot.width)) {
+            const auto& [fraction, label] = layout_.x_ticks[i];
+            const double x = plot.left + plot.width * fraction;
             const double width = metrics_.width(label, layout_.axes_font);
             const drawn_point corner = {x - width / 2.0, plot.bottom() + tick_length + spacing};
-            add_label(horizontal_text({drawn_role::x_label, i}, label, layout_.axes_font, corner, metrics_));
+            add_label(horizontal_text({drawn_role::x_label, static_cast<int>(i)}, label, layout_.axes_font, corner,
+                                      metrics_));
         }
     }
 
     void add_y_labels()
     {
-        if (y_labels_.empty()) return;
+        if (layout_.y_ticks.empty()) return;
         const drawn_box& plot = layout_.plot;
-        const int stride = label_stride(label_height_ + 1.0, plot.height);
-        for (int i = 0; i <= divisions_; i += stride) {
-            const std::string& label = y_labels_[static_cast<std::size_t>(i)];
-            const double y = plot.bottom() - plot.height * i / divisions_;
+        for (const std::size_t i : labelled_ticks(layout_.y_ticks, scales_.y, label_height_ + 1.0, plot.height)) {
+            const auto& [fraction, label] = layout_.y_ticks[i];
+            const double y = plot.bottom() - plot.height * fraction;
             const double width = metrics_.width(label, layout_.axes_font);
             const drawn_point corner = {plot.left - tick_length - spacing - width, y - label_height_ / 2.0};
             // The last label must not overlap a title above, nor the first one the labels of x.
             if (corner.x < used_.left - spacing / 2.0 || corner.y < used_.top - spacing) continue;
-            if (i == 0 && label_height_ / 2.0 >= tick_length + spacing) continue;
-            add_label(horizontal_text({drawn_role::y_label, i}, label, layout_.axes_font, corner, metrics_));
+            if (fraction == 0.0 && label_height_ / 2.0 >= tick_length + spacing) continue;
+            add_label(horizontal_text({drawn_role::y_label, static_cast<int>(i)}, label, layout_.axes_font, corner,
+                                      metrics_));
         }
     }
 
     const graph_content& graph_;
     const text_metrics& metrics_;
-    int divisions_;
+    axis_scales scales_;
     graph_layout layout_;
     page_edges used_;
     double label_height_ = 0.0;
-    std::vector<std::string> x_labels_;
-    std::vector<std::string> y_labels_;
 };
 
 } // namespace
-
-double axis_mapping::fraction(double value, axis_range range)
-{
-    constexpr double far_outside = 1e100;
-    const double length = range.max - range.min;
-    const double fraction = (value - range.min) / length;
-    return std::clamp(fraction, -far_outside, far_outside);
-}
 
 graph_font font_on_page(graph_font font, const drawn_box& page)
 {
@@ -286,10 +301,10 @@ drawn_point place_on_page(const graph_place& place, const graph_size& window, co
             std::clamp(top, 0.0, std::max(0.0, page.height - height))};
 }
 
-graph_layout lay_out_graph(const graph_content& graph, const axis_limits& limits, double width, double height,
-                           const text_metrics& metrics)
+graph_layout lay_out_graph(const graph_content& graph, const axis_limits& limits, axis_scales scales, double width,
+                           double height, const text_metrics& metrics)
 {
-    return layout_maker(graph, limits, width, height, metrics).made();
+    return layout_maker(graph, limits, scales, width, height, metrics).made();
 }
 
 } // namespace kelvarin

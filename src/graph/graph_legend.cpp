@@ -84,9 +84,13 @@ void add_sample(std::vector<drawn_shape>& shapes, const legend_entry& entry, con
                 drawn_point left)
 {
     const drawn_part part = {drawn_role::legend_sample, entry.part.index};
-    const drawn_stroke stroke = curve_stroke(graph, entry.style);
+    drawn_stroke stroke = curve_stroke(graph, entry.style);
+    if (entry.hidden) stroke.colour = grid_colour;
     if (entry.line) shapes.push_back(drawn_path{part, stroke, {left, {left.x + sample_length, left.y}}, {0}});
-    if (entry.marker) shapes.push_back(markers_at(graph, entry.style, part, {{left.x + sample_length / 2.0, left.y}}));
+    if (!entry.marker) return;
+    drawn_markers marker = markers_at(graph, entry.style, part, {{left.x + sample_length / 2.0, left.y}});
+    marker.stroke.colour = stroke.colour;
+    shapes.push_back(std::move(marker));
 }
 
 } // namespace
@@ -117,7 +121,7 @@ std::vector<drawn_shape> legend_shapes(const graph_content& graph, std::span<con
         drawn_text text = {{drawn_role::legend_text, is_count ? -1 : entry.part.index},
                            name,
                            layout.axes_font,
-                           text_colour,
+                           entry.hidden && !is_count ? faded_colour : text_colour,
                            {},
                            text_anchor::start,
                            0.0,

@@ -20,6 +20,7 @@ struct legend_entry
     curve_style style;
     bool line = true;
     bool marker = false;
+    bool hidden = false;
 };
 
 /// The legend's shapes: frame, samples, names. It is where the user has moved it, else in the corner of the plot area
