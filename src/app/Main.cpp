@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Main.h"
 
+#include "app/export_picture.h"
 #include "app/frmMDIKelvarin.h"
 #include "app/frmStartup.h"
 #include "app/start_request.h"
@@ -12,6 +13,7 @@
 
 #include <clocale>
 #include <iostream>
+#include <variant>
 
 namespace kelvarin
 {
@@ -52,11 +54,28 @@ void show_main_window(frmMDIKelvarin& window, const start_request& request)
     window.open_documents(request.documents);
 }
 
+int export_without_window(const export_request& request, int argc, char** argv)
+{
+    if (needs_no_toolkit(request)) return export_picture(request, std::cerr);
+    // No display is needed, and none is used.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    return export_picture(request, std::cerr);
+}
+
 } // namespace
 
 int Main(int argc, char** argv)
 {
     const std::vector<std::string> typed(argv + (argc > 0 ? 1 : 0), argv + argc);
+    if (const auto asked = read_export(typed)) {
+        if (const auto* const wrong = std::get_if<std::string>(&*asked)) {
+            std::cerr << "kelvarin: " << *wrong << "\n";
+            return 2;
+        }
+        return export_without_window(std::get<export_request>(*asked), argc, argv);
+    }
     if (const std::optional<terminal_answer> answer = answer_on_terminal(typed)) {
         (answer->status == 0 ? std::cout : std::cerr) << answer->text;
         return answer->status;

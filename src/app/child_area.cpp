@@ -68,7 +68,8 @@ void child_area::add(std::unique_ptr<child_window> window, child_window* beside)
     // A window that is made smaller moves the keyboard among its controls.
     if (beside) beside->set_in_front(false);
     auto* problem = beside ? qobject_cast<QMdiSubWindow*>(beside->parentWidget()) : nullptr;
-    const std::optional<QRect> place = problem ? reports_->place_for_report_of(*problem) : std::nullopt;
+    const std::optional<QRect> place =
+        problem ? reports_->place_for_report_of(*problem, added->objectName()) : std::nullopt;
     QMdiSubWindow* frame = addSubWindow(window.release());
     frame->setWindowIcon(added->windowIcon());
     give_up_shortcuts(*frame);

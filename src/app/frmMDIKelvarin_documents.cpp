@@ -5,6 +5,8 @@
 #include "app/frmRecovery.h"
 #include "app/problem_kinds.h"
 #include "desktop/qt_text.h"
+#include "graph/graph_kind.h"
+#include "graph/window/frmGraph.h"
 #include "kinds/kinds.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
@@ -141,7 +143,7 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
     const recognised_document found = recognise_document(path.string(), file.text, kinds_of_main_window());
     switch (found.form) {
     case document_form::graph:
-        return show_message("Graphs are not yet shown by this version.");
+        return open_graph(context_, path);
     case document_form::report:
     case document_form::text:
         if (const auto refused = open_report(context_, path, kind_of_lines(file.text) != nullptr))
@@ -209,6 +211,12 @@ void frmMDIKelvarin::offer_recovered_problems()
 void frmMDIKelvarin::open_recovered(const recovery_store::found_problem& problem)
 {
     const problem_window_kind* kind = kind_of_key(problem.entry.kind);
+    if (problem.entry.kind == graph_kind().key) {
+        if (!recover_graph(context_, problem.slot, problem.entry))
+            return show_message("The kept problem can not be read.");
+        if (recovery_bar_) recovery_bar_->remove(problem.slot);
+        return;
+    }
     if (!kind) return show_message("This version does not know problems of this kind.");
     problem_window* window = new_window(*kind);
     if (!window) return;

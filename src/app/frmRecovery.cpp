@@ -6,6 +6,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "graph/graph_kind.h"
 
 #include <QDateTime>
 #include <QGridLayout>
@@ -41,6 +42,7 @@ QString title_of(const recovery_entry& entry)
 
 QString kind_of(const recovery_entry& entry)
 {
+    if (entry.kind == graph_kind().key) return frmRecovery::tr(graph_kind().name);
     const problem_window_kind* kind = kind_of_key(entry.kind);
     return kind ? frmRecovery::tr(kind->row->name) : to_qstring(entry.kind);
 }
@@ -108,7 +110,10 @@ void frmRecovery::add_row(QGridLayout& grid, int row, const recovery_store::foun
     };
     auto* sign = new QLabel(this);
     const problem_window_kind* kind = kind_of_key(entry.kind);
-    sign->setPixmap(program_icon(kind ? kind->row->key : "report").pixmap(line_unit(*this), line_unit(*this)));
+    sign->setPixmap(program_icon(kind                             ? kind->row->key
+                                 : entry.kind == graph_kind().key ? graph_kind().key
+                                                                  : "report")
+                        .pixmap(line_unit(*this), line_unit(*this)));
     sign->setAccessibleName(kind_of(entry));
     sign->setToolTip(kind_of(entry));
     place(sign, picture);

@@ -23,18 +23,29 @@ constexpr int least_letters = 36;
 
 report_places::report_places(QMdiArea& area) : QObject(&area), area_(area) {}
 
-QMdiSubWindow* report_places::last_report_of(const QMdiSubWindow& problem) const
+QMdiSubWindow* report_places::last_report_of(const QMdiSubWindow& problem, const QString& name) const
 {
     for (const placed_report& each : reports_ | std::views::reverse) {
         const bool is_open = each.problem == &problem && each.report && !each.report->isHidden();
-        if (is_open && !each.report->isMinimized()) return each.report;
+        const bool is_named = name.isEmpty() || (each.report && each.report->widget()->objectName() == name);
+        if (is_open && is_named && !each.report->isMinimized()) return each.report;
     }
     return nullptr;
 }
 
-std::optional<QRect> report_places::place_for_report_of(QMdiSubWindow& problem)
+QRect report_places::place_below_title(const QMdiSubWindow& last) const
 {
-    const QMdiSubWindow* last = last_report_of(problem);
+    QRect place = last.geometry();
+    place.setTop(place.top() + area_.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &last));
+    return place;
+}
+
+std::optional<QRect> report_places::place_for_report_of(QMdiSubWindow& problem, const QString& name)
+{
+    const QMdiSubWindow* last = last_report_of(problem, name);
+    if (const QMdiSubWindow* other = last ? nullptr : last_report_of(problem);
+        other && !other->isMaximized() && !problem.isMaximized())
+        return place_below_title(*other);
     if (last && last->isMaximized()) return std::nullopt;
     if (last && !problem.isMaximized()) return last->geometry();
     const std::optional<QRect> place = make_room_beside(problem);

@@ -23,9 +23,10 @@ class report_places : public QObject
 public:
     explicit report_places(QMdiArea& area);
 
-    /// The geometry of a further report of `problem`: exactly that of its last one if there is one. The problem gives
-    /// room if necessary. Returns nullopt if the area is too narrow for both.
-    std::optional<QRect> place_for_report_of(QMdiSubWindow& problem);
+    /// The geometry of a further report of `problem`, or of another window of its runs, whose object name is `name`:
+    /// exactly that of the last one with the name if there is one; below the title bar of the last one with another
+    /// name. The problem gives room if necessary. Returns nullopt if the area is too narrow for both.
+    std::optional<QRect> place_for_report_of(QMdiSubWindow& problem, const QString& name);
 
     /// To be called for each report of `problem`. When the active report is closed, its problem becomes active.
     void add(QMdiSubWindow& report, QMdiSubWindow& problem);
@@ -47,7 +48,10 @@ private:
         QRect given;
     };
 
-    QMdiSubWindow* last_report_of(const QMdiSubWindow& problem) const;
+    /// The last open window beside `problem`; with a name, the last one of that name.
+    QMdiSubWindow* last_report_of(const QMdiSubWindow& problem, const QString& name = {}) const;
+    /// The place of a window over `last` that leaves its title bar to be seen.
+    QRect place_below_title(const QMdiSubWindow& last) const;
     std::optional<QRect> make_room_beside(QMdiSubWindow& problem);
     void closed(QMdiSubWindow& report);
     void give_back(QMdiSubWindow& problem);

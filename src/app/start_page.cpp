@@ -6,6 +6,7 @@
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "graph/graph_kind.h"
 #include "kinds/kinds.h"
 #include "platform/data_files.h"
 #include "shell/document/example_files.h"
@@ -31,18 +32,22 @@ namespace
 
 struct recent_file
 {
-    const problem_window_kind* kind = nullptr;
+    const problem_kind* kind = nullptr;
     std::filesystem::path path;
 };
 
 /// The latest file of each kind first, then each second one and so on: the times are not stored.
 std::vector<recent_file> recent_files_of_all_kinds(const registry_store& registry)
 {
+    std::vector<const problem_kind*> kinds;
+    for (const problem_window_kind& kind : problem_window_kinds())
+        kinds.push_back(kind.row);
+    kinds.push_back(&graph_kind());
     std::vector<recent_file> files;
     for (std::size_t place = 0; place < recent_file_limit; ++place)
-        for (const problem_window_kind& kind : problem_window_kinds()) {
-            const auto of_kind = load_recent_files(registry, kind.row->recent_suffix);
-            if (place < of_kind.size()) files.push_back({&kind, of_kind[place]});
+        for (const problem_kind* kind : kinds) {
+            const auto of_kind = load_recent_files(registry, kind->recent_suffix);
+            if (place < of_kind.size()) files.push_back({kind, of_kind[place]});
         }
     return files;
 }
@@ -160,7 +165,7 @@ void start_page::show_recent_files()
                 ? to_qstring(file_name)
                 : QStringLiteral("%1 (%2)").arg(to_qstring(file_name), path_text(path.parent_path().filename()));
         const std::string name = "cmdRecent_" + std::to_string(i + 1);
-        QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->row->key), caption, name.c_str());
+        QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->key), caption, name.c_str());
         row->setToolTip(tip_text(path_text(path)));
         connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
         recent_rows_.append(row);

@@ -19,10 +19,13 @@ constexpr std::array<std::pair<std::string_view, window_command>, 4> tool_words{
                                                                                  {"const", window_command::constants},
                                                                                  {"ant", window_command::antoine}}};
 
-constexpr std::string_view usage = "usage: kelvarin [FILE...]\n"
-                                   "       kelvarin calc|units|const|ant\n"
-                                   "Opens files, or one of the tools alone. Behind -- every word is a file.\n"
-                                   "kelvarin-solve works without windows.\n";
+constexpr std::string_view usage =
+    "usage: kelvarin [FILE...]\n"
+    "       kelvarin calc|units|const|ant\n"
+    "       kelvarin --export PICTURE GRAPH.kvg\n"
+    "Opens files, or one of the tools alone. Behind -- every word is a file.\n"
+    "--export draws a graph as .svg, .pdf, .png or .bmp, with no window and no display.\n"
+    "kelvarin-solve works without windows.\n";
 
 /// Options of the toolkit that it also takes with two dashes; it removes them itself.
 constexpr std::array<std::string_view, 12> toolkit_options{

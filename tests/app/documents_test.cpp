@@ -2,9 +2,11 @@
 #include "main_desk.h"
 
 #include "desktop/link_label.h"
+#include "graph/graph_file.h"
 #include "leq/leq_file.h"
 #include "leq/leq_sample.h"
 #include "shell/window/frmSolution.h"
+#include "support/graphs.h"
 #include "support/robot.h"
 #include "support/table.h"
 
@@ -26,6 +28,7 @@ constexpr const char* rope = "Rope\nf(h) = h^2 - 2\n1\n3\n";
 TEST(OpenDocument, GoesByExtensionAndFirstLines)
 {
     const std::string plane = write_leq(sample_leq(1));
+    const std::string curve = write_graph(graph_of({{0, 1}, {2, 3}}));
     // The kind of the window that opens, and else the box.
     const table<const char*, const char*, const char*, const char*> rows = {
         {"gas.kvr", gas, "frmNLE", ""},
@@ -34,7 +37,8 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
         {"decay.kvr", "Decay\nd(y)/d(t) = -y\nt(0)=0\ny(0)=1\nt(f)=1\n", "frmDEQ", ""},
         {"table.kvr", "Table\n2 3\nA\n", "", "Data tables are not yet solved by this version."},
         {"plane.kvr", plane.c_str(), "frmLEQ", ""},
-        {"curve.kvg", "KVRGRF/V500//\nx\ny\n", "", "Graphs are not yet shown by this version."},
+        {"cut.kvg", "KVRGRF/V500//\nx\ny\n", "", "Error while trying to open file."},
+        {"curve.kvg", curve.c_str(), "frmGraph", ""},
         {"letter.kvr", "Dear all\nhello\nbye\n", "",
          "The file format of letter.kvr does not match any of the Kelvarin input files format."},
         {"empty.kvr", "", "", "Error while trying to open file."},

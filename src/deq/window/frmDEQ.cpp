@@ -2,6 +2,7 @@
 #include "deq/window/frmDEQ.h"
 
 #include "deq/deq_accuracy.h"
+#include "deq/deq_graph.h"
 #include "deq/deq_kind.h"
 #include "deq/deq_report.h"
 #include "deq/deq_samples.h"
@@ -12,6 +13,7 @@
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
+#include "graph/window/frmGraph.h"
 #include "shell/window/frmMsg.h"
 #include "shell/window/frmSolution.h"
 
@@ -108,10 +110,9 @@ QWidget* frmDEQ::build_options()
         return box;
     };
     chkTable_ = add_box(tr("Ta&ble"), "chkTable", tr("Tables of the points come with a later version."));
-    chkGraph_ = add_box(tr("&Graph"), "chkGraph", tr("Graphs of the points come with a later version."));
+    chkGraph_ = add_box(tr("&Graph"), "chkGraph", tr("Show a graph of the points of each run"));
     chkReport_ = add_box(tr("Re&port"), "chkReport", tr("Make a report of each run"));
-    for (QCheckBox* missing : {chkTable_, chkGraph_})
-        missing->setEnabled(false);
+    chkTable_->setEnabled(false);
     chkReport_->setChecked(true);
     lblAbort_ = named(new QLabel(tr("Press Cntl+C to Abort")), "lblAbort");
     cmdStiff_ =
@@ -230,7 +231,7 @@ void frmDEQ::solve()
     if (!ready_to_run() || !can_solve()) return;
     const auto input =
         std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
-    const run_wish wish = {++solution_counter, chkReport_->isChecked(), comments_shown()};
+    const run_wish wish = {++solution_counter, chkReport_->isChecked(), chkGraph_->isChecked(), comments_shown()};
     alerts_ = std::make_shared<deq_run_alerts>();
     stiff_wanted_ = false;
     clear_card();
@@ -252,7 +253,10 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     show_card(problem.content, deq_run_card_of(problem.content, outcome));
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
-    if (!outcome.has_report || !wish.report) return;
+    if (!outcome.has_report) return;
+    if (wish.graph)
+        show_new_graph(context(), *this, scatter_graph_form_startup2(deq_graph_start(outcome, wish.number), {}, store));
+    if (!wish.report) return;
     show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
                     problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
 }

@@ -55,6 +55,7 @@ private:
     {
         int number = 0;
         bool report = false;
+        bool graph = false;
         bool comments = false;
     };
 

@@ -143,7 +143,11 @@ QIcon frmGraph::sample_of(drawn_part part) const
     if (part.role == drawn_role::curve && content().draw_points)
         sample.shapes.emplace_back(markers_at(content(), style, part, {{length / 2.0, middle}}));
     paint_picture(painter, sample);
-    return QIcon(picture);
+    painter.end();
+    QIcon icon(picture);
+    // The colour of a selected line must not mix with that of the curve.
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 
 void frmGraph::show_list()

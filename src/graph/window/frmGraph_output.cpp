@@ -10,6 +10,7 @@
 #include "platform/run_time_text.h"
 #include "platform/saver.h"
 #include "shell/document/named_columns.h"
+#include "shell/document/file_places.h"
 
 #include <QListWidget>
 #include <QMenu>
@@ -90,6 +91,7 @@ file_question frmGraph::save_question() const
 {
     file_question question = problem_window::save_question();
     question.default_extension = QStringLiteral("kvg");
+    if (document().path().empty()) question.proposed.replace_filename(file_name_of_title(content().caption, ".kvg"));
     return question;
 }
 

@@ -6,6 +6,8 @@
 #include "desktop/problem_field.h"
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
+#include "graph/window/frmGraph.h"
+#include "nle/nle_graph.h"
 #include "nle/nle_kind.h"
 #include "nle/nle_report.h"
 #include "nle/nle_samples.h"
@@ -41,6 +43,7 @@ struct run_input
     nle_run_problem problem;
     settings store;
     int number = 0;
+    bool graph = false;
 };
 
 } // namespace
@@ -87,10 +90,8 @@ QWidget* frmNLE::build_bounds()
         add_field(tr("&Upper bound"), "lblUpper", "txtnle_max_ini_guess", tr("Where the search for roots ends"));
     chkGraph_ = named(new QCheckBox, "chkGraph");
     auto* label = named(new QLabel(tr("Graph")), "lblGraph");
-    for (QWidget* part : std::initializer_list<QWidget*>{chkGraph_, label}) {
-        part->setEnabled(false);
-        part->setToolTip(tr("Graphs of the search come with a later version."));
-    }
+    for (QWidget* part : std::initializer_list<QWidget*>{chkGraph_, label})
+        part->setToolTip(tr("Show the right side over the range of the search"));
     row->add_together({chkGraph_, label});
     chkGraph_->setAccessibleName(tr("Graph"));
     return bounds;
@@ -134,20 +135,26 @@ void frmNLE::solve()
 {
     if (!ready_to_run()) return;
     const bool counts = is_startable(problem_.content(), status().set);
-    const auto input = std::make_shared<const run_input>(
-        run_input{{problem_.content(), problem_.path()}, context().store, counts ? ++solution_counter : 0});
+    const auto input = std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()},
+                                                                   context().store,
+                                                                   counts ? ++solution_counter : 0,
+                                                                   chkGraph_->isChecked()});
     start_run([input, &clock = context().clock](
                   run_listener& listener) { return run_nle(input->problem, input->store, clock, listener); },
               [this, input](const nle_outcome& outcome) {
-                  show_outcome(input->problem, outcome, input->store, input->number);
+                  show_outcome(input->problem, outcome, input->store, {input->number, input->graph});
               });
 }
 
-void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number)
+void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
+                          const run_wish& wish)
 {
     if (!show_end_of_run(outcome.stopped, outcome.boxes) || !outcome.has_report) return;
     show_new_report(context(), *this, nle_report(problem, outcome, store, context().clock.today()),
-                    problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(number));
+                    problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(wish.number));
+    if (!wish.graph) return;
+    if (const std::optional<graph_start> scan = nle_graph_start(outcome, wish.number))
+        show_new_graph(context(), *this, scatter_graph_form_startup(*scan, store));
 }
 
 } // namespace kelvarin

@@ -36,9 +36,17 @@ protected:
     void solve() override;
 
 private:
+    /// The output of a run that was asked for.
+    struct run_wish
+    {
+        int number = 0;
+        bool graph = false;
+    };
+
     QWidget* build_bounds();
     void bound_Change();
-    void show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store, int number);
+    void show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
+                      const run_wish& wish);
 
     nle_problem problem_;
     QWidget* bounds_ = nullptr;

@@ -3,6 +3,7 @@
 
 #include "batch/run_batch.h"
 #include "deq_desk.h"
+#include "graph/window/frmGraph.h"
 #include "support/table.h"
 #include "support/window_walk.h"
 
@@ -200,10 +201,17 @@ TEST(DifferentialWindow, ReportsOnlyWhatIsAskedFor)
     desk.run_by_mouse();
     EXPECT_EQ(desk.frame.children().size(), 2u);
     EXPECT_THAT(desk.person.text("lblCard"), HasSubstr(" evaluations, step length "));
+    desk.person.click("chkGraph");
+    desk.run_by_mouse();
+    ASSERT_TRUE(wait_until([&] { return desk.frame.children().size() == 3; }));
+    EXPECT_EQ(dynamic_cast<frmGraph&>(*desk.frame.children().back()).document().content().caption,
+              "ODE Results Graph, Solution #" + std::to_string(first + 2));
+    desk.to_front();
+    desk.person.click("chkGraph");
     desk.person.click("chkReport");
     desk.person.click("chkComments");
     frmSolution& without = desk.solve_by_mouse();
-    EXPECT_EQ(test::number_of(without), first + 2) << "every run counts";
+    EXPECT_EQ(test::number_of(without), first + 3) << "every run counts";
     EXPECT_THAT(without.plain_text(), testing::Not(HasSubstr("falls")));
 }
 

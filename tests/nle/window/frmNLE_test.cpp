@@ -165,7 +165,7 @@ TEST(NonlinearWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     EXPECT_FALSE(desk.person.is_shown("lblMissing"));
     EXPECT_EQ(desk.person.text("lblTraffic"), "ready");
     EXPECT_TRUE(desk.window.can(window_command::solve));
-    EXPECT_FALSE(desk.person.is_enabled("chkGraph"));
+    EXPECT_TRUE(desk.person.is_enabled("chkGraph"));
     EXPECT_THAT(faults(), testing::IsEmpty());
 
     // A second unknown hides the bounds and empties them.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "graph/window/frmGraph.h"
 #include "nle_desk.h"
 
 #include <gmock/gmock.h>
@@ -95,6 +96,19 @@ TEST(Runs, SeeTheCommentThatIsStillBeingTyped)
     robot::keys("two");
     EXPECT_THAT(desk.solve_by_key().plain_text(), testing::HasSubstr("two"));
     EXPECT_EQ(desk.cell(1, 3), "two");
+}
+
+TEST(Runs, HandTheirScanToAGraphBesideTheReport)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Root |KVRVER05_0\nf(x) = x^2-2 #\nx(min)=1, x(max)=2\n"));
+    desk.person.click("chkGraph");
+    desk.run_by_mouse();
+    ASSERT_TRUE(wait_until([&] { return desk.frame.children().size() == 3; }));
+    auto& graph = dynamic_cast<frmGraph&>(*desk.frame.children().back());
+    EXPECT_EQ(graph.windowTitle().section(QLatin1Char('#'), 0, 0), "NLE Graph Solution ");
+    EXPECT_EQ(graph.document().content().columns[1].name, "f(x)");
+    EXPECT_EQ(graph.its_problem(), &desk.window);
 }
 
 } // namespace
