@@ -12,6 +12,7 @@
 #include <QApplication>
 
 #include <clocale>
+#include <csignal>
 #include <iostream>
 #include <variant>
 
@@ -85,6 +86,8 @@ int Main(int argc, char** argv)
                      "without one.\n";
         return 1;
     }
+    // A limit on the size of files is then an error of the write, like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication application(argc, argv);
     // Numbers have the same form in every country; the toolkit has just set the user's locale.
     std::setlocale(LC_NUMERIC, "C");

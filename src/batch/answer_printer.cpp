@@ -3,29 +3,44 @@
 
 #include "batch/exit_status.h"
 #include "batch/json_output.h"
+#include "platform/named_stream.h"
+#include "platform/posix_file.h"
 #include "platform/saver.h"
-#include "platform/text_file.h"
+#include "platform/uninterrupted.h"
 
 #include <algorithm>
-#include <fstream>
+#include <optional>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace kelvarin
 {
 
+namespace
+{
+
+/// Replaces a file. A pipe, a device, or a file that this process has open, is written to as it is: `-o /dev/stdout`
+/// behind `> all.txt` must not replace all.txt.
+std::optional<file_failure> save_or_append(const std::string& place, std::string_view content)
+{
+    if (const std::optional<int> number = open_file_named(place)) return write_to_open_file(*number, content);
+    if (!is_pipe_or_device(place)) return save_file(place, content);
+    const posix_file file(uninterrupted([&] { return ::open(place.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY); }));
+    if (!file.is_open()) return file_failure{place, system_reason(errno)};
+    return write_to_open_file(file.number(), content);
+}
+
+} // namespace
+
 int write_output(const std::string& place, std::string_view content, std::ostream& out, std::ostream& err)
 {
-    if (place.empty() || place == standard_stream) {
+    if (place.empty() || place == standard_stream || open_file_named(place) == STDOUT_FILENO) {
         if (out << content << std::flush) return exit_status::every_file_reported;
         err << batch_program_name << ": Standard output can not be written.\n";
         return exit_status::unusable;
     }
-    if (is_pipe_or_device(place)) {
-        // There is nothing in it that a failure could destroy.
-        if (std::ofstream(place, std::ios::binary) << content << std::flush) return exit_status::every_file_reported;
-        err << message_lines(place, {"Error while trying to save file.", box_icon::critical});
-        return exit_status::unusable;
-    }
-    const auto failure = save_file(place, content);
+    const auto failure = save_or_append(place, content);
     if (!failure) return exit_status::every_file_reported;
     err << message_lines(place, {"Error while trying to save file.\r" + failure->reason, box_icon::critical});
     return exit_status::unusable;

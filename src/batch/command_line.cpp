@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -29,7 +30,7 @@ constexpr int most_jobs = 1024;
 /// The options as typed.
 struct typed_options
 {
-    std::string format, output, kind;
+    std::string format, output, kind, clock;
     /// The options of kinds; empty if not given.
     std::map<std::string, std::vector<std::string>, std::less<>> kind_options;
     std::vector<std::string> assignments, files;
@@ -137,6 +138,10 @@ void describe_options(CLI::App& app, typed_options& typed)
                    keys_of_solved_kinds("or") + ": takes every FILE for a problem of that kind, whatever its name")
         ->type_name("NAME");
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
+    app.add_option("--clock", typed.clock,
+                   "The date of reports, as 2026-01-02; elapsed times are 0 then, so that the same\n"
+                   "input gives the same bytes. SOURCE_DATE_EPOCH, in seconds since 1970, does the same")
+        ->type_name("DATE");
     app.add_flag("--check", typed.check, "Analyse only, as JSON: what is defined, what is missing");
     app.add_flag("--settings", typed.show_settings, "List all settings with value, default and bounds");
     app.add_flag("--eval", typed.eval,
@@ -287,6 +292,17 @@ void check_kind_option(const std::string& name, const std::string& value)
     if (complaint) throw usage_error{*complaint};
 }
 
+/// The date that the command line or the environment sets for all reports.
+std::optional<calendar_date> date_of(const std::string& typed)
+{
+    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+    if (typed.empty() && (epoch == nullptr || *epoch == '\0')) return std::nullopt;
+    const std::string text = typed.empty() ? epoch : typed;
+    if (const std::optional<calendar_date> date = date_of_text(text)) return date;
+    throw usage_error{(typed.empty() ? "SOURCE_DATE_EPOCH" : "--clock") +
+                      std::string(": a date such as 2026-01-02 is expected, not '") + text + "'."};
+}
+
 batch_request request_of(typed_options typed, const registry_store& saved)
 {
     batch_request request;
@@ -308,6 +324,7 @@ batch_request request_of(typed_options typed, const registry_store& saved)
     if (typed.jobs < 1 || typed.jobs > most_jobs)
         throw usage_error{"--jobs: a number from 1 to " + std::to_string(most_jobs) + " is expected."};
     request.jobs = typed.jobs;
+    request.date = date_of(typed.clock);
     request.lines = std::move(typed.lines);
     check_files(request);
     check_outputs(request);

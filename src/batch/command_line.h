@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/clock.h"
 #include "shell/document/problem_kind.h"
 #include "shell/settings.h"
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,6 +56,8 @@ struct batch_request
     /// The kind of every file, whatever its name and first lines; null if each file's kind is recognised.
     const problem_kind* kind = nullptr;
     std::vector<std::string> files;
+    /// The date of all reports, whose elapsed times are 0 then; nullopt for the computer's clock.
+    std::optional<calendar_date> date;
     /// Number of files answered at the same time.
     int jobs = 1;
     /// The lines after --eval; number, units and optionally their type after --convert; the search words of --units and

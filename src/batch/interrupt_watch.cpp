@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "batch/interrupt_watch.h"
 
+#include <system_error>
+
 namespace kelvarin
 {
 
@@ -23,11 +25,16 @@ interrupt_watch::interrupt_watch(recording_listener& listener)
     sigemptyset(&interrupt);
     sigaddset(&interrupt, SIGINT);
     pthread_sigmask(SIG_BLOCK, &interrupt, &mask_before_);
-    waiting_ = std::thread([this, &listener, interrupt] {
-        int signal_number = 0;
-        while (sigwait(&interrupt, &signal_number) == 0 && !over_)
-            listener.ask_to_stop();
-    });
+    try {
+        waiting_ = std::thread([this, &listener, interrupt] {
+            int signal_number = 0;
+            while (sigwait(&interrupt, &signal_number) == 0 && !over_)
+                listener.ask_to_stop();
+        });
+    } catch (const std::system_error&) {
+        // The system allows no thread for it: the signal ends the program at once.
+        pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
+    }
 }
 
 interrupt_watch::~interrupt_watch()

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 namespace kelvarin
 {
@@ -22,8 +23,12 @@ ordered_answers::ordered_answers(std::size_t count, int jobs, answer_function an
     for (std::size_t i = 0; i < count; ++i)
         entries_.emplace_back(program);
     threads_.reserve(threads);
-    for (std::size_t i = 0; i < threads; ++i)
-        threads_.emplace_back([this] { work(); });
+    try {
+        for (std::size_t i = 0; i < threads; ++i)
+            threads_.emplace_back([this] { work(); });
+    } catch (const std::system_error&) {
+        // The system allows no more threads: those that run do the work, else `next` does it.
+    }
 }
 
 ordered_answers::~ordered_answers()

@@ -93,7 +93,11 @@ int run_batch(std::span<const std::string> arguments, std::ostream& out, std::os
     case batch_action::check:
         break;
     }
-    return answer_files(request, out, err, surroundings);
+    if (!request.date) return answer_files(request, out, err, surroundings);
+    const fixed_clock clock(*request.date);
+    return answer_files(
+        request, out, err,
+        {clock, surroundings.saved, surroundings.listener, surroundings.err_is_terminal, [] { return 0.0; }});
 }
 
 } // namespace kelvarin

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "batch/solve_files.h"
 
+#include "batch/exit_status.h"
 #include "batch/kinds/kind_answerer.h"
 #include "graph/graph_kind.h"
 #include "kinds/kinds.h"
 #include "platform/run_listener.h"
+#include "platform/runtime_failure.h"
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 
 #include <algorithm>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -56,11 +59,23 @@ std::optional<message_box> option_refusal(const kind_answerer& answerer, const b
     return std::nullopt;
 }
 
+message_box out_of_memory_box()
+{
+    return refusal_box(std::string(runtime_failure_text(failure_number::out_of_memory)));
+}
+
+text_file text_of_file(const std::string& file, const run_listener& listener)
+try {
+    return read_text_input(file, [&listener] { return listener.stop_asked(); });
+} catch (const std::bad_alloc&) {
+    return {{}, {file, "out of memory"}};
+}
+
 /// Reads and recognises a file, and calls `answer` with its kind's answerer and its text.
 template <class Answer>
 file_answer answer_file(const std::string& file, const batch_request& request, run_listener& listener, Answer answer)
 {
-    text_file content = read_text_input(file, [&listener] { return listener.stop_asked(); });
+    text_file content = text_of_file(file, listener);
     if (!content.ok()) {
         const message_box unreadable = refusal_box("The file can not be read: " + content.failure.reason);
         return refused_answer(file, recognised_document().key(), unreadable, request);
@@ -72,7 +87,14 @@ file_answer answer_file(const std::string& file, const batch_request& request, r
     if (!answerer) return refused_answer(file, found.key(), no_answerer_box(file, found), request);
     if (const std::optional<message_box> refused = option_refusal(*answerer, request))
         return refused_answer(file, answerer->kind->key, *refused, request);
-    return answer(*answerer, problem_text{file, std::move(content.text)});
+    try {
+        return answer(*answerer, problem_text{file, std::move(content.text)});
+    } catch (const std::bad_alloc&) {
+        // The memory of this file is free again; the others are answered.
+        file_answer failed = refused_answer(file, answerer->kind->key, out_of_memory_box(), request);
+        failed.status = exit_status::a_run_failed;
+        return failed;
+    }
 }
 
 } // namespace

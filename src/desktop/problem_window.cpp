@@ -34,6 +34,9 @@ problem_window::problem_window(desktop_context& context, const problem_kind& kin
     connect(&run_, &run_controller::started, this, &problem_window::run_started);
     connect(&run_, &run_controller::progressed, this, &problem_window::state_changed);
     connect(&run_, &run_controller::finished, this, &problem_window::run_finished);
+    connect(&run_, &run_controller::failed, this, [this](const QString& reason) {
+        this->context().user.show(this, {.text = "The run failed: " + to_text(reason), .icon = box_icon::critical});
+    });
     connect(&run_, &run_controller::handed_over, this, &problem_window::close_if_asked);
     build_menus();
 }
@@ -160,7 +163,8 @@ void problem_window::document_changed()
 {
     show_title();
     show_document();
-    recovery_timer_.start();
+    // Not started anew by each change: while changes keep coming, a copy is still due.
+    if (!recovery_timer_.isActive()) recovery_timer_.start();
     emit state_changed();
 }
 

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/run_controller.h"
 
+#include "desktop/qt_text.h"
+#include "platform/runtime_failure.h"
+
+#include <new>
+#include <system_error>
+
 namespace kelvarin
 {
 
@@ -8,6 +14,19 @@ namespace
 {
 
 constexpr int progress_interval_ms = 50;
+
+QString reason_of(const std::exception_ptr& failure)
+{
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        return to_qstring(runtime_failure_text(failure_number::out_of_memory));
+    } catch (const std::exception& known) {
+        return QString::fromLocal8Bit(known.what());
+    } catch (...) {
+        return to_qstring(runtime_failure_text(0));
+    }
+}
 
 } // namespace
 
@@ -36,23 +55,37 @@ void run_controller::start_job(std::function<void(run_listener&)> job, std::func
     running_ = true;
     progress_timer_.start();
     emit started();
-    worker_ = std::thread([this, job = std::move(job), done = std::move(done), listener = listener_.get()] {
-        job(*listener);
+    const auto work = [this, job = std::move(job), done = std::move(done), listener = listener_.get()] {
+        std::exception_ptr failure;
+        try {
+            job(*listener);
+        } catch (...) {
+            failure = std::current_exception();
+        }
         // The destructor waits for this thread; a call queued for a destroyed object is dropped.
         QMetaObject::invokeMethod(
-            this, [this, done] { end_job(done); }, Qt::QueuedConnection);
-    });
+            this, [this, done, failure] { end_job(done, failure); }, Qt::QueuedConnection);
+    };
+    try {
+        worker_ = std::thread(work);
+    } catch (const std::system_error&) {
+        // The system allows no more threads: better a window that waits than no result.
+        work();
+    }
 }
 
-void run_controller::end_job(const std::function<void()>& done)
+void run_controller::end_job(const std::function<void()>& done, const std::exception_ptr& failure)
 {
-    worker_.join();
+    if (worker_.joinable()) worker_.join();
     progress_timer_.stop();
     running_ = false;
     emit finished();
     // `done` may close the window and destroy this object.
     const QPointer<run_controller> self(this);
-    done();
+    if (failure)
+        emit failed(reason_of(failure));
+    else
+        done();
     if (self) emit handed_over();
 }
 

@@ -5,8 +5,10 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QString>
 #include <QTimer>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -47,6 +49,9 @@ signals:
     void started();
     /// Up to 20 times a second while a job is under way.
     void progressed(double fraction);
+    /// The job has failed in a way that it has no outcome for; the reason. Comes after finished(), in place of the
+    /// outcome.
+    void failed(const QString& reason);
     /// The job has ended; its outcome is handed over next.
     void finished();
     /// The outcome was handed over.
@@ -54,7 +59,7 @@ signals:
 
 private:
     void start_job(std::function<void(run_listener&)> job, std::function<void()> done);
-    void end_job(const std::function<void()>& done);
+    void end_job(const std::function<void()>& done, const std::exception_ptr& failure);
 
     std::unique_ptr<recording_listener> listener_;
     std::thread worker_;

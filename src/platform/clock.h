@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 namespace kelvarin
 {
@@ -51,5 +53,9 @@ private:
     mutable std::atomic<std::int64_t> seconds_;
     std::atomic<std::int64_t> step_ = 0;
 };
+
+/// The date in the text "2026-01-02", or of a number of seconds since 1970 in UTC ("@1767312000", or without the "@").
+/// Returns nullopt for another text or a day that doesn't exist.
+std::optional<calendar_date> date_of_text(std::string_view text);
 
 } // namespace kelvarin

@@ -4,11 +4,14 @@
 #include "platform/letter_case.h"
 #include "platform/posix_file.h"
 #include "platform/saver.h"
+#include "platform/uninterrupted.h"
 #include "platform/user_folders.h"
 #include "platform/utf8.h"
 
+#include <chrono>
 #include <cstddef>
 #include <system_error>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -137,12 +140,19 @@ std::size_t equals_sign(std::string_view line)
     return std::string_view::npos;
 }
 
-/// Opens and locks the folder of the store against other programs that merge their values. Without the lock the store
-/// works as well, but if two programs end at the same moment, values of one may be lost.
+/// Opens and locks the folder of the store against other programs that merge their values. It is tried for a quarter of
+/// a second: without the lock the store works as well, but if two programs end at the same moment, values of one may be
+/// lost.
 posix_file locked_folder(const fs::path& folder)
 {
-    posix_file lock(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (lock.is_open()) static_cast<void>(::flock(lock.number(), LOCK_EX) == 0);
+    constexpr int tries = 25;
+    constexpr std::chrono::milliseconds between_tries{10};
+    const char* const name = folder.empty() ? "." : folder.c_str();
+    posix_file lock(uninterrupted([&] { return ::open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    for (int attempt = 0; lock.is_open() && attempt < tries; ++attempt) {
+        if (uninterrupted([&] { return ::flock(lock.number(), LOCK_EX | LOCK_NB); }) == 0) break;
+        std::this_thread::sleep_for(between_tries);
+    }
     return lock;
 }
 
@@ -206,7 +216,9 @@ std::optional<file_failure> file_registry::flush()
 {
     if (written_.empty()) return std::nullopt;
     std::error_code error;
-    if (file_.has_parent_path()) fs::create_directories(file_.parent_path(), error);
+    if (file_.has_parent_path() && fs::create_directories(file_.parent_path(), error))
+        // Settings name files and folders, which are nobody else's business.
+        fs::permissions(file_.parent_path(), fs::perms::owner_all, error);
     if (error) return file_failure{file_.parent_path(), error.message()};
 
     const posix_file lock = locked_folder(file_.parent_path());
@@ -214,7 +226,9 @@ std::optional<file_failure> file_registry::flush()
     if (std::optional<file_failure> failed = load()) return failed;
     for (const auto& [place, kept] : written_)
         entries_[place] = kept;
+    const bool is_new = !fs::exists(file_, error);
     if (std::optional<file_failure> failed = save_file(file_, file_text())) return failed;
+    if (is_new) fs::permissions(file_, fs::perms::owner_read | fs::perms::owner_write, error);
     written_.clear();
     return std::nullopt;
 }

@@ -24,6 +24,7 @@
 #include "platform/saver.h"
 
 #include "platform/posix_file.h"
+#include "platform/uninterrupted.h"
 
 #include <cerrno>
 #include <chrono>
@@ -51,15 +52,6 @@ using failure_reason = std::string;
 failure_reason last_reason()
 {
     return system_reason(errno);
-}
-
-/// Repeats a system call that was interrupted by a signal.
-template <class Call> auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
 }
 
 /// The destination and the file that it replaces.
@@ -168,9 +160,10 @@ failure_reason temporary_file::take_over_owner_and_mode(const struct stat& old_f
 {
     // Keeps another user's file theirs if permitted; failing to set owner or group must not lose the user's work. The
     // mode is set second, since a change of owner clears bits of it.
-    if (old_file.st_uid != ::geteuid() || old_file.st_gid != ::getegid())
-        static_cast<void>(::fchown(file_, old_file.st_uid, old_file.st_gid) == 0);
-    constexpr mode_t mode_bits = 07777;
+    const bool same_owner = (old_file.st_uid == ::geteuid() && old_file.st_gid == ::getegid()) ||
+                            ::fchown(file_, old_file.st_uid, old_file.st_gid) == 0;
+    // A program that runs with its owner's rights must not begin to run with ours.
+    const mode_t mode_bits = same_owner ? 07777 : 01777;
     return ::fchmod(file_, old_file.st_mode & mode_bits) == 0 ? failure_reason() : last_reason();
 }
 

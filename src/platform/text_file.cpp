@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/text_file.h"
 
+#include "platform/named_stream.h"
 #include "platform/posix_file.h"
+#include "platform/uninterrupted.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -70,18 +72,11 @@ text_file text_of(std::string bytes)
 
 } // namespace
 
-bool is_pipe_or_device(const std::filesystem::path& path)
-{
-    struct stat about
-    {
-    };
-    return ::stat(path.c_str(), &about) == 0 && !S_ISREG(about.st_mode) && !S_ISDIR(about.st_mode);
-}
-
 text_file read_text_file(const std::filesystem::path& path)
 {
     // Without O_NONBLOCK opening a pipe would wait for a writer.
-    const posix_file file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const posix_file file(
+        uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
     if (!file.is_open()) return failed(path, system_reason(errno));
     struct stat about
     {
@@ -101,8 +96,9 @@ text_file read_text_input(const std::filesystem::path& path, const std::function
 {
     const bool standard_input = path == "-";
     if (!standard_input && !is_pipe_or_device(path)) return read_text_file(path);
-    const posix_file file(standard_input ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
-                                         : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+    const posix_file file(standard_input ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0) : uninterrupted([&] {
+        return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    }));
     if (!file.is_open()) return failed(path, system_reason(errno));
     std::string bytes;
     if (std::string reason = read_all(file, 0, bytes, stop_asked); !reason.empty())

@@ -30,9 +30,6 @@ struct text_file
 /// a byte order mark is dropped. A folder, a device, a missing file or a file over 64 MiB is a failure.
 text_file read_text_file(const std::filesystem::path& path);
 
-/// Whether the path leads to something that is neither a file nor a folder: a pipe, a terminal or another device.
-bool is_pipe_or_device(const std::filesystem::path& path);
-
 /// read_text_file for a program at the end of a pipe: pipes and devices are read as well, and "-" is standard input.
 /// Waits for what comes; `stop_asked` is called ten times a second meanwhile, and if it returns true, that is a
 /// failure.

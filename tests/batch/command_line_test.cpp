@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/command_line.h"
 #include "batch_call.h"
+#include "support/changed_environment.h"
 #include "support/scratch_folder.h"
 #include "support/table.h"
 
@@ -30,6 +31,7 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--set", "newt_TOLF=1e-x", "a.kvr"},
          "kelvarin-solve: --set: a number is expected, not '1e-x' (newt_TOLF).\n"},
         {{"-", "a.kvr", "-"}, "can be read only once"},
+        {{"--clock", "yesterday", "a.kvr"}, "--clock: a date such as 2026-01-02 is expected, not 'yesterday'."},
         {{"--set", "newt_TOL=1", "a.kvr"}, "there is no setting 'newt_TOL'"},
         {{"--set", "newt_TOLF=0.2", "a.kvr"}, "Kelvarin Guide (--set newt_TOLF=0.2)\nValue must be between 0 & 0.1\n"},
         {{"--set", "newt_MAXITS=20.5", "a.kvr"}, "Only integer input is allowed."},
@@ -120,6 +122,26 @@ TEST(CommandLine, EvalGivesValuesAsTextWhereThatIsWritten)
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "2.5\n\n10\n");
     EXPECT_THAT(result.err, testing::StartsWith("kelvarin-solve: 1/0: "));
+}
+
+TEST(CommandLine, AClockThatStandsGivesTheSameBytes)
+{
+    const scratch_folder folder;
+    folder.write("a.kvr", plane_lines);
+    const system_clock clock;
+    const memory_registry saved;
+    recording_listener listener;
+    double seconds = 0.0;
+    const auto report = [&](const std::vector<std::string>& arguments) {
+        std::ostringstream out, err;
+        EXPECT_EQ(run_batch(arguments, out, err, {clock, saved, listener, false, [&] { return seconds += 1.5; }}), 0);
+        return out.str();
+    };
+    const std::string first = report({"--clock", "2026-03-04", "a.kvr"});
+    EXPECT_THAT(first, HasSubstr("03-04-2026"));
+    EXPECT_EQ(report({"--clock", "2026-03-04", "a.kvr"}), first);
+    const changed_environment environment(changed_environment::variables{{"SOURCE_DATE_EPOCH", "1772582400"}});
+    EXPECT_EQ(report({"a.kvr"}), first);
 }
 
 TEST(CommandLine, ADoubleDashEndsTheOptions)

@@ -99,6 +99,10 @@ TEST(Program, ReadsStandardInputAndPipesAndWritesBoth)
     EXPECT_EQ(exit_status_of(start_program({"--format", "json", "-o", "-", "-"}, "sum.kvr")), 0);
     EXPECT_EQ(json::parse(folder.read("out"))["file"], "-");
 
+    // The file behind standard output is added to, not replaced.
+    EXPECT_EQ(exit_status_of(start_program({"-o", "/dev/fd/1", "sum.kvr"}, "/dev/null")), 0);
+    EXPECT_TRUE(folder.read("out").starts_with("KELVARIN Results\n"));
+
     // Opening a named pipe waits for the other end, which is what makes this safe.
     ASSERT_EQ(mkfifo("problem", 0600), 0);
     ASSERT_EQ(mkfifo("report", 0600), 0);

@@ -7,6 +7,8 @@
 
 #include <QThread>
 
+#include <new>
+
 namespace
 {
 
@@ -47,6 +49,20 @@ TEST(RunController, HandsTheOutcomeOverInTheWindowsThread)
     EXPECT_EQ(outcome, 42);
     EXPECT_EQ(done_in, QThread::currentThread());
     EXPECT_NE(run_in, QThread::currentThread());
+}
+
+TEST(RunController, SaysWhyAJobHasNoOutcome)
+{
+    QObject window;
+    run_controller run(&window);
+    QString reason;
+    QObject::connect(&run, &run_controller::failed, &window, [&](const QString& given) { reason = given; });
+    run.start([](run_listener&) -> int { throw std::bad_alloc(); }, [](int) { FAIL() << "there is no outcome"; });
+    ASSERT_TRUE(wait_until([&] { return !run.running(); }));
+    EXPECT_EQ(reason, QStringLiteral("Out of memory"));
+    bool ended = false;
+    run.start([](run_listener&) { return 1; }, [&](int) { ended = true; });
+    EXPECT_TRUE(wait_until([&] { return ended; }));
 }
 
 TEST(RunController, StopsOneRunAndNotTheNext)

@@ -11,6 +11,10 @@
 #include <string>
 #include <utility>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 namespace kelvarin
 {
 
@@ -133,6 +137,23 @@ TEST(Registry, FailsToFlushAndKeepsItsValuesWhereItCannotWrite)
     file_registry registry(folder / "in-the-way");
     registry.write("k", "v", "1");
     EXPECT_EQ(registry.flush(), std::nullopt);
+}
+
+TEST(Registry, DoesNotWaitForeverForAnotherProgramAndIsPrivate)
+{
+    const test::scratch_folder folder;
+    file_registry registry(folder / "own/registry.txt");
+    registry.write("k", "v", "1");
+    EXPECT_EQ(registry.flush(), std::nullopt);
+    EXPECT_EQ(std::filesystem::status("own").permissions(), std::filesystem::perms::owner_all);
+    EXPECT_EQ(std::filesystem::status("own/registry.txt").permissions(), std::filesystem::perms(0600));
+
+    const int other = ::open("own", O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(other, LOCK_EX), 0);
+    registry.write("k", "v", "2");
+    EXPECT_EQ(registry.flush(), std::nullopt);
+    EXPECT_EQ(file_registry(folder / "own/registry.txt").read("k", "v"), "2");
+    ::close(other);
 }
 
 TEST(Registry, DefaultFileFollowsTheConfigurationFolder)

@@ -252,6 +252,22 @@ TEST(Saver, KeepsTheModeAndGivesNewFilesTheUsersOwn)
     }
 }
 
+TEST(Saver, DoesNotGiveTheRightsOfAProgramToAnotherOwner)
+{
+    const test::scratch_folder folder;
+    folder.write("tool", old_text);
+    ASSERT_EQ(::chmod("tool", 04777), 0);
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
+    // Whoever replaces a file of root owns it from then on.
+    EXPECT_TRUE(test::holds_for_plain_user([] { return !save_file("tool", new_text); }));
+    struct stat about
+    {
+    };
+    ASSERT_EQ(::stat("tool", &about), 0);
+    const bool same_owner = about.st_uid == ::geteuid();
+    EXPECT_EQ(about.st_mode & 07777, same_owner ? 04777U : 0777U);
+}
+
 TEST(Saver, DoesNotReplaceAFileThatItsUserProtected)
 {
     const test::scratch_folder folder;

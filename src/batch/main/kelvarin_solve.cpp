@@ -5,6 +5,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <iostream>
 
 namespace
@@ -24,6 +25,8 @@ void keep_memory_between_files()
 int main(int argc, char** argv)
 {
     keep_memory_between_files();
+    // A limit on the size of files is then an error of the write, like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     const kelvarin::system_clock clock;
     const kelvarin::file_registry saved(kelvarin::default_registry_file());
