@@ -43,7 +43,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     promise(read_graph_recovery(graph_recovery_text(*graph)) == graph, "what was kept comes back the same");
 
     for (const double width : {150.0, 560.0}) {
-        const graph_drawing drawn = draw_graph(*graph, {.width = width, .height = width * 0.75, .pixel = 0.75});
+        // The small picture with logarithmic axes.
+        const axis_scale scale = width < 500.0 ? axis_scale::logarithmic : axis_scale::linear;
+        const graph_drawing drawn =
+            draw_graph(*graph, {.width = width, .height = width * 0.75, .pixel = 0.75, .scales = {scale, scale}});
         check_lines(drawn);
         promise(!drawing_svg(drawn.picture).empty(), "a drawing has a text");
     }

@@ -114,6 +114,28 @@ TEST(Reports, OfOneProblemComeWhereTheLastOneStands)
     EXPECT_EQ(desk.window->active_child(), &problem);
 }
 
+TEST(Reports, LeaveTheTitleOfAGraphInSight)
+{
+    report_desk desk;
+    desk.folder.write("root.kvr", "Root |KVRVER05_0\nf(x) = x^2-2 #\nx(min)=1, x(max)=2\n");
+    desk.window->open_document("root.kvr");
+    settle();
+    desk.person().click("chkGraph");
+    for (const std::size_t windows : {3u, 5u}) {
+        robot::press(Qt::Key_F5);
+        ASSERT_TRUE(wait_until([&] { return desk.children().size() == windows; }));
+    }
+    // Of each run the report, then its graph.
+    const std::vector<child_window*> children = desk.children();
+    const auto place = [&](std::size_t i) { return children[i]->parentWidget()->geometry(); };
+    EXPECT_EQ(children[2]->objectName(), QLatin1String("frmGraph"));
+    EXPECT_EQ(desk.window->active_child(), children[4]);
+    EXPECT_GT(place(2).top(), place(1).top());
+    EXPECT_EQ(place(2).bottomRight(), place(1).bottomRight());
+    EXPECT_EQ(place(3), place(1)) << "a further report stands where the first one does";
+    EXPECT_EQ(place(4), place(2));
+}
+
 TEST(Reports, GiveBackTheSizeAndPlaceThatAProblemHad)
 {
     report_desk desk({1088, 680});

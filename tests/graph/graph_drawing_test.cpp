@@ -227,13 +227,14 @@ TEST(GraphDrawing, NothingTouchesOrLeavesThePage)
     // In pixels of three quarters of a point, and the smallest once more at twice its scale.
     for (const size page :
          std::vector<size>{{100, 75}, {200, 150}, {300, 150}, {200, 400}, {640, 480}, {1920, 1080}, {3840, 2160}})
-        for (std::size_t i = 0; i < graphs.size(); ++i) {
-            const graph_drawing drawn =
-                draw_graph(graphs[i], {.width = page.width * 0.75, .height = page.height * 0.75});
-            const std::string where = "graph " + std::to_string(i) + " on " + std::to_string(page.width);
-            expect_within(drawn, where);
-            expect_apart(drawn, where);
-        }
+        for (std::size_t i = 0; i < graphs.size(); ++i)
+            for (const axis_scale scale : {axis_scale::linear, axis_scale::logarithmic}) {
+                const graph_drawing drawn = draw_graph(
+                    graphs[i], {.width = page.width * 0.75, .height = page.height * 0.75, .scales = {scale, scale}});
+                const std::string where = "graph " + std::to_string(i) + " on " + std::to_string(page.width);
+                expect_within(drawn, where);
+                expect_apart(drawn, where);
+            }
 }
 
 TEST(GraphDrawing, EveryPageShowsSomeLabels)
