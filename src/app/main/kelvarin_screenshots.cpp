@@ -8,7 +8,10 @@
 #include "tools/window/frmCal.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -115,6 +118,19 @@ void take_problem(frmMDIKelvarin& window, const picture_taker& camera, const QSt
     camera.take(*report, "report");
 }
 
+void take_graph(frmMDIKelvarin& window, const picture_taker& camera, const QString& differential_problem)
+{
+    window.close_all();
+    window.open_document(to_path(differential_problem));
+    settle();
+    find_control<QCheckBox>(*window.active_child(), "chkReport").setChecked(false);
+    find_control<QCheckBox>(*window.active_child(), "chkGraph").setChecked(true);
+    window.action(window_command::solve)->trigger();
+    wait_until([&] { return window.findChild<QWidget*>(QStringLiteral("frmGraph")) != nullptr; });
+    camera.take(window, "graph");
+    window.close_all();
+}
+
 void take_calculator(frmMDIKelvarin& window, const picture_taker& camera)
 {
     window.show_tool(window_command::calculator);
@@ -151,6 +167,8 @@ void take_all(const QString& problem, const picture_taker& camera)
     window.show();
     camera.take(window, "start-page");
     take_problem(window, camera, problem);
+    // Another of the examples.
+    take_graph(window, camera, QFileInfo(problem).dir().filePath(QStringLiteral("enzyme-kinetics.kvr")));
     take_calculator(window, camera);
     take_settings(window, camera);
 }

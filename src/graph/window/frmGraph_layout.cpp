@@ -261,10 +261,8 @@ void frmGraph::connect_controls()
     connect(PicGraph_, &graph_view::told, lblPoint_, &elided_label::show_text);
     connect(PicGraph_, &graph_view::part_moved, this, &frmGraph::part_moved);
     connect(PicGraph_, &graph_view::edit_asked, this, &frmGraph::ask_text);
-    connect(PicGraph_, &graph_view::view_changed, this, [this] {
-        show_view_state();
-        show_list();
-    });
+    connect(PicGraph_, &graph_view::view_changed, this, &frmGraph::show_view_state);
+    connect(PicGraph_, &graph_view::style_changed, this, &frmGraph::show_list);
     connect(PicGraph_, &graph_view::menu_asked, this,
             [this](const QPoint& global_position) { mnuView_->popup(global_position); });
     for (QRadioButton* choice : {optScatter_, optFunction_})

@@ -9,8 +9,8 @@
 #include "graph/window/frmGraph.h"
 #include "platform/run_time_text.h"
 #include "platform/saver.h"
-#include "shell/document/named_columns.h"
 #include "shell/document/file_places.h"
+#include "shell/document/named_columns.h"
 
 #include <QListWidget>
 #include <QMenu>
@@ -201,7 +201,9 @@ void frmGraph::export_data()
 
 void frmGraph::show_list_menu(const QPoint& position)
 {
+    // Asked for by a key, the menu is that of the current line.
     const QListWidgetItem* item = lstCurves_->itemAt(position);
+    if (!item) item = lstCurves_->currentItem();
     if (!item) return;
     const drawn_part part = {shows_functions() ? drawn_role::function : drawn_role::curve, lstCurves_->row(item)};
     const curve_style present = PicGraph_->style_of(part);

@@ -67,6 +67,8 @@ QSize graph_view::minimumSizeHint() const
 void graph_view::show_graph(const graph_content& graph)
 {
     graph_ = graph;
+    const QString count = QString::number(count_visible_curves(graph_));
+    setAccessibleDescription(tr("%1 curves over %2").arg(count, to_qstring(graph_.columns.front().name)));
     updateGeometry();
     redraw();
 }
@@ -233,7 +235,7 @@ void graph_view::toggle_hidden(drawn_part part)
 {
     if (std::erase(hidden_, part) == 0) hidden_.push_back(part);
     redraw();
-    emit view_changed();
+    emit style_changed();
 }
 
 void graph_view::set_style(drawn_part part, const curve_style& style)
@@ -241,7 +243,7 @@ void graph_view::set_style(drawn_part part, const curve_style& style)
     std::erase_if(styles_, [part](const auto& each) { return each.first == part; });
     styles_.emplace_back(part, style);
     redraw();
-    emit view_changed();
+    emit style_changed();
 }
 
 curve_style graph_view::style_of(drawn_part part) const

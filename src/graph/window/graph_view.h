@@ -64,8 +64,10 @@ signals:
     void told(const QString& text);
     void part_moved(kelvarin::drawn_role role, kelvarin::graph_place place);
     void edit_asked(kelvarin::drawn_role role);
-    /// The displayed part of the graph or the way of looking at it has changed.
+    /// The displayed part of the graph or its axes have changed.
     void view_changed();
+    /// Styles or hidden curves have changed.
+    void style_changed();
     void menu_asked(const QPoint& global_position);
 
 protected:

@@ -367,6 +367,21 @@ TEST(GraphWindow, AsksOnClosingIfTheSettingSaysSo)
     EXPECT_TRUE(asking.window.close_with_frame());
 }
 
+TEST(GraphWindow, ComesBackFromARecoveryCopy)
+{
+    graph_desk desk;
+    desk.answer("mnuCurves", "mnuMarkerSize", "Enter the data point marker size", "80");
+    recovery_entry entry;
+    entry.kind = desk.window.document().kind();
+    entry.content = desk.window.document().recovery_text();
+    ASSERT_TRUE(recover_graph(desk.context, 1, entry));
+    auto& recovered = dynamic_cast<frmGraph&>(*desk.frame.children().back());
+    EXPECT_EQ(recovered.document().content(), desk.content());
+    EXPECT_FALSE(recovered.document().problem_saved());
+    entry.content = "{";
+    EXPECT_FALSE(recover_graph(desk.context, 2, entry));
+}
+
 TEST(GraphWindow, StylesOfTheSessionAreDrawn)
 {
     graph_desk desk;
