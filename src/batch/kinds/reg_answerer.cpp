@@ -2,6 +2,9 @@
 #include "batch/kinds/reg_answerer.h"
 
 #include "batch/exit_status.h"
+#include "batch/kinds/analysis_actions.h"
+#include "batch/kinds/matrix_action.h"
+#include "batch/kinds/table_action.h"
 #include "batch/kinds/table_edit_commands.h"
 #include "batch/text_columns.h"
 #include "platform/runtime_failure.h"
@@ -9,11 +12,9 @@
 #include "reg/table/column_statistics.h"
 #include "reg/table/table_file.h"
 #include "reg/table/table_json.h"
-#include "shell/document/run_outcome.h"
 #include "shell/report/outcome_json.h"
 
 #include <array>
-#include <functional>
 #include <utility>
 #include <vector>
 
@@ -27,7 +28,7 @@ constexpr const char* table_option = "--table";
 constexpr const char* statistics_option = "--statistics";
 constexpr const char* save_option = "--save";
 
-constexpr std::array<kind_option, 4> options = {
+constexpr std::array<kind_option, 7> common_options = {
     {{.name = edit_option,
       .value_name = "COMMAND",
       .help = "Change the table first: cell R,C TEXT, define NAME FORMULA, undefine NAME, rename OLD NEW, digits N, "
@@ -36,33 +37,52 @@ constexpr std::array<kind_option, 4> options = {
       .repeats = true},
      {.name = statistics_option, .help = "Sum, mean, standard deviation and variance of each column"},
      {.name = table_option, .help = "Print the used part of the table, which is also what is done without an action"},
-     {.name = save_option, .value_name = "NAME", .help = "Save the table to this file (.kvr)", .names_output = true}}};
+     {.name = save_option, .value_name = "NAME", .help = "Save the table to this file (.kvr)", .names_output = true},
+     {.name = dependent_option, .value_name = "NAME", .help = "The dependent column; by default the second one"},
+     {.name = independent_option, .value_name = "NAME", .help = "The independent column; by default the first one"},
+     {table_method_option, "NAME",
+      "RATINT, SPLINT, LINEAR; STANDA, LAGRANGE, SPLINE; GAULEG, SPLINE, SIMPSON; or the number 0 to 2",
+      analysis_method_refusal}}};
 
-/// What an action came to: its report, and the members that it adds to the JSON answer.
-struct table_answer : run_outcome
+std::span<const kind_option> all_options()
 {
-    /// Rich text; empty if there is none.
-    std::string report;
-    std::function<void(json_writer&)> write_members = [](json_writer&) {};
-};
+    static const std::vector<kind_option> options = [] {
+        std::vector<kind_option> all(common_options.begin(), common_options.end());
+        for (const std::span<const kind_option> added : {analysis_options(), matrix_options()})
+            all.insert(all.end(), added.begin(), added.end());
+        return all;
+    }();
+    return options;
+}
 
 table_content blank_table(const settings& store)
 {
     return table_content({store.whole_number("table_rows"), store.whole_number("table_cols")});
 }
 
-table_answer statistics_of(const table_content& content, const calendar_date& date)
+table_answer statistics_of(const table_content& content, const batch_request& /*request*/,
+                           const batch_surroundings& surroundings, run_listener& /*listener*/)
 {
     table_answer answer;
     try {
         const std::vector<column_statistics> columns = statistics_of_columns(content);
         answer.has_report = true;
-        answer.report = column_statistics_report(columns, date);
+        answer.report = column_statistics_report(columns, surroundings.clock.today());
         answer.write_members = [columns](json_writer& writer) { write_statistics_members(writer, columns); };
     } catch (const runtime_failure& failure) {
         answer.refuse({"Error: " + std::string(failure.description()), box_icon::critical});
     }
     return answer;
+}
+
+std::span<const table_action> all_actions()
+{
+    static const std::vector<table_action> actions = [] {
+        std::vector<table_action> all = {{.option = statistics_option, .answer = statistics_of}, matrix_action()};
+        all.insert(all.end(), analysis_actions().begin(), analysis_actions().end());
+        return all;
+    }();
+    return actions;
 }
 
 table_answer table_alone(const table_content& content)
@@ -86,14 +106,15 @@ std::string table_text(const table_content& content)
     return used.columns == 0 ? std::string() : text_columns(lines);
 }
 
+/// `adds_table` for an action that is not the table itself.
 std::string object_of(const problem_text& problem, const table_content& content, const table_answer& answer,
-                      const std::string& report, const batch_request& request)
+                      const std::string& report, bool adds_table, const batch_request& request)
 {
     json_writer writer(request.depth_of_object());
     begin_answer(writer, problem.file, reg_kind().key, content.title);
     write_ending(writer, answer.has_report, answer.boxes);
     answer.write_members(writer);
-    if (request.option(table_option) && request.option(statistics_option) && answer.has_report) {
+    if (adds_table && request.option(table_option) && answer.has_report) {
         writer.key("table");
         writer.begin_object();
         write_table_members(writer, content);
@@ -116,52 +137,61 @@ std::pair<table_content, std::vector<message_box>> edited_table(table_content co
     return {std::move(content), std::move(boxes)};
 }
 
-table_answer answer_to(const table_content& content, std::vector<message_box> refused, const batch_request& request,
-                       const calendar_date& date)
+file_answer printed(const problem_text& problem, const table_content& content, table_answer done, bool is_action,
+                    const batch_request& request)
 {
-    if (refused.empty()) return request.option(statistics_option) ? statistics_of(content, date) : table_alone(content);
-    table_answer answer;
-    answer.boxes = std::move(refused);
-    return answer;
-}
-
-file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
-                  run_listener& /*listener*/)
-{
-    std::optional<table_content> read = read_table(problem.text, blank_table(request.store));
-    if (!read)
-        return refused_answer(problem.file, reg_kind().key, {"Error while trying to open file.", box_icon::critical},
-                              request);
-    auto [content, refused] = edited_table(std::move(*read), request.values_of(edit_option));
-    table_answer done = answer_to(content, std::move(refused), request, surroundings.clock.today());
-    const bool has_text = !done.report.empty();
+    const bool has_report = !done.report.empty();
     file_answer answer = file_answer_of(problem.file, done, std::move(done.report), request);
-    if (!has_text) answer.report.clear();
+    if (!has_report) answer.report.clear();
     if (request.format == output_format::object)
-        answer.object = object_of(problem, content, done, answer.report, request);
+        answer.object = object_of(problem, content, done, answer.report, is_action, request);
     if (!done.has_report) return answer;
     if (const std::string* const name = request.option(save_option))
         answer.outputs.push_back({output_name(*name, problem.file), write_table(content)});
-    const bool prints_table = request.option(table_option) || (!has_text && answer.outputs.empty());
-    if (request.format == output_format::plain && prints_table)
+    if (request.format != output_format::plain) return answer;
+    answer.report += done.text;
+    const bool has_text = !answer.report.empty();
+    if (request.option(table_option) || (!has_text && answer.outputs.empty()))
         answer.report += (has_text ? "\n" : "") + table_text(content);
     return answer;
+}
+
+message_box no_table()
+{
+    return {"Error while trying to open file.", box_icon::critical};
+}
+
+file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
+                  run_listener& listener)
+{
+    std::string wrong;
+    const table_action* const action = action_asked_for(all_actions(), request, wrong);
+    if (!wrong.empty())
+        return refused_answer(problem.file, reg_kind().key, {std::move(wrong), box_icon::exclamation}, request);
+    std::optional<table_content> read = read_table(problem.text, blank_table(request.store));
+    if (!read) return refused_answer(problem.file, reg_kind().key, no_table(), request);
+    auto [content, refused] = edited_table(std::move(*read), request.values_of(edit_option));
+    table_answer done;
+    if (!refused.empty())
+        done.boxes = std::move(refused);
+    else
+        done = action ? action->answer(content, request, surroundings, listener) : table_alone(content);
+    if (done.is_wrong_usage) return refused_answer(problem.file, reg_kind().key, done.boxes.front(), request);
+    return printed(problem, content, std::move(done), action != nullptr, request);
 }
 
 file_answer check(const problem_text& problem, const batch_request& request)
 {
     const std::optional<table_content> content = read_table(problem.text, blank_table(request.store));
-    if (!content)
-        return refused_answer(problem.file, reg_kind().key, {"Error while trying to open file.", box_icon::critical},
-                              request);
-    return {.object = object_of(problem, *content, table_alone(*content), "", request)};
+    if (!content) return refused_answer(problem.file, reg_kind().key, no_table(), request);
+    return {.object = object_of(problem, *content, table_alone(*content), "", false, request)};
 }
 
 } // namespace
 
 kind_answerer reg_answerer()
 {
-    return {&reg_kind(), options, solve, check};
+    return {&reg_kind(), all_options(), solve, check};
 }
 
 } // namespace kelvarin
