@@ -75,8 +75,9 @@ TEST(Kinds, MethodsAreThoseOfTheCommandLineAndReadSettingsThatExist)
             for (const setting_line& line : method.settings)
                 EXPECT_TRUE(settings::find(line.key)) << line.key;
         const auto option = std::ranges::find(answerer.options, std::string_view("--method"), &kind_option::name);
-        ASSERT_EQ(option != answerer.options.end(), !methods.empty());
+        // The methods of tables are those of what is done with them.
         if (methods.empty()) continue;
+        ASSERT_NE(option, answerer.options.end());
         for (std::size_t i = 0; i < methods.size(); ++i) {
             EXPECT_FALSE(option->refusal(methods[i].name));
             EXPECT_FALSE(option->refusal(std::to_string(i)));
