@@ -51,7 +51,7 @@ matrix columns_design(std::span<const std::span<const double>> columns, bool con
     return design;
 }
 
-linear_fit fit_linear(const matrix& design, std::span<const double> y)
+linear_fit solve_normal_equations(const matrix& design, std::span<const double> y)
 {
     assert(design.rows() == static_cast<int>(y.size()));
     const matrix transposed = matrix_transpose(design);
@@ -62,10 +62,24 @@ linear_fit fit_linear(const matrix& design, std::span<const double> y)
     linear_fit fit;
     fit.coef = times_vector(inverse, times_vector(transposed, y));
     fit.calculated = times_vector(design, fit.coef);
-    fit.statistics = statistics_of_fit(y, fit.calculated, design.columns());
-    const int degrees_of_freedom = design.rows() - design.columns();
     for (int j = 0; j < design.columns(); ++j)
-        fit.conf.push_back(half_width(fit.statistics.Variance, inverse(j, j), degrees_of_freedom));
+        fit.inverse_diagonal.push_back(inverse(j, j));
+    return fit;
+}
+
+void add_statistics(linear_fit& fit, std::span<const double> y)
+{
+    const int p = static_cast<int>(fit.coef.size());
+    fit.statistics = statistics_of_fit(y, fit.calculated, p);
+    fit.conf.clear();
+    for (const double diagonal : fit.inverse_diagonal)
+        fit.conf.push_back(half_width(fit.statistics.Variance, diagonal, static_cast<int>(y.size()) - p));
+}
+
+linear_fit fit_linear(const matrix& design, std::span<const double> y)
+{
+    linear_fit fit = solve_normal_equations(design, y);
+    add_statistics(fit, y);
     return fit;
 }
 

@@ -14,10 +14,12 @@ namespace kelvarin
 struct linear_fit
 {
     std::vector<double> coef;
-    /// The 95 % half-widths of the coefficients.
-    std::vector<double> conf;
     /// The model at each observation.
     std::vector<double> calculated;
+    /// The diagonal of the inverse of the normal matrix.
+    std::vector<double> inverse_diagonal;
+    /// The 95 % half-widths of the coefficients.
+    std::vector<double> conf;
     fit_statistics statistics;
 };
 
@@ -29,8 +31,14 @@ matrix columns_design(std::span<const std::span<const double>> columns, bool con
 
 /// The least-squares fit of y (n) by design (n x p) through the explicit inverse of the normal matrix: no scaling and
 /// no orthogonal basis, so an ill-conditioned design loses digits, and all of them in the end. Throws runtime_failure
-/// 8888 "Singular matrix when evaluating inverse matrix" at a pivot of exactly 0, and what statistics_of_fit and
-/// half_width throw. [Press1992] sec. 15.4
+/// 8888 "Singular matrix when evaluating inverse matrix" at a pivot of exactly 0. Leaves statistics and half-widths to
+/// add_statistics, which may fail where the fit itself stands. [Press1992] sec. 15.4
+linear_fit solve_normal_equations(const matrix& design, std::span<const double> y);
+
+/// Completes a fit to y. Throws what statistics_of_fit and half_width throw.
+void add_statistics(linear_fit& fit, std::span<const double> y);
+
+/// Both in one.
 linear_fit fit_linear(const matrix& design, std::span<const double> y);
 
 } // namespace kelvarin

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "certified_problem.h"
+#include "support/certified_problem.h"
 #include "failures.h"
 #include "numeric/fit/marquardt.h"
 #include "numeric/fit/scaled_marquardt.h"
