@@ -64,17 +64,17 @@ TEST_F(Tables, StatisticsEndAtTheFirstBlank)
 
 TEST_F(Tables, EditsComeFirstAndSavingLast)
 {
-    const json answer =
-        answer_to({"--edit",   "cell 3,1 -3",  "--edit",   "rename x t", "--edit",   "define C03 y/t", "--edit",
-                   "digits 8", "--edit",       "insert 2", "--edit",     "delete 1", "--edit",         "cell 9,1 abc",
-                   "--edit",   "undefine C03", "--edit",   "cell 2,3",   "--save",   "out.kvr",        "t.kvr"});
+    const json answer = answer_to({"--table",        "--edit", "cell 3,1 -3",  "--edit", "rename x t",   "--edit",
+                                   "define C03 y/t", "--edit", "digits 8",     "--edit", "insert 2",     "--edit",
+                                   "delete 1",       "--edit", "cell 9,1 abc", "--edit", "undefine C03", "--edit",
+                                   "cell 2,3",       "--save", "out.kvr",      "t.kvr"});
     EXPECT_EQ(answer["ok"], true);
     EXPECT_EQ(answer["columns"][1]["formula"], "t^2");
     EXPECT_EQ(answer["cells"][2], (json{"-3", "9", "-3"}));
     EXPECT_EQ(answer["cells"][1], (json{"2", "4", ""}));
     EXPECT_EQ(answer["cells"][8], (json{"abc", "$Err!", "$Err!"}));
     EXPECT_TRUE(folder.read("out.kvr").starts_with("Squares\r\n9 3\r\nt\ty=t^2\tC03\r\n\t\t\r\n2\t4\t\r\n"));
-    const json again = answer_to({"out.kvr"});
+    const json again = answer_to({"--table", "out.kvr"});
     EXPECT_EQ(again["cells"], answer["cells"]);
 }
 

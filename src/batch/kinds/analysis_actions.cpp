@@ -89,24 +89,23 @@ table_answer analyse(const table_content& content, const batch_request& request,
     return answer;
 }
 
-table_answer interpolate(const table_content& content, const batch_request& request, const batch_surroundings&,
-                         run_listener&)
+table_answer interpolate(const table_call& call)
 {
-    return analyse(content, request, {analysis_kind::interpolation, {}, 0, *request.option(interpolate_option), {}});
+    return analyse(call.content, call.request,
+                   {analysis_kind::interpolation, {}, 0, *call.request.option(interpolate_option), {}});
 }
 
-table_answer differentiate(const table_content& content, const batch_request& request, const batch_surroundings&,
-                           run_listener&)
+table_answer differentiate(const table_call& call)
 {
-    return analyse(content, request,
-                   {analysis_kind::differentiation, {}, 0, *request.option(differentiate_option), {}});
+    return analyse(call.content, call.request,
+                   {analysis_kind::differentiation, {}, 0, *call.request.option(differentiate_option), {}});
 }
 
-table_answer integrate(const table_content& content, const batch_request& request, const batch_surroundings&,
-                       run_listener&)
+table_answer integrate(const table_call& call)
 {
-    const auto [lower, upper] = bounds_in(*request.option(integrate_option));
-    return analyse(content, request, {analysis_kind::integration, {}, 0, std::string(lower), std::string(upper)});
+    const auto [lower, upper] = bounds_in(*call.request.option(integrate_option));
+    return analyse(call.content, call.request,
+                   {analysis_kind::integration, {}, 0, std::string(lower), std::string(upper)});
 }
 
 } // namespace

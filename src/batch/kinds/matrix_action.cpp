@@ -81,9 +81,10 @@ bool store_matrix(const table_content& content, const batch_request& request, co
     return stored.has_value();
 }
 
-table_answer calculate(const table_content& content, const batch_request& request,
-                       const batch_surroundings& surroundings, run_listener&)
+table_answer calculate(const table_call& call)
 {
+    const table_content& content = call.content;
+    const batch_request& request = call.request;
     const matrix_operation operation = *operation_named(*request.option(matrix_option));
     stored_matrices matrices;
     table_answer answer;
@@ -97,7 +98,7 @@ table_answer calculate(const table_content& content, const batch_request& reques
                            (matrices.a ? b_option : a_option) + " is missing.");
     const matrix_outcome outcome = run_matrix(operation, std::move(matrices));
     static_cast<run_outcome&>(answer) = outcome;
-    if (outcome.has_report) answer.report = matrix_report(content.title, outcome, surroundings.clock.today());
+    if (outcome.has_report) answer.report = matrix_report(content.title, outcome, call.surroundings.clock.today());
     answer.write_members = [outcome](json_writer& writer) { write_matrix_members(writer, outcome); };
     return answer;
 }

@@ -3,7 +3,9 @@
 
 #include "batch/exit_status.h"
 #include "batch/kinds/analysis_actions.h"
+#include "batch/kinds/graph_outputs.h"
 #include "batch/kinds/matrix_action.h"
+#include "batch/kinds/regression_action.h"
 #include "batch/kinds/table_action.h"
 #include "batch/kinds/table_edit_commands.h"
 #include "batch/text_columns.h"
@@ -28,6 +30,12 @@ constexpr const char* table_option = "--table";
 constexpr const char* statistics_option = "--statistics";
 constexpr const char* save_option = "--save";
 
+/// A method of some action.
+std::optional<std::string> method_refusal(std::string_view value)
+{
+    return is_regression_method(value) ? std::nullopt : analysis_method_refusal(value);
+}
+
 constexpr std::array<kind_option, 7> common_options = {
     {{.name = edit_option,
       .value_name = "COMMAND",
@@ -36,19 +44,22 @@ constexpr std::array<kind_option, 7> common_options = {
       .refusal = table_edit_refusal,
       .repeats = true},
      {.name = statistics_option, .help = "Sum, mean, standard deviation and variance of each column"},
-     {.name = table_option, .help = "Print the used part of the table, which is also what is done without an action"},
+     {.name = table_option,
+      .help = "Print the used part of the table, which is also what is done without an action if it has no model"},
      {.name = save_option, .value_name = "NAME", .help = "Save the table to this file (.kvr)", .names_output = true},
      {.name = dependent_option, .value_name = "NAME", .help = "The dependent column; by default the second one"},
-     {.name = independent_option, .value_name = "NAME", .help = "The independent column; by default the first one"},
+     {.name = independent_option,
+      .value_name = "NAME",
+      .help = "The independent column; by default the first one. Of --regress linear several, separated by commas"},
      {table_method_option, "NAME",
-      "RATINT, SPLINT, LINEAR; STANDA, LAGRANGE, SPLINE; GAULEG, SPLINE, SIMPSON; or the number 0 to 2",
-      analysis_method_refusal}}};
+      "RATINT, SPLINT, LINEAR; STANDA, LAGRANGE, SPLINE; GAULEG, SPLINE, SIMPSON; mrqmin, L-M; or the number from 0 on",
+      method_refusal}}};
 
 std::span<const kind_option> all_options()
 {
     static const std::vector<kind_option> options = [] {
         std::vector<kind_option> all(common_options.begin(), common_options.end());
-        for (const std::span<const kind_option> added : {analysis_options(), matrix_options()})
+        for (const std::span<const kind_option> added : {regression_options(), analysis_options(), matrix_options()})
             all.insert(all.end(), added.begin(), added.end());
         return all;
     }();
@@ -60,14 +71,13 @@ table_content blank_table(const settings& store)
     return table_content({store.whole_number("table_rows"), store.whole_number("table_cols")});
 }
 
-table_answer statistics_of(const table_content& content, const batch_request& /*request*/,
-                           const batch_surroundings& surroundings, run_listener& /*listener*/)
+table_answer statistics_of(const table_call& call)
 {
     table_answer answer;
     try {
-        const std::vector<column_statistics> columns = statistics_of_columns(content);
+        const std::vector<column_statistics> columns = statistics_of_columns(call.content);
         answer.has_report = true;
-        answer.report = column_statistics_report(columns, surroundings.clock.today());
+        answer.report = column_statistics_report(columns, call.surroundings.clock.today());
         answer.write_members = [columns](json_writer& writer) { write_statistics_members(writer, columns); };
     } catch (const runtime_failure& failure) {
         answer.refuse({"Error: " + std::string(failure.description()), box_icon::critical});
@@ -78,7 +88,8 @@ table_answer statistics_of(const table_content& content, const batch_request& /*
 std::span<const table_action> all_actions()
 {
     static const std::vector<table_action> actions = [] {
-        std::vector<table_action> all = {{.option = statistics_option, .answer = statistics_of}, matrix_action()};
+        std::vector<table_action> all = {
+            regression_action(), {.option = statistics_option, .answer = statistics_of}, matrix_action()};
         all.insert(all.end(), analysis_actions().begin(), analysis_actions().end());
         return all;
     }();
@@ -91,6 +102,13 @@ table_answer table_alone(const table_content& content)
     answer.has_report = true;
     answer.write_members = [&content](json_writer& writer) { write_table_members(writer, content); };
     return answer;
+}
+
+/// What is done without being asked for: the model of a table is fitted.
+const table_action* action_by_itself(const table_content& content, const batch_request& request)
+{
+    const bool has_model = content.model.find('=') != std::string::npos;
+    return has_model && !request.option(table_option) ? &all_actions().front() : nullptr;
 }
 
 /// The used part of a table as text in columns below the names.
@@ -137,12 +155,16 @@ std::pair<table_content, std::vector<message_box>> edited_table(table_content co
     return {std::move(content), std::move(boxes)};
 }
 
-file_answer printed(const problem_text& problem, const table_content& content, table_answer done, bool is_action,
+file_answer printed(const problem_text& problem, const table_content& content, table_answer& done, bool is_action,
                     const batch_request& request)
 {
     const bool has_report = !done.report.empty();
     file_answer answer = file_answer_of(problem.file, done, std::move(done.report), request);
     if (!has_report) answer.report.clear();
+    if (done.stopped) answer.stop_message = answer.messages;
+    // A graph that can't be drawn leaves its box beside the result.
+    if (!done.boxes.empty() && asks_for_graphs(request)) answer.status = exit_status::a_run_failed;
+    answer.outputs = std::move(done.outputs);
     if (request.format == output_format::object)
         answer.object = object_of(problem, content, done, answer.report, is_action, request);
     if (!done.has_report) return answer;
@@ -164,20 +186,22 @@ message_box no_table()
 file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
                   run_listener& listener)
 {
-    std::string wrong;
-    const table_action* const action = action_asked_for(all_actions(), request, wrong);
-    if (!wrong.empty())
-        return refused_answer(problem.file, reg_kind().key, {std::move(wrong), box_icon::exclamation}, request);
     std::optional<table_content> read = read_table(problem.text, blank_table(request.store));
     if (!read) return refused_answer(problem.file, reg_kind().key, no_table(), request);
     auto [content, refused] = edited_table(std::move(*read), request.values_of(edit_option));
+    std::string wrong;
+    const table_action* const action =
+        action_asked_for(all_actions(), request, action_by_itself(content, request), wrong);
+    if (!wrong.empty())
+        return refused_answer(problem.file, reg_kind().key, {std::move(wrong), box_icon::exclamation}, request);
     table_answer done;
     if (!refused.empty())
         done.boxes = std::move(refused);
     else
-        done = action ? action->answer(content, request, surroundings, listener) : table_alone(content);
+        done = action ? action->answer({problem.file, content, request, surroundings, listener}) : table_alone(content);
     if (done.is_wrong_usage) return refused_answer(problem.file, reg_kind().key, done.boxes.front(), request);
-    return printed(problem, content, std::move(done), action != nullptr, request);
+    const table_content& result = done.changed ? *done.changed : content;
+    return printed(problem, result, done, action != nullptr, request);
 }
 
 file_answer check(const problem_text& problem, const batch_request& request)

@@ -26,7 +26,7 @@ table_answer wrong_usage(std::string text)
 }
 
 const table_action* action_asked_for(std::span<const table_action> actions, const batch_request& request,
-                                     std::string& refused)
+                                     const table_action* otherwise, std::string& refused)
 {
     const table_action* asked = nullptr;
     for (const table_action& action : actions) {
@@ -37,6 +37,7 @@ const table_action* action_asked_for(std::span<const table_action> actions, cons
         }
         asked = &action;
     }
+    if (!asked) asked = otherwise;
     for (const auto& [name, values] : request.kind_options) {
         const auto owner = std::ranges::find_if(
             actions, [&, option = std::string_view(name)](const auto& action) { return has_detail(action, option); });

@@ -253,12 +253,8 @@ void table_document::set_model(std::string_view model, std::vector<table_guess> 
 
 void table_document::store_model_column(int column, std::string_view formula, const std::vector<std::string>& cells)
 {
-    assert(cells.size() <= static_cast<std::size_t>(content().rows()));
     table_content next = content();
-    next.formulas[static_cast<std::size_t>(column)] = field_text(formula);
-    std::vector<std::string> stored = next.cells.texts().cells_of(column);
-    std::ranges::copy(cells, stored.begin());
-    next.cells.set_column(column, std::move(stored));
+    kelvarin::store_model_column(next, column, formula, cells);
     change_unsaved("Store model", std::move(next));
 }
 

@@ -206,6 +206,16 @@ void format_selection(table_content& content, const cell_range& range, std::stri
     cells.commit();
 }
 
+void store_model_column(table_content& content, int column, std::string_view formula,
+                        const std::vector<std::string>& cells)
+{
+    assert(cells.size() <= static_cast<std::size_t>(content.rows()));
+    content.formulas[static_cast<std::size_t>(column)] = field_text(formula);
+    std::vector<std::string> stored = content.cells.texts().cells_of(column);
+    std::ranges::copy(cells, stored.begin());
+    content.cells.set_column(column, std::move(stored));
+}
+
 std::optional<message_box> set_calc_digits(table_content& content, std::string_view text, evaluation_context& context)
 {
     if (trimmed(text).empty()) return std::nullopt;

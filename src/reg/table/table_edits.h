@@ -66,6 +66,11 @@ message_box formula_cells_box();
 /// Rewrites the numbers of a range, those of formula columns as well, by a mask such as "0.000".
 void format_selection(table_content& content, const cell_range& range, std::string_view mask);
 
+/// Turns a column into the formula column of a fitted model: `cells` are the texts of its first rows, the others stay.
+/// The formula may be empty. Other formula columns are not evaluated.
+void store_model_column(table_content& content, int column, std::string_view formula,
+                        const std::vector<std::string>& cells);
+
 /// Takes over a typed number of digits from 8 to 22 and evaluates all formula columns anew, which is also done if the
 /// number is refused. Nothing happens for a blank text.
 std::optional<message_box> set_calc_digits(table_content& content, std::string_view text, evaluation_context& context);
