@@ -5,7 +5,7 @@
 #include "waves.h"
 
 #include <QApplication>
-#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPixmap>
 
 #include <algorithm>

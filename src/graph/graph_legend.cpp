@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/graph_legend.h"
 
+#include "graph/clipped_path.h"
 #include "graph/graph_drawing.h"
 
 #include <algorithm>
@@ -45,14 +46,37 @@ legend_size size_for(std::span<const std::string> names, const graph_layout& lay
     return size;
 }
 
-std::span<const drawn_point> points_of(const drawn_shape& shape)
+/// Whether a straight line may touch a box: false only if it can't.
+bool comes_near(drawn_point from, drawn_point to, const drawn_box& box)
 {
-    if (const auto* path = std::get_if<drawn_path>(&shape)) return path->points;
-    if (const auto* markers = std::get_if<drawn_markers>(&shape)) return markers->points;
-    return {};
+    return std::max(from.x, to.x) >= box.left && std::min(from.x, to.x) <= box.right() &&
+           std::max(from.y, to.y) >= box.top && std::min(from.y, to.y) <= box.bottom();
 }
 
-/// The corner of the plot area in which a box covers the fewest points; the upper right comes first among equals.
+/// The number of markers and of pieces of lines that a box covers.
+std::size_t covered_by(const drawn_box& box, const drawn_shape& shape)
+{
+    std::size_t covered = 0;
+    if (const auto* markers = std::get_if<drawn_markers>(&shape)) {
+        for (const drawn_point point : markers->points)
+            if (box.contains(point)) ++covered;
+    } else if (const auto* path = std::get_if<drawn_path>(&shape)) {
+        std::size_t next_start = 0;
+        for (std::size_t i = 0; i < path->points.size(); ++i) {
+            const bool starts = next_start < path->starts.size() && path->starts[next_start] == i;
+            if (starts) {
+                ++next_start;
+                continue;
+            }
+            const drawn_point from = path->points[i - 1];
+            const drawn_point to = path->points[i];
+            if (comes_near(from, to, box) && clipped_line(from, to, box)) ++covered;
+        }
+    }
+    return covered;
+}
+
+/// The corner of the plot area in which a box covers the least of the curves; the upper right comes first among equals.
 drawn_box emptiest_corner(const legend_size& size, const drawn_box& plot, std::span<const drawn_shape> curves)
 {
     const double left = plot.left + distance;
@@ -65,9 +89,8 @@ drawn_box emptiest_corner(const legend_size& size, const drawn_box& plot, std::s
         corners[i] = {places[i].x, places[i].y, size.width(), size.height()};
     std::array<std::size_t, 4> covered = {};
     for (const drawn_shape& shape : curves)
-        for (const drawn_point point : points_of(shape))
-            for (std::size_t i = 0; i < corners.size(); ++i)
-                if (corners[i].contains(point)) ++covered[i];
+        for (std::size_t i = 0; i < corners.size(); ++i)
+            covered[i] += covered_by(corners[i], shape);
     return corners[static_cast<std::size_t>(std::ranges::min_element(covered) - covered.begin())];
 }
 

@@ -24,8 +24,8 @@ struct legend_entry
 };
 
 /// The legend's shapes: frame, samples, names. It is where the user has moved it, else in the corner of the plot area
-/// where it covers the fewest points of `curves`. A last line counts the entries that don't fit. Empty if there are no
-/// entries or no space.
+/// where it covers the fewest pieces and markers of `curves`. A last line counts the entries that don't fit. Empty if
+/// there are no entries or no space.
 std::vector<drawn_shape> legend_shapes(const graph_content& graph, std::span<const legend_entry> entries,
                                        std::span<const drawn_shape> curves, const graph_layout& layout,
                                        const text_metrics& metrics);

@@ -3,6 +3,7 @@
 
 #include "desktop/qt_text.h"
 #include "graph/curve_style.h"
+#include "graph/line_mask.h"
 
 #include <QBuffer>
 #include <QPaintEngine>
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <span>
 #include <variant>
 #include <vector>
@@ -27,6 +29,8 @@ constexpr double points_per_inch = 72.0;
 constexpr int measured_size = 200;
 /// From this number on, markers on a bitmap are painted once and copied.
 constexpr std::size_t least_to_stamp = 100;
+/// From this number of points on, lines on a bitmap are painted by a mask.
+constexpr std::size_t least_to_mask = 200;
 
 QColor colour_of(drawn_colour colour)
 {
@@ -84,6 +88,8 @@ public:
           is_bitmap_(painter.paintEngine()->type() == QPaintEngine::Raster)
     {
         painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+        auto* const image = dynamic_cast<QImage*>(painter.device());
+        if (image && image->format() == QImage::Format_RGB32) bitmap_ = image;
     }
 
     void operator()(const drawn_rectangle& rectangle)
@@ -101,6 +107,7 @@ public:
     void operator()(const drawn_path& path)
     {
         const bool is_frame = path.part.role == drawn_role::tick || path.part.role == drawn_role::grid_line;
+        if (bitmap_ && !is_frame && path.points.size() >= least_to_mask) return paint_by_mask(path);
         painter_.setPen(is_frame ? straight_pen(path.stroke) : pen_of(path.stroke));
         painter_.setBrush(Qt::NoBrush);
         std::vector<QPointF> piece;
@@ -144,6 +151,36 @@ public:
     }
 
 private:
+    void paint_by_mask(const drawn_path& path)
+    {
+        if (!mask_) mask_.emplace(bitmap_->width(), bitmap_->height());
+        const QTransform to_device = painter_.deviceTransform();
+        const double scale = std::sqrt(std::abs(to_device.determinant()));
+        const double width = path.stroke.width * scale;
+        std::vector<double> dashes;
+        for (const double length : path.stroke.dashes)
+            dashes.push_back(length * width);
+        std::vector<drawn_point> piece;
+        for (std::size_t i = 0; i < path.starts.size(); ++i) {
+            const std::size_t end = i + 1 < path.starts.size() ? path.starts[i + 1] : path.points.size();
+            piece.clear();
+            for (std::size_t point = path.starts[i]; point < end; ++point) {
+                const QPointF at = to_device.map(toolkit_point(path.points[point]));
+                piece.push_back({at.x(), at.y()});
+            }
+            mask_->add_line(piece, width, dashes);
+        }
+        const QRgb ink = colour_of(path.stroke.colour).rgb();
+        uchar* const bits = bitmap_->bits();
+        const qsizetype bytes_per_line = bitmap_->bytesPerLine();
+        mask_->take([&](int x, int y, int coverage) {
+            QRgb& pixel = reinterpret_cast<QRgb*>(bits + y * bytes_per_line)[x];
+            const auto mixed = [coverage](int below, int above) { return below + (above - below) * coverage / 255; };
+            pixel =
+                qRgb(mixed(qRed(pixel), qRed(ink)), mixed(qGreen(pixel), qGreen(ink)), mixed(qBlue(pixel), qBlue(ink)));
+        });
+    }
+
     /// The pen of a straight line, which is at least one whole pixel wide.
     QPen straight_pen(const drawn_stroke& stroke) const
     {
@@ -190,6 +227,9 @@ private:
     QPainter& painter_;
     double scale_;
     bool is_bitmap_;
+    /// The bitmap that is painted on; null if it is none, or has another format.
+    QImage* bitmap_ = nullptr;
+    std::optional<line_mask> mask_;
 };
 
 } // namespace
