@@ -5,6 +5,7 @@
 #include "kinds/kinds.h"
 #include "leq/window/frmLEQ.h"
 #include "nle/window/frmNLE.h"
+#include "reg/window/frmRGT.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +33,7 @@ template <class Window> std::unique_ptr<problem_window> make_window(desktop_cont
 constexpr std::array<window_factory, 5> factories{{{"leq", window_command::new_leq, make_window<frmLEQ>},
                                                    {"nle", window_command::new_nle, make_window<frmNLE>},
                                                    {"deq", window_command::new_deq, make_window<frmDEQ>},
-                                                   {"reg", window_command::new_reg},
+                                                   {"reg", window_command::new_reg, make_window<frmRGT>},
                                                    {"opt", window_command::new_opt}}};
 
 std::vector<problem_window_kind> kinds_with_windows()

@@ -32,7 +32,7 @@ public:
     void select_block(const cell_range& block);
     /// Makes columns as wide as their heads and cells need, within bounds. Wider columns keep their width unless
     /// `anew`.
-    void fit_columns(bool anew = false);
+    virtual void fit_columns(bool anew = false);
     /// What is wrong with the current cell; empty if nothing is.
     QString fault_of_current_cell() const;
 

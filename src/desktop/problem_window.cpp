@@ -243,7 +243,7 @@ bool problem_window::open_by_dialog()
 {
     if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;
     const auto chosen = context().user.choose_file_to_open(
-        this, {.caption = tr("Open"), .filter = kind_->open_filter, .proposed = proposed_file({})});
+        this, {.caption = to_qstring(kind_->open_caption), .filter = kind_->open_filter, .proposed = proposed_file({})});
     if (!chosen) return false;
     if (!is_foreign(chosen->path)) return read(chosen->path);
     context().frame.open_document(chosen->path);
@@ -266,7 +266,7 @@ std::filesystem::path problem_window::proposed_file(const std::string& name) con
 
 file_question problem_window::save_question() const
 {
-    return {.caption = tr("Save As"),
+    return {.caption = to_qstring(kind_->save_caption),
             .filter = kind_->save_filter,
             .proposed = proposed_file(file_name_of_title(document().title(), ".kvr")),
             .default_extension = QStringLiteral("kvr")};

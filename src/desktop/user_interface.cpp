@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -65,12 +66,15 @@ public:
     {
         QMessageBox::StandardButtons buttons = QMessageBox::Yes | QMessageBox::No;
         if (asked.with_cancel) buttons |= QMessageBox::Cancel;
+        if (asked.ok_or_cancel) buttons = QMessageBox::Ok | QMessageBox::Cancel;
         QMessageBox shown(box_icon_of(asked.icon), to_qstring(asked.title), box_text(asked.text), buttons,
                           owner_of(parent));
         shown.setTextFormat(Qt::PlainText);
-        shown.setDefaultButton(button_of(asked.default_answer));
-        shown.setEscapeButton(asked.with_cancel ? QMessageBox::Cancel : QMessageBox::No);
+        const bool yes_is_ok = asked.ok_or_cancel && asked.default_answer == user_answer::yes;
+        shown.setDefaultButton(yes_is_ok ? QMessageBox::Ok : button_of(asked.default_answer));
+        shown.setEscapeButton(asked.with_cancel || asked.ok_or_cancel ? QMessageBox::Cancel : QMessageBox::No);
         switch (shown.exec()) {
+        case QMessageBox::Ok:
         case QMessageBox::Yes:
             return user_answer::yes;
         case QMessageBox::No:
@@ -105,6 +109,13 @@ public:
         QFont font = QFontDialog::getFont(&accepted, present, owner_of(parent));
         if (!accepted) return std::nullopt;
         return font;
+    }
+
+    std::optional<QColor> choose_colour(QWidget* parent, const QColor& present) override
+    {
+        const QColor colour = QColorDialog::getColor(present, owner_of(parent));
+        if (!colour.isValid()) return std::nullopt;
+        return colour;
     }
 
     void copy(std::unique_ptr<QMimeData> content) override

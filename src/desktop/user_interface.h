@@ -3,6 +3,7 @@
 
 #include "platform/message_box.h"
 
+#include <QColor>
 #include <QFont>
 #include <QMimeData>
 #include <QString>
@@ -33,6 +34,8 @@ struct user_question
     std::string text;
     std::string title = guide_title;
     bool with_cancel = false;
+    /// Buttons OK and Cancel in place of these; OK is the answer yes.
+    bool ok_or_cancel = false;
     box_icon icon = box_icon::question;
     user_answer default_answer = user_answer::yes;
 };
@@ -82,6 +85,7 @@ public:
     /// Asks before an existing file is overwritten.
     virtual std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) = 0;
     virtual std::optional<QFont> choose_font(QWidget* parent, const QFont& present) = 0;
+    virtual std::optional<QColor> choose_colour(QWidget* parent, const QColor& present) = 0;
 
     virtual void copy(std::unique_ptr<QMimeData> content) = 0;
     void copy_text(const QString& text);

@@ -35,7 +35,7 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
         {"gas.TXT", gas, "frmSolution", ""},
         {"report.rtf", "{\\rtf1 hello}", "frmSolution", ""},
         {"decay.kvr", "Decay\nd(y)/d(t) = -y\nt(0)=0\ny(0)=1\nt(f)=1\n", "frmDEQ", ""},
-        {"table.kvr", "Table\n2 3\nA\n", "", "Data tables are not yet solved by this version."},
+        {"table.kvr", "Table\n2 3\nA\n", "frmRGT", ""},
         {"plane.kvr", plane.c_str(), "frmLEQ", ""},
         {"cut.kvg", "KVRGRF/V500//\nx\ny\n", "", "Error while trying to open file."},
         {"curve.kvg", curve.c_str(), "frmGraph", ""},

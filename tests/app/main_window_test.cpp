@@ -67,7 +67,6 @@ TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
 {
     main_desk desk;
     for (const auto& [which, text] : table<window_command, const char*>{
-             {window_command::new_reg, "Data tables are not yet solved by this version."},
              {window_command::new_opt,
               "Optimization problems have no window in this version; kelvarin-solve solves them."}}) {
         SCOPED_TRACE(text);
@@ -284,7 +283,7 @@ TEST(MainWindow, StartPageOpensProblemsFilesAndExamples)
 {
     main_desk desk;
     const auto file = desk.folder.write("gas.kvr", "Gas\nf(v) = v - 2\n1\n3\n");
-    for (const char* missing : {"cmdNew_reg", "cmdNew_opt"}) {
+    for (const char* missing : {"cmdNew_opt"}) {
         EXPECT_FALSE(desk.person().is_enabled(missing));
         EXPECT_FALSE(desk.person().find(missing).toolTip().isEmpty());
     }

@@ -15,7 +15,8 @@ set(layers
   "batch desktop"
   "shell/window"
   "tools/window nle/equations/window graph/window"
-  "nle/window leq/window deq/window opt/window reg/window"
+  "reg/window"
+  "nle/window leq/window deq/window opt/window"
   "app")
 
 set(faults "")

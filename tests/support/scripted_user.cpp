@@ -38,6 +38,7 @@ scripted_user::~scripted_user()
         ADD_FAILURE() << "this input box did not come: " << asked.prompt;
     EXPECT_TRUE(expected_files_.empty()) << "a file dialog did not come";
     EXPECT_TRUE(expected_fonts_.empty()) << "a font dialog did not come";
+    EXPECT_TRUE(expected_colours_.empty()) << "a colour dialog did not come";
     EXPECT_TRUE(expected_prints_.empty()) << "nothing was printed";
 }
 
@@ -61,6 +62,11 @@ void scripted_user::expect_file(std::optional<chosen_file> given)
     expected_files_.push_back(std::move(given));
 }
 
+void scripted_user::expect_colour(std::optional<QColor> given)
+{
+    expected_colours_.push_back(std::move(given));
+}
+
 void scripted_user::expect_font(std::optional<QFont> given)
 {
     expected_fonts_.push_back(std::move(given));
@@ -74,7 +80,7 @@ void scripted_user::expect_print(std::filesystem::path pdf)
 bool scripted_user::is_done() const
 {
     return expected_boxes_.empty() && expected_questions_.empty() && expected_inputs_.empty() &&
-           expected_files_.empty() && expected_fonts_.empty() && expected_prints_.empty();
+           expected_files_.empty() && expected_fonts_.empty() && expected_colours_.empty() && expected_prints_.empty();
 }
 
 void scripted_user::show(QWidget*, const message_box& box)
@@ -125,6 +131,12 @@ std::optional<chosen_file> scripted_user::choose_file_to_save(QWidget*, const fi
 std::optional<QFont> scripted_user::choose_font(QWidget*, const QFont&)
 {
     const auto expected = next(expected_fonts_, "a font dialog");
+    return expected ? *expected : std::nullopt;
+}
+
+std::optional<QColor> scripted_user::choose_colour(QWidget*, const QColor&)
+{
+    const auto expected = next(expected_colours_, "a colour dialog");
     return expected ? *expected : std::nullopt;
 }
 

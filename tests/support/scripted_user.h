@@ -26,6 +26,7 @@ public:
     /// The next file dialog gets this answer (nothing: Cancel).
     void expect_file(std::optional<chosen_file> given);
     void expect_font(std::optional<QFont> given);
+    void expect_colour(std::optional<QColor> given);
     /// The next print command goes to this PDF file.
     void expect_print(std::filesystem::path pdf);
     /// Everything expected until now has come.
@@ -47,6 +48,7 @@ public:
     std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) override;
     std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) override;
     std::optional<QFont> choose_font(QWidget* parent, const QFont& present) override;
+    std::optional<QColor> choose_colour(QWidget* parent, const QColor& present) override;
     void copy(std::unique_ptr<QMimeData> content) override { clipboard_ = std::move(content); }
     const QMimeData* clipboard() const override { return clipboard_.get(); }
     print_outcome print(QWidget* parent, const QString& document_name, const page_painter& paint) override;
@@ -72,6 +74,7 @@ private:
     std::deque<expected_input> expected_inputs_;
     std::deque<std::optional<chosen_file>> expected_files_;
     std::deque<std::optional<QFont>> expected_fonts_;
+    std::deque<std::optional<QColor>> expected_colours_;
     std::deque<std::filesystem::path> expected_prints_;
 
     std::vector<message_box> boxes_;

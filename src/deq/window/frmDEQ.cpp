@@ -14,6 +14,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
+#include "reg/window/frmRGT.h"
 #include "shell/window/frmMsg.h"
 #include "shell/window/frmSolution.h"
 
@@ -109,10 +110,9 @@ QWidget* frmDEQ::build_options()
         row->addWidget(box);
         return box;
     };
-    chkTable_ = add_box(tr("Ta&ble"), "chkTable", tr("Tables of the points come with a later version."));
+    chkTable_ = add_box(tr("Ta&ble"), "chkTable", tr("Show the points of each run in a data table"));
     chkGraph_ = add_box(tr("&Graph"), "chkGraph", tr("Show a graph of the points of each run"));
     chkReport_ = add_box(tr("Re&port"), "chkReport", tr("Make a report of each run"));
-    chkTable_->setEnabled(false);
     chkReport_->setChecked(true);
     lblAbort_ = named(new QLabel(tr("Press Cntl+C to Abort")), "lblAbort");
     cmdStiff_ =
@@ -231,7 +231,8 @@ void frmDEQ::solve()
     if (!ready_to_run() || !can_solve()) return;
     const auto input =
         std::make_shared<const run_input>(run_input{{problem_.content(), problem_.path()}, context().store});
-    const run_wish wish = {++solution_counter, chkReport_->isChecked(), chkGraph_->isChecked(), comments_shown()};
+    const run_wish wish = {++solution_counter, chkReport_->isChecked(), chkTable_->isChecked(), chkGraph_->isChecked(),
+                           comments_shown()};
     alerts_ = std::make_shared<deq_run_alerts>();
     stiff_wanted_ = false;
     clear_card();
@@ -254,11 +255,21 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
     if (!outcome.has_report) return;
+    if (wish.table) show_table(problem, outcome, wish.number);
     if (wish.graph)
         show_new_graph(context(), *this, scatter_graph_form_startup2(deq_graph_start(outcome, wish.number), {}, store));
     if (!wish.report) return;
     show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
                     problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
+}
+
+void frmDEQ::show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number)
+{
+    auto* table = new frmRGT(context());
+    table->show_points(outcome.points, problem.content.title,
+                       QStringLiteral("ODE Results: %1, Solution #%2")
+                           .arg(to_qstring(problem.content.title), QString::number(number)));
+    context().frame.show_child(table, this);
 }
 
 void frmDEQ::offer_stiff_method(deq_method method)

@@ -55,6 +55,7 @@ private:
     {
         int number = 0;
         bool report = false;
+        bool table = false;
         bool graph = false;
         bool comments = false;
     };
@@ -68,6 +69,8 @@ private:
     void settle_independent();
     void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                       const run_wish& wish);
+    /// Shows the points in a data table of their own.
+    void show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number);
     void offer_stiff_method(deq_method method);
     void solve_by_stiff_method();
     void cmdStiff_Click();

@@ -2,6 +2,7 @@
 #include "leq/window/frmLEQ.h"
 
 #include "desktop/cell_grid.h"
+#include "desktop/decimal_comma_question.h"
 #include "desktop/elided_label.h"
 #include "desktop/qt_text.h"
 #include "leq/leq_kind.h"
@@ -14,7 +15,6 @@
 #include <QMenu>
 #include <QMimeData>
 
-#include <algorithm>
 #include <random>
 
 namespace kelvarin
@@ -25,17 +25,6 @@ namespace
 
 /// Counts the started runs of all windows, including failed ones; it is the number of a solution.
 int solution_counter = 0;
-
-/// The first cell in which two blocks differ, with both texts: "'1,5' becomes '1.5'".
-QString first_change(const cell_block& before, const cell_block& after)
-{
-    for (std::size_t row = 0; row < before.size(); ++row) {
-        const auto [old_cell, new_cell] = std::ranges::mismatch(before[row], after[row]);
-        if (old_cell != before[row].end())
-            return frmLEQ::tr("'%1' becomes '%2'").arg(to_qstring(*old_cell), to_qstring(*new_cell));
-    }
-    return {};
-}
 
 } // namespace
 
@@ -205,30 +194,13 @@ void frmLEQ::clear_cells()
 void frmLEQ::paste()
 {
     const std::optional<cell_block> block =
-        with_decimal_points(read_block(to_text(context().user.clipboard()->text())));
+        with_decimal_points(context().user, this, read_block(to_text(context().user.clipboard()->text())));
     if (!block || block->empty()) return;
     const cell_range range = grdMatrix_->selected_block();
     const std::optional<message_box> left_out = problem_.paste(range, *block);
     document_changed();
     grdMatrix_->select_block(pasted_range(problem_.content().cells, range, *block));
     if (left_out) context().user.show(this, *left_out);
-}
-
-std::optional<cell_block> frmLEQ::with_decimal_points(cell_block block)
-{
-    std::optional<cell_block> converted = decimal_comma_block(block);
-    if (!converted) return block;
-    const QString change = first_change(block, *converted);
-    const QString asked = tr("The pasted numbers have decimal commas. Do you want decimal points instead ?\r%1");
-    switch (context().user.ask(this, {.text = to_text(asked.arg(change)), .with_cancel = true})) {
-    case user_answer::yes:
-        return converted;
-    case user_answer::no:
-        return block;
-    case user_answer::cancel:
-        break;
-    }
-    return std::nullopt;
 }
 
 void frmLEQ::load_sample()

@@ -75,8 +75,6 @@ private:
     void copy();
     void paste();
     void clear_cells();
-    /// The block with decimal points in place of commas if the user agrees. Returns nullopt if the paste was cancelled.
-    std::optional<cell_block> with_decimal_points(cell_block block);
 
     void show_solution(const leq_run_problem& problem, const leq_outcome& outcome, int number);
 

@@ -134,8 +134,14 @@ void table_document::start_new(table_size size)
 {
     table_content blank(size);
     blank.calc_digits = content().calc_digits;
-    blank.saved_mark = ++saved_mark_;
-    start_clean(std::move(blank));
+    start_with(std::move(blank));
+}
+
+void table_document::start_with(table_content content)
+{
+    content.saved_mark = ++saved_mark_;
+    typed_cell_.reset();
+    start_clean(std::move(content));
 }
 
 name_change table_document::rename_column(int column, std::string_view name)

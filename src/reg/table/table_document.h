@@ -53,6 +53,8 @@ public:
 
     /// New: blank cells, default names and no formulas, title or file; starts the undo stack anew.
     void start_new(table_size size);
+    /// Starts with a content that was made elsewhere and needs no saving; no title, file or step is left of this one.
+    void start_with(table_content content);
     /// Refused by a box, or in silence if the name is empty. Returns whether the name stands.
     name_change rename_column(int column, std::string_view name);
     void add_columns(int count);

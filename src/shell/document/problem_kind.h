@@ -50,7 +50,9 @@ struct problem_kind
     /// Why problems of this kind can not be opened; empty if they can.
     const char* missing_text = "";
 
-    /// The filters of the file dialogs.
+    /// The captions and filters of the file dialogs.
+    const char* open_caption = "Open";
+    const char* save_caption = "Save As";
     const char* open_filter = "";
     const char* save_filter = "";
     /// The index, from 1, of the older format in the save filter; 0 if there is none.
