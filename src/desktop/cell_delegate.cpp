@@ -83,8 +83,11 @@ void cell_delegate::paint_fault(QPainter& painter, const QStyleOptionViewItem& i
     layout.endLayout();
     painter.save();
     painter.setClipRect(area);
-    layout.draw(&painter,
-                QPointF(area.right() + 1 - line.naturalTextWidth(), area.top() + (area.height() - line.height()) / 2));
+    const qreal room = area.width() - line.naturalTextWidth();
+    const qreal before = item.displayAlignment.testFlag(Qt::AlignLeft)      ? 0.0
+                         : item.displayAlignment.testFlag(Qt::AlignHCenter) ? room / 2
+                                                                            : room;
+    layout.draw(&painter, QPointF(area.left() + before, area.top() + (area.height() - line.height()) / 2));
     painter.restore();
 }
 

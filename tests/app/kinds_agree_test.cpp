@@ -38,8 +38,8 @@ TEST(Kinds, EachHasItsWindowsAndItsAnswererUnlessItsRowSaysWhyNot)
         const bool is_solved = std::string(row.missing_text).empty();
         EXPECT_EQ(windows[i].make != nullptr, is_solved);
         EXPECT_EQ(row.make_document != nullptr, is_solved);
-        EXPECT_EQ(answerer_of(row) != nullptr, is_solved);
         if (!is_solved) continue;
+        EXPECT_TRUE(answerer_of(row));
         EXPECT_EQ(row.make_document()->kind(), row.key);
         const auto window = windows[i].make(desk.context);
         EXPECT_EQ(window->objectName(), QLatin1String(row.window_name));
