@@ -7,6 +7,8 @@
 #include "platform/message_box.h"
 
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace kelvarin
@@ -50,6 +52,20 @@ public:
     void load_example(deq_content example);
 
     refusal open_deq(const std::filesystem::path& path) { return open(path); }
+
+protected:
+    const row_form& form() const override { return deq_row_form; }
+    std::string row_form_in_words() const override { return "d(y)/d(t) = ..., or a = ..."; }
+    /// Also "dy/dt = ..." and "y' = ...".
+    std::optional<typed_row> read_row(std::string_view text) const override;
+    /// The variable of a derivative must be the independent one.
+    refusal check_row(const deq_content& in, const typed_row& typed, int row) const override;
+    refusal check_value(std::string_view value) const override;
+    equation_row make_row(const deq_content& in, const typed_row& typed) const override;
+    /// The first derivative names the independent variable if it has no name yet.
+    deq_content prepared(deq_content next, const typed_row& typed) const override;
+    /// The range, "t(0)=0" and "t(f)=5", where none is set.
+    bool take_line(deq_content& next, std::string_view line) const override;
 };
 
 } // namespace kelvarin

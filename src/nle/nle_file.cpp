@@ -34,6 +34,14 @@ bool follows_equations(std::string_view line)
     return is_marked(line, guess_marker) || holds_bounds(line);
 }
 
+/// The text after a marker. Returns nullopt if the line doesn't contain it.
+std::optional<std::string_view> text_after(std::string_view line, std::string_view marker)
+{
+    const std::size_t at = before_comment(line).find(marker);
+    if (at == std::string_view::npos) return std::nullopt;
+    return line.substr(at + marker.size());
+}
+
 /// An equation's name for use in front of a marker. Guesses are read by position, so a name that would make the line
 /// look like an equation or a comment is left out.
 std::string marked_name(std::string_view equation)
@@ -93,14 +101,6 @@ void read_guesses(line_reader& lines, std::span<equation_row* const> implicit)
     }
 }
 
-/// The text after a marker. Returns nullopt if the line doesn't contain it.
-std::optional<std::string_view> text_after(std::string_view line, std::string_view marker)
-{
-    const std::size_t at = before_comment(line).find(marker);
-    if (at == std::string_view::npos) return std::nullopt;
-    return line.substr(at + marker.size());
-}
-
 double midpoint(double lower, double upper)
 {
     const double sum = lower + upper;
@@ -150,6 +150,30 @@ bool is_nle_second_line(std::string_view line)
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return false;
     return is_implicit(line, nle_row_form) || is_valid_name(trimmed(line.substr(0, equals)));
+}
+
+bool holds_a_bound(std::string_view line)
+{
+    return text_after(line, lower_marker).has_value() || text_after(line, upper_marker).has_value();
+}
+
+bool take_bounds(std::string_view line, nle_content& content)
+{
+    const std::vector<equation_row*> implicit = implicit_rows(content.rows);
+    if (implicit.size() != 1) return false;
+    bool taken = false;
+    for (const auto& [marker, bound] :
+         {std::pair(lower_marker, &content.lower_bound), std::pair(upper_marker, &content.upper_bound)}) {
+        const std::optional<std::string_view> text = text_after(line, marker);
+        if (!text || !bound->empty()) continue;
+        *bound = trimmed(text->substr(0, text->find(',')));
+        taken = true;
+    }
+    const std::optional<double> lower = numeric_value(content.lower_bound);
+    const std::optional<double> upper = numeric_value(content.upper_bound);
+    if (taken && lower && upper && implicit.front()->guess.empty())
+        implicit.front()->guess = plain_text(midpoint(*lower, *upper));
+    return taken;
 }
 
 std::optional<nle_content> read_nle(std::string_view text, nle_method method)

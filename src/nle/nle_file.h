@@ -20,4 +20,10 @@ std::optional<nle_content> read_nle(std::string_view text, nle_method method = n
 /// The text of a problem file with CR LF line ends, in the current or the older format.
 std::string write_nle(const nle_content& content, bool older_format = false);
 
+/// Whether a line gives a bound as problem files do: "x(min)=1, x(max)=2", or one of them.
+bool holds_a_bound(std::string_view line);
+/// Sets the bounds that such a line gives where the content of a single equation has none, and its missing guess to
+/// their middle. Returns false if nothing was set.
+bool take_bounds(std::string_view line, nle_content& content);
+
 } // namespace kelvarin

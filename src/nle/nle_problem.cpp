@@ -6,6 +6,7 @@
 #include "nle/nle_recovery.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -27,6 +28,17 @@ constexpr content_format<nle_content> nle_format = {
     .read_recovery = read_nle_recovery,
     .listing = nle_listing};
 
+constexpr std::string_view guess_refusal = "Please enter a valid numeric value for initial guess.";
+
+/// A guess with its suffix as cells hold it: "1 p".
+std::string with_one_blank(std::string_view guess)
+{
+    const std::string number(trimmed(guess_without_suffix(guess)));
+    const std::string_view suffix = trimmed(guess.substr(std::min(guess.find_first_of("ap"), guess.size())));
+    if (suffix == "p" || suffix == "ap") return number + ' ' + std::string(suffix);
+    return std::string(trimmed(guess));
+}
+
 } // namespace
 
 nle_problem::nle_problem() : equation_document(nle_format) {}
@@ -40,16 +52,49 @@ nle_problem::refusal nle_problem::check_implicit(std::string_view name, std::str
                                                  std::string_view guess, int row) const
 {
     if (refusal refused = check_expression_field(expression)) return refused;
-    if (refusal refused = check_number_field(guess, "Please enter a valid numeric value for initial guess."))
-        return refused;
+    if (refusal refused = check_number_field(guess, guess_refusal)) return refused;
     return check_name_field(name, content().rows, nle_row_form, row);
 }
 
 nle_problem::refusal nle_problem::check_explicit(std::string_view name, std::string_view expression, int row) const
 {
-    if (refusal refused = check_expression_field(expression)) return refused;
-    if (refusal refused = check_name_field(name, content().rows, nle_row_form, row)) return refused;
-    return check_circular_definition(name, expression);
+    return check_row(content(), {.name = std::string(name), .expression = std::string(expression)}, row);
+}
+
+nle_problem::refusal nle_problem::check_row(const nle_content& in, const typed_row& typed, int row) const
+{
+    if (refusal refused = check_expression_field(typed.expression)) return refused;
+    if (typed.implicit)
+        if (refusal refused = check_value(typed.value.value_or(""))) return refused;
+    if (refusal refused = check_name_field(typed.name, in.rows, nle_row_form, row)) return refused;
+    return typed.implicit ? std::nullopt : check_circular_definition(typed.name, typed.expression);
+}
+
+nle_problem::refusal nle_problem::check_value(std::string_view value) const
+{
+    return check_number_field(guess_without_suffix(value), guess_refusal);
+}
+
+std::optional<typed_row> nle_problem::read_row(std::string_view text) const
+{
+    if (holds_a_bound(text)) return std::nullopt;
+    return row_of_text(text, nle_row_form);
+}
+
+equation_row nle_problem::make_row(const nle_content&, const typed_row& typed) const
+{
+    if (!typed.implicit) return make_explicit_row(typed.name, typed.expression, typed.comment);
+    equation_row made;
+    made.equation.append(nle_row_form.letters).append(trimmed(typed.name)).append(") = ");
+    made.equation += trimmed(typed.expression);
+    made.guess = with_one_blank(typed.value.value_or(""));
+    made.comment = one_line(typed.comment);
+    return made;
+}
+
+bool nle_problem::take_line(nle_content& next, std::string_view line) const
+{
+    return holds_a_bound(line) && take_bounds(line, next);
 }
 
 nle_problem::refusal nle_problem::put_implicit(std::string_view name, std::string_view expression,
@@ -58,11 +103,9 @@ nle_problem::refusal nle_problem::put_implicit(std::string_view name, std::strin
 {
     static constexpr std::array<std::string_view, 3> suffixes = {"", " p", " ap"};
     if (refusal refused = check_implicit(name, expression, guess, row)) return refused;
-    equation_row next;
-    next.equation.append(nle_row_form.letters).append(trimmed(name)).append(") = ").append(trimmed(expression));
-    next.guess.append(trimmed(guess)).append(suffixes.at(static_cast<std::size_t>(constraint)));
-    next.comment = one_line(comment);
-    return put(std::move(next), row);
+    const std::string value = std::string(guess) + std::string(suffixes.at(static_cast<std::size_t>(constraint)));
+    return put(make_row(content(), {true, std::string(name), std::string(expression), value, std::string(comment)}),
+               row);
 }
 
 nle_problem::refusal nle_problem::put_explicit(std::string_view name, std::string_view expression,

@@ -7,6 +7,8 @@
 #include "platform/message_box.h"
 
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace kelvarin
@@ -45,6 +47,17 @@ public:
     void load_example(nle_content example);
 
     refusal nles_open(const std::filesystem::path& path) { return open(path); }
+
+protected:
+    const row_form& form() const override { return nle_row_form; }
+    std::string row_form_in_words() const override { return "f(x) = ..., or a = ..."; }
+    std::optional<typed_row> read_row(std::string_view text) const override;
+    refusal check_row(const nle_content& in, const typed_row& typed, int row) const override;
+    /// A guess may have a suffix, " p" or " ap".
+    refusal check_value(std::string_view value) const override;
+    equation_row make_row(const nle_content& in, const typed_row& typed) const override;
+    /// Bounds of a single equation, where none are set.
+    bool take_line(nle_content& next, std::string_view line) const override;
 
 private:
     /// Bounds stay only where a single implicit row needs them.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvarin
 {
@@ -27,6 +28,16 @@ struct text_place
     friend bool operator==(const text_place&, const text_place&) = default;
 };
 
+/// The field of an entry that a refusal is about.
+enum class entry_field
+{
+    none,
+    name,
+    expression,
+    /// The initial guess or value.
+    value
+};
+
 inline constexpr const char* guide_title = "Kelvarin Guide";
 
 /// A message to the user as a value: the core creates it, a front end shows it. Lines are separated by CR.
@@ -38,6 +49,9 @@ struct message_box
     std::optional<text_place> place = std::nullopt;
     /// Whether the core detected an internal error: a program with windows ends after this box.
     bool fatal = false;
+    /// The rows that the message is about, if they are several.
+    std::vector<int> rows = {};
+    entry_field field = entry_field::none;
 };
 
 } // namespace kelvarin

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 
 namespace kelvarin
@@ -64,6 +65,44 @@ TEST(DeqProblem, EntriesAreCheckedInTheOrderOfTheDialogs)
     EXPECT_EQ(problem.rows()[2], explicit_row("m", "2*k"));
 }
 
+TEST(DeqProblem, ReadsDerivativesAsPeopleWriteThem)
+{
+    for (const auto& [text, equation] : test::table<const char*, const char*>{{"d(y)/d(t) = -y", "d(y)/d(t) = -y"},
+                                                                              {" dy/dt = -y", "d(y)/d(t) = -y"},
+                                                                              {"dy / dt = -y", "d(y)/d(t) = -y"},
+                                                                              {"y' = -y", "d(y)/d(t) = -y"},
+                                                                              {"dy = 2", "dy = 2"}}) {
+        SCOPED_TRACE(text);
+        deq_problem problem = problem_of(integrated({}));
+        ASSERT_FALSE(problem.put_text(text, 0, "1"));
+        EXPECT_EQ(problem.content().rows.front().equation, equation);
+    }
+    deq_problem problem = problem_of(integrated({}));
+    const auto fault = problem.put_text("dy/dt = 2*", 0, "1");
+    EXPECT_EQ(fault->place, (text_place{0, 9, 1}));
+    EXPECT_EQ(text_of(problem.put_text("dy/dx = y", 0, "1")),
+              "The independent variable of this problem is 't', not 'x'.");
+    EXPECT_EQ(text_of(problem.put_text("dt/dt = 1", 0, "1")),
+              "Differential var must be different than independet var.");
+    EXPECT_EQ(text_of(problem.put_text("y' = 1", 0)), "Please enter a valid initial value.");
+}
+
+TEST(DeqProblem, TakesVariableAndRangeFromAPastedFileWhereItHasNone)
+{
+    const std::string file = "Decay |KVRVER05_0\nd(y)/d(s) = -k*y #first\nk = 2 #\ns(0)=1\ny(0)=5\ns(f)=3\n";
+    deq_problem problem;
+    problem.paste(file, 0);
+    const deq_content& content = problem.content();
+    EXPECT_EQ(content.rows, (std::vector<equation_row>{{"d(y)/d(s) = -k*y", "5", "first"}, {"k = 2", "n.a.", ""}}));
+    EXPECT_EQ(content.independent + content.initial_value + content.final_value, "s13");
+    EXPECT_EQ(content.title, "Decay");
+
+    deq_problem other = problem_of(integrated({}));
+    EXPECT_EQ(other.paste(file, 0).left_out.front().reason,
+              "The independent variable of this problem is 't', not 's'.");
+    EXPECT_EQ(other.content().independent, "t");
+}
+
 TEST(DeqProblem, TheIndependentVariableIsRenamedInItsRows)
 {
     deq_problem problem = problem_of(integrated({differential_row("y", "-t*y"), explicit_row("k", "t")}));
@@ -109,9 +148,9 @@ TEST(DeqProblem, EveryStepHasItsName)
         {"Add equation", [&] { problem.put_explicit("b", "2", ""); }},
         {"Add equation", [&] { problem.put_differential("z", "y", "1", ""); }},
         {"Edit equation", [&] { problem.put_explicit("b", "3", "", 3); }},
-        {"Move equation", [&] { problem.move(2, true); }},
+        {"Move equation", [&] { problem.move(std::array{2}, true); }},
         {"Edit comment", [&] { problem.set_comment(1, "c"); }},
-        {"Remove equation", [&] { problem.remove(4); }},
+        {"Remove equation", [&] { problem.remove(std::array{4}); }},
         {"Change range", [&] { problem.set_range("1", "2"); }},
         {"Change independent variable", [&] { problem.set_independent("s"); }},
         {"Choose method", [&] { problem.choose_method(deq_method::stiff); }},

@@ -12,6 +12,7 @@
 
 #include <rapidcheck.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -36,10 +37,10 @@ inline bool change_rows_at_random(equation_table& problem, int row)
 {
     switch (*rc::gen::inRange(0, 9)) {
     case 0:
-        problem.remove(row);
+        problem.remove(std::array{row});
         return true;
     case 1:
-        problem.move(row, *rc::gen::arbitrary<bool>());
+        problem.move(std::array{row}, *rc::gen::arbitrary<bool>());
         return true;
     case 2:
         if (row <= static_cast<int>(problem.rows().size())) problem.set_comment(row, any_text());

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 
 namespace kelvarin
@@ -55,9 +56,9 @@ TEST(NleDocument, EveryStepHasItsName)
              {"Add equation", [&] { problem.put_explicit("b", "2", ""); }},
              {"Add equation", [&] { problem.put_implicit("y", "y", "1", 0, ""); }},
              {"Edit equation", [&] { problem.put_explicit("b", "3", "", 3); }},
-             {"Move equation", [&] { problem.move(2, true); }},
+             {"Move equation", [&] { problem.move(std::array{2}, true); }},
              {"Edit comment", [&] { problem.set_comment(1, "c"); }},
-             {"Remove equation", [&] { problem.remove(4); }},
+             {"Remove equation", [&] { problem.remove(std::array{4}); }},
              {"Change bounds", [&] { problem.set_bounds("1", "2"); }},
              {"Choose method", [&] { problem.choose_method(nle_method::safenewt); }},
              {"Rename variable", [&] { problem.rename_variable("a", "c"); }},

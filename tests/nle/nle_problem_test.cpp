@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace kelvarin::test
 {
 namespace
@@ -69,15 +71,97 @@ TEST(NleProblem, RowsAreWrittenTrimmedWithTheirSuffix)
 TEST(NleProblem, RefusedEditsLeaveNoStepOfUndo)
 {
     nle_problem problem = problem_of({explicit_row("a", "1"), explicit_row("b", "2")});
-    EXPECT_FALSE(problem.move(1, true));
+    EXPECT_FALSE(problem.move(std::array{1}, true));
     EXPECT_TRUE(problem.rename_variable("a", "b"));
     EXPECT_FALSE(problem.rename_variable("nowhere", "y"));
     EXPECT_EQ(problem.undo_step(), "Load example");
-    EXPECT_TRUE(problem.move(2, true));
-    EXPECT_FALSE(problem.remove(2));
-    EXPECT_EQ(text_of(problem.remove(1)), "Can not remove last equation.");
+    EXPECT_TRUE(problem.move(std::array{2}, true));
+    EXPECT_FALSE(problem.remove(std::array{2}));
+    EXPECT_EQ(text_of(problem.remove(std::array{1})), "Can not remove last equation.");
     EXPECT_EQ(problem.content().rows, std::vector{explicit_row("b", "2")});
     EXPECT_EQ(problem.undo_step(), "Remove equation");
+}
+
+std::vector<equation_row> two_rows()
+{
+    return {{"f(x) = x - a", "1 p", "c"}, explicit_row("a", "2")};
+}
+
+TEST(NleProblem, RowsTypedAsAWholeAreCheckedAndWrittenAsByTheDialogs)
+{
+    using place = std::optional<text_place>;
+    using field = entry_field;
+    for (const auto& [text, row, refused, at, about] : table<const char*, int, std::string, place, field>{
+             {"b = 2*", 0, "Syntax Error: extra operator at the end of the expression; *", text_place{0, 5, 1},
+              field::expression},
+             {"a = 3", 0, "The variable 'a' has already been defined.", text_place{0, 0, 1}, field::name},
+             {"a = 3 + a", 2,
+              "Circular definition of 'a'\rThe explicit varible being defined can not appear on the "
+              "left hand side of the equation.",
+              text_place{0, 8, 1}, field::expression},
+             {"f(y) = y", 0, "Please enter a valid numeric value for initial guess.", std::nullopt, field::value},
+             {"f(2y) = y", 0, std::string("Variable format for '2y'") + bad_format, text_place{0, 2, 2}, field::name},
+             {"y - 2", 0, "This is no equation. Write f(x) = ..., or a = ....", std::nullopt, field::expression},
+         }) {
+        SCOPED_TRACE(text);
+        nle_problem problem = problem_of(two_rows());
+        const nle_problem::refusal box = problem.put_text(text, row);
+        EXPECT_EQ(text_of(box), refused);
+        EXPECT_EQ(box->place, at);
+        EXPECT_EQ(box->field, about);
+        EXPECT_EQ(problem.content().rows, two_rows());
+    }
+    nle_problem problem = problem_of(two_rows());
+    EXPECT_FALSE(problem.put_text(" f( x )=x^2-a = 0", 1));
+    EXPECT_FALSE(problem.put_text("f(y) = y-1 # new", 0, "3ap"));
+    EXPECT_FALSE(problem.set_value(1, " 7 "));
+    EXPECT_EQ(text_of(problem.set_value(1, "seven")), "Please enter a valid numeric value for initial guess.");
+    const std::vector<equation_row> rows = {
+        {"f(x) = x^2-a", "7", "c"}, explicit_row("a", "2"), {"f(y) = y-1", "3 ap", "new"}};
+    EXPECT_EQ(problem.content().rows, rows);
+}
+
+TEST(NleProblem, PastesARowsTextWithWhatBelongsToItAsOneStep)
+{
+    nle_problem problem = problem_of({explicit_row("a", "2"), explicit_row("z", "1")});
+    const pasted_rows pasted = problem.paste("f(x) = x - a*b\na = 3\nb = 2*\nc = 1 # c\nf(y) = y\n\nbest regards\n"
+                                             "x(0) = 4 p\n",
+                                             1);
+    const std::vector<equation_row> rows = {explicit_row("a", "2"),
+                                            {"f(x) = x - a*b", "4 p", ""},
+                                            {"c = 1", "n.a.", "c"},
+                                            {"f(y) = y", "", ""},
+                                            explicit_row("z", "1")};
+    EXPECT_EQ(problem.content().rows, rows);
+    EXPECT_EQ(pasted.rows, (std::vector<int>{2, 3, 4}));
+    EXPECT_EQ(pasted.without_value, std::vector<std::string>{"y"});
+    std::string left_out;
+    for (const left_out_line& line : pasted.left_out)
+        left_out += std::to_string(line.number) + ' ' + line.text + ": " + line.reason + '\n';
+    EXPECT_EQ(left_out, "2 a = 3: The variable 'a' has already been defined.\n"
+                        "3 b = 2*: Syntax Error: extra operator at the end of the expression; *\n"
+                        "7 best regards: \n");
+    // The guess of a row that is there already.
+    EXPECT_TRUE(problem.paste("y(0)=8", 0).changed);
+    EXPECT_EQ(problem.content().rows[3].guess, "8");
+    EXPECT_FALSE(problem.paste("nothing", 0).changed);
+    ASSERT_TRUE(problem.undo());
+    ASSERT_TRUE(problem.undo());
+    EXPECT_EQ(problem.equation_count(), 2);
+
+    nle_problem full = problem_of(std::vector(199, explicit_row("a", "2")));
+    EXPECT_EQ(full.paste("b = 1\nc = 2", 0).left_out.front().reason,
+              "Kelvarin can not add new equation. Kelvarin can solve up to 200 equations only.");
+}
+
+TEST(NleProblem, PastesAProblemFileWithTitleAndBounds)
+{
+    nle_problem problem;
+    problem.paste("Roots |KVRVER05_1\r\nf(x) = x^2 - a #c\r\na = 2 #\r\nx(min)=1, x(max)=3\r\n", 0);
+    EXPECT_EQ(problem.content().title, "Roots");
+    EXPECT_EQ(problem.content().rows, (std::vector<equation_row>{{"f(x) = x^2 - a", "2", "c"}, {"a = 2", "n.a.", ""}}));
+    EXPECT_EQ(problem.content().lower_bound, "1");
+    EXPECT_EQ(problem.content().upper_bound, "3");
 }
 
 TEST(NleProblem, ChoosingAMethodStripsSuffixesUpToAnEmptyGuess)

@@ -15,9 +15,11 @@ namespace kelvarin
 namespace
 {
 
-message_box refusal_box(std::string text)
+message_box refusal_box(std::string text, entry_field field = entry_field::none)
 {
-    return {std::move(text), box_icon::exclamation};
+    message_box box = {std::move(text), box_icon::exclamation};
+    box.field = field;
+    return box;
 }
 
 /// The name that a row defines, as the entry dialogs extract it: the text in the brackets, also for an explicit row.
@@ -64,7 +66,7 @@ row_refusal check_expression_field(std::string_view expression)
 {
     check_result checked = check_expression(expression);
     if (checked.ok) return std::nullopt;
-    message_box box = refusal_box(std::move(checked.message));
+    message_box box = refusal_box(std::move(checked.message), entry_field::expression);
     if (checked.place) box.place = text_place{0, checked.place->offset, checked.place->length};
     return box;
 }
@@ -72,7 +74,7 @@ row_refusal check_expression_field(std::string_view expression)
 row_refusal check_number_field(std::string_view number, std::string_view message)
 {
     if (is_numeric(number)) return std::nullopt;
-    return refusal_box(std::string(message));
+    return refusal_box(std::string(message), entry_field::value);
 }
 
 row_refusal check_valid_name_field(std::string_view name)
@@ -80,8 +82,9 @@ row_refusal check_valid_name_field(std::string_view name)
     const std::string wanted(trimmed(name));
     if (is_valid_name(wanted)) return std::nullopt;
     return refusal_box("Variable format for '" + wanted +
-                       "' not valid.\rAll variables must start with a string character and may contain the chars "
-                       "A..Z, a..z, 0..9, or underscore");
+                           "' not valid.\rAll variables must start with a string character and may contain the chars "
+                           "A..Z, a..z, 0..9, or underscore",
+                       entry_field::name);
 }
 
 row_refusal check_new_name_field(std::string_view name, std::span<const equation_row> rows, const row_form& form,
@@ -101,7 +104,12 @@ row_refusal check_name_field(std::string_view name, std::span<const equation_row
 
 message_box already_defined_box(std::string_view name)
 {
-    return refusal_box("The variable '" + std::string(name) + "' has already been defined.");
+    return refusal_box("The variable '" + std::string(name) + "' has already been defined.", entry_field::name);
+}
+
+message_box no_equation_box(std::string_view form_in_words)
+{
+    return refusal_box("This is no equation. Write " + std::string(form_in_words) + '.', entry_field::expression);
 }
 
 row_refusal check_circular_definition(std::string_view name, std::string_view expression)
@@ -109,9 +117,11 @@ row_refusal check_circular_definition(std::string_view name, std::string_view ex
     const std::string_view wanted = trimmed(name);
     for (const token& word : scan_tokens(expression)) {
         if (word.kind != token_kind::tokName || word.text != wanted) continue;
-        message_box box = refusal_box("Circular definition of '" + std::string(wanted) +
-                                      "'\rThe explicit varible being defined can not appear on the left hand side of "
-                                      "the equation.");
+        message_box box =
+            refusal_box("Circular definition of '" + std::string(wanted) +
+                            "'\rThe explicit varible being defined can not appear on the left hand side of "
+                            "the equation.",
+                        entry_field::expression);
         box.place = text_place{0, word.offset, word.length};
         return box;
     }

@@ -24,8 +24,8 @@ using edited_rows = std::variant<std::vector<equation_row>, message_box>;
 /// Refuses another equation if `count` is at the limit already.
 row_refusal check_room(std::size_t count);
 
-// The checks of the entry dialogs. They take the texts of the fields as typed. A box about the expression has a place
-// in that field's text, with row 0.
+// The checks of the entry dialogs. They take the texts of the fields as typed. The boxes name the field they are about;
+// one about the expression has a place in that field's text, with row 0.
 
 /// Refuses a text that is not a valid expression. Its names need not be defined.
 row_refusal check_expression_field(std::string_view expression);
@@ -43,6 +43,9 @@ row_refusal check_name_field(std::string_view name, std::span<const equation_row
 message_box already_defined_box(std::string_view name);
 /// Refuses an explicit equation that uses its own variable.
 row_refusal check_circular_definition(std::string_view name, std::string_view expression);
+
+/// The refusal of a typed text that is no equation; `form_in_words` tells what one looks like: "f(x) = ... or a = ...".
+message_box no_equation_box(std::string_view form_in_words);
 
 /// The first row (from 1) other than `own_row` whose left side is `name`; 0 if there is none.
 int row_defining(std::string_view name, std::span<const equation_row> rows, const row_form& form, int own_row);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "nle_desk.h"
 
+#include "desktop/link_label.h"
 #include "nle/nle_samples.h"
 
 #include <gmock/gmock.h>
 
+#include <QTest>
 #include <QTextBrowser>
 
 namespace kelvarin::test
@@ -117,6 +119,97 @@ TEST(Editing, MovesARowWithItsSelectionAndStopsAtTheEnds)
     EXPECT_EQ(desk.grid().current_row(), 3);
     EXPECT_EQ(desk.cell(3, 2), "1 p");
     EXPECT_FALSE(desk.window.document().problem_saved());
+}
+
+TEST(Editing, ActsOnAllSelectedRowsTogether)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Four |KVRVER05_0\na = 1 #\nb = 2 #\nc = 3 #\nd = 4 #\n"));
+    const auto names = [&] {
+        std::string all;
+        for (const std::string& equation : desk.equations())
+            all += equation.front();
+        return all;
+    };
+    desk.grid().setFocus();
+    desk.grid().set_current_row(2);
+    // The arrows with Ctrl go to another row as they do alone: the highlighted row is the one that is removed.
+    robot::press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(3));
+    robot::press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(2, 3));
+    desk.person.click("cmdUpDwn_1");
+    EXPECT_EQ(names(), "adbc");
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(3, 4));
+    EXPECT_FALSE(desk.person.is_enabled("cmdUpDwn_1"));
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names(), "abcd");
+
+    desk.grid().setFocus();
+    desk.grid().select_rows({1, 2, 4});
+    robot::press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(desk.user.copied_text(), "a = 1\tn.a.\nb = 2\tn.a.\nd = 4\tn.a.\n");
+    desk.user.expect_question("Are you sure you want to remove these 3 equations ?", user_answer::yes);
+    robot::press(Qt::Key_Delete);
+    EXPECT_EQ(names(), "c");
+    EXPECT_EQ(desk.window.document().undo_step(), "Remove equations");
+    robot::press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(names(), "cabd");
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(2, 3, 4));
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names(), "abcd");
+
+    robot::press(Qt::Key_A, Qt::ControlModifier);
+    desk.user.expect_box("Can not remove last equation.");
+    robot::press(Qt::Key_Delete);
+    EXPECT_EQ(names(), "abcd");
+}
+
+TEST(Editing, KeepsTheCurrentRowAmongTheSelectedOnes)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Three |KVRVER05_0\na = 1 #\nb = 2 #\nc = 3 #\n"));
+    const auto click = [&](int row, Qt::KeyboardModifiers modifiers) {
+        const QPoint place = desk.grid().visualRect(desk.grid().model()->index(row - 1, 0)).center();
+        QTest::mouseClick(desk.grid().viewport(), Qt::LeftButton, modifiers, place);
+        settle();
+    };
+    click(1, {});
+    click(3, Qt::ControlModifier);
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1, 3));
+    click(3, Qt::ControlModifier);
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1));
+    EXPECT_EQ(desk.grid().current_row(), 1);
+    click(1, Qt::ControlModifier);
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1)) << "some row is always selected";
+}
+
+TEST(Editing, TellsWhatAPasteLeftOut)
+{
+    nle_desk desk;
+    desk.grid().setFocus();
+    desk.put_on_clipboard("f(x) = x - a\nb = 2*\nYours\na = 2\n");
+    robot::press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x - a", "a = 2"));
+    auto& advice = desk.person.find<link_label>("lblAdvice");
+    EXPECT_EQ(advice.whole_text().toStdString(),
+              "2 equations were taken over. These have no initial guess yet, x. Left out: 2 lines");
+    emit advice.linkActivated(QStringLiteral("0"));
+    settle();
+    {
+        const robot listing(dialog_in_front("frmMsg"));
+        EXPECT_EQ(listing.text("txtMsg"), " [2] b = 2*\nSyntax Error: extra operator at the end of the expression; *\n"
+                                          " [3] Yours\nno equation");
+        listing.click("cmdOK");
+    }
+    desk.to_front();
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_THAT(desk.content().rows, testing::IsEmpty());
+    EXPECT_FALSE(desk.person.is_shown("lblAdvice"));
+    desk.put_on_clipboard("");
+    robot::press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(advice.whole_text(), "The clipboard has no equation that could be taken over.");
 }
 
 TEST(Editing, StripsSuffixesOnlyWhenAPersonChoosesAMethod)

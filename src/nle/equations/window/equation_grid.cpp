@@ -13,6 +13,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace kelvarin
 {
@@ -109,6 +110,11 @@ void equation_grid::show_comments(bool shown)
     share_width();
 }
 
+QString equation_grid::value_head() const
+{
+    return words_.heads.value(grid::value_column);
+}
+
 int equation_grid::current_row() const
 {
     return currentIndex().row() + 1;
@@ -182,11 +188,38 @@ void equation_grid::currentChanged(const QModelIndex& current, const QModelIndex
     emit current_row_changed();
 }
 
+void equation_grid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    if (showing_rows_ || !currentIndex().isValid() || selectionModel()->isSelected(currentIndex())) return;
+    // A row that a click with Ctrl took out of the selection was made current by it.
+    const QModelIndexList rows = selectionModel()->selectedRows(std::max(currentIndex().column(), 0));
+    if (rows.isEmpty()) return make_current(currentIndex());
+    const auto distance = [this](const QModelIndex& index) { return std::abs(index.row() - currentIndex().row()); };
+    const auto nearest = std::ranges::min_element(rows, {}, distance);
+    selectionModel()->setCurrentIndex(*nearest, QItemSelectionModel::NoUpdate);
+}
+
+QItemSelectionModel::SelectionFlags equation_grid::selectionCommand(const QModelIndex& index, const QEvent* event) const
+{
+    const QItemSelectionModel::SelectionFlags command = QTableView::selectionCommand(index, event);
+    // Ctrl with an arrow would move the current row away from the selected ones.
+    const bool key = event && event->type() == QEvent::KeyPress;
+    if (key && command == QItemSelectionModel::NoUpdate)
+        return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    return command;
+}
+
 void equation_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     // Tab ends an edit as Enter does; it doesn't move to the next cell.
     const bool wanders = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTableView::closeEditor(editor, wanders ? QAbstractItemDelegate::NoHint : hint);
+}
+
+std::vector<int> equation_grid::rows_to_change() const
+{
+    return editable_ ? selected_rows() : std::vector<int>();
 }
 
 int equation_grid::row_to_change() const
@@ -208,7 +241,7 @@ bool equation_grid::take_key(const QKeyEvent& event)
     const Qt::KeyboardModifiers modifiers = modifiers_of(event);
     const bool up = event.key() == Qt::Key_Up;
     if (modifiers == Qt::AltModifier && (up || event.key() == Qt::Key_Down)) {
-        if (row) emit move_asked(row, up);
+        if (!rows_to_change().empty()) emit move_asked(up);
         return true;
     }
     if (modifiers != Qt::NoModifier) return false;
@@ -224,7 +257,7 @@ bool equation_grid::take_key(const QKeyEvent& event)
         edit_comment();
         return true;
     case Qt::Key_Delete:
-        if (row) emit remove_asked(row);
+        if (!rows_to_change().empty()) emit remove_asked();
         return true;
     default:
         return false;
@@ -258,6 +291,7 @@ void equation_grid::mouseDoubleClickEvent(QMouseEvent* event)
 QMenu* equation_grid::build_context_menu()
 {
     const int row = row_to_change();
+    const std::vector<int> rows = rows_to_change();
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("mnuGrid"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -274,11 +308,11 @@ QMenu* equation_grid::build_context_menu()
     menu->addSeparator();
     add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row); });
     add(tr("Edit comment"), Qt::Key_F2, row > 0 && !isColumnHidden(grid::comment_column), [this] { edit_comment(); });
-    add(tr("Remove"), Qt::Key_Delete, row > 0, [this, row] { emit remove_asked(row); });
+    add(tr("Remove"), Qt::Key_Delete, !rows.empty(), [this] { emit remove_asked(); });
     menu->addSeparator();
-    add(tr("Move up"), Qt::ALT | Qt::Key_Up, row > 1, [this, row] { emit move_asked(row, true); });
-    add(tr("Move down"), Qt::ALT | Qt::Key_Down, row > 0 && row < model_->filled_rows(),
-        [this, row] { emit move_asked(row, false); });
+    add(tr("Move up"), Qt::ALT | Qt::Key_Up, !rows.empty() && rows.front() > 1, [this] { emit move_asked(true); });
+    add(tr("Move down"), Qt::ALT | Qt::Key_Down, !rows.empty() && rows.back() < model_->filled_rows(),
+        [this] { emit move_asked(false); });
     return menu;
 }
 

@@ -34,9 +34,10 @@ struct equation_grid_words
 /// The table of equations of a problem window: number, equation, value (an initial guess, for instance), comment. It
 /// shows rows and reports gestures, which the window carries out. Rows count from 1.
 ///
-/// Double click or Enter asks for editing, Delete for removal, Alt+Up and Alt+Down for moving; the context menu offers
-/// the same. Comments are edited in place: by a double click or Enter on them, or by F2. Empty rows may follow the
-/// equations; gestures ignore them.
+/// Double click or Enter asks for editing; Delete asks for the removal of the selected rows, Alt+Up and Alt+Down for
+/// moving them; the context menu offers the same. The current row is always one of the selected ones. Comments are
+/// edited in place: by a double click or Enter on them, or by F2. Empty rows may follow the equations; gestures ignore
+/// them.
 class equation_grid : public QTableView
 {
     Q_OBJECT
@@ -50,6 +51,8 @@ public:
     /// Sets the text in the middle of the grid while there is no equation.
     void set_hint(const QString& hint);
     void show_comments(bool shown);
+    /// The head of the column of values.
+    QString value_head() const;
 
     /// The current row, which may be an empty one; 0 if there is none.
     int current_row() const;
@@ -69,14 +72,17 @@ public:
 signals:
     void current_row_changed();
     void edit_asked(int row);
-    void remove_asked(int row);
-    void move_asked(int row, bool up);
+    /// About the selected rows.
+    void remove_asked();
+    void move_asked(bool up);
     void new_implicit_asked();
     void new_explicit_asked();
     void comment_edited(int row, const QString& comment);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -87,6 +93,8 @@ protected:
 private:
     void build_heads();
     void refresh_hint();
+    /// The selected rows if they may be changed; else none.
+    std::vector<int> rows_to_change() const;
     /// The row that a gesture applies to; 0 if nothing may be changed or the row is empty.
     int row_to_change() const;
     bool take_key(const QKeyEvent& event);

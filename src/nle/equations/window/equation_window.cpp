@@ -34,10 +34,11 @@ void equation_window::connect_controls()
     connect(chkComments_, &QCheckBox::toggled, this, [this](bool shown) { grid_->show_comments(shown); });
 
     connect(grid_, &equation_grid::current_row_changed, this, &equation_window::enable_controls);
-    connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &equation_window::state_changed);
+    connect(grid_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &equation_window::enable_controls);
+    connect(lblAdvice_, &link_label::name_clicked, this, &equation_window::follow_advice);
     connect(grid_, &equation_grid::edit_asked, this, &equation_window::edit_row);
     connect(grid_, &equation_grid::remove_asked, this, &equation_window::cmdRemove_Click);
-    connect(grid_, &equation_grid::move_asked, this, [this](int, bool up) { cmdUpDwn_Click(up); });
+    connect(grid_, &equation_grid::move_asked, this, &equation_window::cmdUpDwn_Click);
     connect(grid_, &equation_grid::new_implicit_asked, this, &equation_window::cmdNewImplicit_Click);
     connect(grid_, &equation_grid::new_explicit_asked, this, &equation_window::cmdNewEquation_Click);
     connect(grid_, &equation_grid::comment_edited, this, &equation_window::comment_edited);
@@ -61,6 +62,7 @@ void equation_window::update_num_vars()
 {
     status_ = analyse();
     const equation_set& set = status_.set;
+    show_advice({});
     grid_->show_rows(equations().rows(), set, empty_rows_);
     panels_->show_panels(status_.panels, set.undefined.empty() ? set.duplicates : set.undefined);
     show_fields();
@@ -83,13 +85,16 @@ void equation_window::enable_controls()
 {
     const int count = equation_count();
     const int row = grid_->current_row();
+    const std::vector<int> rows = grid_->selected_rows();
     const bool on_row = !is_running() && row >= 1 && row <= count;
-    for (QPushButton* button : {cmdEdit_, cmdRemove_})
-        button->setEnabled(on_row);
+    const bool on_rows = !is_running() && !rows.empty();
+    cmdEdit_->setEnabled(on_row);
+    cmdRemove_->setEnabled(on_rows);
     for (QAction* item : row_items_)
         item->setEnabled(on_row);
-    cmdUpDwn_[0]->setEnabled(on_row && row > 1);
-    cmdUpDwn_[1]->setEnabled(on_row && row < count);
+    item_remove_->setEnabled(on_rows);
+    cmdUpDwn_[0]->setEnabled(on_rows && rows.front() > 1);
+    cmdUpDwn_[1]->setEnabled(on_rows && rows.back() < count);
     item_up_->setEnabled(cmdUpDwn_[0]->isEnabled());
     item_down_->setEnabled(cmdUpDwn_[1]->isEnabled());
     emit state_changed();
@@ -111,6 +116,8 @@ bool equation_window::can(window_command which) const
     switch (which) {
     case window_command::copy:
         return !grid_->selected_rows().empty();
+    case window_command::paste:
+        return !is_running();
     case window_command::select_all:
         return equation_count() > 0;
     default:
@@ -123,6 +130,9 @@ void equation_window::perform(window_command which)
     switch (which) {
     case window_command::copy:
         copy_rows();
+        break;
+    case window_command::paste:
+        paste_rows();
         break;
     case window_command::select_all:
         grid_->selectAll();

@@ -101,6 +101,10 @@ protected:
 
     /// Analyses the problem and shows what was found.
     void update_num_vars();
+    /// Shows a line of advice below the grid until the next change of the problem; the words in `links`, behind its
+    /// first ": ", are links, which advice_taken is told about. An empty text hides the line.
+    void show_advice(const QString& text, const QStringList& links = {});
+    virtual void advice_taken(const QString&) {}
     /// Registers a control of the kind to be disabled while the problem runs.
     void switch_off_in_run(QWidget* control) { run_controls_.append(control); }
     const equation_status& status() const { return status_; }
@@ -149,6 +153,10 @@ private:
     void ask_new_name();
     void name_clicked(const QString& name);
     void copy_rows();
+    void paste_rows();
+    void tell_of_paste(const pasted_rows& pasted);
+    void show_left_out();
+    void follow_advice(const QString& link);
 
     /// Returns false after a refusal if no equation may be added; else selects the first empty row.
     bool ready_for_new_row();
@@ -161,6 +169,8 @@ private:
     equation_status status_;
     QString listing_caption_;
     row_form form_;
+    /// What the last paste left out, for the window that lists it.
+    std::vector<left_out_line> left_out_;
     /// Number of empty rows at the end of the grid.
     int empty_rows_ = 0;
     std::filesystem::path shown_path_;
@@ -178,6 +188,7 @@ private:
     equation_grid* grid_ = nullptr;
     QCheckBox* chkComments_ = nullptr;
     QPushButton* cmdShowallvars_ = nullptr;
+    link_label* lblAdvice_ = nullptr;
     problem_status* panels_ = nullptr;
 
     QMenu* solution_menu_ = nullptr;
@@ -186,6 +197,7 @@ private:
     /// Menu items that change the document: all, and those that need a current row.
     QList<QAction*> changing_items_;
     QList<QAction*> row_items_;
+    QAction* item_remove_ = nullptr;
     QAction* item_up_ = nullptr;
     QAction* item_down_ = nullptr;
 };

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The gestures by which a problem of equations is edited.
 
+#include "desktop/link_label.h"
 #include "desktop/qt_text.h"
+#include "nle/equations/set_texts.h"
 #include "nle/equations/window/entry_dialog.h"
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/equation_window.h"
 #include "platform/run_time_text.h"
+#include "shell/report/rich_text.h"
 #include "shell/window/frmMsg.h"
 
 #include <algorithm>
@@ -92,18 +95,26 @@ QStringList equation_window::variables() const
 
 void equation_window::cmdRemove_Click()
 {
-    const bool last_one = equation_count() == 1;
-    const user_question sure = {.text = "Are you sure you want to remove this equation ?"};
-    if (!last_one && context().user.ask(this, sure) != user_answer::yes) return;
-    changed_or_refused(equations().remove(grid_->current_row()));
+    const std::vector<int> rows = grid_->selected_rows();
+    if (rows.empty()) return;
+    const bool all = static_cast<int>(rows.size()) == equation_count();
+    const user_question sure = {.text = rows.size() == 1
+                                            ? std::string("Are you sure you want to remove this equation ?")
+                                            : "Are you sure you want to remove these " + std::to_string(rows.size()) +
+                                                  " equations ?"};
+    if (!all && context().user.ask(this, sure) != user_answer::yes) return;
+    changed_or_refused(equations().remove(rows));
+    if (!all) grid_->select_rows({std::min(rows.front(), equation_count())});
 }
 
 void equation_window::cmdUpDwn_Click(bool up)
 {
-    const int row = grid_->current_row();
-    if (!equations().move(row, up)) return;
+    std::vector<int> rows = grid_->selected_rows();
+    if (!equations().move(rows, up)) return;
     document_changed();
-    grid_->set_current_row(up ? row - 1 : row + 1);
+    for (int& row : rows)
+        row += up ? -1 : 1;
+    grid_->select_rows(rows);
 }
 
 void equation_window::cmbMethod_Click(int index)
@@ -192,6 +203,67 @@ void equation_window::copy_rows()
         lines += '\n';
     }
     context().user.copy_text(to_qstring(lines));
+}
+
+void equation_window::paste_rows()
+{
+    if (is_running()) return;
+    const std::string text = to_text(context().user.clipboard()->text());
+    const std::vector<int> selected = grid_->selected_rows();
+    pasted_rows pasted = equations().paste(text, selected.empty() ? equation_count() : selected.back());
+    document_changed();
+    grid_->select_rows(pasted.rows);
+    left_out_ = std::move(pasted.left_out);
+    tell_of_paste(pasted);
+}
+
+void equation_window::tell_of_paste(const pasted_rows& pasted)
+{
+    const auto count = static_cast<int>(pasted.rows.size());
+    QStringList sentences;
+    if (!pasted.changed)
+        sentences.append(tr("The clipboard has no equation that could be taken over."));
+    else if (!left_out_.empty() || !pasted.without_value.empty())
+        sentences.append(count == 1 ? tr("1 equation was taken over.")
+                                    : tr("%1 equations were taken over.").arg(count));
+    if (!pasted.without_value.empty())
+        sentences.append(tr("These have no %1 yet, %2.")
+                             .arg(grid_->value_head().toLower(), to_qstring(joined_names(pasted.without_value))));
+    QStringList links;
+    if (!left_out_.empty()) {
+        links.append(left_out_.size() == 1 ? tr("1 line") : tr("%1 lines").arg(left_out_.size()));
+        sentences.append(tr("Left out: %1").arg(links.front()));
+    }
+    show_advice(sentences.join(QLatin1Char(' ')), links);
+}
+
+void equation_window::show_left_out()
+{
+    std::string text;
+    for (const left_out_line& line : left_out_) {
+        text +=
+            R"({\cf3\f6  [)" + std::to_string(line.number) + R"(] }{\f6 )" + escape_rich_text(line.text) + R"(}\par )";
+        std::string reason = line.reason.empty() ? std::string("no equation") : line.reason;
+        std::ranges::replace(reason, '\r', ' ');
+        text += R"({\cf7 )" + escape_rich_text(reason) + R"(}\par )";
+    }
+    auto* listing = new frmMsg(this);
+    listing->display_msg(tr("Lines that were left out"), text);
+}
+
+void equation_window::show_advice(const QString& text, const QStringList& links)
+{
+    lblAdvice_->show_text(text, links);
+    lblAdvice_->setVisible(!text.isEmpty());
+    if (text.isEmpty()) left_out_.clear();
+}
+
+void equation_window::follow_advice(const QString& link)
+{
+    if (left_out_.empty())
+        advice_taken(link);
+    else
+        show_left_out();
 }
 
 } // namespace kelvarin

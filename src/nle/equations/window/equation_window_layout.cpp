@@ -55,6 +55,9 @@ void equation_window::build_ui(const equation_window_parts& parts)
 
     column->addLayout(build_options_row(parts));
     if (parts.below_options) column->addWidget(parts.below_options);
+    lblAdvice_ = named(new link_label(this), "lblAdvice");
+    lblAdvice_->hide();
+    column->addWidget(lblAdvice_);
     panels_ = named(new problem_status(this), parts.status_name);
     column->addWidget(panels_);
 
@@ -149,8 +152,8 @@ QLayout* equation_window::build_options_row(const equation_window_parts& parts)
 void equation_window::build_edit_menu(const equation_window_parts& parts)
 {
     QMenu* menu = edit_menu();
-    menu->addAction(context().frame.action(window_command::copy));
-    menu->addAction(context().frame.action(window_command::select_all));
+    for (const window_command which : {window_command::copy, window_command::paste, window_command::select_all})
+        menu->addAction(context().frame.action(which));
     menu->addSeparator();
     const auto add = [&](const QString& caption, const char* name, auto slot) {
         QAction* item = named(menu->addAction(caption, this, slot), name);
@@ -158,15 +161,15 @@ void equation_window::build_edit_menu(const equation_window_parts& parts)
         return item;
     };
     add(tr("&Title..."), "mnuTitle", &equation_window::change_title);
-    add(tr("Add r&ows..."), "mnuAddRows", &equation_window::add_rows);
+    add(tr("Add ro&ws..."), "mnuAddRows", &equation_window::add_rows);
     menu->addSeparator();
     add(parts.new_implicit_item, parts.new_implicit_item_name, &equation_window::cmdNewImplicit_Click);
     add(tr("New e&xplicit equation..."), "mnuNewEquation", &equation_window::cmdNewEquation_Click);
     menu->addSeparator();
-    row_items_ = {add(tr("&Edit equation..."), "mnuEdit", &equation_window::cmdEdit_Click),
-                  add(tr("Re&move equation"), "mnuRemove", &equation_window::cmdRemove_Click),
-                  add(tr("Rename &variable..."), "mnuRename", &equation_window::ask_new_name)};
-    item_up_ = add(tr("Move u&p"), "mnuMoveUp", [this] { cmdUpDwn_Click(true); });
+    row_items_.append(add(tr("&Edit equation..."), "mnuEdit", &equation_window::cmdEdit_Click));
+    item_remove_ = add(tr("Re&move equation"), "mnuRemove", &equation_window::cmdRemove_Click);
+    row_items_.append(add(tr("Rename &variable..."), "mnuRename", &equation_window::ask_new_name));
+    item_up_ = add(tr("M&ove up"), "mnuMoveUp", [this] { cmdUpDwn_Click(true); });
     item_down_ = add(tr("Move &down"), "mnuMoveDown", [this] { cmdUpDwn_Click(false); });
 }
 

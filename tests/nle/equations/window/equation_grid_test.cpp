@@ -45,9 +45,14 @@ public:
             return [this, gesture](int row) { log.push_back(gesture + (" " + std::to_string(row))); };
         };
         QObject::connect(grid, &equation_grid::edit_asked, grid, note("edit"));
-        QObject::connect(grid, &equation_grid::remove_asked, grid, note("remove"));
+        const auto note_rows = [this](std::string gesture) {
+            for (const int row : grid->selected_rows())
+                gesture += ' ' + std::to_string(row);
+            log.push_back(gesture);
+        };
+        QObject::connect(grid, &equation_grid::remove_asked, grid, [note_rows] { note_rows("remove"); });
         QObject::connect(grid, &equation_grid::move_asked, grid,
-                         [note](int row, bool up) { note(up ? "up" : "down")(row); });
+                         [note_rows](bool up) { note_rows(up ? "up" : "down"); });
         QObject::connect(grid, &equation_grid::new_implicit_asked, grid, [note] { note("implicit")(0); });
         QObject::connect(grid, &equation_grid::new_explicit_asked, grid, [note] { note("explicit")(0); });
         QObject::connect(grid, &equation_grid::comment_edited, grid, [note](int row, const QString& comment) {
