@@ -148,6 +148,7 @@ std::optional<typed_row> deq_problem::read_row(std::string_view text) const
     std::optional<typed_row> typed = row_of_text(full, deq_row_form);
     if (!typed) return typed;
     typed->independent = variable_of_derivative(full);
+    typed->text = trimmed(text.substr(0, text.find_first_of("#\t")));
     // Places are those in the text as typed; what was written in full stands in front of the equals sign.
     if (full != text) {
         typed->expression_offset = text.size() - (full.size() - typed->expression_offset);

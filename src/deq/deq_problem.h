@@ -55,7 +55,7 @@ public:
 
 protected:
     const row_form& form() const override { return deq_row_form; }
-    std::string row_form_in_words() const override { return "d(y)/d(t) = ..., or a = ..."; }
+    message_box no_equation_box() const override { return not_an_equation_box("d(y)/d(t) = ..., or a = ..."); }
     /// Also "dy/dt = ..." and "y' = ...".
     std::optional<typed_row> read_row(std::string_view text) const override;
     /// The variable of a derivative must be the independent one.

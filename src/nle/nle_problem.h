@@ -50,7 +50,7 @@ public:
 
 protected:
     const row_form& form() const override { return nle_row_form; }
-    std::string row_form_in_words() const override { return "f(x) = ..., or a = ..."; }
+    message_box no_equation_box() const override { return not_an_equation_box("f(x) = ..., or a = ..."); }
     std::optional<typed_row> read_row(std::string_view text) const override;
     refusal check_row(const nle_content& in, const typed_row& typed, int row) const override;
     /// A guess may have a suffix, " p" or " ap".

@@ -29,9 +29,11 @@ constexpr content_format<opt_content> opt_format = {
     .read_recovery = read_opt_recovery,
     .listing = opt_listing};
 
-message_box refusal_box(std::string text)
+message_box refusal_box(std::string text, entry_field field)
 {
-    return {std::move(text), box_icon::exclamation};
+    message_box box = {std::move(text), box_icon::exclamation};
+    box.field = field;
+    return box;
 }
 
 /// Refuses a start value that is not a number.
@@ -41,8 +43,8 @@ row_refusal check_start_value(const equation_parts& parts)
     const std::string value(parts.right_side);
     message_box box =
         scan_tokens(value).size() == 1
-            ? refusal_box("<" + value + "> is not a valid number.")
-            : refusal_box("Initialization value for <" + std::string(parts.name) + "> must be a valid number.");
+            ? refusal_box("<" + value + "> is not a valid number.", entry_field::expression)
+            : refusal_box("Initialization value for <" + std::string(parts.name) + "> must be a valid number.", entry_field::expression);
     box.place = text_place{0, parts.right_side_offset, value.size()};
     return box;
 }
@@ -53,6 +55,30 @@ row_refusal check_right_side(const equation_parts& parts)
     row_refusal refused = check_expression_field(parts.right_side);
     if (refused && refused->place) refused->place->offset += parts.right_side_offset;
     return refused;
+}
+
+message_box no_equals_sign_box()
+{
+    return refusal_box("No \"=\" sign entered. \r"
+                       "You must enter either an explicit equation or a variable initialization expression.\r"
+                       "<var name> = <math expression>\r"
+                       "   OR \r"
+                       "<var name>(0) = <initialization number>",
+                       entry_field::expression);
+}
+
+/// The checks of a text that becomes row `row` of `rows`, or a new one (0).
+row_refusal check_among(const std::vector<equation_row>& rows, std::string_view text, int row)
+{
+    const equation_parts parts = parts_of(text, opt_row_form);
+    if (const int other = row_defining(parts.name, rows, opt_row_form, row); other > 0) {
+        return refusal_box("The variable <" + std::string(parts.name) + "> has been already defined in equation " +
+                               std::to_string(other) + ".",
+                           entry_field::name);
+    }
+    if (text.find('=') == std::string_view::npos) return no_equals_sign_box();
+    if (row_refusal refused = parts.implicit ? check_start_value(parts) : check_right_side(parts)) return refused;
+    return check_valid_name_field(parts.name);
 }
 
 } // namespace
@@ -68,20 +94,26 @@ bool opt_problem::is_blank() const
 
 opt_problem::refusal opt_problem::check_opt_row(std::string_view text, int row) const
 {
-    const equation_parts parts = parts_of(text, opt_row_form);
-    if (const int other = row_defining(parts.name, content().rows, opt_row_form, row); other > 0) {
-        return refusal_box("The variable <" + std::string(parts.name) + "> has been already defined in equation " +
-                           std::to_string(other) + ".");
-    }
-    if (text.find('=') == std::string_view::npos) {
-        return refusal_box("No \"=\" sign entered. \r"
-                           "You must enter either an explicit equation or a variable initialization expression.\r"
-                           "<var name> = <math expression>\r"
-                           "   OR \r"
-                           "<var name>(0) = <initialization number>");
-    }
-    if (refusal refused = parts.implicit ? check_start_value(parts) : check_right_side(parts)) return refused;
-    return check_valid_name_field(parts.name);
+    return check_among(content().rows, text, row);
+}
+
+message_box opt_problem::no_equation_box() const
+{
+    return no_equals_sign_box();
+}
+
+opt_problem::refusal opt_problem::check_row(const opt_content& in, const typed_row& typed, int row) const
+{
+    refusal refused = check_among(in.rows, typed.text, row);
+    // All places are in the right side.
+    if (refused && refused->place)
+        refused->place->offset -= parts_of(typed.text, opt_row_form).right_side_offset;
+    return refused;
+}
+
+equation_row opt_problem::make_row(const opt_content&, const typed_row& typed) const
+{
+    return {one_line(typed.text), "", one_line(typed.comment)};
 }
 
 opt_problem::refusal opt_problem::put_row_text(std::string_view text, std::string_view comment, int row)

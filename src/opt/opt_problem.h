@@ -42,6 +42,14 @@ public:
 
     refusal open(const std::filesystem::path& path) override;
     refusal opt_open(const std::filesystem::path& path) { return open(path); }
+
+protected:
+    const row_form& form() const override { return opt_row_form; }
+    message_box no_equation_box() const override;
+    refusal check_row(const opt_content& in, const typed_row& typed, int row) const override;
+    /// Start values are parts of the rows' texts.
+    refusal check_value(std::string_view) const override { return std::nullopt; }
+    equation_row make_row(const opt_content& in, const typed_row& typed) const override;
 };
 
 } // namespace kelvarin

@@ -57,7 +57,7 @@ public:
     refusal check_text(std::string_view text, int row, std::optional<std::string_view> value = std::nullopt) const final
     {
         const std::optional<typed_row> typed = typed_for(text, row, value);
-        if (!typed) return no_equation_box(row_form_in_words());
+        if (!typed) return no_equation_box();
         return check_typed(content(), *typed, row);
     }
     refusal put_text(std::string_view text, int row, std::optional<std::string_view> value = std::nullopt) final
@@ -73,7 +73,7 @@ public:
         std::vector<equation_row> rows = content().rows;
         equation_row& changed = rows.at(static_cast<std::size_t>(row - 1));
         std::optional<typed_row> typed = read_row(changed.equation);
-        if (!typed || !typed->implicit) return std::nullopt;
+        if (!typed || !typed->implicit || !has_values()) return std::nullopt;
         typed->value = value;
         if (refusal refused = check_value(*typed->value)) return refused;
         changed.guess = make_row(content(), *typed).guess;
@@ -92,7 +92,7 @@ public:
                 continue;
             }
             next = prepared(std::move(next), equation.row);
-            if (equation.row.implicit && !equation.row.value) outcome.without_value.push_back(equation.row.name);
+            if (has_values() && equation.row.implicit && !equation.row.value) outcome.without_value.push_back(equation.row.name);
             next.rows.insert(next.rows.begin() + static_cast<std::ptrdiff_t>(at), make_row(next, equation.row));
             outcome.rows.push_back(static_cast<int>(++at));
         }
@@ -105,8 +105,8 @@ public:
 protected:
     /// The form of the rows of this kind.
     virtual const row_form& form() const = 0;
-    /// How an equation of this kind is typed, in words: "f(x) = ..., or a = ...".
-    virtual std::string row_form_in_words() const = 0;
+    /// The refusal of a text that is no equation; it tells how one is typed.
+    virtual message_box no_equation_box() const = 0;
     /// Reads one equation; a kind may understand more than row_of_text.
     virtual std::optional<typed_row> read_row(std::string_view text) const { return row_of_text(text, form()); }
     /// What the entry dialogs would refuse of an equation that becomes row `row` (0: a new one) of `in`, with
@@ -141,6 +141,8 @@ protected:
     }
 
 private:
+    /// Whether values stand beside the rows; else they are parts of their texts.
+    bool has_values() const { return !form().letters.empty(); }
     static std::string_view put_step(int row) { return row > 0 ? "Edit equation" : "Add equation"; }
     /// What else an edit of rows changes in the content of this kind.
     virtual Content after_row_edit(Content edited) const { return edited; }
@@ -169,13 +171,13 @@ private:
             refused->place = text_place{0, typed.name_offset, typed.name.size()};
         // A row that was read from a file may have any value; it is no fault of the equation typed anew.
         const bool keeps_value = row > 0 && value == content().rows.at(static_cast<std::size_t>(row - 1)).guess;
-        if (refused || !typed.implicit || keeps_value) return refused;
+        if (refused || !typed.implicit || keeps_value || !has_values()) return refused;
         return check_value(value);
     }
     refusal check_pasted(const Content& next, typed_row typed) const
     {
         if (refusal full = check_room(next.rows.size())) return full;
-        if (typed.value)
+        if (typed.value && has_values())
             if (refusal refused = check_value(*typed.value)) return refused;
         typed.value = "0";
         return check_row(next, typed, 0);
@@ -211,7 +213,7 @@ private:
     {
         for (equation_row& row : next.rows) {
             const std::optional<typed_row> present = read_row(row.equation);
-            if (!present || !present->implicit || present->name != given.name || check_value(given.value)) continue;
+            if (!has_values() || !present || !present->implicit || present->name != given.name || check_value(given.value)) continue;
             typed_row changed = *present;
             changed.value = given.value;
             row.guess = make_row(next, changed).guess;

@@ -107,7 +107,7 @@ message_box already_defined_box(std::string_view name)
     return refusal_box("The variable '" + std::string(name) + "' has already been defined.", entry_field::name);
 }
 
-message_box no_equation_box(std::string_view form_in_words)
+message_box not_an_equation_box(std::string_view form_in_words)
 {
     return refusal_box("This is no equation. Write " + std::string(form_in_words) + '.', entry_field::expression);
 }

@@ -45,7 +45,7 @@ message_box already_defined_box(std::string_view name);
 row_refusal check_circular_definition(std::string_view name, std::string_view expression);
 
 /// The refusal of a typed text that is no equation; `form_in_words` tells what one looks like: "f(x) = ... or a = ...".
-message_box no_equation_box(std::string_view form_in_words);
+message_box not_an_equation_box(std::string_view form_in_words);
 
 /// The first row (from 1) other than `own_row` whose left side is `name`; 0 if there is none.
 int row_defining(std::string_view name, std::span<const equation_row> rows, const row_form& form, int own_row);

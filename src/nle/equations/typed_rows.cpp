@@ -75,8 +75,12 @@ public:
         ++number_;
         bool numbered = false;
         const std::string_view line = without_number(whole_line, numbered);
-        if (line.empty() || take_head(line) || take_values(line) || take_line_below(whole_line)) return;
-        if (std::optional<typed_row> row = read_(line)) return take_row(std::move(*row), line, numbered);
+        if (line.empty() || take_head(line)) return;
+        std::optional<typed_row> row = read_(line);
+        // "f(0) = 1" is the value of a variable f, not an equation of a variable 0.
+        const bool unknown = row && row->implicit && is_valid_name(row->name);
+        if (!unknown && (take_values(line) || take_line_below(whole_line))) return;
+        if (row) return take_row(std::move(*row), line, numbered);
         if (!take_result(line)) result_.others.push_back({number_, std::string(trimmed(whole_line))});
     }
 
@@ -175,6 +179,7 @@ std::optional<typed_row> row_of_text(std::string_view line, const row_form& form
     const equation_parts parts = parts_of(start, form);
     typed_row row;
     row.implicit = parts.implicit;
+    row.text = start;
     row.name = parts.name;
     row.name_offset = indent + parts.name_offset;
     row.expression = parts.implicit ? without_zero(parts.right_side) : parts.right_side;

@@ -25,6 +25,8 @@ struct typed_row
     std::string comment = {};
     /// The variable of the derivative, "t" of "d(y)/d(t)"; empty in rows of other kinds.
     std::string independent = {};
+    /// The equation alone, as typed, without blanks at its ends.
+    std::string text = {};
     /// Where name and expression begin in the text, in bytes.
     std::size_t name_offset = 0;
     std::size_t expression_offset = 0;
@@ -81,7 +83,7 @@ struct pasted_text
 /// How a kind of problem reads an equation: row_of_text with its form, and what else it understands.
 using row_reader = std::function<std::optional<typed_row>(std::string_view line)>;
 
-/// Reads a text of many lines. Numbers in front, "[3]", are ignored; values come from lines like "x(0) = 1", from
+/// Reads a text of many lines. Numbers in front, "[3]", are ignored; values of rows that don't hold them come from lines like "x(0) = 1", from
 /// "Initial guess: 1" below an equation, and from the table of results of a report. An equation that occurs again, as
 /// in a report's list of comments, is the same one, and an indented line below a numbered equation is its comment.
 pasted_text read_pasted_text(std::string_view text, const row_reader& read);
