@@ -46,6 +46,7 @@ message_box circle_box(const runtime_failure& failure, const equation_list& equa
         rows += (rows.empty() ? "" : ", ") + std::to_string(equations.rows[i]) + " (" + equations.names[i] + ")";
         if (!box.place) box.place = text_place{equations.rows[i], 0, equations.names[i].size()};
     }
+    box.rows = circular_rows(equations);
     if (!rows.empty()) box.text += "\rRows that use each other: " + rows;
     return box;
 }
@@ -98,8 +99,8 @@ void run_tables(const deq_content& content, const settings& store, run_listener&
     try {
         integrate(system, store, listener, alerts, outcome);
     } catch (const evaluation_failed&) {
-        return outcome.refuse(
-            {system.context().eval_error_message(), box_icon::critical, "Expression evaluation error"});
+        return outcome.refuse({system.context().eval_error_message(), box_icon::critical, "Expression evaluation error",
+                               system.failed_place()});
     } catch (const runtime_failure& failure) {
         if (failure.detail() == calculations_aborted) throw run_stopped();
         throw;

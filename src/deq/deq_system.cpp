@@ -92,6 +92,11 @@ void deq_system::differences(double x, std::span<const double> y, ode_jacobian& 
     }
 }
 
+std::optional<text_place> deq_system::failed_place() const
+{
+    return kelvarin::failed_place(*compiled_, differential_, explicit_, right_side_offsets_);
+}
+
 void deq_system::set_inputs(double x, std::span<const double> y)
 {
     inputs_[0] = x;

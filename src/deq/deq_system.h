@@ -59,6 +59,8 @@ public:
     /// In the order of the differential equations.
     const std::vector<double>& initial_values() const { return initial_values_; }
     const evaluation_context& context() const { return compiled_->context(); }
+    /// Row and part of the text of the evaluation that failed; nullopt if none did.
+    std::optional<text_place> failed_place() const;
 
 private:
     void set_inputs(double x, std::span<const double> y);

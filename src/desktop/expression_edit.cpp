@@ -118,17 +118,27 @@ void expression_edit::mark_place(const std::optional<text_place>& place)
         setExtraSelections({});
         return;
     }
-    const text_span span = span_of(expression(), place->offset, place->length, text_meaning::marked);
-    QTextCursor caret(document());
-    caret.setPosition(span.start);
-    setTextCursor(caret);
-    caret.setPosition(span.start + span.length, QTextCursor::KeepAnchor);
-    // An empty place is shown at the character before it.
-    if (span.length == 0) caret.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
     QTextEdit::ExtraSelection mark;
-    mark.cursor = caret;
+    mark.cursor = cursor_at(*place);
+    // An empty place is shown at the character before it.
+    if (!mark.cursor.hasSelection()) mark.cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
     mark.format = span_format(text_meaning::marked, palette());
     setExtraSelections({mark});
+}
+
+void expression_edit::select_place(const text_place& place)
+{
+    mark_place(place);
+    setTextCursor(cursor_at(place));
+}
+
+QTextCursor expression_edit::cursor_at(const text_place& place) const
+{
+    const text_span span = span_of(expression(), place.offset, place.length, text_meaning::marked);
+    QTextCursor caret(document());
+    caret.setPosition(span.start);
+    caret.setPosition(span.start + span.length, QTextCursor::KeepAnchor);
+    return caret;
 }
 
 QSize expression_edit::minimumSizeHint() const
@@ -223,9 +233,15 @@ void expression_edit::keyPressEvent(QKeyEvent* event)
 {
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (control && enter) {
+    const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (enter && !shift && (control || document()->blockCount() == 1)) {
         stop_completing();
         emit done_asked();
+    } else if (enter && shift) {
+        // The base class would insert a separator within the line.
+        stop_completing();
+        textCursor().insertBlock();
+        ensureCursorVisible();
     } else if (control && event->key() == Qt::Key_Space) {
         offer_completions(0);
     } else {

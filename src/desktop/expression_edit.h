@@ -22,7 +22,8 @@ class expression_highlighter;
 
 /// A field for an expression: at least three lines tall, in a fixed-width font, functions and keywords tinted, with
 /// completion of names (functions, and the names of set_names): automatic from the second character on, with Ctrl+Space
-/// from the first. Tab leaves the field; Ctrl+Enter emits done_asked.
+/// from the first. Tab leaves the field. Enter emits done_asked while the text has one line, Shift+Enter breaks the
+/// line; in a text of several lines Enter breaks it as well, and Ctrl+Enter emits done_asked.
 class expression_edit : public QPlainTextEdit
 {
     Q_OBJECT
@@ -35,9 +36,10 @@ public:
     void set_expression(std::string_view text);
     /// Sets the variables that completion offers in addition to the functions.
     void set_names(const QStringList& names);
-    /// Underlines a range of bytes of expression() and puts the caret there. The mark is removed by nullopt and by the
-    /// next change of the text.
+    /// Underlines a range of bytes of expression(). The mark is removed by nullopt and by the next change of the text.
     void mark_place(const std::optional<text_place>& place);
+    /// The same, and selects the range, so that typing replaces it.
+    void select_place(const text_place& place);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -61,6 +63,7 @@ private:
     void offer_completions(int letters_at_least);
     void complete(const QString& name);
     void text_changed();
+    QTextCursor cursor_at(const text_place& place) const;
 
     expression_highlighter* highlighter_;
     QCompleter* completer_ = nullptr;

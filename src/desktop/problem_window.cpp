@@ -192,7 +192,10 @@ bool problem_window::show_boxes(const std::vector<message_box>& boxes)
         context().user.show(this, box);
         // This window may have been closed while the box was shown.
         if (!self) return false;
-        if (box.place) mark_place(*box.place);
+        if (!box.rows.empty())
+            mark_rows(box.rows);
+        else if (box.place)
+            mark_place(*box.place);
         if (box.fatal) context().frame.end_program();
     }
     return true;

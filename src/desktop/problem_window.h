@@ -82,6 +82,8 @@ protected:
 
     /// Shows the place that a box of the run is about.
     virtual void mark_place(const text_place&) {}
+    /// Shows the rows that a box is about.
+    virtual void mark_rows(const std::vector<int>&) {}
 
     /// To be called after every change of the document: updates title, marks, recovery copy and commands, and calls
     /// show_document.

@@ -120,6 +120,9 @@ struct expression_node
     double value = 0.0;
     /// The slot of a leaf that is a name.
     clsParse::slot variable = 0;
+    /// What of the text the node stands for.
+    std::uint32_t text_offset = 0;
+    std::uint32_t text_length = 0;
 };
 
 /// A compiled expression: at most 200 nodes, numbered from 1, the root first; 0 means "no node".
@@ -170,8 +173,10 @@ class evaluation_context
 public:
     bool eval_error_flag() const { return flag_; }
     const std::string& eval_error_message() const { return message_; }
-    /// Keeps the message of the first failure; later ones change nothing until the state is cleared.
-    void fail(std::string message);
+    /// What of the evaluated text the failure is about, if that is known.
+    const std::optional<byte_range>& failed_text() const { return failed_text_; }
+    /// Keeps the message and place of the first failure; later ones change nothing until the state is cleared.
+    void fail(std::string message, const std::optional<byte_range>& text = std::nullopt);
     void clear_failure();
 
     random_generator generator;
@@ -179,6 +184,7 @@ public:
 private:
     bool flag_ = false;
     std::string message_;
+    std::optional<byte_range> failed_text_;
 };
 
 /// The value of a subtree at the present values of the store. A failure is kept in the context and the

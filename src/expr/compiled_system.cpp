@@ -137,10 +137,25 @@ void compiled_system::walk(std::span<const double> x, std::span<double> f)
     store_.remove_all_vars();
     for (std::size_t i = 0; i < inputs_.size(); ++i)
         store_.set(inputs_[i], x[i]);
+    bool sound = !context_.eval_error_flag();
+    const auto value_of = [&](const trees& list, std::size_t i) {
+        const double value = evaluate_tree(list[i], expression_tree::root, store_, context_);
+        if (sound && context_.eval_error_flag()) {
+            sound = false;
+            failed_ = {&list == &output_trees_, static_cast<int>(i) + 1, std::nullopt};
+        }
+        return value;
+    };
     for (std::size_t i = 0; i < definitions_.size(); ++i)
-        store_.set(definitions_[i], evaluate_tree(definition_trees_[i], expression_tree::root, store_, context_));
+        store_.set(definitions_[i], value_of(definition_trees_, i));
     for (std::size_t i = 0; i < output_trees_.size(); ++i)
-        f[i] = evaluate_tree(output_trees_[i], expression_tree::root, store_, context_);
+        f[i] = value_of(output_trees_, i);
+}
+
+std::optional<failed_expression> compiled_system::failed_part() const
+{
+    if (!context_.eval_error_flag() || failed_.number == 0) return std::nullopt;
+    return failed_expression{failed_.is_output, failed_.number, context_.failed_text()};
 }
 
 bool compiled_system::agrees_with_walk(std::span<const double> x, std::span<const double> f)

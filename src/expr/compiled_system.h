@@ -42,6 +42,16 @@ struct refused_expression
     std::optional<byte_range> place;
 };
 
+/// The text whose evaluation failed.
+struct failed_expression
+{
+    bool is_output = false;
+    /// From 1, in the order of its list.
+    int number = 0;
+    /// What in the text failed, if that is known.
+    std::optional<byte_range> place;
+};
+
 /// Called by loops over many points before each of their evaluations; it may end the loop by an exception.
 using evaluation_hook = std::function<void()>;
 
@@ -74,6 +84,9 @@ public:
 
     evaluation_context& context() { return context_; }
     const evaluation_context& context() const { return context_; }
+
+    /// Where the failure that stands in the context arose; nullopt if none stands.
+    std::optional<failed_expression> failed_part() const;
 
     /// The fast form for callers that evaluate several points at once, or nullptr where only the walk may evaluate the
     /// system. Its outputs are those of the system and then the definitions.
@@ -110,6 +123,8 @@ private:
     trees output_trees_;
     std::unique_ptr<program> program_;
     definitions_in last_ = definitions_in::nowhere;
+    /// Set by the walk in which an evaluation fails.
+    failed_expression failed_;
     std::vector<double> definition_values_;
 };
 

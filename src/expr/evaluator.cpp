@@ -49,20 +49,20 @@ private:
     double variable(const expression_node& leaf)
     {
         if (store_.holds(leaf.variable)) return store_.value(leaf.variable);
-        return fail("Variable " + std::string(store_.slot_name(leaf.variable)) + " is empty");
+        return fail(leaf, "Variable " + std::string(store_.slot_name(leaf.variable)) + " is empty");
     }
 
     double function(const expression_node& here, double x)
     {
-        if (here.operation == operation_code::rand) return random(x);
+        if (here.operation == operation_code::rand) return random(here, x);
         const double value = row_of(here.operation).value(x);
         return std::isfinite(value) ? value : failed_function(here, x);
     }
 
-    double random(double x)
+    double random(const expression_node& here, double x)
     {
         if (std::fabs(x) > static_cast<double>(std::numeric_limits<float>::max()))
-            return fail_at_run_time(failure_number::overflow);
+            return fail_at_run_time(here, failure_number::overflow);
         return static_cast<double>(context_.generator.next(static_cast<float>(x)));
     }
 
@@ -115,8 +115,9 @@ private:
         const operation_row& row = row_of(here.operation);
         const int failure = row.checked(x).failure;
         if (failure == failure_number::invalid_argument && !row.refusal.empty() && !context_.eval_error_flag())
-            return fail(std::string(row.refusal) + '\r' + std::string(row.spelling) + '(' + text(here.left) + ')');
-        return fail_at_run_time(failure);
+            return fail(here,
+                        std::string(row.refusal) + '\r' + std::string(row.spelling) + '(' + text(here.left) + ')');
+        return fail_at_run_time(here, failure);
     }
 
     double failed_operator(const expression_node& here, double left, double right)
@@ -127,30 +128,33 @@ private:
             return refuse(here, "Fractional exponent with negative mantissa not allowed.");
         if (here.operation == operation_code::power && left == 0.0 && right < 0.0)
             return refuse(here, "Negative exponent with zero mantissa not allowed. ");
-        return fail_at_run_time(failure_number::overflow);
+        return fail_at_run_time(here, failure_number::overflow);
     }
 
     /// The evaluator's own refusal, with both operands behind it.
     double refuse(const expression_node& here, std::string_view sentence)
     {
         if (context_.eval_error_flag()) return 0.0;
-        return fail(std::string(sentence) + '\r' + text(here.left) + ' ' +
-                    std::string(row_of(here.operation).spelling) + ' ' + text(here.right));
+        return fail(here, std::string(sentence) + '\r' + text(here.left) + ' ' +
+                              std::string(row_of(here.operation).spelling) + ' ' + text(here.right));
     }
 
     std::string text(int node) const { return tree_to_text(tree_, node, store_); }
 
-    double fail(const std::string& reason)
+    double fail(const expression_node& here, const std::string& reason)
     {
-        context_.fail("Error: " + reason);
+        context_.fail("Error: " + reason, place_of(here));
         return 0.0;
     }
 
-    double fail_at_run_time(int number)
+    double fail_at_run_time(const expression_node& here, int number)
     {
-        context_.fail("Error " + std::to_string(number) + ": " + std::string(runtime_failure_text(number)));
+        context_.fail("Error " + std::to_string(number) + ": " + std::string(runtime_failure_text(number)),
+                      place_of(here));
         return 0.0;
     }
+
+    static byte_range place_of(const expression_node& here) { return {here.text_offset, here.text_length}; }
 
     const expression_tree& tree_;
     const clsParse& store_;
@@ -159,17 +163,19 @@ private:
 
 } // namespace
 
-void evaluation_context::fail(std::string message)
+void evaluation_context::fail(std::string message, const std::optional<byte_range>& text)
 {
     if (flag_) return;
     flag_ = true;
     message_ = std::move(message);
+    failed_text_ = text;
 }
 
 void evaluation_context::clear_failure()
 {
     flag_ = false;
     message_.clear();
+    failed_text_.reset();
 }
 
 double evaluate_tree(const expression_tree& tree, int node, const clsParse& store, evaluation_context& context)

@@ -58,6 +58,13 @@ private:
     const token& last_of(token_range list) const { return tokens_[list.last - 1]; }
     bool stopped() const { return !result_.message.empty(); }
 
+    void remember_text(int node, token_range list)
+    {
+        const std::size_t offset = first_of(list).offset;
+        at(node).text_offset = static_cast<std::uint32_t>(offset);
+        at(node).text_length = static_cast<std::uint32_t>(last_of(list).offset + last_of(list).length - offset);
+    }
+
     void refuse(std::string_view message)
     {
         if (!stopped()) result_.message = message;
@@ -144,6 +151,7 @@ private:
         if (stopped()) return;
         list = without_parentheses(list);
         if (list.empty()) return refuse_empty_list();
+        remember_text(node, list);
         if (is_verb_of(first_of(list), "if")) return build_conditional(node, list);
         if (const std::size_t split = split_of(list); split != nowhere) return build_operator(node, list, split);
         build_operand(node, list);

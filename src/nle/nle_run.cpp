@@ -39,7 +39,7 @@ void run_nle_explicit(nle_system& system, const wall_clock& clock, nle_outcome& 
     const std::vector<double> values = system.evaluate_explicit();
     outcome.elapsed_seconds = static_cast<double>(clock.whole_seconds() - start);
     if (system.context().eval_error_flag())
-        return outcome.refuse(evaluation_box(system.context(), "Expression evaluation error."));
+        return outcome.refuse(evaluation_box(system, "Expression evaluation error."));
     nle_explicit_result result;
     const std::vector<std::string>& names = system.explicit_equations().names;
     for (std::size_t i = 0; i < names.size(); ++i)
@@ -61,10 +61,19 @@ void run_nle_system(nle_system& system, const settings& store, const wall_clock&
     const nle_solver_result solved = solve_nle(outcome.method, system, x, fvec, store, progress);
     outcome.elapsed_seconds = static_cast<double>(clock.whole_seconds() - start);
     if (system.context().eval_error_flag())
-        return outcome.refuse(evaluation_box(system.context(), "Expression evaluation error"));
+        return outcome.refuse(evaluation_box(system, "Expression evaluation error"));
     sum_of_absolutes(fvec);
     outcome.result = nle_system_result{solution_of(system, x, fvec, system.guesses()), solved.code, solved.iterations};
     outcome.has_report = true;
+}
+
+message_box failure_box(const runtime_failure& failure)
+{
+    std::string text = "Internal Error trapped.\r(" + std::to_string(failure.number()) + ") ";
+    text += failure.description();
+    text += '\r';
+    text += failure.detail();
+    return {std::move(text), box_icon::critical};
 }
 
 /// Builds the tables, then runs by the number of implicit equations.
@@ -72,7 +81,13 @@ void run_tables(const nle_content& content, const settings& store, const wall_cl
                 nle_outcome& outcome)
 {
     nle_system system(content, listener);
-    system.sort();
+    try {
+        system.sort();
+    } catch (const runtime_failure& failure) {
+        message_box box = failure_box(failure);
+        box.rows = circular_rows(system.explicit_equations());
+        return outcome.refuse(std::move(box));
+    }
     outcome.implicit_names = system.implicit_equations().names;
     outcome.implicit_right_sides = system.implicit_equations().right_sides;
     outcome.explicit_names = system.explicit_equations().names;
@@ -88,15 +103,6 @@ void run_tables(const nle_content& content, const settings& store, const wall_cl
     default:
         return run_nle_system(system, store, clock, listener, outcome);
     }
-}
-
-message_box failure_box(const runtime_failure& failure)
-{
-    std::string text = "Internal Error trapped.\r(" + std::to_string(failure.number()) + ") ";
-    text += failure.description();
-    text += '\r';
-    text += failure.detail();
-    return {std::move(text), box_icon::critical};
 }
 
 /// The empty result for a problem with `implicit_count` implicit equations.

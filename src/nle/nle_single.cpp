@@ -91,8 +91,7 @@ private:
         double x = start;
         double fvec = 0.0;
         solve_nle(method_, system_, {&x, 1}, {&fvec, 1}, store_, {});
-        if (system_.context().eval_error_flag())
-            return evaluation_box(system_.context(), "Expression evaluation error");
+        if (system_.context().eval_error_flag()) return evaluation_box(system_, "Expression evaluation error");
         if (!is_known(x) && !(sum_of_absolutes({&fvec, 1}) > largest_root_residual))
             result_.roots.push_back(solution_of(system_, {&x, 1}, {&fvec, 1}, {&start, 1}));
         return std::nullopt;

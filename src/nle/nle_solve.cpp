@@ -55,9 +55,9 @@ nle_solution solution_of(nle_system& system, std::span<const double> x, std::spa
     return solution;
 }
 
-message_box evaluation_box(const evaluation_context& context, std::string_view title)
+message_box evaluation_box(nle_system& system, std::string_view title)
 {
-    return {context.eval_error_message(), box_icon::critical, std::string(title)};
+    return {system.context().eval_error_message(), box_icon::critical, std::string(title), system.failed_place()};
 }
 
 } // namespace kelvarin

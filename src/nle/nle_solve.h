@@ -32,7 +32,7 @@ double sum_of_absolutes(std::span<const double> values);
 nle_solution solution_of(nle_system& system, std::span<const double> x, std::span<const double> fvec,
                          std::span<const double> guesses);
 
-/// The box of a failed evaluation.
-message_box evaluation_box(const evaluation_context& context, std::string_view title);
+/// The box of the system's failed evaluation, with its place.
+message_box evaluation_box(nle_system& system, std::string_view title);
 
 } // namespace kelvarin

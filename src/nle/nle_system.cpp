@@ -87,4 +87,9 @@ std::vector<double> nle_system::evaluate_explicit()
     return {values.begin(), values.end()};
 }
 
+std::optional<text_place> nle_system::failed_place() const
+{
+    return kelvarin::failed_place(*compiled_, implicit_, explicit_, right_side_offsets_);
+}
+
 } // namespace kelvarin

@@ -63,6 +63,8 @@ public:
     const std::vector<double>& guesses() const { return guesses_; }
     const std::vector<sign_constraint>& constraints() const { return constraints_; }
     evaluation_context& context() { return compiled_->context(); }
+    /// Row and part of the text of the evaluation that failed; nullopt if none did.
+    std::optional<text_place> failed_place() const;
 
 private:
     run_listener& listener_;

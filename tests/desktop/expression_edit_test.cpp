@@ -116,7 +116,9 @@ TEST(ExpressionEdit, LeavesANameAloneThatOthersContinue)
         int done;
     };
     const key keys[] = {{Qt::Key_Tab, {}, "x*tan", true, 0},
-                        {Qt::Key_Return, {}, "x*tan ", false, 0},
+                        {Qt::Key_Return, {}, "x*tan", false, 1},
+                        {Qt::Key_Enter, Qt::KeypadModifier, "x*tan", false, 1},
+                        {Qt::Key_Return, Qt::ShiftModifier, "x*tan ", false, 0},
                         {Qt::Key_Return, Qt::ControlModifier, "x*tan", false, 1}};
     for (const key& pressed : keys) {
         SCOPED_TRACE(pressed.text);
@@ -148,6 +150,20 @@ TEST(ExpressionEdit, GivesLinesAndTabsAsBlanksOfOneByte)
     EXPECT_EQ(at.edit->expression(), "if x > 1 then 2 else 3");
     at.edit->mark_place(text_place{0, 9, 4});
     EXPECT_EQ(at.marked(), "then");
+}
+
+TEST(ExpressionEdit, BreaksLinesByEnterOnceItHasSeveral)
+{
+    desk at;
+    robot::keys("if x");
+    robot::press(Qt::Key_Return, Qt::ShiftModifier);
+    robot::keys("then 1");
+    robot::press(Qt::Key_Return);
+    robot::keys("else 2");
+    EXPECT_EQ(at.done, 0);
+    EXPECT_EQ(at.edit->toPlainText(), "if x\nthen 1\nelse 2");
+    robot::press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(at.done, 1);
 }
 
 TEST(ExpressionEdit, MarksBytesAsLettersUntilTheTextChanges)

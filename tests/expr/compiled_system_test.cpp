@@ -61,6 +61,34 @@ TEST(CompiledSystem, FindsTheFirstRefusalOfTheListThatIsCompiledFirst)
     }
 }
 
+TEST(CompiledSystem, TellsWhichTextFailedAndWhatInIt)
+{
+    const test::table<const char*, const char*, bool, const char*> failures = {
+        {"1", "2 + 44.1 / x", true, "44.1 / x"},
+        {"5 * ln ( x - 1 )", "1/x", false, "ln ( x - 1 )"},
+        {"2*((x - 4)^0.5)", "1/x", false, "(x - 4)^0.5"},
+        {"1", "if x > 1 then 1 else -(x)^(-1)", true, "(x)^(-1)"},
+        {"1e300", "3 - a*a", true, "a*a"},
+    };
+    for (const auto& [definition, output, in_output, failing] : failures) {
+        SCOPED_TRACE(output);
+        const auto system = system_of({"x"}, {std::string("a=") + definition}, {"x + 1", output});
+        EXPECT_FALSE(system->failed_part());
+        std::vector<double> f(2);
+        system->evaluate(std::vector{0.0}, f);
+        // What is evaluated while a failure stands is not at fault.
+        system->evaluate(std::vector{1.0}, f);
+        const std::optional<failed_expression> failed = system->failed_part();
+        ASSERT_TRUE(failed && failed->place);
+        EXPECT_EQ(failed->is_output, in_output);
+        EXPECT_EQ(failed->number, in_output ? 2 : 1);
+        const std::string text = in_output ? output : definition;
+        EXPECT_EQ(text.substr(failed->place->offset, failed->place->length), failing);
+        system->context().clear_failure();
+        EXPECT_FALSE(system->failed_part());
+    }
+}
+
 TEST(CompiledSystem, HasTheDefinitionsOfTheLastEvaluationWhoeverMadeIt)
 {
     // rand keeps the second system from having a program; a failure sends the first one to the walk.

@@ -223,5 +223,33 @@ TEST(NleRun, StopsWhenAskedAndTellsTheTime)
     EXPECT_EQ(run_nle({system, {}}, settings(), clock, listener).elapsed_seconds, 7);
 }
 
+TEST(NleRun, FailuresAndCirclesTellTheirRows)
+{
+    const table<const char*, nle_content, std::optional<text_place>, std::vector<int>> runs = {
+        {"explicit rows",
+         system_of({explicit_row("b", "2"), explicit_row("a", "3 + 1/(b - 2)")}),
+         text_place{2, 8, 9},
+         {}},
+        {"system",
+         system_of({explicit_row("k", "1"), implicit_row("y", "y", "1"), implicit_row("x", "k + ln(x)", "-1")}),
+         text_place{3, 11, 5},
+         {}},
+        {"single",
+         single_of({implicit_row("x", "x - 5 + 1/(x - x)"), explicit_row("k", "1")}, "1", "9"),
+         text_place{1, 15, 9},
+         {}},
+        {"circle",
+         system_of({explicit_row("c", "1"), explicit_row("a", "b + c"), explicit_row("b", "a")}),
+         std::nullopt,
+         {2, 3}},
+    };
+    for (const auto& [name, content, place, rows] : runs) {
+        SCOPED_TRACE(name);
+        const message_box box = only_box(run_of(content));
+        EXPECT_EQ(box.place, place);
+        EXPECT_EQ(box.rows, rows);
+    }
+}
+
 } // namespace
 } // namespace kelvarin::test

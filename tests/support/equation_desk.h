@@ -2,8 +2,12 @@
 #pragma once
 
 #include "nle/equations/window/equation_grid.h"
+#include "nle/equations/window/equation_grid_model.h"
 #include "nle/equations/window/problem_status.h"
 #include "support/problem_desk.h"
+
+#include <QApplication>
+#include <QTest>
 
 #include <stdexcept>
 #include <string>
@@ -64,12 +68,31 @@ template <class Window> struct equation_desk : problem_desk<Window>
         const QAbstractItemModel& model = *grid().model();
         return model.index(row - 1, column - 1).data().toString().toStdString();
     }
+    /// The parts of the equations that a message has marked.
+    std::vector<std::string> marked_texts() const
+    {
+        const auto& model = dynamic_cast<const equation_grid_model&>(*grid().model());
+        std::vector<std::string> marked;
+        for (int row = 0; row < model.rowCount(); ++row)
+            for (const text_span& span : model.spans(row))
+                if (span.meaning == text_meaning::marked)
+                    marked.push_back(model.index(row, 0).data().toString().mid(span.start, span.length).toStdString());
+        return marked;
+    }
     int shown_rows() const { return grid().model()->rowCount(); }
     std::string third_panel() const
     {
         return this->person.template find<problem_status>(names.status).panel_text(3).trimmed().toStdString();
     }
 
+    /// Double click on a cell (both from 1).
+    void double_click(int row, int column) const
+    {
+        const QPoint place = grid().visualRect(grid().model()->index(row - 1, column - 1)).center();
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place);
+        settle();
+    }
     void add_by_mouse(const typed_equation& equation)
     {
         const bool implicit = !equation.guess.empty();
@@ -81,7 +104,16 @@ template <class Window> struct equation_desk : problem_desk<Window>
         if (implicit) dialog.type("txtGuess", equation.guess);
         dialog.type(entry.comment, equation.comment);
         dialog.click("cmdDone");
+        decline_next();
         this->to_front();
+    }
+    /// Done on a new row offers the next undefined name.
+    void decline_next() const
+    {
+        settle();
+        QWidget* offered = QApplication::activeModalWidget();
+        if (offered && offered->objectName() == QLatin1String(names.explicit_entry.dialog))
+            robot(*offered).click("cmdCancel");
     }
     /// The same, with the keys that follow each other in the dialogs' fields.
     void add_by_keys(const typed_equation& equation, Qt::Key implicit_key)
@@ -99,6 +131,7 @@ template <class Window> struct equation_desk : problem_desk<Window>
         }
         robot::keys(equation.comment);
         robot::press(Qt::Key_Return);
+        decline_next();
         this->to_front();
     }
 };

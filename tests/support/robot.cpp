@@ -43,6 +43,8 @@ void type_letters(QWidget& target, const std::string& text)
     for (const QChar letter : QString::fromStdString(text)) {
         if (letter == QLatin1Char('\n'))
             QTest::keyClick(&target, Qt::Key_Return);
+        else if (letter == QLatin1Char('\t'))
+            QTest::keyClick(&target, Qt::Key_Tab);
         else
             QTest::sendKeyEvent(QTest::Click, &target, Qt::Key_unknown, QString(letter), Qt::NoModifier);
     }
@@ -156,7 +158,9 @@ void robot::turn_wheel(QWidget& over, int notches)
 
 void robot::keys(const std::string& text)
 {
-    type_letters(*key_target(), text);
+    // Each letter goes to what has the keyboard then: Tab leaves a field, and a letter may open one.
+    for (const char32_t letter : QString::fromStdString(text).toUcs4())
+        type_letters(*key_target(), QString::fromUcs4(&letter, 1).toStdString());
     settle();
 }
 

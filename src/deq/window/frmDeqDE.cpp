@@ -4,7 +4,6 @@
 #include "desktop/controls.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "platform/run_time_text.h"
 
 namespace kelvarin
 {
@@ -37,20 +36,12 @@ void frmDeqDE::build_ui()
     txtGuess_->setAccessibleName(tr("Initial value"));
     txtGuess_->setPlaceholderText(tr("initial value"));
     // The text is set later; QFormLayout makes no label for an empty one.
-    insert_row(QStringLiteral(" "), txtGuess_);
-    lblGuess_ = named(static_cast<QLabel*>(form()->labelForField(txtGuess_)), "lblGuess");
+    lblGuess_ = named(insert_value(QStringLiteral(" "), txtGuess_), "lblGuess");
 }
 
 void frmDeqDE::txtVar_Change()
 {
     lblGuess_->setText(txtVar()->text().trimmed() + QStringLiteral("(0)"));
-}
-
-QWidget* frmDeqDE::field_about(const message_box& refused) const
-{
-    QWidget* field = entry_dialog::field_about(refused);
-    // The initial value is checked before the name.
-    return field == txtVar() && !is_numeric(to_text(txtGuess_->text())) ? txtGuess_ : field;
 }
 
 std::optional<message_box> frmDeqDE::take_over()

@@ -21,7 +21,6 @@ protected:
     std::optional<message_box> check() const override;
     bool is_filled_in() const override;
     void clear_fields() override { txtGuess_->clear(); }
-    QWidget* field_about(const message_box& refused) const override;
 
 private:
     void build_ui();

@@ -156,4 +156,13 @@ std::vector<std::size_t> circular_equations(const equation_list& equations)
     return circular;
 }
 
+std::vector<int> circular_rows(const equation_list& equations)
+{
+    std::vector<int> rows;
+    for (const std::size_t i : circular_equations(equations))
+        rows.push_back(equations.rows[i]);
+    std::ranges::sort(rows);
+    return rows;
+}
+
 } // namespace kelvarin

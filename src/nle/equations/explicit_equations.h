@@ -35,4 +35,7 @@ bool uses_itself(const equation_list& equations, std::size_t equation);
 /// themselves.
 std::vector<std::size_t> circular_equations(const equation_list& equations);
 
+/// The problem's rows of circular_equations, ascending.
+std::vector<int> circular_rows(const equation_list& equations);
+
 } // namespace kelvarin

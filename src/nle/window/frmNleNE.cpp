@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "nle/window/frmNleNE.h"
 
+#include "desktop/controls.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
-#include "platform/run_time_text.h"
 
 #include <QHBoxLayout>
 #include <QRadioButton>
@@ -27,15 +27,6 @@ frmNleNE::frmNleNE(desktop_context& context, QWidget* parent, nle_problem& probl
     optConstrained_->button(static_cast<int>(constraint_of(present.guess)))->setChecked(true);
 }
 
-QLabel* frmNleNE::add_row(const char* label_name, QWidget* field)
-{
-    // The text is set with the variable's name; a row without text would have no label.
-    insert_row(QStringLiteral(" "), field);
-    auto* label = static_cast<QLabel*>(form()->labelForField(field));
-    label->setObjectName(QString::fromLatin1(label_name));
-    return label;
-}
-
 void frmNleNE::build_ui()
 {
     txtGuess_ = new QLineEdit;
@@ -43,7 +34,8 @@ void frmNleNE::build_ui()
     txtGuess_->setFont(fixed_font(*this));
     txtGuess_->setAccessibleName(tr("Initial guess"));
     txtGuess_->setPlaceholderText(tr("initial guess"));
-    lblGuess_ = add_row("lblGuess", txtGuess_);
+    // The text is set with the variable's name; a row without text would have no label.
+    lblGuess_ = named(insert_value(QStringLiteral(" "), txtGuess_), "lblGuess");
 
     constraints_ = new QWidget;
     auto* options = new QHBoxLayout(constraints_);
@@ -58,7 +50,8 @@ void frmNleNE::build_ui()
     }
     options->addStretch(1);
     optConstrained_->button(0)->setChecked(true);
-    lblConstrained_ = add_row("lblConstrained", constraints_);
+    insert_row(QStringLiteral(" "), constraints_);
+    lblConstrained_ = named(static_cast<QLabel*>(form()->labelForField(constraints_)), "lblConstrained");
     form()->setRowVisible(constraints_, problem_.content().method == nle_method::constrained);
 }
 
@@ -73,13 +66,6 @@ void frmNleNE::clear_fields()
 {
     txtGuess_->clear();
     optConstrained_->button(0)->setChecked(true);
-}
-
-QWidget* frmNleNE::field_about(const message_box& refused) const
-{
-    QWidget* field = entry_dialog::field_about(refused);
-    // The guess is checked before the name.
-    return field == txtVar() && !is_numeric(to_text(txtGuess_->text())) ? txtGuess_ : field;
 }
 
 std::optional<message_box> frmNleNE::take_over()

@@ -23,11 +23,9 @@ protected:
     std::optional<message_box> check() const override;
     bool is_filled_in() const override;
     void clear_fields() override;
-    QWidget* field_about(const message_box& refused) const override;
 
 private:
     void build_ui();
-    QLabel* add_row(const char* label_name, QWidget* field);
     void txtVar_Change();
 
     nle_problem& problem_;

@@ -282,6 +282,7 @@ TEST(Editing, FollowsNamesToTheRowThatIsMissingOrDoubled)
         EXPECT_EQ(dialog.text("txtVar"), "k");
         robot::keys("2-m");
         dialog.click("cmdDone");
+        desk.decline_next();
     }
     // The listing has links as well.
     desk.person.click("cmdShowallvars");

@@ -111,4 +111,34 @@ TEST(EntryDialogs, EditARowWithItsCommentFromAnyGesture)
     EXPECT_EQ(desk.window.document().undo_step(), "Edit equation");
 }
 
+TEST(EntryDialogs, BeginWhereTypingGoesOnAndOfferTheNextUndefinedName)
+{
+    nle_desk desk;
+    desk.grid().setFocus();
+    desk.person.click("cmdNewRoot");
+    dialog_in_front("frmNleNE");
+    robot::keys("x\tx^2 - a - b\t1");
+    robot::press(Qt::Key_Return);
+    // Expression, Enter, expression, Enter.
+    for (const char* expression : {"2*c", "3", "4"}) {
+        dialog_in_front("frmNleEE");
+        robot::keys(expression);
+        robot::press(Qt::Key_Return);
+    }
+    desk.to_front();
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x^2 - a - b", "a = 2*c", "b = 3", "c = 4"));
+
+    desk.grid().setFocus();
+    desk.grid().set_current_row(1);
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(dialog_in_front("frmNleNE").focusWidget()->objectName(), "txtEquation");
+    robot::press(Qt::Key_Escape);
+    desk.to_front();
+    desk.double_click(1, 2);
+    EXPECT_EQ(dialog_in_front("frmNleNE").focusWidget()->objectName(), "txtGuess");
+    robot::keys("7");
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(desk.content().rows.front().guess, "7");
+}
+
 } // namespace kelvarin::test

@@ -34,6 +34,25 @@ TEST(Runs, MarkTheRowAndThePlaceThatARefusalIsAbout)
     EXPECT_EQ(desk.frame.ended(), 0);
 }
 
+TEST(Runs, SelectTheRowsThatFailOrUseEachOther)
+{
+    using testing::ElementsAre;
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Fault |KVRVER05_0\na = 0 #\nb = 3 + 44.1 / a #\n"));
+    desk.user.expect_box("Error: Zero denominator not allowed.\r44.1 / a", "Expression evaluation error.");
+    desk.run_by_mouse();
+    EXPECT_EQ(desk.grid().current_row(), 2);
+    EXPECT_THAT(desk.marked_texts(), ElementsAre("44.1 / a"));
+
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("Circle |KVRVER05_0\nc = 1 #\na = b #\nd = 2 #\nb = a + c #\n"));
+    desk.user.expect_box(
+        "Internal Error trapped.\r(8888) Numeric failure\rCircular definition of explicit variables not "
+        "allowed.");
+    desk.run_by_mouse();
+    EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(2, 4));
+    EXPECT_THAT(desk.marked_texts(), ElementsAre("a", "b"));
+}
+
 TEST(Runs, EndTheProgramBehindAFatalBox)
 {
     nle_desk desk;

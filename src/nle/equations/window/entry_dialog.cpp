@@ -42,14 +42,11 @@ void entry_dialog::build_ui(const entry_dialog_names& names, const QString& hint
     txtEquation_->setObjectName(QString::fromLatin1(names.expression));
     txtComment_ = new QLineEdit(this);
     txtComment_->setObjectName(QString::fromLatin1(names.comment));
-    lblCheck_ = new QLabel(this);
-    lblCheck_->setObjectName(QStringLiteral("lblCheck"));
-    lblCheck_->setTextFormat(Qt::PlainText);
-    lblCheck_->setWordWrap(true);
-    lblCheck_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    // Reserve two lines, so that nothing moves when the text appears.
+    lblCheckVar_ = make_check("lblCheckVar");
+    lblCheck_ = make_check("lblCheck");
+    // The expression has two lines: what is wrong, and the likely cause.
     lblCheck_->setMinimumHeight(2 * unit);
-    tint_check();
+    tint_checks();
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(unit, unit, unit, unit);
@@ -59,6 +56,7 @@ void entry_dialog::build_ui(const entry_dialog_names& names, const QString& hint
     form_->setHorizontalSpacing(unit);
     form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form_->addRow(tr("Varia&ble"), txtVar_);
+    form_->addRow(static_cast<QWidget*>(nullptr), lblCheckVar_);
     form_->addRow(tr("E&xpression"), txtEquation_);
     form_->addRow(static_cast<QWidget*>(nullptr), lblCheck_);
     form_->addRow(tr("Co&mment"), txtComment_);
@@ -68,6 +66,18 @@ void entry_dialog::build_ui(const entry_dialog_names& names, const QString& hint
     layout->addLayout(form_, 1);
     layout->addLayout(build_buttons());
     watch(txtVar_);
+}
+
+QLabel* entry_dialog::make_check(const char* name)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // Space is reserved, so that nothing moves when the text appears.
+    label->setMinimumHeight(line_unit(*this));
+    return label;
 }
 
 QLayout* entry_dialog::build_buttons()
@@ -109,6 +119,16 @@ void entry_dialog::insert_row(const QString& label, QWidget* field)
     if (auto* line = qobject_cast<QLineEdit*>(field)) watch(line);
 }
 
+QLabel* entry_dialog::insert_value(const QString& label, QLineEdit* field)
+{
+    value_field_ = field;
+    insert_row(label, field);
+    lblCheckValue_ = make_check("lblCheckValue");
+    insert_row(QString(), lblCheckValue_);
+    tint_checks();
+    return static_cast<QLabel*>(form_->labelForField(field));
+}
+
 void entry_dialog::chain_tab_order()
 {
     // Rows may have been inserted in any order; the tab order is that of the form.
@@ -131,10 +151,16 @@ void entry_dialog::chain_tab_order()
         append(findChild<QWidget*>(QString::fromLatin1(button)));
 }
 
-QWidget* entry_dialog::field_about(const message_box& refused) const
+QWidget* entry_dialog::field_of(entry_field field) const
 {
-    const bool about_expression = refused.place || refused.text.starts_with("Syntax Error");
-    return about_expression ? static_cast<QWidget*>(txtEquation_) : txtVar_;
+    if (field == entry_field::expression) return txtEquation_;
+    return field == entry_field::value && value_field_ ? value_field_ : txtVar_;
+}
+
+QLabel* entry_dialog::check_below(entry_field field) const
+{
+    if (field == entry_field::name) return lblCheckVar_;
+    return field == entry_field::value && lblCheckValue_ ? lblCheckValue_ : lblCheck_;
 }
 
 void entry_dialog::done_clicked()
@@ -146,8 +172,8 @@ void entry_dialog::done_clicked()
         return;
     }
     // Show the field before the box, so that the marked text is visible behind it.
-    QWidget* field = field_about(*refused);
-    txtEquation_->mark_place(refused->place);
+    QWidget* field = field_of(refused->field);
+    if (refused->place) txtEquation_->select_place(*refused->place);
     field->setFocus(Qt::OtherFocusReason);
     if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
     context_.user.show(this, *refused);
@@ -165,7 +191,8 @@ void entry_dialog::clear_clicked()
     txtComment_->clear();
     clear_fields();
     txtEquation_->mark_place(std::nullopt);
-    lblCheck_->clear();
+    for (const entry_field field : {entry_field::name, entry_field::expression, entry_field::value})
+        check_below(field)->clear();
     txtVar_->setFocus(Qt::OtherFocusReason);
 }
 
@@ -175,6 +202,7 @@ void entry_dialog::fill_from(const equation_row& row, const row_form& form)
     txtVar_->setText(to_qstring(parts.name));
     txtEquation_->set_expression(parts.right_side);
     txtComment_->setText(to_qstring(row.comment));
+    start_in(entry_field::expression);
 }
 
 std::optional<message_box> entry_dialog::check_while_typing() const
@@ -195,15 +223,20 @@ void entry_dialog::show_check()
     if (fault && !check_expression(expression).ok) text += QLatin1Char('\r') + to_qstring(syntax_hint(expression));
     text = text.trimmed();
     text.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    lblCheck_->setText(text);
+    QLabel* below = check_below(fault ? fault->field : entry_field::expression);
+    for (const entry_field field : {entry_field::name, entry_field::expression, entry_field::value})
+        if (check_below(field) != below) check_below(field)->clear();
+    below->setText(text);
+    txtEquation_->mark_place(fault ? fault->place : std::nullopt);
 }
 
-void entry_dialog::tint_check()
+void entry_dialog::tint_checks()
 {
     QPalette tinted = palette();
     const QColor text = tinted.color(QPalette::WindowText);
     tinted.setColor(QPalette::WindowText, mixed(text, tinted.color(QPalette::Window), 0.35));
-    lblCheck_->setPalette(tinted);
+    for (QLabel* check : {lblCheckVar_, lblCheck_, lblCheckValue_})
+        if (check) check->setPalette(tinted);
 }
 
 void entry_dialog::showEvent(QShowEvent* event)
@@ -211,7 +244,10 @@ void entry_dialog::showEvent(QShowEvent* event)
     if (!was_shown_) {
         was_shown_ = true;
         chain_tab_order();
-        txtVar_->setFocus(Qt::OtherFocusReason);
+        QWidget* start = field_of(start_);
+        start->setFocus(Qt::OtherFocusReason);
+        if (auto* line = qobject_cast<QLineEdit*>(start)) line->selectAll();
+        if (start == txtEquation_) txtEquation_->moveCursor(QTextCursor::End);
     }
     QDialog::showEvent(event);
 }
@@ -219,7 +255,7 @@ void entry_dialog::showEvent(QShowEvent* event)
 void entry_dialog::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && lblCheck_) tint_check();
+    if (event->type() == QEvent::PaletteChange && lblCheck_) tint_checks();
 }
 
 } // namespace kelvarin

@@ -28,12 +28,12 @@ struct entry_dialog_names
 };
 
 /// The base of the dialogs in which an equation is entered: a form with the variable, the expression, the fields that
-/// the derived dialog adds, a comment, a line with the checker's message during typing, and the buttons `cmdDone`,
-/// `cmdClear`, `cmdCancel` and `cmdShowallvars`.
+/// the derived dialog adds, a comment, a line with the checker's message below the field at fault, and the buttons
+/// `cmdDone`, `cmdClear`, `cmdCancel` and `cmdShowallvars`.
 ///
-/// Done asks the derived dialog to take the row over; a refusal is shown as its box and marked in the field it is
-/// about, and the dialog stays open. The dialog is shown by open(), deletes itself, and remembers its size. Its labels
-/// and buttons use Alt with B, X, M, D, L and V.
+/// Done asks the derived dialog to take the row over; a refusal is shown as its box, what it is about is selected in
+/// its field, and the dialog stays open. The dialog is shown by open(), deletes itself, and remembers its size. Its
+/// labels and buttons use Alt with B, X, M, D, L and V.
 class entry_dialog : public QDialog
 {
     Q_OBJECT
@@ -46,6 +46,12 @@ public:
     QLineEdit* txtVar() const { return txtVar_; }
     expression_edit* txtEquation() const { return txtEquation_; }
     QLineEdit* txtComment() const { return txtComment_; }
+    /// The field of the initial guess or value; null if there is none.
+    QLineEdit* value_field() const { return value_field_; }
+
+    /// Chooses the field in which typing begins: by default the variable of a new row, the expression of one that is
+    /// changed.
+    void start_in(entry_field field) { start_ = field; }
 
     /// "done" or "cancel", as the dialog was left.
     QString dialog_result() const { return dialog_result_; }
@@ -63,15 +69,14 @@ protected:
     virtual bool is_filled_in() const { return !txtVar_->text().trimmed().isEmpty(); }
     /// Empties the fields that the derived dialog added.
     virtual void clear_fields() {}
-    /// The field that a refusal is about: the expression if the refusal has a place or is a syntax error, else the
-    /// variable.
-    virtual QWidget* field_about(const message_box& refused) const;
 
     /// Fills variable, expression and comment.
     void fill_from(const equation_row& row, const row_form& form);
     QFormLayout* form() const { return form_; }
     /// Adds a row above the comment. Changes of a line edit in it update the checker's line.
     void insert_row(const QString& label, QWidget* field);
+    /// The same for the field of the initial guess or value, with the checker's line below it. Returns its label.
+    QLabel* insert_value(const QString& label, QLineEdit* field);
 
     void done_clicked();
     void cancel_clicked();
@@ -90,14 +95,22 @@ private:
     /// The message for the line below the expression. Returns nullopt if all is well or the expression is still empty.
     std::optional<message_box> check_while_typing() const;
     void show_check();
-    void tint_check();
+    void tint_checks();
+    QLabel* make_check(const char* name);
+    /// The field that a refusal is about, and the line below it.
+    QWidget* field_of(entry_field field) const;
+    QLabel* check_below(entry_field field) const;
 
     desktop_context& context_;
     QFormLayout* form_ = nullptr;
     QLineEdit* txtVar_ = nullptr;
     expression_edit* txtEquation_ = nullptr;
     QLineEdit* txtComment_ = nullptr;
+    QLineEdit* value_field_ = nullptr;
+    QLabel* lblCheckVar_ = nullptr;
     QLabel* lblCheck_ = nullptr;
+    QLabel* lblCheckValue_ = nullptr;
+    entry_field start_ = entry_field::name;
     QTimer pause_;
     QString dialog_result_ = QStringLiteral("cancel");
     bool was_shown_ = false;

@@ -83,7 +83,7 @@ void equation_grid::show_rows(std::span<const equation_row> rows, const equation
     const int row_before = current_row();
     const bool had_rows = model_->filled_rows() > 0;
     showing_rows_ = true;
-    if (model_->show_rows(rows, marks, empty_rows)) model_->set_mark(std::nullopt);
+    if (model_->show_rows(rows, marks, empty_rows)) model_->set_marks({});
     set_current_row(std::clamp(row_before, std::min(1, model_->rowCount()), model_->rowCount()));
     showing_rows_ = false;
     // Removed rows lose their selection.
@@ -160,7 +160,13 @@ void equation_grid::mark_place(const text_place& place)
 {
     if (!model_->is_filled(place.row - 1)) return;
     select_rows({place.row});
-    model_->set_mark(place);
+    model_->set_marks({place});
+}
+
+void equation_grid::mark_rows(const std::vector<int>& rows)
+{
+    select_rows(rows);
+    model_->set_marks(model_->name_places(rows));
 }
 
 int equation_grid::row_defining(std::string_view name) const
@@ -184,7 +190,7 @@ void equation_grid::currentChanged(const QModelIndex& current, const QModelIndex
 {
     QTableView::currentChanged(current, previous);
     if (showing_rows_ || current.row() == previous.row()) return;
-    model_->set_mark(std::nullopt);
+    model_->set_marks({});
     emit current_row_changed();
 }
 
@@ -251,7 +257,7 @@ bool equation_grid::take_key(const QKeyEvent& event)
         if (row && currentIndex().column() == grid::comment_column)
             edit_comment();
         else if (row)
-            emit edit_asked(row);
+            emit edit_asked(row, entry_field::expression);
         return true;
     case Qt::Key_F2:
         edit_comment();
@@ -285,7 +291,8 @@ void equation_grid::mouseDoubleClickEvent(QMouseEvent* event)
     if (index.column() == grid::comment_column)
         edit_comment();
     else
-        emit edit_asked(index.row() + 1);
+        emit edit_asked(index.row() + 1,
+                        index.column() == grid::value_column ? entry_field::value : entry_field::expression);
 }
 
 QMenu* equation_grid::build_context_menu()
@@ -306,7 +313,7 @@ QMenu* equation_grid::build_context_menu()
     add(words_.new_implicit, {}, editable_, [this] { emit new_implicit_asked(); });
     add(words_.new_explicit, {}, editable_, [this] { emit new_explicit_asked(); });
     menu->addSeparator();
-    add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row); });
+    add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row, entry_field::expression); });
     add(tr("Edit comment"), Qt::Key_F2, row > 0 && !isColumnHidden(grid::comment_column), [this] { edit_comment(); });
     add(tr("Remove"), Qt::Key_Delete, !rows.empty(), [this] { emit remove_asked(); });
     menu->addSeparator();

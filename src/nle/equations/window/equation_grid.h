@@ -63,6 +63,8 @@ public:
     void select_rows(const std::vector<int>& rows);
     /// Selects a row and marks a part of its text until the rows change or another row becomes current.
     void mark_place(const text_place& place);
+    /// Selects rows and marks their names likewise.
+    void mark_rows(const std::vector<int>& rows);
     /// The row that defines the name; 0 if there is none.
     int row_defining(std::string_view name) const;
 
@@ -71,7 +73,8 @@ public:
 
 signals:
     void current_row_changed();
-    void edit_asked(int row);
+    /// `start`: the field in which typing is to begin.
+    void edit_asked(int row, kelvarin::entry_field start);
     /// About the selected rows.
     void remove_asked();
     void move_asked(bool up);

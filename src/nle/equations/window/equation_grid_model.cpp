@@ -87,20 +87,34 @@ std::vector<text_span> equation_grid_model::spans(int row) const
     const shown_row& shown = rows_[static_cast<std::size_t>(row)];
     std::vector<text_span> all = shown.words;
     all.insert(all.end(), shown.faults.begin(), shown.faults.end());
-    if (mark_ && mark_->row == row + 1)
-        all.push_back(span_of(shown.row.equation, mark_->offset, mark_->length, text_meaning::marked));
+    for (const text_place& mark : marks_) {
+        if (mark.row == row + 1)
+            all.push_back(span_of(shown.row.equation, mark.offset, mark.length, text_meaning::marked));
+    }
     return all;
 }
 
-void equation_grid_model::set_mark(const std::optional<text_place>& place)
+void equation_grid_model::set_marks(std::vector<text_place> places)
 {
-    if (place == mark_) return;
-    const std::optional<text_place> before = std::exchange(mark_, place);
-    for (const std::optional<text_place>& changed : {before, mark_}) {
-        if (!changed || !is_filled(changed->row - 1)) continue;
-        const QModelIndex cell = index(changed->row - 1, equation_column);
+    if (places == marks_) return;
+    const auto repaint = [this](const text_place& place) {
+        if (!is_filled(place.row - 1)) return;
+        const QModelIndex cell = index(place.row - 1, equation_column);
         emit dataChanged(cell, cell);
+    };
+    std::ranges::for_each(std::exchange(marks_, std::move(places)), repaint);
+    std::ranges::for_each(marks_, repaint);
+}
+
+std::vector<text_place> equation_grid_model::name_places(std::span<const int> rows) const
+{
+    std::vector<text_place> places;
+    for (const int row : rows) {
+        if (!is_filled(row - 1)) continue;
+        const equation_parts parts = parts_of(rows_[static_cast<std::size_t>(row - 1)].row.equation, form_);
+        places.push_back({row, parts.name_offset, parts.name.size()});
     }
+    return places;
 }
 
 int equation_grid_model::row_defining(std::string_view name) const

@@ -8,7 +8,6 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
-#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -40,7 +39,10 @@ public:
 
     /// All tinted or marked spans of a row's equation; later spans override earlier ones.
     std::vector<text_span> spans(int row) const;
-    void set_mark(const std::optional<text_place>& place);
+    /// Marks parts of the rows' texts, in place of those marked before.
+    void set_marks(std::vector<text_place> places);
+    /// The places of the names that these rows (from 1) define.
+    std::vector<text_place> name_places(std::span<const int> rows) const;
     void set_editable(bool editable) { editable_ = editable; }
 
     /// The row (from 1) that defines a name; 0 if there is none.
@@ -82,7 +84,7 @@ private:
     row_form form_;
     std::vector<shown_row> rows_;
     int row_count_ = 0;
-    std::optional<text_place> mark_;
+    std::vector<text_place> marks_;
     bool editable_ = true;
 };
 

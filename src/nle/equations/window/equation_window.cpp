@@ -177,4 +177,9 @@ void equation_window::mark_place(const text_place& place)
     grid_->mark_place(place);
 }
 
+void equation_window::mark_rows(const std::vector<int>& rows)
+{
+    grid_->mark_rows(rows);
+}
+
 } // namespace kelvarin

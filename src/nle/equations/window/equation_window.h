@@ -123,6 +123,7 @@ protected:
     bool can_solve() const override { return status_.green; }
     void take_over_typing() override;
     void mark_place(const text_place& place) override;
+    void mark_rows(const std::vector<int>& rows) override;
 
     void changeEvent(QEvent* event) override;
 
@@ -161,7 +162,9 @@ private:
     /// Returns false after a refusal if no equation may be added; else selects the first empty row.
     bool ready_for_new_row();
     void new_explicit(const QString& name);
-    void edit_row(int row);
+    void edit_row(int row, entry_field start);
+    /// Opens the dialog for the next undefined name, if there is one and another equation may be added.
+    void offer_next_name();
     void show_dialog(entry_dialog* dialog, int row);
     void show_listing(QWidget* parent, bool with_links);
     QStringList variables() const;

@@ -53,21 +53,28 @@ void equation_window::new_explicit(const QString& name)
     if (!ready_for_new_row()) return;
     entry_dialog* dialog = make_entry_dialog(false, 0);
     dialog->txtVar()->setText(name);
+    if (!name.isEmpty()) dialog->start_in(entry_field::expression);
     show_dialog(dialog, 0);
-    if (!name.isEmpty()) dialog->txtEquation()->setFocus();
+}
+
+void equation_window::offer_next_name()
+{
+    if (!status_.set.undefined.empty() && !equations().may_add())
+        new_explicit(to_qstring(status_.set.undefined.front()));
 }
 
 void equation_window::cmdEdit_Click()
 {
-    edit_row(grid_->current_row());
+    edit_row(grid_->current_row(), entry_field::expression);
 }
 
-void equation_window::edit_row(int row)
+void equation_window::edit_row(int row, entry_field start)
 {
     if (is_running() || row < 1 || row > equation_count()) return;
-    show_dialog(
-        make_entry_dialog(is_implicit(equations().rows()[static_cast<std::size_t>(row - 1)].equation, form_), row),
-        row);
+    const bool implicit = is_implicit(equations().rows()[static_cast<std::size_t>(row - 1)].equation, form_);
+    entry_dialog* dialog = make_entry_dialog(implicit, row);
+    if (dialog->value_field() || start != entry_field::value) dialog->start_in(start);
+    show_dialog(dialog, row);
 }
 
 void equation_window::show_dialog(entry_dialog* dialog, int row)
@@ -78,6 +85,7 @@ void equation_window::show_dialog(entry_dialog* dialog, int row)
         if (row == 0) --empty_rows_;
         document_changed();
         grid_->set_current_row(row == 0 ? equation_count() : row);
+        if (row == 0) offer_next_name();
     });
     dialog->open();
 }

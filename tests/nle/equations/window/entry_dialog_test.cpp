@@ -34,7 +34,7 @@ public:
     {
         txtGuess = new QLineEdit(this);
         txtGuess->setObjectName(QStringLiteral("txtGuess"));
-        insert_row(QStringLiteral("Guess"), txtGuess);
+        insert_value(QStringLiteral("Guess"), txtGuess);
     }
 
     QLineEdit* txtGuess = nullptr;
@@ -52,10 +52,6 @@ protected:
         return rule_(txtVar()->text().toStdString(), txtEquation()->expression());
     }
     void clear_fields() override { txtGuess->clear(); }
-    QWidget* field_about(const message_box& refused) const override
-    {
-        return refused.text == "guess" ? txtGuess : entry_dialog::field_about(refused);
-    }
 
 private:
     rule rule_;
@@ -97,12 +93,13 @@ TEST(EntryDialog, ShowsARefusalInTheFieldItIsAbout)
         const char* field;
         const char* marked;
     };
+    using field = entry_field;
     const refusal refusals[] = {
-        {{.text = "Syntax Error: x y", .place = text_place{0, 0, 3}}, "txtEquation", "x y"},
-        {{.text = "Syntax Error: No expression entered."}, "txtEquation", ""},
-        {{.text = "Circular definition", .place = text_place{0, 2, 1}}, "txtEquation", "y"},
-        {{.text = "The variable 'x' has already been defined."}, "txtVar", ""},
-        {{.text = "guess"}, "txtGuess", ""},
+        {{.text = "words", .place = text_place{0, 0, 3}, .field = field::expression}, "txtEquation", "x y"},
+        {{.text = "nothing", .field = field::expression}, "txtEquation", ""},
+        {{.text = "circle", .place = text_place{0, 2, 1}, .field = field::expression}, "txtEquation", "y"},
+        {{.text = "name", .field = field::name}, "txtVar", ""},
+        {{.text = "guess", .field = field::value}, "txtGuess", ""},
     };
     for (const refusal& made : refusals) {
         SCOPED_TRACE(made.box.text);
@@ -118,6 +115,11 @@ TEST(EntryDialog, ShowsARefusalInTheFieldItIsAbout)
         for (const QTextEdit::ExtraSelection& mark : at.dialog->txtEquation()->extraSelections())
             marked += mark.cursor.selectedText().toStdString();
         EXPECT_EQ(marked, made.marked);
+        if (made.box.place) {
+            robot::keys("z");
+            EXPECT_EQ(at.dialog->txtEquation()->expression(),
+                      std::string("x y").replace(made.box.place->offset, made.box.place->length, "z"));
+        }
     }
 }
 
@@ -128,10 +130,15 @@ TEST(EntryDialog, IsDoneOrCancelledByButtonsAndKeys)
     };
     const auto click = [](const char* name) { return [=](const robot& person) { person.click(name); }; };
     const test::table<const char*, std::function<void(const robot&)>, const char*> ways = {
-        {"txtVar", key(Qt::Key_Return), "done"},     {"txtGuess", key(Qt::Key_Enter, Qt::KeypadModifier), "done"},
-        {"txtComment", key(Qt::Key_Return), "done"}, {"txtEquation", key(Qt::Key_Return, Qt::ControlModifier), "done"},
-        {"txtEquation", key(Qt::Key_Return), ""},    {"txtEquation", key(Qt::Key_Escape), "cancel"},
-        {"txtVar", click("cmdDone"), "done"},        {"txtVar", click("cmdCancel"), "cancel"},
+        {"txtVar", key(Qt::Key_Return), "done"},
+        {"txtGuess", key(Qt::Key_Enter, Qt::KeypadModifier), "done"},
+        {"txtComment", key(Qt::Key_Return), "done"},
+        {"txtEquation", key(Qt::Key_Return, Qt::ControlModifier), "done"},
+        {"txtEquation", key(Qt::Key_Return), "done"},
+        {"txtEquation", key(Qt::Key_Return, Qt::ShiftModifier), ""},
+        {"txtEquation", key(Qt::Key_Escape), "cancel"},
+        {"txtVar", click("cmdDone"), "done"},
+        {"txtVar", click("cmdCancel"), "cancel"},
     };
     for (const auto& [field, act, result] : ways) {
         SCOPED_TRACE(std::string(field) + " " + result);
@@ -144,35 +151,45 @@ TEST(EntryDialog, IsDoneOrCancelledByButtonsAndKeys)
     }
 }
 
-TEST(EntryDialog, TellsFaultsBelowTheExpressionWithoutABox)
+TEST(EntryDialog, TellsFaultsBelowTheirFieldsWithoutABox)
 {
+    using field = entry_field;
     desk at([](const std::string& name, const std::string& expression) -> std::optional<message_box> {
-        if (expression == "x+") return message_box{.text = "syntax"};
-        if (expression == "x**2") return message_box{.text = "operators"};
-        if (name.empty()) return message_box{.text = "no name"};
-        return name == "2x" ? std::optional(message_box{.text = "not\rvalid"}) : std::nullopt;
+        if (expression == "x+")
+            return message_box{.text = "syntax", .place = text_place{0, 1, 1}, .field = field::expression};
+        if (expression == "x**2") return message_box{.text = "operators", .field = field::expression};
+        if (name.empty()) return message_box{.text = "no name", .field = field::name};
+        if (name == "g") return message_box{.text = "guess", .field = field::value};
+        return name == "2x" ? std::optional(message_box{.text = "not\rvalid", .field = field::name}) : std::nullopt;
     });
     const robot person(*at.dialog);
-    const auto line_becomes = [&](const std::string& text) {
-        return test::wait_until([&] { return person.text("lblCheck") == text; });
+    const auto lines_become = [&](const std::string& name, const std::string& expression, const std::string& guess) {
+        return test::wait_until([&] {
+            return person.text("lblCheckVar") == name && person.text("lblCheck") == expression &&
+                   person.text("lblCheckValue") == guess;
+        });
     };
     person.type("txtEquation", "1+x");
     person.type("txtVar", "2x");
-    EXPECT_EQ(person.text("lblCheck"), "");
-    EXPECT_TRUE(line_becomes("not valid"));
-    person.type("txtVar", "x2");
-    EXPECT_TRUE(line_becomes(""));
+    EXPECT_EQ(person.text("lblCheckVar"), "");
+    EXPECT_TRUE(lines_become("not valid", "", ""));
+    person.type("txtVar", "g");
+    EXPECT_TRUE(lines_become("", "", "guess"));
     // While the name is still to come only the expression can be at fault.
     person.type("txtVar", "");
     person.type("txtEquation", "x+");
-    EXPECT_TRUE(line_becomes("syntax"));
+    EXPECT_TRUE(lines_become("", "syntax", ""));
+    const auto marks = at.dialog->txtEquation()->extraSelections();
+    ASSERT_EQ(marks.size(), 1);
+    EXPECT_EQ(marks.front().cursor.selectedText(), "+");
+    EXPECT_FALSE(at.dialog->txtEquation()->textCursor().hasSelection()) << "typing goes on";
     person.type("txtEquation", "x+1");
-    EXPECT_TRUE(line_becomes(""));
+    EXPECT_TRUE(lines_become("", "", ""));
     // The likely cause stands behind what is wrong.
     person.type("txtEquation", "x**2");
-    EXPECT_TRUE(line_becomes("operators Powers are written with ^: x^2"));
+    EXPECT_TRUE(lines_become("", "operators Powers are written with ^: x^2", ""));
     person.type("txtEquation", "x^2");
-    EXPECT_TRUE(line_becomes(""));
+    EXPECT_TRUE(lines_become("", "", ""));
 }
 
 TEST(EntryDialog, ClearsEveryField)

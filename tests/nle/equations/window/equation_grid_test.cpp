@@ -44,7 +44,9 @@ public:
         const auto note = [this](const char* gesture) {
             return [this, gesture](int row) { log.push_back(gesture + (" " + std::to_string(row))); };
         };
-        QObject::connect(grid, &equation_grid::edit_asked, grid, note("edit"));
+        QObject::connect(grid, &equation_grid::edit_asked, grid, [note](int row, entry_field start) {
+            note(start == entry_field::value ? "edit the value of" : "edit")(row);
+        });
         const auto note_rows = [this](std::string gesture) {
             for (const int row : grid->selected_rows())
                 gesture += ' ' + std::to_string(row);
@@ -113,7 +115,7 @@ TEST(EquationGrid, ReportsGesturesWithTheirRowsAndNoneOfEmptyOrLockedRows)
         {"Enter", key(Qt::Key_Return), 2, "edit 2"},
         {"Enter of the number pad", key(Qt::Key_Enter, Qt::KeypadModifier), 1, "edit 1"},
         {"double click on the equation", twice(0), 3, "edit 3"},
-        {"double click on the guess", twice(1), 1, "edit 1"},
+        {"double click on the guess", twice(1), 1, "edit the value of 1"},
         {"Delete", key(Qt::Key_Delete), 3, "remove 3"},
         {"Alt+Up", key(Qt::Key_Up, Qt::AltModifier), 2, "up 2"},
         {"Alt+Down", key(Qt::Key_Down, Qt::AltModifier), 1, "down 1"},
