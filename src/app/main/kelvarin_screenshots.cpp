@@ -127,6 +127,7 @@ void take_graph(frmMDIKelvarin& window, const picture_taker& camera, const QStri
     find_control<QCheckBox>(*window.active_child(), "chkGraph").setChecked(true);
     window.action(window_command::solve)->trigger();
     wait_until([&] { return window.findChild<QWidget*>(QStringLiteral("frmGraph")) != nullptr; });
+    window.findChild<QWidget*>(QStringLiteral("frmGraph"))->parentWidget()->showMaximized();
     camera.take(window, "graph");
     window.close_all();
 }

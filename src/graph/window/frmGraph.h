@@ -63,6 +63,7 @@ private:
 
     void build_ui();
     QWidget* build_panel();
+    QWidget* build_choices();
     void build_menus();
     void build_graph_menu();
     void build_view_menu();

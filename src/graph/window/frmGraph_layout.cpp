@@ -5,10 +5,10 @@
 #include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
+#include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -48,32 +48,10 @@ QWidget* frmGraph::build_panel()
 {
     const int unit = line_unit(*this);
     auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
-    row->setSpacing(unit);
-
-    auto* choice = new QVBoxLayout;
-    choice->setSpacing(unit / 4);
-    optScatter_ = named(new QRadioButton(tr("Sca&tters")), "optScatter");
-    optScatter_->setToolTip(tr("List the curves of the data"));
-    optFunction_ = named(new QRadioButton(tr("F&unctions")), "optFunction");
-    optFunction_->setToolTip(tr("List the curves of functions of x"));
-    optScatter_->setChecked(true);
-    cmbX_ = named(new QComboBox, "cmbX");
-    cmbX_->setToolTip(tr("The column along the x axis"));
-    cmbX_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    constexpr int letters_of_name = 12;
-    cmbX_->setMinimumContentsLength(letters_of_name);
-    auto* caption = new QLabel(tr("x &axis"));
-    caption->setBuddy(cmbX_);
-    auto* axis = new QHBoxLayout;
-    axis->addWidget(caption);
-    axis->addWidget(cmbX_, 1);
-    choice->addWidget(optScatter_);
-    choice->addWidget(optFunction_);
-    choice->addLayout(axis);
-    choice->addStretch();
-    row->addLayout(choice);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(unit / 2, unit / 2, unit / 2, 0);
+    column->setSpacing(unit / 2);
+    column->addWidget(build_choices());
 
     lstCurves_ = named(new QListWidget, "lstCurves");
     lstCurves_->setAccessibleName(tr("Curves"));
@@ -81,19 +59,38 @@ QWidget* frmGraph::build_panel()
     lstCurves_->setUniformItemSizes(true);
     lstCurves_->setContextMenuPolicy(Qt::CustomContextMenu);
     lstCurves_->setFixedHeight(lines_of_list * (unit + unit / 4) + 2 * lstCurves_->frameWidth());
-    row->addWidget(lstCurves_, 1);
+    column->addWidget(lstCurves_);
+    return panel;
+}
 
-    auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(unit / 4);
+QWidget* frmGraph::build_choices()
+{
+    auto* choices = new QWidget;
+    auto* row = new wrapping_row(line_unit(*this) / 2);
+    choices->setLayout(row);
+    optScatter_ = named(new QRadioButton(tr("Sca&tters")), "optScatter");
+    optScatter_->setToolTip(tr("List the curves of the data"));
+    optFunction_ = named(new QRadioButton(tr("F&unctions")), "optFunction");
+    optFunction_->setToolTip(tr("List the curves of functions of x"));
+    optScatter_->setChecked(true);
+    row->add_together({optScatter_, optFunction_});
+
+    cmbX_ = named(new QComboBox, "cmbX");
+    cmbX_->setToolTip(tr("The column along the x axis"));
+    cmbX_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    constexpr int letters_of_name = 10;
+    cmbX_->setMinimumContentsLength(letters_of_name);
+    auto* caption = new QLabel(tr("x &axis"));
+    caption->setBuddy(cmbX_);
+    row->add_together({caption, cmbX_});
+
     cmdAddFunc_ = make_button(tr("A&dd..."), "cmdAddFunc", tr("Add a function of x"));
     cmdEditFunc_ = make_button(tr("Ed&it..."), "cmdEditFunc", tr("Edit the function"));
     cmdRemoveFunc_ = make_button(tr("Re&move"), "cmdRemoveFunc", tr("Remove the function"));
     cmdAddDerived_ = make_button(tr("&Derived curve..."), "cmdAddDerived", tr("Add a curve computed from others"));
     for (QPushButton* button : {cmdAddFunc_, cmdEditFunc_, cmdRemoveFunc_, cmdAddDerived_})
-        buttons->addWidget(button);
-    buttons->addStretch();
-    row->addLayout(buttons);
-    return panel;
+        row->addWidget(button);
+    return choices;
 }
 
 template <class Act> QAction* frmGraph::add_item(QMenu& menu, const QString& caption, const char* name, Act act)
