@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 #include <variant>
+#include <vector>
 
 namespace kelvarin
 {
@@ -36,11 +36,12 @@ std::optional<drawn_part> entry_at(const graph_drawing& drawing, drawn_point pos
 std::optional<picked_part> part_at(const graph_drawing& drawing, drawn_point position)
 {
     // What is drawn last lies on top.
-    for (const drawn_shape& shape : drawing.picture.shapes | std::views::reverse) {
-        if (const auto* const frame = std::get_if<drawn_rectangle>(&shape);
+    const std::vector<drawn_shape>& shapes = drawing.picture.shapes;
+    for (auto shape = shapes.rbegin(); shape != shapes.rend(); ++shape) {
+        if (const auto* const frame = std::get_if<drawn_rectangle>(&*shape);
             frame && frame->part.role == drawn_role::legend && frame->box.contains(position))
             return picked_part{frame->part, frame->box, entry_at(drawing, position)};
-        if (const auto* const text = std::get_if<drawn_text>(&shape);
+        if (const auto* const text = std::get_if<drawn_text>(&*shape);
             text && std::ranges::find(pickable_titles, text->part.role) != pickable_titles.end() &&
             text->box.contains(position))
             return picked_part{text->part, text->box, std::nullopt};
