@@ -72,13 +72,20 @@ double simpson_integral(const analysis_points& points, double a, double b)
     return simpson_unequal(x, y);
 }
 
+/// By one method; a <= b.
+double integral_by(const analysis_points& points, std::size_t method, double a, double b)
+{
+    if (method == 2) return simpson_integral(points, a, b);
+    const std::vector<double> y2 = spline(points.x, points.y);
+    return method == 0 ? gauss_legendre_integral(points, y2, a, b) : spline_integral(points.x, points.y, y2, a, b);
+}
+
 three_values integrals(const analysis_points& points, double from, double to)
 {
     const auto [a, b] = std::minmax({from, to});
     const double sign = to < from ? -1.0 : 1.0;
-    const std::vector<double> y2 = spline(points.x, points.y);
-    return {sign * gauss_legendre_integral(points, y2, a, b), sign * spline_integral(points.x, points.y, y2, a, b),
-            sign * simpson_integral(points, a, b)};
+    return {sign * integral_by(points, 0, a, b), sign * integral_by(points, 1, a, b),
+            sign * integral_by(points, 2, a, b)};
 }
 
 three_values values_by_all_methods(const analysis_points& points, analysis_kind kind, double x)
@@ -107,15 +114,12 @@ std::optional<message_box> refusal_of(const analysis_points& points, const analy
     if (!x_in_range(points, *at) || !x_in_range(points, *to))
         return stop_box(integrates ? "Integration range must be inside the range where x data is available."
                                    : "Independent variable value must be inside the range where x data is available.");
-    if (request.kind == analysis_kind::differentiation && points.n() < least_points_of_derivative)
-        return stop_box("At least four data points are required for this evaluation.");
-    return std::nullopt;
+    return count_refusal(points, request.kind);
 }
 
 void solve_points(const analysis_points& points, const analysis_request& request, analysis_outcome& outcome)
 {
     if (std::optional<message_box> refused = refusal_of(points, request)) return outcome.refuse(std::move(*refused));
-    if (points.n() < 2) throw runtime_failure(failure_number::subscript);
     const bool integrates = request.kind == analysis_kind::integration;
     const double at = *numeric_value(request.at);
     outcome.values = integrates ? integrals(points, at, *numeric_value(request.to))
@@ -182,6 +186,15 @@ std::optional<message_box> sort_analysis_data(analysis_points& points)
     return stop_box("Duplicate values not allowed in x vector (" + plain_text(*twice) + ").");
 }
 
+std::optional<message_box> count_refusal(const analysis_points& points, analysis_kind kind)
+{
+    if (kind == analysis_kind::differentiation && points.n() < least_points_of_derivative)
+        return stop_box("At least four data points are required for this evaluation.");
+    // The spline has no interval.
+    if (points.n() < 2) return analysis_failure_box(runtime_failure(failure_number::subscript));
+    return std::nullopt;
+}
+
 bool x_in_range(const analysis_points& points, double x)
 {
     const auto [smallest, largest] = std::ranges::minmax(points.x);
@@ -195,6 +208,7 @@ double analysis_value(const analysis_points& points, analysis_kind kind, std::si
         if (method == rational_method) return ratint(xs, ys, x).value;
         return method == 1 ? spline_value(xs, ys, x) : linear_interpolation(xs, ys, x);
     }
+    if (kind == analysis_kind::integration) return integral_by(points, method, xs.front(), x);
     if (method == 0) return standard_derivative(points, x);
     return method == 1 ? lagrange_derivative(xs, ys, x) : spline_derivative(xs, ys, spline(xs, ys), x);
 }

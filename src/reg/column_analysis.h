@@ -61,6 +61,9 @@ std::optional<message_box> sort_analysis_data(analysis_points& points);
 /// Whether x lies between the smallest and the largest x, both included.
 bool x_in_range(const analysis_points& points, double x);
 
+/// Why there are too few points for a kind of analysis.
+std::optional<message_box> count_refusal(const analysis_points& points, analysis_kind kind);
+
 struct analysis_request
 {
     analysis_kind kind = analysis_kind::interpolation;
@@ -94,8 +97,8 @@ struct analysis_outcome : run_outcome
 /// Never throws. Poles, equal results of 0 and the like are told in a box.
 analysis_outcome solve_analysis(const table_content& content, const analysis_request& request);
 
-/// One method of interpolation or differentiation at one x within the range of sorted points. Throws runtime_failure
-/// as the method does.
+/// One method at one x within the range of sorted points, of which there are enough; an integral is that from the first
+/// of them on. Throws runtime_failure as the method does.
 double analysis_value(const analysis_points& points, analysis_kind kind, std::size_t method, double x);
 
 /// "Err = 1.234E-05".

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "reg/column_analysis.h"
 
+#include "reg/analysis_drawing.h"
 #include "reg/scatter_start.h"
+#include "reg/value_table.h"
 #include "support/digits.h"
 #include "support/table.h"
 #include "support/tables.h"
@@ -152,6 +154,38 @@ TEST(ColumnAnalysis, RequestsThatCanNotBeAnsweredSayWhy)
     for (const auto& [content, kind, at, to, box] : rows)
         EXPECT_EQ(box_of(solve(content, kind, at, to)), box) << at << ' ' << to;
     EXPECT_EQ(solve_analysis(line, {interpolation, {}, 0, "1", ""}).n, 2) << "no columns";
+}
+
+TEST(ValueTable, NeedsPointsAndLeavesPolesBlank)
+{
+    // A rational function through a straight line has a pole half-way between neighbours where the line is 0.
+    table_content line = table_of({{"x", {"1", "2", "3", "4"}}, {"y", {"-1.5", "-0.5", "0.5", "1.5"}}}, {6, 2});
+    EXPECT_EQ(std::get<int>(fill_table_of_values(line, {interpolation, x_and_y, 0, "", ""}, 7)), 2);
+    EXPECT_EQ(line.columns(), 4);
+    EXPECT_EQ(line.rows(), 8) << "one row more than is filled";
+    EXPECT_EQ(cells_of(line, 2, 7), "1 1.5 2 2.5 3 3.5 4");
+    EXPECT_EQ(line.cells.text(3, 3), "");
+    EXPECT_EQ(line.cells.text(6, 3), "1.5");
+    EXPECT_EQ(std::get<int>(fill_table_of_values(line, {integration, x_and_y, 1, "", ""}, 2)), 4);
+    EXPECT_EQ(line.name(4), "x_table_2");
+    EXPECT_EQ(cells_of(line, 5, 2), "0 0");
+    const std::variant<int, message_box> few = fill_table_of_values(line, {differentiation, {2, 5}, 0, "", ""}, 5);
+    EXPECT_EQ(std::get<message_box>(few).text, "At least four data points are required for this evaluation.");
+}
+
+TEST(AnalysisDrawing, MarksDataAndPlacesOnThePage)
+{
+    analysis_points points = {{0, 1, 2, 3}, {0, 1, 8, 27}};
+    const graph_content graph = analysis_graph(points, "t", "p");
+    EXPECT_EQ(graph.curve_count(), 3u);
+    EXPECT_LE(graph.y_range.min, 0.0);
+    EXPECT_GE(graph.y_range.max, 27.0);
+    const std::vector<double> marked = {0.5, std::nan("")};
+    const drawn_picture picture = draw_analysis(graph, points, marked, {.width = 200.0, .height = 120.0});
+    std::vector<std::size_t> counts;
+    for (const drawn_shape& shape : picture.shapes)
+        if (const auto* markers = std::get_if<drawn_markers>(&shape)) counts.push_back(markers->points.size());
+    EXPECT_THAT(counts, ElementsAre(4, 1));
 }
 
 TEST(ScatterStart, TakesTheRowsInWhichAllColumnsHoldSomething)

@@ -425,10 +425,19 @@ def tide_gauge():
     return {"level": level, "a": a, "b": b}
 
 
+def indicator_diagram():
+    # The readings of the gauge are rounded from p V^1.3 = constant, whose integral is known.
+    n, p, v, end = m("1.3"), 800, m("0.5"), m("3.6")
+    return {"value": p * v / (n - 1) * (1 - (v / end) ** (n - 1))}
+
+
+indicator_diagram.arguments = ["--integrate", "0.5,3.6"]
+
+
 PROBLEMS = [gas_volume, pipe_diameter, bubble_point, cable_sag, adiabatic_flash, steam_reforming, channel_flow,
             stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever,
             bridge_circuit, plane_truss, cooling_fin, batch_reactor, satellite, vibration_absorber, enzyme_kinetics,
-            radon_progeny, least_cost_pipe, hanging_weights, tide_gauge]
+            radon_progeny, least_cost_pipe, hanging_weights, tide_gauge, indicator_diagram]
 
 
 def main():
@@ -441,6 +450,8 @@ def main():
             "source": "expected_values.py: the problem written down apart from Kelvarin, solved with 40 digits",
             "solutions": [{key: float(value) for key, value in s.items()} for s in solutions],
         }
+        if hasattr(problem, "arguments"):
+            content["arguments"] = problem.arguments
         path = pathlib.Path(__file__).with_name(name + ".json")
         path.write_text(json.dumps(content, indent=2) + "\n")
         print(name, json.dumps(content["solutions"]))
