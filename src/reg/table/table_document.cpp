@@ -264,6 +264,12 @@ void table_document::store_model_column(int column, std::string_view formula, co
     change_unsaved("Store model", std::move(next));
 }
 
+void table_document::fill_columns(table_content filled)
+{
+    recalc_all_formula_columns(filled, context_);
+    change_unsaved("Table of values", std::move(filled));
+}
+
 void table_document::load_sample_table(int index, std::uint32_t seed)
 {
     table_content sample = table_sample(index, content(), seed);

@@ -79,6 +79,9 @@ public:
     /// the others stay. The formula may be empty.
     void store_model_column(int column, std::string_view formula, const std::vector<std::string>& cells);
 
+    /// Takes over this table with free columns filled, as one step; formula columns follow.
+    void fill_columns(table_content filled);
+
     /// Replaces the table by an example as one step of undo; the document has no file afterwards and counts as saved.
     void load_sample_table(int index, std::uint32_t seed);
 

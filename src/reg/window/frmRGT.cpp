@@ -322,11 +322,20 @@ table_page* frmRGT::page_in_front() const
     return page_of_tab_[static_cast<std::size_t>(std::max(sstMainTable_->currentIndex(), 0))];
 }
 
+/// Pages differ in height; only the one in front counts, so that the grid gets the rest.
+void frmRGT::show_page(int page)
+{
+    for (int i = 0; i < pages_->count(); ++i)
+        pages_->widget(i)->setSizePolicy(QSizePolicy::Preferred,
+                                         i == page ? QSizePolicy::Maximum : QSizePolicy::Ignored);
+    pages_->setCurrentIndex(page);
+}
+
 void frmRGT::sstMainTable_Click(int page)
 {
     take_over_typing();
     const bool alone = page == 0;
-    pages_->setCurrentIndex(page);
+    show_page(page);
     cmdSolve_->setVisible(!alone);
     for (const QMenu* menu : table_menus_)
         menu->menuAction()->setVisible(alone);

@@ -60,6 +60,7 @@ protected:
 private:
     void build_ui();
     void build_tabs(QBoxLayout& column);
+    table_page* build_analysis_page();
     QWidget* build_line();
     QStatusBar* build_status();
     void build_table_menus();
@@ -69,6 +70,7 @@ private:
     QMenu* build_columns_menu();
     QMenu* build_align_menu();
     QMenu* build_format_menu();
+    QMenu* build_matrix_menu();
     QMenu* build_samples_menu();
     QMenu* build_cell_menu();
     void connect_controls();
@@ -110,6 +112,7 @@ private:
     void choose_colour(bool back);
     void limit_commands(bool limited);
 
+    void show_page(int page);
     void sstMainTable_Click(int page);
     table_page* page_in_front() const;
 

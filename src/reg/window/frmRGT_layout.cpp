@@ -10,6 +10,7 @@
 #include "reg/window/analysis_page.h"
 #include "reg/window/cell_line.h"
 #include "reg/window/frmRGT.h"
+#include "reg/window/matrix_menu.h"
 #include "reg/window/regression_page.h"
 #include "reg/window/scatter_page.h"
 #include "reg/window/table_grid.h"
@@ -59,13 +60,26 @@ void frmRGT::build_tabs(QBoxLayout& column)
 
     pages_ = named(new QStackedWidget, "pages");
     pages_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    page_of_tab_ = {nullptr, new regression_page(table_), new analysis_page(table_), new scatter_page(table_)};
+    page_of_tab_ = {nullptr, new regression_page(table_), build_analysis_page(),
+                    new scatter_page(context(), table_, *this)};
     const QStringList captions = {tr("Table"), tr("Regression"), tr("Analysis"), tr("Graph")};
     for (std::size_t i = 0; i < page_of_tab_.size(); ++i) {
         sstMainTable_->addTab(captions[static_cast<qsizetype>(i)]);
         pages_->addWidget(page_of_tab_[i] ? page_of_tab_[i] : build_line());
     }
+    show_page(0);
     column.addWidget(pages_);
+}
+
+table_page* frmRGT::build_analysis_page()
+{
+    auto* page = new analysis_page(context(), table_);
+    connect(page, &analysis_page::solve_asked, this, &frmRGT::solve);
+    connect(page, &analysis_page::table_filled, this, [this](int column) {
+        document_changed();
+        grdMain_->set_current_cell(0, column);
+    });
+    return page;
 }
 
 QWidget* frmRGT::build_line()
@@ -119,7 +133,8 @@ void frmRGT::build_table_menus()
 {
     build_file_menu();
     build_edit_menu();
-    table_menus_ = {edit_menu(), build_rows_menu(), build_columns_menu(), build_align_menu(), build_format_menu()};
+    table_menus_ = {edit_menu(),        build_rows_menu(),   build_columns_menu(),
+                    build_align_menu(), build_format_menu(), build_matrix_menu()};
     samples_menu_ = build_samples_menu();
     cell_menu_ = build_cell_menu();
     for (const QMenu* menu : {edit_menu(), cell_menu_}) {
@@ -211,6 +226,16 @@ QMenu* frmRGT::build_format_menu()
         QAction* item = menu->addAction(QLatin1String(mask), this, [this, mask] { format_selection(mask); });
         item->setObjectName(QStringLiteral("mnuFormatItem_%1").arg(index++));
     }
+    return menu;
+}
+
+QMenu* frmRGT::build_matrix_menu()
+{
+    auto* menu = new matrix_menu(context(), table_, *this, [this] {
+        take_over_typing();
+        return grdMain_->selected_block();
+    });
+    connect(menu, &matrix_menu::told, this, [this](const QString& text) { lblHint_->show_text(text); });
     return menu;
 }
 
