@@ -65,7 +65,7 @@ QWidget* analysis_page::build_columns()
     const auto add_list = [&](const QString& caption, const char* name) {
         auto* list = named(new QComboBox, name);
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(8);
+        list->setMinimumContentsLength(6);
         auto* label = new QLabel(caption);
         label->setBuddy(list);
         row->addWidget(label);
@@ -73,8 +73,8 @@ QWidget* analysis_page::build_columns()
         connect(list, &QComboBox::currentIndexChanged, this, &analysis_page::columns_changed);
         return list;
     };
-    cmbDepVar_ = add_list(tr("Dependent variable"), "cmbDepVar");
-    cmbIndepVar_ = add_list(tr("Independent variable"), "cmbIndepVar");
+    cmbDepVar_ = add_list(tr("Dependent"), "cmbDepVar");
+    cmbIndepVar_ = add_list(tr("Independent"), "cmbIndepVar");
     lblN_ = plain_label("lblN");
     row->addWidget(lblN_);
     row->addStretch(1);
@@ -106,7 +106,7 @@ QHBoxLayout* analysis_page::add_request(const QString& caption)
 
 QLineEdit* analysis_page::add_value(QHBoxLayout& row, const QString& caption, const char* name)
 {
-    constexpr int digits = 12;
+    constexpr int digits = 9;
     auto* field = named(new QLineEdit, name);
     field->setAccessibleName(caption);
     field->setFont(fixed_font(*this));
@@ -131,7 +131,7 @@ QComboBox* analysis_page::add_methods(QHBoxLayout& row, analysis_kind kind, cons
 
 QLineEdit* analysis_page::add_result(QHBoxLayout& row, QLabel* label, const char* name)
 {
-    constexpr int digits = 12;
+    constexpr int digits = 9;
     auto* field = named(new QLineEdit, name);
     field->setAccessibleName(tr("Result"));
     field->setReadOnly(true);

@@ -19,7 +19,7 @@ constexpr double points_per_pixel = 0.75;
 
 analysis_plot::analysis_plot(QWidget* parent) : QWidget(parent)
 {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
 
 void analysis_plot::show_points(const analysis_points& points, const std::string& x_name, const std::string& y_name)
@@ -39,6 +39,11 @@ void analysis_plot::show_marks(std::vector<double> marked)
 QSize analysis_plot::sizeHint() const
 {
     return QSize(20, 11) * line_unit(*this);
+}
+
+QSize analysis_plot::minimumSizeHint() const
+{
+    return QSize(11, 8) * line_unit(*this);
 }
 
 void analysis_plot::paintEvent(QPaintEvent*)

@@ -26,6 +26,7 @@ public:
     bool is_empty() const { return points_.n() < 2; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
