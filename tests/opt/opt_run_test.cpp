@@ -90,6 +90,30 @@ TEST(OptRun, WhatEndsARunIsABox)
                     .text.starts_with("Explicit expression # 2\r"));
 }
 
+TEST(OptRun, EndingsThatAreNoMinimum)
+{
+    // Two kinks, which no gradient of differences of 5 tells; a valley that is too long for 200 iterations.
+    settings store;
+    ASSERT_FALSE(store.set_value("opt_cg_eps", "0"));
+    ASSERT_FALSE(store.set_value("opt_cg_MAXITER", "300"));
+    const opt_content kinks = target_of("abs(x)+abs(y-1)", {"x(0) = 3", "y(0) = 7"});
+    EXPECT_EQ(run_of(kinks, store).ending, conmin_ending::line_search_failed);
+    EXPECT_EQ(run_of(opt_samples()[2]).ending, conmin_ending::converged);
+    const opt_content valley = target_of("1000*(y-x^2)^2+(1-x)^2", {"x(0) = -100", "y(0) = 1"}, opt_method::dfpmin);
+    EXPECT_EQ(run_of(valley).boxes.front().text, "too many iterations in dfpmin");
+    const opt_outcome line = run_of(target_of("3-x", {"x(0) = 1"}));
+    EXPECT_EQ(line.boxes.front().text, "Division by zero");
+}
+
+TEST(OptRun, AWishToStopIsNoFailure)
+{
+    recording_listener listener;
+    listener.ask_to_stop();
+    const opt_outcome outcome = run_opt({opt_samples()[0], {}}, settings(), fixed_clock(), listener);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_EQ(outcome.boxes.front().text, "Solution stopped.");
+}
+
 TEST(OptRun, AFailedDifferenceIsNamed)
 {
     // The start is inside the domain, a difference of 5 is not.
@@ -171,6 +195,22 @@ TEST(OptReport, TellsTheEndingAndAllBlocks)
     const opt_content bare = target_of("(x-1)^2", {"x(0) = 3"}, opt_method::dfpmin);
     test::expect_golden("opt/bare.rtf",
                         test::by_lines(opt_report({bare, {}}, run_of(bare), settings(), {2026, 1, 2}, false)));
+}
+
+TEST(OptReport, HasWordsForEachEnding)
+{
+    const opt_content content = target_of("(x-1)^2", {"x(0) = 3"});
+    opt_outcome outcome = run_of(content);
+    for (const auto& [ending, line] : test::table<conmin_ending, std::string>{
+             {conmin_ending::converged, ""},
+             {conmin_ending::too_many_rounds, "{\\cf3\\b  E: Maximum number of function evaluations.}\\par "},
+             {conmin_ending::line_search_failed, "{\\cf3\\b  E: Linear search failure.}\\par "},
+             {conmin_ending::no_descent_direction, "{\\cf3\\b  E: Search vector failure.}\\par "}}) {
+        outcome.ending = ending;
+        const std::string report = opt_report({content, {}}, outcome, settings(), {2026, 1, 2});
+        EXPECT_NE(report.find("OPT Solution }\\par " + line + "{\\cf1\\f6  {\\ul Variable}"), std::string::npos)
+            << line;
+    }
 }
 
 TEST(OptGraph, HasThePointsWhereTheTargetHasAValue)

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "kinds/kinds.h"
+#include "opt/opt_analysis.h"
+#include "opt/opt_file.h"
+#include "opt/opt_graph.h"
+#include "opt/opt_listing.h"
+#include "opt/opt_recovery.h"
+#include "opt/opt_report.h"
+#include "opt/opt_run.h"
+#include "platform/text_file.h"
+#include "promise.h"
+#include "shell/document/recognition.h"
+#include "shell/report/rich_text.h"
+#include "shell/settings.h"
+
+#include <cmath>
+#include <string>
+
+namespace
+{
+
+/// Runs are cut short: the promise is that they end without harm, not what they find.
+class impatient_listener final : public kelvarin::run_listener
+{
+public:
+    void fraction_done(double fraction) override
+    {
+        kelvarin::fuzz::promise(fraction <= 1.0, "no more than all is done");
+    }
+    bool stop_asked() const override { return ++questions_ > 2000; }
+
+private:
+    mutable int questions_ = 0;
+};
+
+void check_saving(const kelvarin::opt_content& content)
+{
+    using namespace kelvarin;
+    using fuzz::promise;
+    const std::string written = write_opt(content);
+    const auto again = read_opt(written);
+    promise(again.has_value(), "what was written can be read");
+    promise(again == content, "a saved problem comes back the same");
+    promise(write_opt(*again) == written, "saving twice writes the same");
+    promise(read_opt_recovery(opt_recovery_text(content)) == content, "recovery keeps everything");
+}
+
+} // namespace
+
+/// Any file is read or refused; what is read can be analysed, listed, run and drawn, and once written comes back the
+/// same.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size)
+{
+    using namespace kelvarin;
+    using fuzz::promise;
+    const std::string text = to_utf8(std::string_view(reinterpret_cast<const char*>(bytes), size));
+    recognise_document("fuzz.kvr", text, problem_kinds());
+
+    auto content = read_opt(text);
+    if (!content) return 0;
+    const opt_analysis analysis = analyse_opt(*content);
+    promise(analysis.green || !red_light_boxes(analysis).empty(), "a red problem says why");
+    promise(!plain_text_of(read_rich_text(rich_text_document(show_all_vars(*content)))).empty(), "a listing has lines");
+    promise(!opt_listing(*content, "fuzz.kvr").empty(), "a printed listing has lines");
+    check_saving(*content);
+
+    const fixed_clock clock;
+    const settings store;
+    for (std::size_t method = 0; method < opt_method_items.size(); ++method) {
+        content->method = static_cast<opt_method>(method);
+        impatient_listener listener;
+        const opt_run_problem problem = {*content, "fuzz.kvr"};
+        const opt_outcome outcome = run_opt(problem, store, clock, listener);
+        promise(analysis.green || !outcome.has_report, "a red problem does not run");
+        promise(outcome.has_report || !outcome.boxes.empty(), "a run without a report says why");
+        if (!outcome.has_report) continue;
+        for (const double x : outcome.x)
+            promise(std::isfinite(x), "results are finite");
+        promise(!plain_text_of(read_rich_text(opt_report(problem, outcome, store, clock.today()))).empty(),
+                "a report can be read");
+        impatient_listener patient;
+        try {
+            opt_graph_start(*content, outcome, 1, patient);
+        } catch (const run_stopped&) {
+        }
+    }
+    return 0;
+}
