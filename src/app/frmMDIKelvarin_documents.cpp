@@ -192,7 +192,7 @@ void frmMDIKelvarin::open_problem(const problem_window_kind& kind, const std::fi
 void frmMDIKelvarin::open_example(const std::filesystem::path& path)
 {
     const text_file file = read_text_file(path);
-    const problem_kind* kind = file.ok() ? kind_of_lines(file.text) : nullptr;
+    const problem_kind* kind = file.ok() ? recognise_document(path.string(), file.text, problem_kinds()).kind : nullptr;
     if (!kind) return show_message(open_error);
     if (problem_window* window = new_window(*kind_of_row(kind)); window && !window->open_example(path))
         window->close_with_frame();

@@ -5,6 +5,7 @@
 #include "kinds/kinds.h"
 #include "leq/window/frmLEQ.h"
 #include "nle/window/frmNLE.h"
+#include "opt/window/frmOPT.h"
 #include "reg/window/frmRGT.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ constexpr std::array<window_factory, 5> factories{{{"leq", window_command::new_l
                                                    {"nle", window_command::new_nle, make_window<frmNLE>},
                                                    {"deq", window_command::new_deq, make_window<frmDEQ>},
                                                    {"reg", window_command::new_reg, make_window<frmRGT>},
-                                                   {"opt", window_command::new_opt}}};
+                                                   {"opt", window_command::new_opt, make_window<frmOPT>}}};
 
 std::vector<problem_window_kind> kinds_with_windows()
 {

@@ -167,7 +167,12 @@ void start_page::show_recent_files()
         const std::string name = "cmdRecent_" + std::to_string(i + 1);
         QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->key), caption, name.c_str());
         row->setToolTip(tip_text(path_text(path)));
-        connect(row, &QToolButton::clicked, this, [this, path] { emit document_chosen(path); });
+        connect(row, &QToolButton::clicked, this, [this, path, kind = files[i].kind] {
+            if (kind->row->opened_by_own_windows)
+                emit problem_chosen(kind, path);
+            else
+                emit document_chosen(path);
+        });
         recent_rows_.append(row);
     }
     if (files.empty()) {

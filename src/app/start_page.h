@@ -14,6 +14,8 @@ class QToolButton;
 namespace kelvarin
 {
 
+struct problem_window_kind;
+
 /// Fills the main window while no child is open: new problems, recent files, examples.
 class start_page : public QScrollArea
 {
@@ -26,6 +28,8 @@ public:
 
 signals:
     void document_chosen(const std::filesystem::path& path);
+    /// A recent file of a kind whose files its own windows open.
+    void problem_chosen(const problem_window_kind* kind, const std::filesystem::path& path);
     void example_chosen(const std::filesystem::path& path);
 
 protected:

@@ -89,7 +89,11 @@ void problem_window::show_recent_files()
 
 void problem_window::open_recent_file(std::size_t index)
 {
-    if (index < recent_files_.size()) context().frame.open_document(recent_files_[index]);
+    if (index >= recent_files_.size()) return;
+    if (kind_->opened_by_own_windows)
+        open(std::filesystem::path(recent_files_[index]));
+    else
+        context().frame.open_document(recent_files_[index]);
 }
 
 void problem_window::remember_file()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "opt/opt_graph.h"
 
+#include "opt/opt_system.h"
+
 #include <algorithm>
 #include <string>
 #include <utility>

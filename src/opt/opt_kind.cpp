@@ -3,9 +3,11 @@
 
 #include "opt/opt_content.h"
 #include "opt/opt_file.h"
+#include "opt/opt_problem.h"
 #include "opt/opt_samples.h"
 
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace kelvarin
@@ -43,7 +45,6 @@ const problem_kind& opt_kind()
         .window_name = "frmOPT",
         .caption = "Minima Maxima Solver",
         .recent_suffix = "\\files_opt",
-        .missing_text = "Optimization problems have no window in this version; kelvarin-solve solves them.",
         .open_filter = problem_open_filter,
         .save_filter = problem_open_filter,
         .unsaved_on_close = problem_unsaved_on_open,
@@ -51,7 +52,8 @@ const problem_kind& opt_kind()
         .opened_by_own_windows = true,
         .claims = is_opt_file,
         .methods = methods,
-        .example_titles = example_titles};
+        .example_titles = example_titles,
+        .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<opt_problem>(); }};
     return kind;
 }
 

@@ -3,6 +3,7 @@
 
 #include "numeric/minimize/NR_OptDFPMIN.h"
 #include "opt/opt_analysis.h"
+#include "opt/opt_system.h"
 #include "platform/runtime_failure.h"
 
 #include <string_view>

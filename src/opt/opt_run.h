@@ -3,7 +3,7 @@
 
 #include "numeric/minimize/NR_OPT.h"
 #include "opt/opt_content.h"
-#include "opt/opt_system.h"
+#include "opt/opt_points.h"
 #include "platform/clock.h"
 #include "platform/run_listener.h"
 #include "shell/document/run_outcome.h"

@@ -7,6 +7,7 @@
 #include "nle/equations/explicit_equations.h"
 #include "numeric/minimize/objective.h"
 #include "opt/opt_content.h"
+#include "opt/opt_points.h"
 #include "platform/message_box.h"
 #include "platform/run_listener.h"
 
@@ -21,21 +22,6 @@
 
 namespace kelvarin
 {
-
-/// A point at which a minimizer evaluated the target, gradients apart.
-struct target_point
-{
-    std::vector<double> x;
-    double f = 0.0;
-};
-
-/// A difference of the gradient that could not be evaluated: at `point` with `offset` added to one variable.
-struct failed_difference
-{
-    std::size_t variable = 0;
-    double point = 0.0;
-    double offset = 0.0;
-};
 
 /// The equations of one run: the target of a problem as a function of the variables with a start value. Explicit
 /// variables are computed in sorted order at each evaluation. Where several rows define a name, the first start value

@@ -4,6 +4,7 @@
 #include "numeric/linear/matrix.h"
 #include "numeric/linear/symmetric_eigen.h"
 #include "numeric/vector_sums.h"
+#include "opt/opt_system.h"
 #include "platform/runtime_failure.h"
 
 #include <algorithm>

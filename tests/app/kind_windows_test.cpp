@@ -33,7 +33,7 @@ struct kind_words
     /// The item that puts an example in place of the problem, and its menu.
     const char* example_menu;
     const char* example;
-    /// A problem file, and the same in the older format.
+    /// A problem file, and the same in the older format; null if there is none.
     const char* file;
     const char* older_file;
 };
@@ -48,6 +48,8 @@ const kind_words all_words[] = {
     {"deq", "Ordinary Differential Equations Solver", "DEQ Problem not saved. Do you want to save it before closing ?",
      "E&xamples", "mnuSample1", "mine |KVRVER05_0\r\nd(y)/d(t) = -y #\r\nt(0)=0\r\ny(0)=1\r\nt(f)=1\r\n",
      "d(y)/d(t) = -y\r\nt(0)=0\r\ny(0)=1\r\nt(f)=1\r\n"},
+    {"opt", "Minima Maxima Solver", "Problem not saved. Do you wish to save it now ?", "E&xamples", "mnuSample1",
+     "mine\r\nx^2\r\nx(0) = 1 #\r\n", nullptr},
 };
 
 /// A window of the kind with a problem that has no file.
@@ -105,6 +107,7 @@ TEST(KindsOfWindows, AskInTheirOwnWordsBeforeAnythingUnsavedIsLost)
 TEST(KindsOfWindows, WriteTheirFilesAndTheOlderOnesAfterAQuestion)
 {
     for (const kind_words& kind : all_words) {
+        if (!kind.older_file) continue;
         SCOPED_TRACE(kind.key);
         kind_desk desk(kind);
         desk.user.expect_question(on_open, user_answer::no);
@@ -134,6 +137,8 @@ TEST(KindsOfWindows, PassFilesOfOtherKindsOn)
 {
     for (std::size_t i = 0; i < std::size(all_words); ++i) {
         SCOPED_TRACE(all_words[i].key);
+        // Almost any text could be an optimization problem: its window takes what it is given.
+        if (kind_of_key(all_words[i].key)->row->opened_by_own_windows) continue;
         kind_desk desk(all_words[i]);
         const auto open = [&](const std::filesystem::path& file) {
             desk.user.expect_file(chosen_file{file, 1});

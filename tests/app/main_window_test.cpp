@@ -63,21 +63,6 @@ TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
     EXPECT_EQ(desk.window->count_problem_windows().all, 4);
 }
 
-TEST(MainWindow, SaysOfKindsWithoutAWindowThatTheyAreMissing)
-{
-    main_desk desk;
-    for (const auto& [which, text] : table<window_command, const char*>{
-             {window_command::new_opt,
-              "Optimization problems have no window in this version; kelvarin-solve solves them."}}) {
-        SCOPED_TRACE(text);
-        desk.user.expect_box(text);
-        desk.run(which);
-        EXPECT_TRUE(desk.user.is_done());
-        EXPECT_EQ(desk.user.boxes().back().icon, box_icon::exclamation);
-    }
-    EXPECT_TRUE(desk.children().empty());
-}
-
 TEST(MainWindow, TheMenusOfTheWindowInFrontTakeTheBar)
 {
     main_desk desk;

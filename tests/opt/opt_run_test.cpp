@@ -2,6 +2,7 @@
 #include "opt/opt_graph.h"
 #include "opt/opt_report.h"
 #include "opt/opt_samples.h"
+#include "opt/opt_system.h"
 #include "support/golden.h"
 #include "support/opt_problems.h"
 #include "support/table.h"

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+// Whole ways through the window of optimization problems, as a person takes them.
+
+#include "opt/window/frmOPT.h"
+#include "support/equation_desk.h"
+#include "support/table.h"
+#include "support/window_walk.h"
+
+#include <gmock/gmock.h>
+
+#include <QPlainTextEdit>
+#include <QTextBrowser>
+
+namespace
+{
+
+using namespace kelvarin;
+using kelvarin::test::dialog_in_front;
+using kelvarin::test::robot;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct opt_desk : test::equation_desk<frmOPT>
+{
+    opt_desk() : equation_desk({"grdOPT", "stbOPT", {"cmdNewStart", "frmOptRow"}, {"cmdNewEquation", "frmOptRow"}}) {}
+
+    /// Adds a row through its dialog.
+    void add(const char* button, const std::string& variable, const std::string& text, const std::string& comment = {})
+    {
+        person.click(button);
+        const robot dialog(dialog_in_front("frmOptRow"));
+        dialog.type("txtVar", variable);
+        dialog.type("txtEquation", text);
+        dialog.type("txtComment", comment);
+        dialog.click("cmdDone");
+        to_front();
+    }
+    void type_target(const std::string& target)
+    {
+        robot::press(Qt::Key_G, Qt::AltModifier);
+        robot::press(Qt::Key_A, Qt::ControlModifier);
+        robot::keys(target);
+    }
+};
+
+const std::string bowl_file = "Bowl\r\n(x-h)^2+1\r\nx(0) = 5 #from here\r\nh = 2 #\r\n";
+
+TEST(OptimizationWindow, MakesAndSolvesAProblemFromNothingAndKeepsItInAFile)
+{
+    opt_desk desk;
+    desk.type_target("(x-h)^2+1");
+    desk.add("cmdNewStart", "x", "5", "from here");
+    EXPECT_EQ(desk.third_panel(), "Undefined Variable: h");
+    desk.add("cmdNewEquation", "h", "2");
+    desk.set_title("Bowl");
+    desk.person.choose("cmbMethod", "Quasi-Newton");
+    frmSolution& report = desk.solve_by_key();
+    EXPECT_THAT(report.windowTitle().toStdString(), HasSubstr("Optimization Solution #"));
+    for (const char* part : {"Bowl\n", "OPT Report (Quasi-Newton)", "\n x           5            2", "from here"})
+        EXPECT_THAT(report.plain_text(), HasSubstr(part));
+    desk.to_front();
+    EXPECT_THAT(desk.person.text("lblCard"), testing::StartsWith("minimum: gradient "));
+    desk.user.expect_file(chosen_file{desk.folder / "made.kvr", 1});
+    robot::press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(desk.folder.read("made.kvr"), bowl_file);
+    EXPECT_TRUE(desk.open_again("made.kvr").document().problem_saved());
+}
+
+TEST(OptimizationWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
+{
+    opt_desk desk;
+    const auto faults = [&] { return test::faults_of(desk.window, desk.window.menus()); };
+    EXPECT_THAT(faults(), IsEmpty());
+    EXPECT_EQ(desk.person.text("lblMissing"), "Add an equation to begin.");
+    desk.add("cmdNewStart", "x", "5");
+    EXPECT_EQ(desk.person.text("lblMissing"), "Enter the target function.");
+    desk.type_target("x+");
+    EXPECT_THAT(desk.person.text("lblMissing"), HasSubstr("Target Function Error. Syntax Error: "));
+    EXPECT_FALSE(desk.person.is_shown("cmdRun"));
+    robot::keys("x^2");
+    EXPECT_TRUE(desk.person.is_shown("cmdRun"));
+    EXPECT_EQ(desk.person.text("lblTraffic"), "ready");
+    EXPECT_EQ(desk.person.find<QPlainTextEdit>("txtTarget").toPlainText(), QStringLiteral("x+x^2"));
+    EXPECT_THAT(faults(), IsEmpty());
+
+    // What is typed into the field is one step, and its keys undo the problem.
+    robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(desk.content().target, "");
+    robot::press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(desk.content().target, "x+x^2");
+
+    // Two definitions are no reason to be red, but are named.
+    desk.open_text("Twice\nx\nx(0)=1\nx = 2\n");
+    EXPECT_TRUE(desk.person.is_shown("cmdRun"));
+    EXPECT_EQ(desk.third_panel(), "Variable defined more than once: x");
+}
+
+TEST(OptimizationWindow, RowsAreCheckedInTheirDialogAndChangeTheirForm)
+{
+    opt_desk desk;
+    desk.open_text("Rows\nx+a\nx(0)=1 #c\na = 2\n");
+    const robot dialog = [&] {
+        desk.grid().set_current_row(1);
+        desk.person.click("cmdEdit");
+        return robot(dialog_in_front("frmOptRow"));
+    }();
+    EXPECT_EQ(dialog.text("txtVar"), "x");
+    EXPECT_EQ(dialog.text("txtComment"), "c");
+    dialog.type("txtEquation", "one");
+    desk.user.expect_box("<one> is not a valid number.");
+    dialog.click("cmdDone");
+    dialog.type("txtVar", "a");
+    desk.user.expect_box("The variable <a> has been already defined in equation 2.");
+    dialog.click("cmdDone");
+    dialog.type("txtVar", "x");
+    dialog.type("txtEquation", "2*a");
+    dialog.click("chkVaried");
+    dialog.click("cmdDone");
+    EXPECT_THAT(desk.equations(), ElementsAre("x = 2*a", "a = 2"));
+    EXPECT_EQ(desk.content().rows[0].comment, "c");
+}
+
+TEST(OptimizationWindow, ExamplesTraceAndFailuresOfARun)
+{
+    opt_desk desk;
+    desk.choose("Examples", "mnuSample2");
+    EXPECT_EQ(desk.content().title, "Sample problem 2");
+    EXPECT_FALSE(robot::item_of(desk.menu("Solution"), "mnuTrace")->isEnabled());
+    desk.solve_by_key();
+    desk.to_front();
+    EXPECT_THAT(desk.person.text("lblCard"), testing::StartsWith("unbounded: "));
+    desk.choose("Solution", "mnuTrace");
+    EXPECT_THAT(dialog_in_front("frmMsg").findChild<QTextBrowser*>()->toPlainText().toStdString(),
+                HasSubstr("1      1          "));
+    robot::press(Qt::Key_Escape);
+    desk.to_front();
+
+    desk.open_text("Edge\ny^2-ln(x)\ny(0)=1\nx(0)=1\n");
+    EXPECT_FALSE(desk.person.is_shown("lblCard"));
+    desk.user.expect_box("Error: ln() of negative number not allowed.\rln(x)");
+    desk.run_by_mouse();
+    EXPECT_THAT(desk.person.text("lblCard"), HasSubstr("at x = 1 with a step of -5 the target has no value"));
+    desk.type_target("y^2-x");
+    EXPECT_FALSE(desk.person.is_shown("lblCard")) << "what was said holds for the problem as it was";
+}
+
+TEST(OptimizationWindow, OpensItsFilesAndRecentFilesItself)
+{
+    opt_desk desk;
+    const auto open = [&](const std::filesystem::path& file) {
+        desk.user.expect_file(chosen_file{file, 1});
+        desk.choose("File", "mnuOpen");
+    };
+    open(desk.folder.write("bowl.kvr", bowl_file));
+    EXPECT_EQ(desk.content().title, "Bowl");
+    EXPECT_EQ(desk.window.document().printed_listing(),
+              "Kelvarin OPT Program\nFile: bowl.kvr\n\nTrget Function:\n(x-h)^2+1\n\n[1] x(0) = 5\n    from here\n"
+              "[2] h = 2\n");
+    open(desk.folder.write("other.kvr", "Other\nx\nx(0)=1\n"));
+    desk.choose("File", "mnuFileItem_2");
+    EXPECT_EQ(desk.content().title, "Bowl");
+    EXPECT_THAT(desk.frame.opened(), IsEmpty());
+    desk.user.expect_box("Error while trying to open file (The file is empty.)");
+    open(desk.folder.write("empty.kvr", ""));
+}
+
+} // namespace
