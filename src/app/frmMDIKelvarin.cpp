@@ -103,8 +103,8 @@ void frmMDIKelvarin::connect_parts()
     connect(field_, &focused_field::changed, this, &frmMDIKelvarin::refresh_commands);
     connect(start_page_, &start_page::document_chosen, this, &frmMDIKelvarin::open_document);
     connect(start_page_, &start_page::problem_chosen, this,
-            [this](const problem_window_kind* kind, const std::filesystem::path& path) {
-                open_problem(*kind, path, false);
+            [this](const problem_kind* kind, const std::filesystem::path& path) {
+                open_problem(*kind_of_row(kind), path, false);
             });
     connect(start_page_, &start_page::example_chosen, this, &frmMDIKelvarin::open_example);
     connect(tools_.get(), &tool_windows::settings_changed, this, &frmMDIKelvarin::apply_settings);

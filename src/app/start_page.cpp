@@ -168,7 +168,7 @@ void start_page::show_recent_files()
         QToolButton* row = add_row(*recent_column_, program_icon(files[i].kind->key), caption, name.c_str());
         row->setToolTip(tip_text(path_text(path)));
         connect(row, &QToolButton::clicked, this, [this, path, kind = files[i].kind] {
-            if (kind->row->opened_by_own_windows)
+            if (kind->opened_by_own_windows)
                 emit problem_chosen(kind, path);
             else
                 emit document_chosen(path);

@@ -14,7 +14,7 @@ class QToolButton;
 namespace kelvarin
 {
 
-struct problem_window_kind;
+struct problem_kind;
 
 /// Fills the main window while no child is open: new problems, recent files, examples.
 class start_page : public QScrollArea
@@ -29,7 +29,7 @@ public:
 signals:
     void document_chosen(const std::filesystem::path& path);
     /// A recent file of a kind whose files its own windows open.
-    void problem_chosen(const problem_window_kind* kind, const std::filesystem::path& path);
+    void problem_chosen(const problem_kind* kind, const std::filesystem::path& path);
     void example_chosen(const std::filesystem::path& path);
 
 protected:

@@ -67,10 +67,12 @@ TEST_F(Optimization, JsonHoldsTheMinimum)
 TEST_F(Optimization, RefusalsAndTheirStatus)
 {
     folder.write("none.kvr", "None\n2\na = 1\n");
+    folder.write("three.kvr", "Three\nx+y+z\nx(0)=1\ny(0)=1\nz(0)=1\n");
     const test::table<keys, int, std::string> rows = {
         {{"red.kvr"}, 1, "Undefined Variable: q\n"},
         {{"--kind", "opt", "none.kvr"}, 1, "Initialized Target Variables: 0\n"},
         {{"--graph", "a.kvg", "bowl.kvr"}, 2, "Only a target of one variable has a graph.\n"},
+        {{"--plot", "a.svg", "three.kvr"}, 2, "Only a target of one or two variables has a picture.\n"},
         {{"--method", "STIFF", "bowl.kvr"}, 2, "--method: there is no method 'STIFF'.\n"},
         {{"--csv", "a.csv", "bowl.kvr"}, 2, "--csv: not an option of problems of the kind opt.\n"}};
     for (const auto& [arguments, status, text] : rows) {
@@ -100,6 +102,14 @@ TEST_F(Optimization, TheTargetOfOneVariableIsDrawn)
     const auto graph = read_graph(folder.read("a.kvg"));
     ASSERT_TRUE(graph);
     EXPECT_EQ(graph->x_title, "x");
+}
+
+TEST_F(Optimization, TheTargetOfTwoVariablesHasContoursAndAPath)
+{
+    EXPECT_EQ(call({"--plot", "b.svg", "bowl.kvr"}).status, 0);
+    const std::string picture = folder.read("b.svg");
+    for (const char* part : {"function-0", "function-5", "class=\"curve curve-0\"", ">iterations<", ">x<", ">y<"})
+        EXPECT_THAT(picture, HasSubstr(part));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "opt/opt_graph.h"
+#include "opt/opt_map.h"
 #include "opt/opt_report.h"
 #include "opt/opt_samples.h"
 #include "opt/opt_system.h"
@@ -9,7 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <variant>
 
 namespace kelvarin
 {
@@ -228,7 +232,43 @@ TEST(OptGraph, HasThePointsWhereTheTargetHasAValue)
     EXPECT_NEAR(start->columns[0].values.front(), 17.5, 1e-6);
     EXPECT_NEAR(start->columns[0].values.back(), 32.5, 1e-6);
     EXPECT_NEAR(start->columns[1].values.back(), 156.25, 1e-4);
+    EXPECT_FALSE(opt_map_of(content, outcome, listener));
     EXPECT_FALSE(opt_graph_start(opt_samples()[0], run_of(opt_samples()[0]), 1, listener));
+}
+
+TEST(OptMap, ContoursLieWhereTheTargetHasTheirValue)
+{
+    recording_listener listener;
+    const opt_content content = target_of("(x-1)^2+4*(y-2)^2", {"x(0) = 6", "y(0) = 5"});
+    const opt_outcome outcome = run_of(content);
+    const auto map = opt_map_of(content, outcome, listener);
+    ASSERT_TRUE(map);
+    EXPECT_EQ(map->way.front(), (std::array{6.0, 5.0}));
+    EXPECT_NEAR(map->way.back()[0], 1.0, 1e-8);
+    EXPECT_TRUE(std::ranges::is_sorted(map->levels));
+    EXPECT_FALSE(opt_map_of(opt_samples()[0], run_of(opt_samples()[0]), listener));
+
+    const drawn_picture picture = draw_opt_map(*map, settings());
+    drawn_box plot;
+    for (const drawn_shape& shape : picture.shapes)
+        if (const auto* ground = std::get_if<drawn_rectangle>(&shape);
+            ground && ground->part.role == drawn_role::ground)
+            plot = ground->box;
+    const axis_mapping mapping(map->x, map->y, plot);
+    int contours = 0;
+    for (const drawn_shape& shape : picture.shapes) {
+        const auto* path = std::get_if<drawn_path>(&shape);
+        if (!path || path->part.role != drawn_role::function) continue;
+        const double level = map->levels.at(static_cast<std::size_t>(contours++));
+        ASSERT_FALSE(path->points.empty());
+        for (const drawn_point& point : path->points) {
+            const double dx = mapping.x_of(point.x) - 1.0;
+            const double dy = mapping.y_of(point.y) - 2.0;
+            // Linear between the grid's lines, which are less than 0.2 apart.
+            EXPECT_NEAR(dx * dx + 4.0 * dy * dy, level, 0.05);
+        }
+    }
+    EXPECT_EQ(contours, static_cast<int>(map->levels.size()));
 }
 
 } // namespace

@@ -4,11 +4,15 @@
 #include "desktop/controls.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "graph/window/frmGraph.h"
 #include "nle/equations/set_texts.h"
+#include "opt/opt_graph.h"
 #include "opt/opt_kind.h"
+#include "opt/opt_map.h"
 #include "opt/opt_report.h"
 #include "opt/opt_samples.h"
 #include "opt/window/frmOptRow.h"
+#include "opt/window/frmTarget.h"
 #include "opt/window/target_field.h"
 #include "platform/text_file.h"
 #include "shell/window/frmMsg.h"
@@ -69,7 +73,8 @@ frmOPT::frmOPT(desktop_context& context) : equation_window(context, opt_kind())
               .above_grid = build_target(),
               .below_options = build_card()});
     mnuTrace_ = named(solution_menu()->addAction(tr("Show &trace"), this, &frmOPT::mnuTrace_Click), "mnuTrace");
-    connect(this, &frmOPT::state_changed, this, &frmOPT::enable_trace);
+    mnuTarget_ = named(solution_menu()->addAction(tr("Show t&he target"), this, &frmOPT::mnuTarget_Click), "mnuTarget");
+    connect(this, &frmOPT::state_changed, this, &frmOPT::enable_items);
     document_changed();
 }
 
@@ -185,8 +190,9 @@ void frmOPT::show_run(const opt_run_problem& problem, const judged_run& run, con
     // The run was stopped in order to close the window.
     if (is_closing()) return;
     last_ = run.outcome;
+    last_number_ = number;
     show_card(problem.content, opt_run_card_of(run.outcome, run.verdict));
-    enable_trace();
+    enable_items();
     if (!show_end_of_run(run.outcome.stopped, run.outcome.boxes) || !run.outcome.has_report) return;
     show_new_report(context(), *this, opt_report(problem, run.outcome, store, context().clock.today(), comments),
                     problem.content.title, QStringLiteral("Optimization Solution #%1").arg(number));
@@ -203,9 +209,21 @@ void frmOPT::show_card(const opt_content& content, const opt_run_card& card)
     lblCard_->setVisible(!lines.isEmpty());
 }
 
-void frmOPT::enable_trace()
+void frmOPT::enable_items()
 {
     mnuTrace_->setEnabled(!is_running() && !last_.points.empty());
+    mnuTarget_->setEnabled(!is_running() && last_.has_report && last_.names.size() <= 2);
+}
+
+void frmOPT::mnuTarget_Click()
+{
+    // Some thousand evaluations: nobody has time to stop them.
+    recording_listener listener;
+    if (const auto start = opt_graph_start(problem_.content(), last_, last_number_, listener))
+        return show_new_graph(context(), *this, scatter_graph_form_startup(*start, context().store));
+    if (auto map = opt_map_of(problem_.content(), last_, listener))
+        return (new frmTarget(context(), this, std::move(*map)))->show();
+    context().user.show(this, {"The target has no contours around the way of this run.", box_icon::exclamation});
 }
 
 void frmOPT::mnuTrace_Click()

@@ -56,14 +56,18 @@ private:
                   bool comments);
     void show_card(const opt_content& content, const opt_run_card& card);
     void mnuTrace_Click();
-    void enable_trace();
+    /// Shows the target along its variable as a graph, or the contours of a target of two variables.
+    void mnuTarget_Click();
+    void enable_items();
 
     opt_problem problem_;
     target_field* txtTarget_ = nullptr;
     QLabel* lblCard_ = nullptr;
     QAction* mnuTrace_ = nullptr;
+    QAction* mnuTarget_ = nullptr;
     /// The last run, and its problem.
     opt_outcome last_;
+    int last_number_ = 0;
     opt_content card_content_;
 };
 

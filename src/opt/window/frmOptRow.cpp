@@ -19,6 +19,7 @@ frmOptRow::frmOptRow(desktop_context& context, QWidget* parent, opt_problem& pro
 {
     chkVaried_->setToolTip(tr("The method changes this variable until the target is as small as possible"));
     chkVaried_->setChecked(varied);
+    chkVaried_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     insert_row(QString(), chkVaried_);
     if (row > 0) fill_from(problem.content().rows.at(static_cast<std::size_t>(row - 1)), opt_row_form);
 }

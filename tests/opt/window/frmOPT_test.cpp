@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whole ways through the window of optimization problems, as a person takes them.
 
+#include "desktop/link_label.h"
 #include "opt/window/frmOPT.h"
 #include "support/equation_desk.h"
 #include "support/table.h"
@@ -36,6 +37,7 @@ struct opt_desk : test::equation_desk<frmOPT>
         dialog.click("cmdDone");
         to_front();
     }
+    std::string missing() const { return person.find<link_label>("lblMissing").whole_text().toStdString(); }
     void type_target(const std::string& target)
     {
         robot::press(Qt::Key_G, Qt::AltModifier);
@@ -57,7 +59,8 @@ TEST(OptimizationWindow, MakesAndSolvesAProblemFromNothingAndKeepsItInAFile)
     desk.person.choose("cmbMethod", "Quasi-Newton");
     frmSolution& report = desk.solve_by_key();
     EXPECT_THAT(report.windowTitle().toStdString(), HasSubstr("Optimization Solution #"));
-    for (const char* part : {"Bowl\n", "OPT Report (Quasi-Newton)", "\n x           5            2", "from here"})
+    for (const char* part :
+         {"Bowl 01-02-2026", "OPT Report (Quasi-Newton)", "\n x           5            2", "from here"})
         EXPECT_THAT(report.plain_text(), HasSubstr(part));
     desk.to_front();
     EXPECT_THAT(desk.person.text("lblCard"), testing::StartsWith("minimum: gradient "));
@@ -72,11 +75,11 @@ TEST(OptimizationWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     opt_desk desk;
     const auto faults = [&] { return test::faults_of(desk.window, desk.window.menus()); };
     EXPECT_THAT(faults(), IsEmpty());
-    EXPECT_EQ(desk.person.text("lblMissing"), "Add an equation to begin.");
+    EXPECT_EQ(desk.missing(), "Add an equation to begin.");
     desk.add("cmdNewStart", "x", "5");
-    EXPECT_EQ(desk.person.text("lblMissing"), "Enter the target function.");
+    EXPECT_EQ(desk.missing(), "Enter the target function.");
     desk.type_target("x+");
-    EXPECT_THAT(desk.person.text("lblMissing"), HasSubstr("Target Function Error. Syntax Error: "));
+    EXPECT_THAT(desk.missing(), HasSubstr("Target Function Error. Syntax Error: "));
     EXPECT_FALSE(desk.person.is_shown("cmdRun"));
     robot::keys("x^2");
     EXPECT_TRUE(desk.person.is_shown("cmdRun"));
@@ -91,6 +94,7 @@ TEST(OptimizationWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     EXPECT_EQ(desk.content().target, "x+x^2");
 
     // Two definitions are no reason to be red, but are named.
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
     desk.open_text("Twice\nx\nx(0)=1\nx = 2\n");
     EXPECT_TRUE(desk.person.is_shown("cmdRun"));
     EXPECT_EQ(desk.third_panel(), "Variable defined more than once: x");
@@ -138,11 +142,39 @@ TEST(OptimizationWindow, ExamplesTraceAndFailuresOfARun)
 
     desk.open_text("Edge\ny^2-ln(x)\ny(0)=1\nx(0)=1\n");
     EXPECT_FALSE(desk.person.is_shown("lblCard"));
-    desk.user.expect_box("Error: ln() of negative number not allowed.\rln(x)");
+    desk.user.expect_box("Error: ln() of negative number not allowed.\rln(x)", "Expression evaluation error");
     desk.run_by_mouse();
     EXPECT_THAT(desk.person.text("lblCard"), HasSubstr("at x = 1 with a step of -5 the target has no value"));
     desk.type_target("y^2-x");
     EXPECT_FALSE(desk.person.is_shown("lblCard")) << "what was said holds for the problem as it was";
+}
+
+TEST(OptimizationWindow, ShowsTheTargetOfOneOrTwoVariables)
+{
+    opt_desk desk;
+    const auto item = [&] { return robot::item_of(desk.menu("Solution"), "mnuTarget"); };
+    const auto solve = [&](const char* text) {
+        desk.open_text(text);
+        EXPECT_FALSE(item()->isEnabled());
+        desk.solve_by_key();
+        desk.to_front();
+    };
+    solve(bowl_file.c_str());
+    const std::size_t windows = desk.frame.children().size();
+    desk.choose("Solution", "mnuTarget");
+    EXPECT_EQ(desk.frame.children().size(), windows + 1);
+    desk.to_front();
+
+    solve("Two\n(x-1)^2+(y-2)^2\nx(0)=4\ny(0)=0\n");
+    desk.choose("Solution", "mnuTarget");
+    QWidget& map = dialog_in_front("frmTarget");
+    EXPECT_THAT(map.windowTitle().toStdString(), HasSubstr("Two"));
+    EXPECT_FALSE(map.grab().isNull());
+    robot::press(Qt::Key_Escape);
+    desk.to_front();
+
+    solve("Three\nx^2+y^2+z^2\nx(0)=4\ny(0)=1\nz(0)=1\n");
+    EXPECT_FALSE(item()->isEnabled());
 }
 
 TEST(OptimizationWindow, OpensItsFilesAndRecentFilesItself)
