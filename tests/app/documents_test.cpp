@@ -41,6 +41,8 @@ TEST(OpenDocument, GoesByExtensionAndFirstLines)
         {"curve.kvg", curve.c_str(), "frmGraph", ""},
         {"letter.kvr", "Dear all\nhello\nbye\n", "",
          "The file format of letter.kvr does not match any of the Kelvarin input files format."},
+        {"valley.kvr", "Valley\nx^2\nx(0)=1\n", "",
+         "The file format of valley.kvr does not match any of the Kelvarin input files format."},
         {"empty.kvr", "", "", "Error while trying to open file."},
     };
     for (const auto& [name, text, window, box] : rows) {
