@@ -13,10 +13,7 @@
 namespace kelvarin
 {
 
-namespace
-{
-
-void add_head(report_text& report, const fit_problem& problem, calendar_date date)
+void add_report_head(report_text& report, const fit_problem& problem, calendar_date date)
 {
     report.line({R"({\b\cf2\f5\fs24\ul KELVARIN Results})"});
     report.line({report_title_group(problem.content.title)});
@@ -24,20 +21,6 @@ void add_head(report_text& report, const fit_problem& problem, calendar_date dat
     report.line();
 }
 
-void add_section_head(report_text& report, std::string_view title)
-{
-    report.line({R"({\b\cf1\f5\fs20\ul )", title, "} "});
-    report.line();
-}
-
-void add_model_line(report_text& report, const fit_outcome& outcome, std::string_view right_side)
-{
-    report.line(
-        {R"({\b  Model: } {\cf6 )", escape_rich_text(outcome.dependent), " = ", escape_rich_text(right_side), "}"});
-    report.line();
-}
-
-/// "a0 + a1*x + a2*x^2", the names as in the table of coefficients.
 std::string linear_model_text(const fit_outcome& outcome, const regression_fit& fit)
 {
     std::string text;
@@ -53,6 +36,22 @@ std::string linear_model_text(const fit_outcome& outcome, const regression_fit& 
         ++number;
     }
     return text;
+}
+
+namespace
+{
+
+void add_section_head(report_text& report, std::string_view title)
+{
+    report.line({R"({\b\cf1\f5\fs20\ul )", title, "} "});
+    report.line();
+}
+
+void add_model_line(report_text& report, const fit_outcome& outcome, std::string_view right_side)
+{
+    report.line(
+        {R"({\b  Model: } {\cf6 )", escape_rich_text(outcome.dependent), " = ", escape_rich_text(right_side), "}"});
+    report.line();
 }
 
 std::string padded(std::string text, std::size_t width)
@@ -215,7 +214,7 @@ std::string fit_report(const fit_problem& problem, const fit_outcome& outcome, c
                        calendar_date date)
 {
     report_text report({});
-    add_head(report, problem, date);
+    add_report_head(report, problem, date);
     switch (outcome.kind) {
     case regression::polynomial:
         add_polynomials(report, problem, outcome);

@@ -33,6 +33,8 @@ void row_model::operator()(std::span<const double> parameters, std::span<double>
     if (listener_.stop_asked()) throw run_stopped();
     for (std::size_t j = 0; j < parameters.size(); ++j)
         sweep_.set_input(j, parameters[j]);
+    // A caller that survived a failure tries another point.
+    system_->context().clear_failure();
     if (sweep_.run(values)) nrerror(system_->context().eval_error_message());
 }
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "support/certified_problem.h"
 #include "failures.h"
 #include "numeric/fit/marquardt.h"
+#include "numeric/fit/refined_fit.h"
 #include "numeric/fit/scaled_marquardt.h"
 #include "numeric/fit/student_t.h"
 #include "numeric/linear/symmetric_eigen.h"
+#include "support/certified_problem.h"
 #include "support/digits.h"
 
 #include <gtest/gtest.h>
@@ -168,6 +169,20 @@ TEST(ScaledMarquardt, ALimitBelowFortyCountsAsForty)
                                                                    }});
     EXPECT_EQ(calls, fit.iterations);
     EXPECT_GT(fit.iterations, 10);
+}
+
+TEST(RefinedFit, ReachesTheCertifiedDigitsFromBothStarts)
+{
+    for (const nonlinear_case& each : certified)
+        for (const std::size_t start : {std::size_t{0}, std::size_t{1}}) {
+            SCOPED_TRACE(std::string(each.name) + " from start " + std::to_string(start + 1));
+            const certified_problem problem = read_certified(each.name);
+            const refined_fit fit = refine_fit(over(problem.x(), each.model), problem.y(), problem.start(start));
+            EXPECT_TRUE(fit.converged);
+            EXPECT_GE(digits_shown(fit.SSE, problem.rss), 9.5);
+            for (std::size_t j = 0; j < fit.a.size(); ++j)
+                EXPECT_GE(digits_shown(fit.a[j], problem.parameters[j].value), 9.5) << j;
+        }
 }
 
 TEST(SymmetricEigen, PairsOfKnownMatrices)
