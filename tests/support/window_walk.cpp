@@ -144,7 +144,7 @@ std::vector<std::string> mnemonic_clashes(const QWidget& window, const QList<QMe
             }
     });
     for (const QMenu* menu : menus) {
-        letters.add(menu->title());
+        if (menu->menuAction()->isVisible()) letters.add(menu->title());
         add_clashes_inside(*menu, faults);
     }
     letters.add_clashes(faults);

@@ -257,6 +257,13 @@ void table_document::set_model(std::string_view model, std::vector<table_guess> 
     change_unsaved("Enter model", std::move(next));
 }
 
+void table_document::set_guesses(std::vector<table_guess> guesses)
+{
+    table_content next = content();
+    next.guesses = std::move(guesses);
+    change_unsaved("Initial guess", std::move(next));
+}
+
 void table_document::store_model_column(int column, std::string_view formula, const std::vector<std::string>& cells)
 {
     table_content next = content();

@@ -75,6 +75,8 @@ public:
 
     /// The model of the nonlinear regression with its guesses, as one step.
     void set_model(std::string_view model, std::vector<table_guess> guesses);
+    /// Replaces the initial guesses alone.
+    void set_guesses(std::vector<table_guess> guesses);
     /// Turns a column into the formula column of a fitted model, as one step: `cells` are the texts of its first rows,
     /// the others stay. The formula may be empty.
     void store_model_column(int column, std::string_view formula, const std::vector<std::string>& cells);

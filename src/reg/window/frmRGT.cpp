@@ -174,6 +174,7 @@ void frmRGT::end_editing()
 
 void frmRGT::take_over_typing()
 {
+    if (table_page* const page = page_in_front()) page->take_over_typing();
     end_editing();
 }
 

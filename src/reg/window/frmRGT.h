@@ -49,6 +49,13 @@ public:
 
     QSize sizeHint() const override;
 
+    // What the pages need of their window.
+    using problem_window::context;
+    using problem_window::document_changed;
+    using problem_window::is_closing;
+    using problem_window::show_boxes;
+    using problem_window::start_run;
+
 protected:
     void show_document() override;
     void enable_controls_for_run(bool running) override;

@@ -60,7 +60,7 @@ void frmRGT::build_tabs(QBoxLayout& column)
 
     pages_ = named(new QStackedWidget, "pages");
     pages_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    page_of_tab_ = {nullptr, new regression_page(table_), build_analysis_page(),
+    page_of_tab_ = {nullptr, new regression_page(table_, *this), build_analysis_page(),
                     new scatter_page(context(), table_, *this)};
     const QStringList captions = {tr("Table"), tr("Regression"), tr("Analysis"), tr("Graph")};
     for (std::size_t i = 0; i < page_of_tab_.size(); ++i) {

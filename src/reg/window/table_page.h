@@ -21,6 +21,8 @@ public:
 
     /// Fills the lists from the table.
     virtual void show_table() {}
+    /// Takes over what is being typed on the page.
+    virtual void take_over_typing() {}
     virtual bool can_solve() const { return false; }
     virtual void solve() {}
 

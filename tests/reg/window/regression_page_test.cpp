@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// The page of regressions, used as a person does.
+
+#include "graph/window/frmGraph.h"
+#include "reg/window/frmRGT.h"
+#include "support/problem_desk.h"
+#include "support/window_walk.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+
+namespace kelvarin::test
+{
+namespace
+{
+
+using captions = std::vector<std::string>;
+
+struct regression_desk : problem_desk<frmRGT>
+{
+    /// y = 2 - 3 x + x^2 in the second column, on the page of a regression.
+    explicit regression_desk(int page)
+    {
+        put_on_clipboard("0\t2\t5\n1\t0\t5\n2\t0\t7\n3\t2\t7\n4\t6\t8\n");
+        window.perform(window_command::paste);
+        person.find<QTabBar>("sstMainTable").setCurrentIndex(1);
+        person.find<QTabWidget>("sstReg").setCurrentIndex(page);
+    }
+
+    void enter_model(const std::string& text)
+    {
+        person.click("cmdEnterNLR");
+        const robot in_dialog(top_window("frmREGnlr"));
+        in_dialog.choose("cmbDepVar", "C02");
+        in_dialog.find("txtModel").setFocus();
+        robot::keys(text);
+        in_dialog.click("cmdDone");
+        settle();
+    }
+
+    /// Solves and waits; the captions of the windows that came.
+    captions solve()
+    {
+        const std::size_t before = frame.children().size();
+        to_front();
+        person.click("cmdSolve");
+        EXPECT_TRUE(wait_until([this] { return !window.is_running(); }, 60000));
+        settle();
+        captions came;
+        for (const child_window* child : frame.children())
+            came.push_back(child->windowTitle().toStdString());
+        came.erase(came.begin(), came.begin() + static_cast<std::ptrdiff_t>(before));
+        // The number of the run depends on the runs before it.
+        for (std::string& caption : came)
+            if (const std::size_t mark = caption.find('#'); mark != std::string::npos)
+                caption.erase(mark + 1, caption.find_first_of(".[", mark) - mark - 1);
+        return came;
+    }
+
+    QStringList items(const char* list) const
+    {
+        QStringList texts;
+        const auto& shown = person.find<QListWidget>(list);
+        for (int i = 0; i < shown.count(); ++i)
+            texts.append(shown.item(i)->text());
+        return texts;
+    }
+};
+
+TEST(RegressionPage, PolynomialsOpenGraphsAndAReportAndFillAColumn)
+{
+    regression_desk desk(0);
+    EXPECT_EQ(desk.person.text("lblPolyIntegx2"), "C012 = ");
+    EXPECT_FALSE(desk.person.is_enabled("txtPolyIntegx1"));
+    EXPECT_EQ(desk.items("lstPolDegree"), (QStringList{" 1 Linear", " 2", " 3", " 4"}));
+    desk.person.click("chkPolOrigin");
+    EXPECT_EQ(desk.items("lstPolDegree").size(), 5);
+    desk.person.click("chkPolOrigin");
+    auto& degrees = desk.person.find<QListWidget>("lstPolDegree");
+    EXPECT_TRUE(degrees.item(0)->isSelected());
+    degrees.item(1)->setSelected(true);
+    for (const char* box : {"chkGraph", "chkResiduals", "chkAddModelCol"})
+        desk.person.click(box);
+    EXPECT_EQ(desk.person.find<QComboBox>("cmbModelCol").currentText(), "C04");
+    EXPECT_EQ(
+        desk.solve(),
+        (captions{"Polynomial Regression Graph, Solution #.1[*]", "Polynomial Regression Residuals, Solution #.1[*]",
+                  "Polynomial Regression Graph, Solution #.2[*]", "Polynomial Regression Residuals, Solution #.2[*]",
+                  "Polynomial Regression Report, Solution #[*]"}));
+    EXPECT_EQ(desk.content().formula(3), "2-3*C01+1*C01^2");
+    EXPECT_EQ(desk.content().cells.text(4, 3), "6");
+    desk.window.perform(window_command::undo);
+    EXPECT_EQ(desk.content().formula(3), "");
+}
+
+TEST(RegressionPage, ListsFollowTheTableAndTheChoices)
+{
+    regression_desk desk(1);
+    EXPECT_EQ(desk.person.text("cmbMLDepVar"), "C02");
+    EXPECT_EQ(desk.items("lstMLIndepVars"), (QStringList{"C01", "C03"}));
+    desk.person.choose("cmbMLDepVar", "C01");
+    EXPECT_EQ(desk.items("lstMLIndepVars"), (QStringList{"C02", "C03"}));
+    desk.window.perform(window_command::undo);
+    EXPECT_EQ(desk.items("lstMLIndepVars"), QStringList());
+    desk.window.perform(window_command::redo);
+    desk.person.choose("cmbMLDepVar", "C02");
+    EXPECT_EQ(desk.solve(), (captions{"Multiple Linear Report, Solution #[*]"}));
+    desk.person.find<QListWidget>("lstMLIndepVars").clearSelection();
+    desk.user.expect_box("Invalid data entry : \rUser must select at least one independent variables.");
+    EXPECT_EQ(desk.solve(), captions());
+}
+
+TEST(RegressionPage, AModelIsEnteredGuessedAndFitted)
+{
+    regression_desk desk(2);
+    EXPECT_EQ(desk.person.text("lblModelVars"), "unknown");
+    desk.user.expect_box("Dependent variable can not be part of the model text (C02).");
+    desk.enter_model("a+b*C01+C02");
+    const robot in_dialog(top_window("frmREGnlr"));
+    in_dialog.click("cmdClear");
+    desk.user.expect_box("No regression model was entered.");
+    in_dialog.click("cmdDone");
+    in_dialog.find("txtModel").setFocus();
+    robot::keys("a+b*C01+c*C01^2");
+    in_dialog.click("cmdDone");
+    settle();
+    desk.to_front();
+    EXPECT_EQ(desk.person.text("txtNoneLinearModel"), "C02 = a+b*C01+c*C01^2");
+    EXPECT_EQ(desk.person.text("lblnDependentVars"), "C01");
+    EXPECT_EQ(desk.person.text("lblModelVars"), "a, b, c");
+    EXPECT_FALSE(desk.window.document().problem_saved());
+    // Three guesses, typed as into a spreadsheet; letters are no numbers.
+    desk.person.find("grdNlrGuess").setFocus();
+    for (const char* typed : {"1", "-x2e"}) {
+        // The first key opens the editor, to which the others go.
+        robot::keys(std::string(1, typed[0]));
+        robot::keys(typed + 1);
+        robot::press(Qt::Key_Return);
+        settle();
+    }
+    EXPECT_EQ(desk.content().guesses.at(1).value, "-2");
+    desk.user.expect_box("Invalid data entry : \rInvalid numeric format for 'c' initial guess");
+    EXPECT_EQ(desk.solve(), captions());
+    desk.person.find("grdNlrGuess").setFocus();
+    robot::keys("3");
+    desk.person.choose("cmbNLRMethod", "L-M");
+    desk.person.click("chkGraph");
+    EXPECT_EQ(desk.solve(), (captions{"Nonlinear Graph, Solution #[*]", "Nonlinear Report #[*]"}));
+    EXPECT_EQ(desk.content().guesses.at(2).value, "3") << "the guess still being typed counts";
+}
+
+TEST(RegressionPage, NothingIsCutOrWithoutName)
+{
+    for (int page = 0; page < 3; ++page) {
+        regression_desk desk(page);
+        settle();
+        EXPECT_EQ(faults_of(desk.window, desk.window.menus()), captions()) << page;
+    }
+}
+
+} // namespace
+} // namespace kelvarin::test
