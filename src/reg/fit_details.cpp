@@ -130,7 +130,7 @@ void polish_linear(const fit_outcome& outcome, polished_fit& polished)
 
 } // namespace
 
-details_outcome examine_fits(const fit_problem& /*problem*/, const fit_outcome& outcome, run_listener& listener)
+details_outcome examine_fits(const fit_outcome& outcome, run_listener& listener)
 {
     details_outcome examined;
     guard_run(examined, endings, [&] {
@@ -141,7 +141,7 @@ details_outcome examine_fits(const fit_problem& /*problem*/, const fit_outcome& 
     return examined;
 }
 
-polished_fit polish_fit(const fit_problem& /*problem*/, const fit_outcome& outcome, run_listener& listener)
+polished_fit polish_fit(const fit_outcome& outcome, run_listener& listener)
 {
     polished_fit polished;
     guard_run(polished, endings, [&] {

@@ -29,7 +29,7 @@ struct details_outcome : run_outcome
 {
     std::vector<fit_details> details;
 };
-details_outcome examine_fits(const fit_problem& problem, const fit_outcome& outcome, run_listener& listener);
+details_outcome examine_fits(const fit_outcome& outcome, run_listener& listener);
 
 /// The report "More statistics" as rich text.
 std::string more_statistics_report(const fit_problem& problem, const fit_outcome& outcome,
@@ -42,7 +42,7 @@ struct polished_fit : run_outcome
     regression_fit fit;
     bool converged = false;
 };
-polished_fit polish_fit(const fit_problem& problem, const fit_outcome& outcome, run_listener& listener);
+polished_fit polish_fit(const fit_outcome& outcome, run_listener& listener);
 
 /// The report of polishing as rich text: what changed.
 std::string polish_report(const fit_problem& problem, const fit_outcome& outcome, const polished_fit& polished,

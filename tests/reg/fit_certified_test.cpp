@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "numeric/fit/student_t.h"
-#include "reg/fit_run.h"
+#include "reg/fit_details.h"
 #include "support/certified_problem.h"
 #include "support/digits.h"
 #include "support/tables.h"
@@ -101,6 +101,41 @@ TEST(CertifiedRegression, LinearOnesThroughTheirPages)
             }
         }
     }
+}
+
+TEST(CertifiedRegression, PolishingAnEarlyEndReachesTheMinimum)
+{
+    // Ends of mrqmin that are far from the minimum, and polynomials whose normal equations lost digits.
+    recording_listener listener;
+    for (const char* name : {"misra1b", "misra1c", "thurber", "rat43"}) {
+        SCOPED_TRACE(name);
+        const certified_problem certified = test::read_certified(name);
+        fit_problem problem = as_table(certified, 1);
+        problem.request.kind = regression::nonlinear;
+        const fit_outcome outcome = solved(problem);
+        ASSERT_TRUE(outcome.has_report);
+        const polished_fit polished = polish_fit(outcome, listener);
+        ASSERT_TRUE(polished.has_report);
+        EXPECT_TRUE(polished.converged);
+        EXPECT_GE(digits_shown(polished.fit.statistics.SSE, certified.rss), 9.0);
+        for (std::size_t j = 0; j < polished.fit.names.size(); ++j) {
+            const auto parameter =
+                std::ranges::find(certified.parameters, polished.fit.names[j], &certified_problem::parameter::name);
+            EXPECT_GE(digits_shown(polished.fit.values[j], parameter->value), 8.0) << parameter->name;
+            const int df = polished.fit.n - static_cast<int>(polished.fit.names.size());
+            EXPECT_GE(digits_shown(polished.fit.conf[j], parameter->standard_deviation * Td(df)), 5.0);
+        }
+    }
+    const certified_problem certified = test::read_certified("wampler4");
+    fit_problem problem = as_table(certified, 0);
+    problem.request.dependent = "y";
+    problem.request.independents = {"x"};
+    problem.request.degrees = {5};
+    const fit_outcome outcome = solved(problem);
+    EXPECT_LT(examine_fits(outcome, listener).details.at(0).agreeing_digits, 8.0);
+    const polished_fit polished = polish_fit(outcome, listener);
+    for (std::size_t j = 0; j < certified.parameters.size(); ++j)
+        EXPECT_GE(digits_shown(polished.fit.values.at(j), certified.parameters[j].value), 8.0) << j;
 }
 
 } // namespace

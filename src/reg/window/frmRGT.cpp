@@ -340,9 +340,16 @@ void frmRGT::sstMainTable_Click(int page)
     cmdSolve_->setVisible(!alone);
     for (const QMenu* menu : table_menus_)
         menu->menuAction()->setVisible(alone);
+    show_page_menus();
     if (table_page* const shown = page_in_front()) shown->show_table();
     cmdSolve_->setEnabled(can_solve());
     emit state_changed();
+}
+
+void frmRGT::show_page_menus()
+{
+    for (const table_page* const each : page_of_tab_)
+        if (each && each->menu()) each->menu()->menuAction()->setVisible(each == page_in_front());
 }
 
 bool frmRGT::can_solve() const

@@ -121,6 +121,7 @@ private:
 
     void show_page(int page);
     void sstMainTable_Click(int page);
+    void show_page_menus();
     table_page* page_in_front() const;
 
     table_document table_;

@@ -68,6 +68,7 @@ void frmRGT::build_tabs(QBoxLayout& column)
         pages_->addWidget(page_of_tab_[i] ? page_of_tab_[i] : build_line());
     }
     show_page(0);
+    show_page_menus();
     column.addWidget(pages_);
 }
 
@@ -269,7 +270,10 @@ QMenu* frmRGT::build_cell_menu()
 QList<QMenu*> frmRGT::menus()
 {
     main_frame& frame = context().frame;
-    return QList<QMenu*>{file_menu()} + table_menus_ +
+    QList<QMenu*> page_menus;
+    for (const table_page* const page : page_of_tab_)
+        if (page && page->menu()) page_menus.append(page->menu());
+    return QList<QMenu*>{file_menu()} + table_menus_ + page_menus +
            QList<QMenu*>{samples_menu_, frame.tools_menu(), frame.window_menu(), frame.help_menu()};
 }
 

@@ -6,6 +6,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
+#include "reg/fit_details.h"
 #include "reg/fit_failures.h"
 #include "reg/fit_report.h"
 #include "reg/window/frmRGT.h"
@@ -16,6 +17,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QMenu>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -55,6 +57,19 @@ regression_page::regression_page(table_document& table, frmRGT& window, QWidget*
     connect(nonlinear_, &nonlinear_panel::table_changed, this, [this] { window_.document_changed(); });
     column->addWidget(sstReg_);
     column->addWidget(build_options());
+    build_menu();
+}
+
+void regression_page::build_menu()
+{
+    menu_ = named(new QMenu(tr("&Last fit"), this), "mnuLastFit");
+    named(menu_->addAction(tr("&More statistics"), this, &regression_page::mnuMoreStatistics_Click),
+          "mnuMoreStatistics");
+    named(menu_->addAction(tr("&Polish"), this, &regression_page::mnuPolish_Click), "mnuPolish");
+    connect(menu_, &QMenu::aboutToShow, this, [this] {
+        for (QAction* item : menu_->actions())
+            item->setEnabled(last_ != nullptr && !window_.is_running());
+    });
 }
 
 QWidget* regression_page::build_options()
@@ -149,6 +164,7 @@ void regression_page::show_outcome(const fit_problem& problem, const fit_outcome
     // The run was stopped in order to close the window.
     if (window_.is_closing()) return;
     desktop_context& context = window_.context();
+    if (outcome.has_report) last_ = std::make_shared<const solved_fit>(solved_fit{problem, outcome});
     for (const graph_start& start : outcome.graphs)
         show_new_graph(context, window_, scatter_graph_form_startup(start, store));
     if (const auto& stored = outcome.stored) {
@@ -158,6 +174,35 @@ void regression_page::show_outcome(const fit_problem& problem, const fit_outcome
     if (!window_.show_boxes(outcome.boxes) || !outcome.has_report || !with_report) return;
     show_new_report(context, window_, fit_report(problem, outcome, store, context.clock.today()), problem.content.title,
                     to_qstring(report_caption(problem)));
+}
+
+void regression_page::mnuMoreStatistics_Click()
+{
+    if (!last_ || window_.is_running()) return;
+    window_.start_run([last = last_](run_listener& listener) { return examine_fits(last->outcome, listener); },
+                      [this, last = last_](const details_outcome& details) {
+                          if (window_.is_closing() || !window_.show_boxes(details.boxes) || !details.has_report) return;
+                          show_new_report(window_.context(), window_,
+                                          more_statistics_report(last->problem, last->outcome, details,
+                                                                 window_.context().clock.today()),
+                                          last->problem.content.title,
+                                          tr("More statistics, Solution #%1").arg(last->problem.solution_number));
+                      });
+}
+
+void regression_page::mnuPolish_Click()
+{
+    if (!last_ || window_.is_running()) return;
+    window_.start_run([last = last_](run_listener& listener) { return polish_fit(last->outcome, listener); },
+                      [this, last = last_](const polished_fit& polished) {
+                          if (window_.is_closing() || !window_.show_boxes(polished.boxes) || !polished.has_report)
+                              return;
+                          show_new_report(
+                              window_.context(), window_,
+                              polish_report(last->problem, last->outcome, polished, window_.context().clock.today()),
+                              last->problem.content.title,
+                              tr("Polished fit, Solution #%1").arg(last->problem.solution_number));
+                      });
 }
 
 } // namespace kelvarin

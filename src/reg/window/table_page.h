@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class QMenu;
+
 namespace kelvarin
 {
 
@@ -25,6 +27,8 @@ public:
     virtual void take_over_typing() {}
     virtual bool can_solve() const { return false; }
     virtual void solve() {}
+    /// The menu that the window shows while the page is in front; null if it has none.
+    virtual QMenu* menu() const { return nullptr; }
 
 protected:
     table_document& table() const { return table_; }

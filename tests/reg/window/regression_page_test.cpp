@@ -149,6 +149,10 @@ TEST(RegressionPage, AModelIsEnteredGuessedAndFitted)
     desk.person.choose("cmbNLRMethod", "L-M");
     desk.person.click("chkGraph");
     EXPECT_EQ(desk.solve(), (captions{"Nonlinear Graph, Solution #[*]", "Nonlinear Report #[*]"}));
+    const frmSolution& polished = desk.report_of([&] { desk.choose("Last fit", "mnuPolish"); });
+    EXPECT_NE(polished.plain_text().find("no step changes it any more"), std::string::npos);
+    const frmSolution& more = desk.report_of([&] { desk.choose("Last fit", "mnuMoreStatistics"); });
+    EXPECT_NE(more.plain_text().find("What to doubt"), std::string::npos);
     EXPECT_EQ(desk.content().guesses.at(2).value, "3") << "the guess still being typed counts";
 }
 
