@@ -45,7 +45,7 @@ QListWidget* regression_panel::make_names_list(const char* name, const QString& 
     list->setUniformItemSizes(true);
     list->setMinimumHeight(4 * line_unit(*list));
     list->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    list->setMaximumHeight(7 * line_unit(*list));
+    list->setMaximumHeight(10 * line_unit(*list));
     return list;
 }
 

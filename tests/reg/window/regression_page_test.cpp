@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The page of regressions, used as a person does.
 
+#include "desktop/expression_edit.h"
 #include "graph/window/frmGraph.h"
 #include "reg/window/frmRGT.h"
 #include "support/problem_desk.h"
@@ -123,8 +124,7 @@ TEST(RegressionPage, AModelIsEnteredGuessedAndFitted)
     in_dialog.click("cmdClear");
     desk.user.expect_box("No regression model was entered.");
     in_dialog.click("cmdDone");
-    in_dialog.find("txtModel").setFocus();
-    robot::keys("a+b*C01+c*C01^2");
+    in_dialog.find<expression_edit>("txtModel").set_expression("a+b*C01+c*C01^2");
     in_dialog.click("cmdDone");
     settle();
     desk.to_front();
