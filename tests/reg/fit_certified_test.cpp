@@ -107,25 +107,30 @@ TEST(CertifiedRegression, PolishingAnEarlyEndReachesTheMinimum)
 {
     // Ends of mrqmin that are far from the minimum, and polynomials whose normal equations lost digits.
     recording_listener listener;
-    for (const char* name : {"misra1b", "misra1c", "thurber", "rat43"}) {
-        SCOPED_TRACE(name);
-        const certified_problem certified = test::read_certified(name);
-        fit_problem problem = as_table(certified, 1);
-        problem.request.kind = regression::nonlinear;
-        const fit_outcome outcome = solved(problem);
-        ASSERT_TRUE(outcome.has_report);
-        const polished_fit polished = polish_fit(outcome, listener);
-        ASSERT_TRUE(polished.has_report);
-        EXPECT_TRUE(polished.converged);
-        EXPECT_GE(digits_shown(polished.fit.statistics.SSE, certified.rss), 9.0);
-        for (std::size_t j = 0; j < polished.fit.names.size(); ++j) {
-            const auto parameter =
-                std::ranges::find(certified.parameters, polished.fit.names[j], &certified_problem::parameter::name);
-            EXPECT_GE(digits_shown(polished.fit.values[j], parameter->value), 8.0) << parameter->name;
-            const int df = polished.fit.n - static_cast<int>(polished.fit.names.size());
-            EXPECT_GE(digits_shown(polished.fit.conf[j], parameter->standard_deviation * Td(df)), 5.0);
-        }
-    }
+    for (const char* name : {"chwirut1", "danwood", "eckerle4", "gauss2", "gauss3", "lanczos1", "lanczos2", "mgh09",
+                             "misra1b", "misra1c", "misra1d", "rat43", "thurber"})
+        for (const nonlinear_method method : {nonlinear_method::mrqmin, nonlinear_method::lm})
+            for (const std::size_t start : {std::size_t{0}, std::size_t{1}}) {
+                SCOPED_TRACE(name + std::to_string(start + 1) + method_text(method));
+                const certified_problem certified = test::read_certified(name);
+                fit_problem problem = as_table(certified, start);
+                problem.request.kind = regression::nonlinear;
+                problem.request.method = method;
+                const fit_outcome outcome = solved(problem);
+                ASSERT_TRUE(outcome.has_report);
+                const polished_fit polished = polish_fit(outcome, listener);
+                ASSERT_TRUE(polished.has_report);
+                EXPECT_TRUE(polished.converged);
+                for (std::size_t j = 0; j < polished.fit.names.size(); ++j) {
+                    const auto parameter = std::ranges::find(certified.parameters, polished.fit.names[j],
+                                                             &certified_problem::parameter::name);
+                    EXPECT_GE(digits_shown(polished.fit.values[j], parameter->value), 9.0) << parameter->name;
+                    // The residuals of Lanczos1 are the rounding of its data.
+                    if (certified.rss < 1e-20) continue;
+                    const int df = polished.fit.n - static_cast<int>(polished.fit.names.size());
+                    EXPECT_GE(digits_shown(polished.fit.conf[j], parameter->standard_deviation * Td(df)), 5.0);
+                }
+            }
     const certified_problem certified = test::read_certified("wampler4");
     fit_problem problem = as_table(certified, 0);
     problem.request.dependent = "y";

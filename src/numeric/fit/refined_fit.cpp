@@ -68,9 +68,13 @@ public:
     {
         constexpr int most_steps = 100;
         constexpr double small = 1e-6;
+        constexpr double rounding = 1e-12;
         double before = length_of(solve_damped(0.0));
-        const double deviation = std::sqrt(fit_.SSE);
-        bool settled = before <= small * deviation;
+        double length_of_y = 0.0;
+        for (const double value : y_)
+            length_of_y = std::hypot(length_of_y, value);
+        const double short_step = std::max(small * std::sqrt(fit_.SSE), rounding * length_of_y);
+        bool settled = before <= short_step;
         for (int k = 0; k < most_steps && before > 0.0; ++k) {
             const std::vector<double> d = solve_damped(0.0);
             const std::optional<double> reached = try_step(d);
@@ -78,7 +82,7 @@ public:
             const refined_fit former = fit_;
             take(*reached);
             const double length = length_of(solve_damped(0.0));
-            settled = settled || length <= small * deviation;
+            settled = settled || length <= short_step;
             if (length >= 0.95 * before) {
                 if (length > before) fit_ = former;
                 break;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "reg/window/guess_grid.h"
 
+#include "desktop/look.h"
+
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -49,6 +51,7 @@ guess_grid::guess_grid(QWidget* parent) : QTableView(parent)
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(line_unit(*this) * 3 / 2);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
 }

@@ -85,6 +85,7 @@ QWidget* nonlinear_panel::build_guesses()
     cmbNLRMethod_->setToolTip(tr("The method of Levenberg and Marquardt with forward differences, or with central "
                                  "differences and scaled equations"));
     auto* method = new QFormLayout;
+    method->setContentsMargins(0, 0, 0, 0);
     method->addRow(tr("Meth&od"), cmbNLRMethod_);
     rows->addLayout(method);
     guesses_ = new guess_model(this);
@@ -92,7 +93,7 @@ QWidget* nonlinear_panel::build_guesses()
     grdNlrGuess_->setModel(guesses_);
     grdNlrGuess_->setAccessibleName(tr("Initial guesses"));
     grdNlrGuess_->setMinimumHeight(4 * line_unit(*this));
-    grdNlrGuess_->setMaximumHeight(7 * line_unit(*this));
+    grdNlrGuess_->setMaximumHeight(10 * line_unit(*this));
     rows->addWidget(grdNlrGuess_, 1);
     connect(guesses_, &guess_model::guess_typed, this, [this] {
         table_.set_guesses(guesses_->guesses());
