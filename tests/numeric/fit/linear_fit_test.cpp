@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "support/certified_problem.h"
 #include "failures.h"
 #include "numeric/fit/normal_equations.h"
 #include "numeric/fit/student_t.h"
 #include "numeric/linear/matrix_products.h"
+#include "support/certified_problem.h"
 #include "support/digits.h"
 #include "support/table.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <random>
 #include <span>
 #include <vector>
 
@@ -108,6 +111,54 @@ TEST(LinearFit, FailuresOfItsParts)
     EXPECT_EQ(failure_of([&] { matrix_multiply(matrix(2, 3), matrix(2, 3)); }),
               "8888 impossible to multiple arrays - inconsistent dimentions !");
     EXPECT_EQ(failure_of([] { half_width(-1.0, 1.0, -1); }), "5");
+}
+
+TEST(LinearFit, WidthsCoverTheTruthAsOftenAsTheySay)
+{
+    // 10,000 straight lines of 20 points with normal errors: 95 % of the widths hold the true slope and constant.
+    constexpr int lines = 10000;
+    std::mt19937_64 generator(20260102);
+    std::normal_distribution<double> error(0.0, 3.0);
+    std::vector<double> x(20);
+    std::iota(x.begin(), x.end(), 1.0);
+    const matrix design = polynomial_design(x, 1, true);
+    int slope_held = 0;
+    int constant_held = 0;
+    for (int line = 0; line < lines; ++line) {
+        std::vector<double> y;
+        for (const double at : x)
+            y.push_back(100.0 + 7.0 * at + error(generator));
+        const linear_fit fit = fit_linear(design, y);
+        constant_held += std::fabs(fit.coef[0] - 100.0) <= fit.conf[0] ? 1 : 0;
+        slope_held += std::fabs(fit.coef[1] - 7.0) <= fit.conf[1] ? 1 : 0;
+    }
+    EXPECT_NEAR(slope_held / static_cast<double>(lines), 0.95, 0.01);
+    EXPECT_NEAR(constant_held / static_cast<double>(lines), 0.95, 0.01);
+}
+
+TEST(LinearFit, TheOrderOfRowsMattersToRoundingAlone)
+{
+    std::mt19937_64 generator(7);
+    std::uniform_real_distribution<double> error(-50.0, 50.0);
+    std::vector<double> x(20), y(20);
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        x[i] = 1.0 + static_cast<double>(i);
+        y[i] = 30.0 * x[i] - 200.0 + error(generator);
+    }
+    const linear_fit fit = fit_linear(polynomial_design(x, 1, true), y);
+    std::vector<std::size_t> order(x.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::shuffle(order.begin(), order.end(), generator);
+    std::vector<double> mixed_x, mixed_y;
+    for (const std::size_t i : order) {
+        mixed_x.push_back(x[i]);
+        mixed_y.push_back(y[i]);
+    }
+    const linear_fit mixed = fit_linear(polynomial_design(mixed_x, 1, true), mixed_y);
+    for (std::size_t j = 0; j < fit.coef.size(); ++j) {
+        EXPECT_GE(digits_shown(mixed.coef[j], fit.coef[j]), 12.0);
+        EXPECT_GE(digits_shown(mixed.conf[j], fit.conf[j]), 12.0);
+    }
 }
 
 } // namespace

@@ -97,6 +97,16 @@ TEST(RegressionPage, PolynomialsOpenGraphsAndAReportAndFillAColumn)
     EXPECT_EQ(desk.content().formula(3), "");
 }
 
+TEST(RegressionPage, AnExampleIsFittedInAFewActions)
+{
+    regression_desk desk(0);
+    desk.user.expect_question("Data table not saved. Do you wish to save it now ?", user_answer::no);
+    desk.person.find<QTabBar>("sstMainTable").setCurrentIndex(0);
+    desk.choose("Samples", "mnuSamplesItem_2");
+    desk.person.find<QTabBar>("sstMainTable").setCurrentIndex(1);
+    EXPECT_EQ(desk.solve(), (captions{"Linear Regression Report, Solution #[*]"}));
+}
+
 TEST(RegressionPage, ListsFollowTheTableAndTheChoices)
 {
     regression_desk desk(1);
