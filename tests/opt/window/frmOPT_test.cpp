@@ -35,6 +35,7 @@ struct opt_desk : test::equation_desk<frmOPT>
         dialog.type("txtEquation", text);
         dialog.type("txtComment", comment);
         dialog.click("cmdDone");
+        decline_next();
         to_front();
     }
     std::string missing() const { return person.find<link_label>("lblMissing").whole_text().toStdString(); }
