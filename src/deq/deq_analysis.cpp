@@ -144,6 +144,20 @@ message_box no_differential_box()
             "Kelvarin Guide Guide"};
 }
 
+std::string next_step(const deq_content& content)
+{
+    const deq_analysis analysis = analyse_deq(content);
+    if (analysis.green || analysis.set.equation_count() == 0) return {};
+    const std::string& panel = analysis.panels[2];
+    if (panel == range_panel(analysis.range)) {
+        const std::string_view name = trimmed(content.independent);
+        if (name.empty()) return "Name the independent variable and give its range.";
+        if (trimmed(content.initial_value).empty() || trimmed(content.final_value).empty())
+            return "Give the initial and the final value of " + std::string(name) + '.';
+    }
+    return panel.empty() ? no_differential_box().text : std::string(trimmed(panel));
+}
+
 message_box red_light_box(const deq_content& content)
 {
     const deq_analysis analysis = analyse_deq(content);

@@ -46,6 +46,10 @@ std::string show_all_vars(const deq_content& content);
 /// The listing's warnings as plain text, each beginning with "Warning: ".
 std::vector<std::string> listing_warnings(const deq_content& content);
 
+/// What is to be done next while the light is red, in one line: what the third panel says, with an empty range as an
+/// invitation. Empty if the light is green or there is no equation.
+std::string next_step(const deq_content& content);
+
 /// The box that says why a problem with a red traffic light does not run.
 message_box red_light_box(const deq_content& content);
 /// The box that refuses a problem without differential equations.

@@ -104,6 +104,15 @@ void expression_edit::set_expression(std::string_view text)
     setPlainText(to_qstring(text));
 }
 
+void expression_edit::set_one_line()
+{
+    one_line_ = true;
+    setFrameShape(QFrame::NoFrame);
+    setLineWrapMode(NoWrap);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
 void expression_edit::set_names(const QStringList& names)
 {
     QStringList all = function_names() + names;
@@ -234,7 +243,7 @@ void expression_edit::keyPressEvent(QKeyEvent* event)
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
-    if (enter && !shift && (control || document()->blockCount() == 1)) {
+    if (enter && (one_line_ || (!shift && (control || document()->blockCount() == 1)))) {
         stop_completing();
         emit done_asked();
     } else if (enter && shift) {

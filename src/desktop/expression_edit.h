@@ -34,6 +34,8 @@ public:
     /// The text with blanks for line ends and tabs.
     std::string expression() const;
     void set_expression(std::string_view text);
+    /// Makes it a field of one line without a frame, for a cell of a grid: Enter always emits done_asked.
+    void set_one_line();
     /// Sets the variables that completion offers in addition to the functions.
     void set_names(const QStringList& names);
     /// Underlines a range of bytes of expression(). The mark is removed by nullopt and by the next change of the text.
@@ -71,6 +73,7 @@ private:
     QStringListModel* offered_ = nullptr;
     QTimer pause_;
     QString text_before_;
+    bool one_line_ = false;
 };
 
 } // namespace kelvarin

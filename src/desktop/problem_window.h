@@ -5,6 +5,7 @@
 #include "desktop/run_controller.h"
 #include "shell/document/problem_document.h"
 #include "shell/document/problem_kind.h"
+#include "shell/document/solved_value.h"
 
 #include <QPointer>
 #include <QString>
@@ -26,7 +27,9 @@ struct problem_report
     std::string title;
     std::string rich_text;
     /// The window that shows it; null if it is closed.
-    QPointer<child_window> window;
+    QPointer<child_window> window = nullptr;
+    /// The unknowns at the solution, if they can be guesses of the next run.
+    std::vector<solved_value> solution = {};
 };
 
 /// The common base of the problem windows: the File and Edit menus, opening, recent files, title, recovery copy, undo,
@@ -61,6 +64,9 @@ public:
     /// The reports of this window's runs, oldest first. They don't belong to the problem: neither its file nor undo
     /// contains them.
     std::vector<problem_report>& reports() { return reports_; }
+
+    /// Takes the values of a solution as guesses of the problem.
+    virtual void use_solution(const std::vector<solved_value>&) {}
 
     /// Takes over the problem of a recovery file.
     bool recover(int slot, const recovery_entry& entry);

@@ -94,6 +94,21 @@ std::vector<std::string> listing_warnings(const nle_content& content)
     return plain_warnings(warnings_of(set, faults_of_single(set, content)));
 }
 
+std::string next_step(const nle_content& content)
+{
+    const nle_analysis analysis = analyse_nle(content);
+    if (analysis.green || analysis.set.equation_count() == 0) return {};
+    const std::string& panel = analysis.panels[2];
+    const bool about_bounds = analysis.set.undefined.empty() && analysis.set.duplicates.empty() && !analysis.bounds_ok;
+    if (about_bounds && (trimmed(content.lower_bound).empty() || trimmed(content.upper_bound).empty()))
+        return "Give a lower and an upper bound, or add equations.";
+    if (!panel.empty()) return std::string(trimmed(panel));
+    std::string all;
+    for (const std::string& warning : listing_warnings(content))
+        all += (all.empty() ? "" : " ") + warning;
+    return all;
+}
+
 message_box red_light_box(const nle_content& content)
 {
     const nle_analysis analysis = analyse_nle(content);

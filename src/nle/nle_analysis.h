@@ -29,6 +29,10 @@ std::string show_all_vars(const nle_content& content);
 /// The listing's warnings as plain text, each beginning with "Warning: ".
 std::vector<std::string> listing_warnings(const nle_content& content);
 
+/// What is to be done next while the light is red, in one line: what the third panel says, with missing bounds as an
+/// invitation, else the listing's warnings. Empty if the light is green or there is no equation.
+std::string next_step(const nle_content& content);
+
 /// The box that says why a problem with a red traffic light does not run.
 message_box red_light_box(const nle_content& content);
 

@@ -4,6 +4,7 @@
 #include "nle/nle_file.h"
 #include "nle/nle_listing.h"
 #include "nle/nle_recovery.h"
+#include "platform/run_time_text.h"
 #include "platform/text_file.h"
 
 #include <algorithm>
@@ -126,6 +127,22 @@ void nle_problem::set_bounds(std::string_view lower, std::string_view upper)
 void nle_problem::choose_method(nle_method method)
 {
     change("Choose method", with_method(content(), method));
+}
+
+bool nle_problem::use_as_guesses(std::span<const solved_value> solution)
+{
+    static constexpr std::array<std::string_view, 3> suffixes = {"", " p", " ap"};
+    nle_content next = content();
+    for (equation_row& row : next.rows) {
+        const equation_parts parts = parts_of(row.equation, nle_row_form);
+        const auto found = std::ranges::find(solution, parts.name, &solved_value::name);
+        if (!parts.implicit || found == solution.end()) continue;
+        const std::string_view suffix = suffixes[static_cast<std::size_t>(constraint_of(row.guess))];
+        row.guess = plain_text(found->value).append(suffix);
+    }
+    const bool changes = next != content();
+    change("Use solution as guesses", std::move(next));
+    return changes;
 }
 
 nle_problem::refusal nle_problem::rename_variable(std::string_view old_name, std::string_view new_name)

@@ -5,9 +5,11 @@
 #include "nle/nle_analysis.h"
 #include "nle/nle_content.h"
 #include "platform/message_box.h"
+#include "shell/document/solved_value.h"
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,7 +18,7 @@ namespace kelvarin
 
 /// A nonlinear problem as a document. Every operation that is refused returns the box to show and changes nothing. Undo
 /// names its steps "Add equation", "Edit equation", "Remove equation", "Move equation", "Edit comment", "Change title",
-/// "Change bounds", "Choose method", "Rename variable", "Load example".
+/// "Change bounds", "Choose method", "Use solution as guesses", "Rename variable", "Load example".
 class nle_problem final : public equation_document<nle_content>
 {
 public:
@@ -40,6 +42,9 @@ public:
     void set_bounds(std::string_view lower, std::string_view upper);
     /// Chooses a method on the user's behalf, changing the guesses as with_method does.
     void choose_method(nle_method method);
+    /// Makes the values of a solution the guesses of the unknowns of these names; their suffixes stay. Returns false if
+    /// that changes nothing.
+    bool use_as_guesses(std::span<const solved_value> solution);
     /// Refused as in the entry dialogs if the new name is invalid, is defined already, or would be used by its own
     /// definition.
     refusal rename_variable(std::string_view old_name, std::string_view new_name) override;

@@ -115,5 +115,22 @@ TEST(NleAnalysis, ARedLightSaysWhyInOneBox)
     EXPECT_EQ(red_light_box(refusals[4].content).place, (text_place{1, 11, 1}));
 }
 
+TEST(NleAnalysis, TheNextStepFollowsThePanelAndInvitesToGiveBounds)
+{
+    const std::string invitation = "Give a lower and an upper bound, or add equations.";
+    const table<nle_content, std::string> steps = {
+        {problem({}), ""},
+        {problem({implicit_row("x", "x - a")}, "", ""), "Undefined Variable: a"},
+        {problem({implicit_row("x", "x - 1")}, "", ""), invitation},
+        {problem({implicit_row("x", "x - 1")}, "1", ""), invitation},
+        {problem({implicit_row("x", "x - 1")}, "1", "b"), "Warning: Lower/upper boundary guess is not a valid number"},
+        {problem({implicit_row("x", "x - 1")}, "1", "2"), ""},
+        {problem({explicit_row("2x", "1")}),
+         "Warning: Duplicate explicit variable/s exist/s. Warning: More equations than variables exist."},
+    };
+    for (const auto& [content, step] : steps)
+        EXPECT_EQ(next_step(content), step);
+}
+
 } // namespace
 } // namespace kelvarin::test

@@ -51,22 +51,24 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
     pause_.setSingleShot(true);
     pause_.setInterval(typing_pause_ms);
     connect(&pause_, &QTimer::timeout, this, &frmDEQ::settle_independent);
-    build_ui({.icon_name = "deq",
-              .grid_name = "grdDiffEq",
-              .status_name = "stbDEQ",
-              .new_implicit_name = "cmdNewDiffEq",
-              .new_implicit_caption = tr("Add &DE"),
-              .new_implicit_tip = tr("New differential equation"),
-              .new_implicit_item_name = "mnuNewDiffEq",
-              .new_implicit_item = tr("New di&fferential equation..."),
-              .heads = {tr("Differential equations / explicit equations"), tr("Initial value"), tr("Comments")},
-              .form = deq_row_form,
-              .hint = tr("Name the independent variable and its range, then add\na differential equation, d(y)/d(t) = "
-                         "..., with \"Add DE\",\nor an explicit one, a = ..., with \"Add EE\"."),
-              .listing_caption = tr("DEQ variables"),
-              .above_grid = build_range(),
-              .below_grid = build_options(),
-              .below_options = build_card()});
+    build_ui(
+        {.icon_name = "deq",
+         .grid_name = "grdDiffEq",
+         .status_name = "stbDEQ",
+         .new_implicit_name = "cmdNewDiffEq",
+         .new_implicit_caption = tr("Add &DE"),
+         .new_implicit_tip = tr("New differential equation"),
+         .new_implicit_item_name = "mnuNewDiffEq",
+         .new_implicit_item = tr("New di&fferential equation..."),
+         .heads = {tr("Differential equations / explicit equations"), tr("Initial value"), tr("Comments")},
+         .form = deq_row_form,
+         .hint =
+             tr("Name the independent variable and its range, then add\na differential equation, d(y)/d(t) = "
+                "..., with \"Add DE\",\nor an explicit one, a = ..., with \"Add EE\",\nor type it into the first row."),
+         .listing_caption = tr("DEQ variables"),
+         .above_grid = build_range(),
+         .below_grid = build_options(),
+         .below_options = build_card()});
     mnuCheckAccuracy_ = named(solution_menu()->addAction(tr("Check &accuracy"), this, &frmDEQ::mnuCheckAccuracy_Click),
                               "mnuCheckAccuracy");
     connect(this, &frmDEQ::state_changed, this, &frmDEQ::show_run_state);
@@ -148,7 +150,7 @@ QWidget* frmDEQ::build_card()
 equation_status frmDEQ::analyse() const
 {
     const deq_analysis found = problem_.analyse();
-    return {found.set, found.green, found.panels, found.green ? std::string() : red_light_box(problem_.content()).text};
+    return {found.set, found.green, found.panels, next_step(problem_.content())};
 }
 
 void frmDEQ::show_fields()

@@ -7,6 +7,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
+#include "nle/nle_advice.h"
 #include "nle/nle_graph.h"
 #include "nle/nle_kind.h"
 #include "nle/nle_report.h"
@@ -15,11 +16,14 @@
 #include "nle/window/frmNleNE.h"
 #include "shell/window/frmSolution.h"
 
+#include <QAction>
 #include <QLabel>
+#include <QMenu>
 
-#include <algorithm>
 #include <atomic>
 #include <memory>
+#include <optional>
+#include <variant>
 
 namespace kelvarin
 {
@@ -46,6 +50,20 @@ struct run_input
     bool graph = false;
 };
 
+/// The unknowns at the solution, or at the first of several roots.
+std::vector<solved_value> unknowns_of(const nle_outcome& outcome)
+{
+    const nle_solution* solution = nullptr;
+    if (const auto* system = std::get_if<nle_system_result>(&outcome.result)) solution = &system->solution;
+    if (const auto* single = std::get_if<nle_single_result>(&outcome.result))
+        if (!single->roots.empty()) solution = &single->roots.front();
+    std::vector<solved_value> values;
+    if (!solution || !outcome.converged()) return values;
+    for (const implicit_result& unknown : solution->implicit)
+        values.push_back({unknown.name, unknown.value});
+    return values;
+}
+
 } // namespace
 
 frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
@@ -62,9 +80,14 @@ frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
               .heads = {tr("Implicit equations / explicit equations"), tr("Initial guess"), tr("Comments")},
               .form = nle_row_form,
               .hint = tr("Add a nonlinear equation, f(x) = 0, with \"Add NLE\",\nor an explicit one, a = ..., with "
-                         "\"Add EE\"."),
+                         "\"Add EE\",\nor type it into the first row."),
               .listing_caption = tr("NLE variables"),
               .below_grid = bounds_});
+    mnuUseSolution_ =
+        named(solution_menu()->addAction(tr("Use solution as &guesses"), this, [this] { use_solution(solution_); }),
+              "mnuUseSolution");
+    connect(this, &frmNLE::state_changed, this,
+            [this] { mnuUseSolution_->setEnabled(!is_running() && !solution_.empty()); });
     document_changed();
 }
 
@@ -100,9 +123,7 @@ QWidget* frmNLE::build_bounds()
 equation_status frmNLE::analyse() const
 {
     const nle_analysis found = problem_.analyse();
-    std::string missing = found.green ? std::string() : red_light_box(problem_.content()).text;
-    std::ranges::replace(missing, '\r', ' ');
-    return {found.set, found.green, found.panels, missing};
+    return {found.set, found.green, found.panels, next_step(problem_.content())};
 }
 
 void frmNLE::show_fields()
@@ -124,6 +145,25 @@ entry_dialog* frmNLE::make_entry_dialog(bool implicit, int row)
 {
     if (implicit) return new frmNleNE(context(), this, problem_, row);
     return new frmNleEE(context(), this, problem_, row);
+}
+
+void frmNLE::use_solution(const std::vector<solved_value>& solution)
+{
+    if (!is_running() && problem_.use_as_guesses(solution)) document_changed();
+}
+
+void frmNLE::advice_taken(const QString& thing)
+{
+    if (const std::optional<nle_method> method = method_named(to_text(thing))) {
+        choose_method(static_cast<int>(*method));
+        document_changed();
+        solve();
+    } else if (to_text(thing) == other_bounds) {
+        txtnle_min_ini_guess_->setFocus(Qt::OtherFocusReason);
+        txtnle_min_ini_guess_->selectAll();
+    } else {
+        edit_first_value();
+    }
 }
 
 void frmNLE::put_example(int number)
@@ -149,9 +189,23 @@ void frmNLE::solve()
 void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
                           const run_wish& wish)
 {
-    if (!show_end_of_run(outcome.stopped, outcome.boxes) || !outcome.has_report) return;
+    if (!show_end_of_run(outcome.stopped, outcome.boxes)) return;
+    if (outcome.has_report) show_results(problem, outcome, store, wish);
+    const nle_advice advice = advice_after(outcome);
+    QStringList things;
+    for (const std::string& thing : advice.things)
+        things.append(to_qstring(thing));
+    show_advice(to_qstring(advice.text), things);
+}
+
+void frmNLE::show_results(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
+                          const run_wish& wish)
+{
+    solution_ = unknowns_of(outcome);
+    emit state_changed();
     show_new_report(context(), *this, nle_report(problem, outcome, store, context().clock.today()),
-                    problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(wish.number));
+                    problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(wish.number),
+                    solution_);
     if (!wish.graph) return;
     if (const std::optional<graph_start> scan = nle_graph_start(outcome, wish.number))
         show_new_graph(context(), *this, scatter_graph_form_startup(*scan, store));

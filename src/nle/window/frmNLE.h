@@ -7,6 +7,10 @@
 
 #include <QCheckBox>
 
+#include <vector>
+
+class QAction;
+
 namespace kelvarin
 {
 
@@ -23,6 +27,7 @@ public:
 
     using equation_window::document;
     nle_problem& document() override { return problem_; }
+    void use_solution(const std::vector<solved_value>& solution) override;
 
 protected:
     equation_table& equations() override { return problem_; }
@@ -34,6 +39,7 @@ protected:
     entry_dialog* make_entry_dialog(bool implicit, int row) override;
     void show_fields() override;
     void solve() override;
+    void advice_taken(const QString& thing) override;
 
 private:
     /// The output of a run that was asked for.
@@ -47,12 +53,17 @@ private:
     void bound_Change();
     void show_outcome(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
                       const run_wish& wish);
+    void show_results(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
+                      const run_wish& wish);
 
     nle_problem problem_;
     QWidget* bounds_ = nullptr;
     problem_field* txtnle_min_ini_guess_ = nullptr;
     problem_field* txtnle_max_ini_guess_ = nullptr;
     QCheckBox* chkGraph_ = nullptr;
+    QAction* mnuUseSolution_ = nullptr;
+    /// The unknowns at the last solution.
+    std::vector<solved_value> solution_;
 };
 
 } // namespace kelvarin

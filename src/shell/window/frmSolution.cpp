@@ -66,6 +66,9 @@ void frmSolution::build_menus()
     report_menu_ = new QMenu(tr("&Report"), this);
     report_menu_->addAction(tr("&Refresh"), this, &frmSolution::mnuRefresh_Click)
         ->setObjectName(QStringLiteral("mnuRefresh"));
+    mnuUseSolution_ = report_menu_->addAction(tr("Use solution as &guesses"), this, &frmSolution::use_solution);
+    mnuUseSolution_->setObjectName(QStringLiteral("mnuUseSolution"));
+    mnuUseSolution_->setVisible(false);
     report_menu_->addAction(frame.action(window_command::save_as));
     for (const window_command which : {window_command::print, window_command::print_preview, window_command::close,
                                        window_command::close_all, window_command::exit}) {
@@ -110,13 +113,22 @@ QList<QMenu*> frmSolution::menus()
     return {report_menu_, edit_menu_, frame.window_menu(), frame.help_menu()};
 }
 
-void frmSolution::set_problem(problem_window& problem)
+void frmSolution::set_problem(problem_window& problem, const std::vector<solved_value>& solution)
 {
     problem_ = &problem;
+    solution_ = solution;
+    mnuUseSolution_->setVisible(!solution_.empty());
     // Whether it can be solved again depends on the problem.
     connect(&problem, &problem_window::state_changed, this, &frmSolution::state_changed);
     // Queued: the windows around both may be in the middle of their destruction.
     connect(&problem, &QObject::destroyed, this, &frmSolution::state_changed, Qt::QueuedConnection);
+}
+
+void frmSolution::use_solution()
+{
+    if (!problem_ || problem_->is_running()) return;
+    problem_->use_solution(solution_);
+    context().frame.bring_to_front(*problem_);
 }
 
 void frmSolution::update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title)
@@ -257,9 +269,9 @@ bool frmSolution::write_file(const std::filesystem::path& path, int filter_index
 }
 
 void show_new_report(desktop_context& context, problem_window& problem, std::string rich_text, const std::string& title,
-                     const QString& caption)
+                     const QString& caption, std::vector<solved_value> solution)
 {
-    problem.reports().push_back({caption, title, std::move(rich_text), nullptr});
+    problem.reports().push_back({caption, title, std::move(rich_text), nullptr, std::move(solution)});
     show_report_again(context, problem, problem.reports().size() - 1);
 }
 
@@ -269,7 +281,7 @@ void show_report_again(desktop_context& context, problem_window& problem, std::s
     if (report.window) return context.frame.bring_to_front(*report.window);
     auto* solution = new frmSolution(context);
     report.window = solution;
-    solution->set_problem(problem);
+    solution->set_problem(problem, report.solution);
     solution->update_prog_sol(true, {}, report.title);
     solution->show_report(report.rich_text, report.caption);
     context.frame.show_child(solution, &problem);

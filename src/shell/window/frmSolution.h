@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelvarin
 {
@@ -37,8 +38,8 @@ public:
     /// Shows a line that opens the file of this report as the problem that it holds.
     void offer_as_problem();
 
-    /// The problem that the report is about.
-    void set_problem(problem_window& problem);
+    /// The problem that the report is about, and the unknowns at its solution, which the problem may take as guesses.
+    void set_problem(problem_window& problem, const std::vector<solved_value>& solution);
     problem_window* its_problem() override { return problem_; }
 
     /// The rich text as it is saved.
@@ -65,10 +66,12 @@ private:
     void show_menu(const QPoint& global_position);
     void show_title();
     void mnuRefresh_Click();
+    void use_solution();
     void copy();
     std::string content_as(report_format format) const;
 
     QPointer<problem_window> problem_;
+    std::vector<solved_value> solution_;
     std::string rich_text_;
     /// The text of a file that was opened as plain text; nullopt for rich text.
     std::optional<std::string> given_text_;
@@ -81,12 +84,13 @@ private:
     report_view* txtSolution_ = nullptr;
     link_label* lblProblem_ = nullptr;
     QMenu* report_menu_ = nullptr;
+    QAction* mnuUseSolution_ = nullptr;
     QMenu* edit_menu_ = nullptr;
 };
 
 /// Shows the report of a run in a new window beside its problem; the frame owns the window.
 void show_new_report(desktop_context& context, problem_window& problem, std::string rich_text, const std::string& title,
-                     const QString& caption);
+                     const QString& caption, std::vector<solved_value> solution = {});
 
 /// Shows a report of `problem` (an index of its list) again: activates its window, or opens a new one.
 void show_report_again(desktop_context& context, problem_window& problem, std::size_t index);

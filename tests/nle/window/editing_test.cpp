@@ -49,11 +49,11 @@ TEST(Editing, AddsEmptyRowsThatNewEquationsFill)
     };
     const std::string illegal = "Data input not legal !";
     const row rows[] = {
-        {std::nullopt, "", "", 1},
-        {"ten", illegal, "Kelvarin GUIDE", 1},
-        {"0.5", illegal, "Kelvarin GUIDE", 1},
-        {"101", illegal, "Kelvarin GUIDE", 1},
-        {"", illegal, "Kelvarin GUIDE", 1},
+        {std::nullopt, "", "", 2},
+        {"ten", illegal, "Kelvarin GUIDE", 2},
+        {"0.5", illegal, "Kelvarin GUIDE", 2},
+        {"101", illegal, "Kelvarin GUIDE", 2},
+        {"", illegal, "Kelvarin GUIDE", 2},
         {"100", "", "", 101},
         {"100", "Number of rows must be smaller than 200.", guide_title, 101},
         {" 3 ", "", "", 104},
@@ -236,6 +236,8 @@ TEST(Editing, TakesEveryStepBackAndForthByNamedCommands)
     desk.bounds_by_mouse("0.5", "3.25");
     desk.grid().setFocus();
     desk.grid().set_current_row(2);
+    robot::press(Qt::Key_Right);
+    robot::press(Qt::Key_Right);
     robot::press(Qt::Key_F2);
     robot::keys("two");
     robot::press(Qt::Key_Return);

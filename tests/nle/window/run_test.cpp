@@ -111,6 +111,8 @@ TEST(Runs, SeeTheCommentThatIsStillBeingTyped)
     nle_desk desk;
     ASSERT_NO_FATAL_FAILURE(desk.open_text("Sum |KVRVER05_0\na = 1+1 #\n"));
     desk.grid().setFocus();
+    robot::press(Qt::Key_Right);
+    robot::press(Qt::Key_Right);
     robot::press(Qt::Key_F2);
     robot::keys("two");
     EXPECT_THAT(desk.solve_by_key().plain_text(), testing::HasSubstr("two"));

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/window/equation_delegate.h"
 
+#include "desktop/expression_edit.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFocusEvent>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTextLayout>
@@ -102,11 +105,76 @@ void equation_delegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
 
 QWidget* equation_delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
+    const QString number = QString::number(index.row() + 1);
+    if (index.column() == equation_grid_model::equation_column) {
+        auto* field = new expression_edit(parent);
+        field->setObjectName(QStringLiteral("txtCellEquation"));
+        field->setAccessibleName(tr("Equation %1").arg(number));
+        field->set_one_line();
+        field->set_names(names_);
+        connect(field, &expression_edit::done_asked, this, [this, field] { emit entered(field); });
+        connect(field, &expression_edit::paused, this, [this, field] { emit paused(field); });
+        return field;
+    }
+    const bool is_value = index.column() == equation_grid_model::value_column;
     auto* field = new QLineEdit(parent);
-    field->setObjectName(QStringLiteral("txtCellComment"));
-    field->setAccessibleName(tr("Comment of equation %1").arg(index.row() + 1));
+    field->setObjectName(is_value ? QStringLiteral("txtCellValue") : QStringLiteral("txtCellComment"));
+    field->setAccessibleName((is_value ? tr("Value of equation %1") : tr("Comment of equation %1")).arg(number));
     field->setFrame(false);
     return field;
+}
+
+void equation_delegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                             const QModelIndex& index) const
+{
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    auto* field = qobject_cast<expression_edit*>(editor);
+    if (!field) return;
+    field->setGeometry(option.rect);
+    // The margin puts the line of text in the middle of the cell.
+    field->document()->setDocumentMargin(
+        std::max(0.0, (option.rect.height() - QFontMetricsF(field->font()).lineSpacing()) / 2.0));
+}
+
+void equation_delegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    if (index.column() == equation_grid_model::comment_column)
+        QStyledItemDelegate::setModelData(editor, model, index);
+    else
+        emit left(editor);
+}
+
+void equation_delegate::close(QWidget* editor)
+{
+    // The view has no record of an editor that it has closed and complains about another attempt.
+    if (editor->isVisible()) emit closeEditor(editor);
+}
+
+bool equation_delegate::eventFilter(QObject* editor, QEvent* event)
+{
+    auto* field = static_cast<QWidget*>(editor);
+    if (field->objectName() == QLatin1String("txtCellComment")) return QStyledItemDelegate::eventFilter(editor, event);
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+        const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+        // The field of an equation knows itself what Enter means while it offers names.
+        if (tab || (enter && qobject_cast<QLineEdit*>(field))) {
+            emit entered(field);
+            return true;
+        }
+    } else if (event->type() == QEvent::FocusOut) {
+        // A list of names, a menu or a box does not end the edit.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool stays =
+            reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason;
+        if (!stays && field->isVisible()) {
+            emit left(field);
+            close(field);
+        }
+        return false;
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 QString equation_delegate::tip_at(int x, const QStyleOptionViewItem& item, const QModelIndex& index) const

@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/window/equation_grid.h"
 
+#include "desktop/expression_edit.h"
 #include "desktop/look.h"
+#include "desktop/qt_text.h"
 #include "nle/equations/window/equation_delegate.h"
 #include "nle/equations/window/equation_grid_model.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -29,16 +34,29 @@ Qt::KeyboardModifiers modifiers_of(const QKeyEvent& event)
     return event.modifiers() & ~Qt::KeypadModifier;
 }
 
+QString editor_text(const QWidget& editor)
+{
+    if (const auto* equation = qobject_cast<const expression_edit*>(&editor)) return to_qstring(equation->expression());
+    return static_cast<const QLineEdit&>(editor).text();
+}
+
 } // namespace
 
 equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
-    : QTableView(parent), words_(words), model_(new equation_grid_model(words.heads, words.form, this))
+    : QTableView(parent), words_(words), model_(new equation_grid_model(words.heads, words.form, this)),
+      delegate_(new equation_delegate(*model_, this))
 {
     setAccessibleName(tr("Equations"));
     QFont head_font = font();
     setFont(fixed_font(*this));
     setModel(model_);
-    setItemDelegate(new equation_delegate(*model_, this));
+    setItemDelegate(delegate_);
+    connect(delegate_, &equation_delegate::entered, this, [this](QWidget* editor) { take_cell(editor, true); });
+    connect(delegate_, &equation_delegate::left, this, [this](QWidget* editor) { take_cell(editor, false); });
+    connect(delegate_, &equation_delegate::paused, this, [this](QWidget* editor) {
+        const QString text = editor_text(*editor);
+        if (text != proposed_) emit typing_paused(indexAt(editor->geometry().center()).row() + 1, text);
+    });
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
@@ -176,8 +194,8 @@ int equation_grid::row_defining(std::string_view name) const
 
 void equation_grid::set_editable(bool editable)
 {
-    // Take over a comment that is being typed before the cell is locked.
-    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    // Take over what is being typed before the cell is locked.
+    QWidget* editor = open_editor();
     if (editor && !editable) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -221,6 +239,8 @@ void equation_grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditH
     // Tab ends an edit as Enter does; it doesn't move to the next cell.
     const bool wanders = hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTableView::closeEditor(editor, wanders ? QAbstractItemDelegate::NoHint : hint);
+    // An equation that waits for its value is given up if the value is.
+    if (!taking_ && editor->objectName() == QLatin1String("txtCellValue")) model_->set_draft(std::nullopt);
 }
 
 std::vector<int> equation_grid::rows_to_change() const
@@ -233,12 +253,98 @@ int equation_grid::row_to_change() const
     return editable_ && model_->is_filled(currentIndex().row()) ? current_row() : 0;
 }
 
-void equation_grid::edit_comment()
+void equation_grid::edit_cell(const QModelIndex& index)
 {
-    if (!row_to_change() || isColumnHidden(grid::comment_column)) return;
-    const QModelIndex comment = model_->index(currentIndex().row(), grid::comment_column);
-    make_current(comment);
-    edit(comment);
+    if (!editable_ || !index.isValid() || isColumnHidden(index.column()) || !(index.flags() & Qt::ItemIsEditable))
+        return;
+    make_current(index);
+    edit(index);
+    QWidget* editor = open_editor();
+    proposed_ = editor ? editor_text(*editor) : QString();
+    if (auto* equation = qobject_cast<expression_edit*>(editor)) equation->moveCursor(QTextCursor::End);
+}
+
+QWidget* equation_grid::open_editor() const
+{
+    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+}
+
+void equation_grid::set_names(const QStringList& names)
+{
+    delegate_->set_names(names);
+}
+
+void equation_grid::begin_row(const QString& beginning)
+{
+    edit_cell(model_->index(model_->filled_rows(), grid::equation_column));
+    auto* editor = qobject_cast<expression_edit*>(open_editor());
+    if (!editor || beginning.isEmpty()) return;
+    editor->setPlainText(beginning);
+    editor->moveCursor(QTextCursor::End);
+    proposed_ = beginning;
+}
+
+void equation_grid::edit_value(int row)
+{
+    setFocus(Qt::OtherFocusReason);
+    edit_cell(model_->index(row - 1, grid::value_column));
+}
+
+void equation_grid::select_while_typing(const text_place& place)
+{
+    auto* editor = qobject_cast<expression_edit*>(open_editor());
+    if (!editor) return;
+    editor->setFocus(Qt::OtherFocusReason);
+    editor->select_place(place);
+}
+
+void equation_grid::mark_while_typing(const std::optional<text_place>& place)
+{
+    if (auto* editor = qobject_cast<expression_edit*>(open_editor())) editor->mark_place(place);
+}
+
+void equation_grid::take_cell(QWidget* editor, bool by_key)
+{
+    if (taking_ || !editor->isVisible() || !taker_) return;
+    const QModelIndex index = indexAt(editor->geometry().center());
+    const QString text = editor_text(*editor);
+    const bool is_value = index.column() == grid::value_column;
+    const bool waits = is_value && model_->draft();
+    if (!index.isValid() || (text == proposed_ && !waits) ||
+        (text.trimmed().isEmpty() && !model_->is_filled(index.row()))) {
+        if (by_key) end_edit(editor);
+        return;
+    }
+    typed_cell cell = {index.row() + 1, is_value, to_text(text), std::nullopt, by_key};
+    if (waits) cell.equation = model_->draft()->second;
+    const bool added = !model_->is_filled(index.row());
+    const QPointer<QWidget> still_there = editor;
+    taking_ = true;
+    const cell_answer answer = taker_(cell);
+    taking_ = false;
+    if (!by_key || answer == cell_answer::refused) return;
+    if (still_there) end_edit(editor);
+    if (answer == cell_answer::value_missing) {
+        model_->set_draft(std::pair(cell.row - 1, cell.text));
+        edit_cell(model_->index(cell.row - 1, grid::value_column));
+    } else {
+        emit cell_entered(cell.row, added);
+    }
+}
+
+void equation_grid::end_edit(QWidget* editor)
+{
+    delegate_->close(editor);
+    setFocus(Qt::OtherFocusReason);
+}
+
+bool equation_grid::begins_row(const QKeyEvent& event) const
+{
+    const bool letter = !event.text().isEmpty() && event.text().front().isPrint() && event.key() != Qt::Key_Space;
+    const Qt::KeyboardModifiers modifiers = modifiers_of(event) & ~Qt::ShiftModifier;
+    // Some keyboards type brackets by Ctrl with Alt.
+    const bool command = modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
+    return letter && !command && editable_ && currentIndex().isValid() && !model_->is_filled(currentIndex().row());
 }
 
 bool equation_grid::take_key(const QKeyEvent& event)
@@ -255,12 +361,17 @@ bool equation_grid::take_key(const QKeyEvent& event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (row && currentIndex().column() == grid::comment_column)
-            edit_comment();
+            edit_cell(currentIndex());
         else if (row)
             emit edit_asked(row, entry_field::expression);
+        else
+            begin_row();
         return true;
     case Qt::Key_F2:
-        edit_comment();
+        if (row)
+            edit_cell(currentIndex());
+        else
+            begin_row();
         return true;
     case Qt::Key_Delete:
         if (!rows_to_change().empty()) emit remove_asked();
@@ -276,6 +387,11 @@ void equation_grid::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
+    if (state() != EditingState && begins_row(*event)) {
+        begin_row();
+        if (QWidget* editor = open_editor()) QApplication::sendEvent(editor, event);
+        return;
+    }
     // The window copies; the view itself would copy one cell only.
     if (event == QKeySequence::Copy)
         event->ignore();
@@ -287,9 +403,11 @@ void equation_grid::mouseDoubleClickEvent(QMouseEvent* event)
 {
     QTableView::mouseDoubleClickEvent(event);
     const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || !index.isValid() || !row_to_change()) return;
-    if (index.column() == grid::comment_column)
-        edit_comment();
+    if (event->button() != Qt::LeftButton || !index.isValid()) return;
+    if (!row_to_change())
+        begin_row();
+    else if (index.column() == grid::comment_column)
+        edit_cell(index);
     else
         emit edit_asked(index.row() + 1,
                         index.column() == grid::value_column ? entry_field::value : entry_field::expression);
@@ -314,7 +432,10 @@ QMenu* equation_grid::build_context_menu()
     add(words_.new_explicit, {}, editable_, [this] { emit new_explicit_asked(); });
     menu->addSeparator();
     add(tr("Edit"), Qt::Key_Return, row > 0, [this, row] { emit edit_asked(row, entry_field::expression); });
-    add(tr("Edit comment"), Qt::Key_F2, row > 0 && !isColumnHidden(grid::comment_column), [this] { edit_comment(); });
+    add(tr("Edit in place"), Qt::Key_F2, row > 0 && (currentIndex().flags() & Qt::ItemIsEditable),
+        [this] { edit_cell(currentIndex()); });
+    add(tr("Edit comment"), {}, row > 0 && !isColumnHidden(grid::comment_column),
+        [this, row] { edit_cell(model_->index(row - 1, grid::comment_column)); });
     add(tr("Remove"), Qt::Key_Delete, !rows.empty(), [this] { emit remove_asked(); });
     menu->addSeparator();
     add(tr("Move up"), Qt::ALT | Qt::Key_Up, !rows.empty() && rows.front() > 1, [this] { emit move_asked(true); });

@@ -7,9 +7,12 @@
 #include <QStringList>
 #include <QTableView>
 
+#include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QMenu;
@@ -17,7 +20,31 @@ class QMenu;
 namespace kelvarin
 {
 
+class equation_delegate;
 class equation_grid_model;
+
+/// What was typed into a cell of an equation or a value.
+struct typed_cell
+{
+    int row = 0;
+    bool is_value = false;
+    std::string text;
+    /// The equation of this row that was typed before its value and is not stored yet.
+    std::optional<std::string> equation;
+    /// Whether Enter or Tab ended the edit; else the keyboard went elsewhere, and no box should appear.
+    bool by_key = false;
+};
+
+enum class cell_answer
+{
+    taken,
+    refused,
+    /// The equation is right and its value is still to be typed.
+    value_missing
+};
+
+/// Stores what was typed.
+using cell_taker = std::function<cell_answer(const typed_cell&)>;
 
 /// The texts in a grid of equations that depend on the kind of problem.
 struct equation_grid_words
@@ -36,7 +63,9 @@ struct equation_grid_words
 ///
 /// Double click or Enter asks for editing; Delete asks for the removal of the selected rows, Alt+Up and Alt+Down for
 /// moving them; the context menu offers the same. The current row is always one of the selected ones. Comments are
-/// edited in place: by a double click or Enter on them, or by F2. Empty rows may follow the equations; gestures ignore
+/// edited in place, by a double click or Enter on them. F2 edits the cell it stands on, and typing into an
+/// empty row begins an equation in the first of them; what is typed goes to the cell_taker. An implicit equation is
+/// given to it again with its value when that was typed. Empty rows may follow the equations; all other gestures ignore
 /// them.
 class equation_grid : public QTableView
 {
@@ -68,6 +97,19 @@ public:
     /// The row that defines the name; 0 if there is none.
     int row_defining(std::string_view name) const;
 
+    /// Whoever stores what is typed into cells of equations and values.
+    void set_cell_taker(cell_taker taker) { taker_ = std::move(taker); }
+    /// The variables that completion offers.
+    void set_names(const QStringList& names);
+    /// Opens the first empty row for typing, with the beginning of an equation.
+    void begin_row(const QString& beginning = {});
+    /// Opens the value of a row for typing.
+    void edit_value(int row);
+    /// Selects a part of the text that is being typed, and gives it the keyboard.
+    void select_while_typing(const text_place& place);
+    /// Underlines it.
+    void mark_while_typing(const std::optional<text_place>& place);
+
     /// False disables all changes, during a run.
     void set_editable(bool editable);
 
@@ -81,6 +123,10 @@ signals:
     void new_implicit_asked();
     void new_explicit_asked();
     void comment_edited(int row, const QString& comment);
+    /// An equation or value was stored after Enter or Tab; the edit has ended. `added`: in a row that was empty.
+    void cell_entered(int row, bool added);
+    /// Typing pauses in the cell of an equation.
+    void typing_paused(int row, const QString& text);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -102,13 +148,22 @@ private:
     int row_to_change() const;
     bool take_key(const QKeyEvent& event);
     void make_current(const QModelIndex& index);
-    void edit_comment();
+    void edit_cell(const QModelIndex& index);
+    bool begins_row(const QKeyEvent& event) const;
+    QWidget* open_editor() const;
+    void take_cell(QWidget* editor, bool by_key);
+    void end_edit(QWidget* editor);
     QMenu* build_context_menu();
     void share_width();
     void column_dragged(int column, int width_before, int width);
 
     equation_grid_words words_;
     equation_grid_model* model_;
+    equation_delegate* delegate_;
+    cell_taker taker_;
+    /// What an opened editor holds at first; leaving it unchanged is no edit.
+    QString proposed_;
+    bool taking_ = false;
     QString hint_;
     bool editable_ = true;
     bool showing_rows_ = false;

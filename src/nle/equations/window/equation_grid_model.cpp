@@ -172,8 +172,16 @@ int equation_grid_model::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : column_count;
 }
 
+void equation_grid_model::set_draft(const std::optional<std::pair<int, std::string>>& draft)
+{
+    const auto before = std::exchange(draft_, draft);
+    for (const auto& changed : {before, draft_})
+        if (changed) emit dataChanged(index(changed->first, 0), index(changed->first, column_count - 1));
+}
+
 QString equation_grid_model::cell_text(const QModelIndex& index) const
 {
+    if (draft_ && draft_->first == index.row() && index.column() == equation_column) return to_qstring(draft_->second);
     if (!is_filled(index.row())) return {};
     const equation_row& row = rows_[static_cast<std::size_t>(index.row())].row;
     switch (index.column()) {
@@ -241,13 +249,26 @@ QVariant equation_grid_model::headerData(int section, Qt::Orientation orientatio
 Qt::ItemFlags equation_grid_model::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags cell = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    if (editable_ && index.column() == comment_column && is_filled(index.row())) cell |= Qt::ItemIsEditable;
+    if (editable_ && may_edit(index)) cell |= Qt::ItemIsEditable;
     return cell;
+}
+
+bool equation_grid_model::may_edit(const QModelIndex& index) const
+{
+    switch (index.column()) {
+    case equation_column:
+        return index.row() <= filled_rows();
+    case value_column:
+        if (draft_ && draft_->first == index.row()) return true;
+        return is_filled(index.row()) && is_implicit(rows_[static_cast<std::size_t>(index.row())].row.equation, form_);
+    default:
+        return is_filled(index.row());
+    }
 }
 
 bool equation_grid_model::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
+    if (role != Qt::EditRole || index.column() != comment_column || !(flags(index) & Qt::ItemIsEditable)) return false;
     const QString comment = value.toString();
     if (comment != cell_text(index)) emit comment_edited(index.row() + 1, comment);
     return true;

@@ -8,15 +8,18 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kelvarin
 {
 
-/// The rows of an equation grid, with the parts of their texts that are tinted or marked. Rows count from 0 here. An
-/// edited comment is reported but not stored: only show_rows changes the rows.
+/// The rows of an equation grid, with the parts of their texts that are tinted or marked. Rows count from 0 here. What
+/// is edited is reported but not stored: only show_rows changes the rows.
 class equation_grid_model : public QAbstractTableModel
 {
     Q_OBJECT
@@ -44,6 +47,9 @@ public:
     /// The places of the names that these rows (from 1) define.
     std::vector<text_place> name_places(std::span<const int> rows) const;
     void set_editable(bool editable) { editable_ = editable; }
+    /// Shows an equation in a row (from 0) that waits for its value; nullopt ends that.
+    void set_draft(const std::optional<std::pair<int, std::string>>& draft);
+    const std::optional<std::pair<int, std::string>>& draft() const { return draft_; }
 
     /// The row (from 1) that defines a name; 0 if there is none.
     int row_defining(std::string_view name) const;
@@ -75,6 +81,7 @@ private:
     void set_row_count(int count);
     bool report_changes(const std::vector<shown_row>& before);
     QString cell_text(const QModelIndex& index) const;
+    bool may_edit(const QModelIndex& index) const;
     QString spoken_text(const QModelIndex& index) const;
     QString spoken_faults(int row) const;
     std::string_view name_at(int row, int letter) const;
@@ -85,6 +92,7 @@ private:
     std::vector<shown_row> rows_;
     int row_count_ = 0;
     std::vector<text_place> marks_;
+    std::optional<std::pair<int, std::string>> draft_;
     bool editable_ = true;
 };
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "nle/equations/window/equation_window.h"
 
+#include "desktop/editable_title.h"
 #include "desktop/link_label.h"
 #include "desktop/qt_text.h"
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/problem_status.h"
+
+#include <algorithm>
 
 namespace kelvarin
 {
@@ -42,6 +45,13 @@ void equation_window::connect_controls()
     connect(grid_, &equation_grid::new_implicit_asked, this, &equation_window::cmdNewImplicit_Click);
     connect(grid_, &equation_grid::new_explicit_asked, this, &equation_window::cmdNewEquation_Click);
     connect(grid_, &equation_grid::comment_edited, this, &equation_window::comment_edited);
+    grid_->set_cell_taker([this](const typed_cell& cell) { return take_cell(cell); });
+    connect(grid_, &equation_grid::cell_entered, this, &equation_window::cell_entered);
+    connect(grid_, &equation_grid::typing_paused, this, &equation_window::check_typing);
+    connect(title_, &editable_title::title_edited, this, [this](const QString& title) {
+        document().set_title(to_text(title));
+        document_changed();
+    });
     connect(panels_, &problem_status::name_clicked, this, &equation_window::name_clicked);
 }
 
@@ -52,8 +62,9 @@ void equation_window::show_document()
         empty_rows_ = 0;
     }
     const std::string& title = document().title();
-    lblTitle_->show_text(title.empty() ? tr("Untitled problem") : to_qstring(title), {});
+    title_->show_title(to_qstring(title), tr("Untitled problem"));
     cmbMethod_->setCurrentIndex(method_index());
+    cmbMethod_->setToolTip(cmbMethod_->itemData(method_index(), Qt::ToolTipRole).toString());
     apply_colours();
     update_num_vars();
 }
@@ -63,7 +74,8 @@ void equation_window::update_num_vars()
     status_ = analyse();
     const equation_set& set = status_.set;
     show_advice({});
-    grid_->show_rows(equations().rows(), set, empty_rows_);
+    grid_->show_rows(equations().rows(), set, shown_empty_rows());
+    grid_->set_names(variables());
     panels_->show_panels(status_.panels, set.undefined.empty() ? set.duplicates : set.undefined);
     show_fields();
 
@@ -73,6 +85,12 @@ void equation_window::update_num_vars()
     lblMissing_->setVisible(!status_.green);
     cmdRun_->setVisible(status_.green);
     enable_controls();
+}
+
+int equation_window::shown_empty_rows() const
+{
+    // One is always there to be typed into.
+    return std::max(empty_rows_, equation_count() < equation_limit ? 1 : 0);
 }
 
 QString equation_window::what_is_missing() const
@@ -107,6 +125,7 @@ void equation_window::enable_controls_for_run(bool running)
     for (QAction* item : changing_items_)
         item->setEnabled(!running);
     grid_->set_editable(!running);
+    title_->set_editable(!running);
     light_->set_solving(running);
     enable_controls();
 }
@@ -167,9 +186,10 @@ bool equation_window::show_end_of_run(bool stopped, const std::vector<message_bo
 
 void equation_window::take_over_typing()
 {
-    // Locking the grid takes over a comment that is being typed.
+    // Locking the grid takes over what is being typed.
     grid_->set_editable(false);
     grid_->set_editable(!is_running());
+    title_->end_edit();
 }
 
 void equation_window::mark_place(const text_place& place)

@@ -22,8 +22,11 @@ namespace kelvarin
 
 class entry_dialog;
 class equation_grid;
+enum class cell_answer;
+struct typed_cell;
 class link_label;
 class problem_status;
+class editable_title;
 class traffic_light;
 
 /// What differs between the windows of equation problems: names of controls, captions and heads.
@@ -105,10 +108,13 @@ protected:
     /// first ": ", are links, which advice_taken is told about. An empty text hides the line.
     void show_advice(const QString& text, const QStringList& links = {});
     virtual void advice_taken(const QString&) {}
+    /// Starts typing the initial guess or value of the first implicit row.
+    void edit_first_value();
     /// Registers a control of the kind to be disabled while the problem runs.
     void switch_off_in_run(QWidget* control) { run_controls_.append(control); }
     const equation_status& status() const { return status_; }
     const equation_table& equations() const { return const_cast<equation_window*>(this)->equations(); }
+    int shown_empty_rows() const;
     int equation_count() const { return static_cast<int>(equations().rows().size()); }
     bool comments_shown() const { return chkComments_->isChecked(); }
     QMenu* solution_menu() const { return solution_menu_; }
@@ -150,6 +156,9 @@ private:
     void cmdShowallvars_Click();
     void cmbMethod_Click(int index);
     void comment_edited(int row, const QString& comment);
+    cell_answer take_cell(const typed_cell& cell);
+    void cell_entered(int row, bool added);
+    void check_typing(int row, const QString& text);
     void add_rows();
     void ask_new_name();
     void name_clicked(const QString& name);
@@ -178,7 +187,7 @@ private:
     int empty_rows_ = 0;
     std::filesystem::path shown_path_;
 
-    link_label* lblTitle_ = nullptr;
+    editable_title* title_ = nullptr;
     QComboBox* cmbMethod_ = nullptr;
     QPushButton* cmdNewImplicit_ = nullptr;
     QPushButton* cmdNewEquation_ = nullptr;

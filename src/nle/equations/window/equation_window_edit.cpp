@@ -3,11 +3,13 @@
 
 #include "desktop/link_label.h"
 #include "desktop/qt_text.h"
+#include "expr/syntax_hint.h"
 #include "nle/equations/set_texts.h"
 #include "nle/equations/window/entry_dialog.h"
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/equation_window.h"
 #include "platform/run_time_text.h"
+#include "platform/text_file.h"
 #include "shell/report/rich_text.h"
 #include "shell/window/frmMsg.h"
 
@@ -137,6 +139,57 @@ void equation_window::comment_edited(int row, const QString& comment)
     document_changed();
 }
 
+cell_answer equation_window::take_cell(const typed_cell& cell)
+{
+    const int row = cell.row <= equation_count() ? cell.row : 0;
+    std::optional<message_box> refused;
+    if (!cell.is_value)
+        refused = equations().put_text(cell.text, row);
+    else if (cell.equation)
+        refused = equations().put_text(*cell.equation, row, cell.text);
+    else
+        refused = equations().set_value(row, cell.text);
+    if (!refused) {
+        if (row == 0) empty_rows_ = std::max(0, empty_rows_ - 1);
+        document_changed();
+        return cell_answer::taken;
+    }
+    if (!cell.by_key) {
+        QString reason = to_qstring(refused->text);
+        reason.replace(QLatin1Char('\r'), QLatin1Char(' '));
+        show_advice(tr("%1 was not taken over. %2").arg(to_qstring(cell.equation.value_or(cell.text)), reason));
+        return cell_answer::refused;
+    }
+    if (!cell.is_value && refused->field == entry_field::value) return cell_answer::value_missing;
+    if (refused->place && !cell.is_value) grid_->select_while_typing(*refused->place);
+    context().user.show(this, *refused);
+    return cell_answer::refused;
+}
+
+void equation_window::cell_entered(int row, bool added)
+{
+    if (!added) return grid_->set_current_row(row);
+    grid_->set_current_row(equation_count() + 1);
+    if (status_.set.undefined.empty() || equations().may_add()) return;
+    grid_->begin_row(to_qstring(status_.set.undefined.front()) + QStringLiteral(" = "));
+}
+
+void equation_window::check_typing(int row, const QString& text)
+{
+    const std::string typed = to_text(text);
+    const std::size_t equals = typed.find('=');
+    // What has hardly begun is not at fault yet.
+    const bool begun = equals != std::string::npos && !trimmed(typed.substr(equals + 1)).empty();
+    std::optional<message_box> fault;
+    if (begun) fault = equations().check_text(typed, row <= equation_count() ? row : 0);
+    if (fault && fault->field == entry_field::value) fault.reset();
+    QString line = fault ? to_qstring(fault->text) : QString();
+    if (fault && fault->field == entry_field::expression)
+        line += QLatin1Char(' ') + to_qstring(syntax_hint(trimmed(typed.substr(equals + 1))));
+    show_advice(line.replace(QLatin1Char('\r'), QLatin1Char(' ')).trimmed());
+    grid_->mark_while_typing(fault ? fault->place : std::nullopt);
+}
+
 void equation_window::add_rows()
 {
     const std::string limit = std::to_string(equation_limit);
@@ -264,6 +317,15 @@ void equation_window::show_advice(const QString& text, const QStringList& links)
     lblAdvice_->show_text(text, links);
     lblAdvice_->setVisible(!text.isEmpty());
     if (text.isEmpty()) left_out_.clear();
+}
+
+void equation_window::edit_first_value()
+{
+    int number = 0;
+    for (const equation_row& row : equations().rows()) {
+        ++number;
+        if (is_implicit(row.equation, form_)) return grid_->edit_value(number);
+    }
 }
 
 void equation_window::follow_advice(const QString& link)

@@ -2,6 +2,7 @@
 // The layout of the windows of equations.
 
 #include "desktop/controls.h"
+#include "desktop/editable_title.h"
 #include "desktop/icons.h"
 #include "desktop/link_label.h"
 #include "desktop/look.h"
@@ -73,11 +74,11 @@ void equation_window::build_ui(const equation_window_parts& parts)
 QBoxLayout* equation_window::build_title_row()
 {
     auto* row = new QHBoxLayout;
-    lblTitle_ = named(new link_label, "lblTitle");
-    QFont font = lblTitle_->font();
+    title_ = new editable_title;
+    QFont font = title_->label()->font();
     font.setBold(true);
-    lblTitle_->setFont(font);
-    row->addWidget(lblTitle_, 1);
+    title_->label()->setFont(font);
+    row->addWidget(title_, 1);
 
     cmbMethod_ = named(new QComboBox, "cmbMethod");
     for (const problem_method& method : kind().methods) {
@@ -213,7 +214,7 @@ void equation_window::apply_colours()
     cmdRun_->setPalette(solving_palette(palette()));
     const QPalette quiet = quiet_palette(palette());
     lblMissing_->setPalette(quiet);
-    lblTitle_->setPalette(document().title().empty() ? quiet : palette());
+    title_->label()->setPalette(document().title().empty() ? quiet : palette());
 }
 
 void equation_window::changeEvent(QEvent* event)

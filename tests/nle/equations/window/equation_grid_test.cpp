@@ -151,7 +151,7 @@ TEST(EquationGrid, EditsCommentsInPlaceAndReportsOnlyChanges)
         };
     };
     const act lock = [](desk& at) { at.grid->set_editable(false); };
-    const act f2 = keys({Qt::Key_F2});
+    const act f2 = keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_F2});
     const act enter = keys({Qt::Key_Return});
     const std::vector<std::string> changed = {"comment 'K' 2"};
     const table<const char*, act, std::string, act, std::vector<std::string>> edits = {
@@ -186,8 +186,8 @@ TEST(EquationGrid, ContextMenuOffersWhatTheRowAllows)
     desk at;
     at.show(three_rows, 1);
     const table<int, std::vector<std::string>> offers = {
-        {1, {"Add NLE", "Add EE", "Edit", "Edit comment", "Remove", "Move down"}},
-        {3, {"Add NLE", "Add EE", "Edit", "Edit comment", "Remove", "Move up"}},
+        {1, {"Add NLE", "Add EE", "Edit", "Edit in place", "Edit comment", "Remove", "Move down"}},
+        {3, {"Add NLE", "Add EE", "Edit", "Edit in place", "Edit comment", "Remove", "Move up"}},
         {4, {"Add NLE", "Add EE"}},
     };
     for (const auto& [row, expected_enabled] : offers) {

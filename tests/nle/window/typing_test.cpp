@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "nle_desk.h"
+
+#include "desktop/expression_edit.h"
+#include "desktop/link_label.h"
+
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+
+namespace kelvarin::test
+{
+namespace
+{
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const char* const two_rows = "Two |KVRVER05_0\nf(x) = x^2 - a #\na = 2 #two\nx(min)=1, x(max)=2\n";
+
+std::string advice_of(const nle_desk& desk)
+{
+    const auto& line = desk.person.find<link_label>("lblAdvice");
+    return line.isVisible() ? line.whole_text().toStdString() : std::string();
+}
+
+TEST(TypingRows, BeginsInTheFirstFreeRowAsksForTheGuessAndProposesTheNextName)
+{
+    nle_desk desk;
+    desk.grid().setFocus();
+    for (const char* line : {"f(x) = x^2 - a", "1.5", "2*b", "3"}) {
+        robot::keys(line);
+        robot::press(Qt::Key_Return);
+    }
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x^2 - a", "a = 2*b", "b = 3"));
+    EXPECT_EQ(desk.cell(1, 2), "1.5");
+    EXPECT_EQ(desk.grid().current_row(), 4);
+    for (int step = 0; step < 3; ++step)
+        robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_THAT(desk.content().rows, IsEmpty());
+
+    // A proposal, or an equation without its guess, is given up by Esc.
+    robot::keys("f(y) = y - c");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_Escape);
+    EXPECT_EQ(desk.cell(1, 1), "");
+    robot::keys("k = c");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_Escape);
+    EXPECT_THAT(desk.equations(), ElementsAre("k = c"));
+    EXPECT_EQ(desk.grid().findChild<expression_edit*>(), nullptr);
+}
+
+TEST(TypingRows, RefusesAsTheDialogsDoAndSelectsWhatIsAtFault)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(two_rows));
+    desk.grid().setFocus();
+    desk.grid().set_current_row(3);
+    robot::keys("b = 2*");
+    desk.user.expect_box("Syntax Error: extra operator at the end of the expression; *");
+    robot::press(Qt::Key_Return);
+    robot::keys("5");
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x^2 - a", "a = 2", "b = 25"));
+
+    robot::keys("f(y) = y");
+    robot::press(Qt::Key_Return);
+    robot::keys("one");
+    desk.user.expect_box("Please enter a valid numeric value for initial guess.");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_A, Qt::ControlModifier);
+    robot::keys("1");
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(desk.content().rows.back(), (equation_row{"f(y) = y", "1", ""}));
+}
+
+TEST(TypingRows, TellsAFaultWhileTypingAndWhatLeavingDidNotTakeOver)
+{
+    nle_desk desk;
+    desk.grid().setFocus();
+    robot::keys("b = 3x");
+    EXPECT_TRUE(wait_until([&] {
+        return advice_of(desk) == "Syntax Error: invalid number '3x' A product needs its sign: 3*x";
+    })) << advice_of(desk);
+    EXPECT_EQ(desk.grid().findChild<expression_edit*>()->extraSelections().size(), 1);
+    desk.person.click("chkComments");
+    EXPECT_EQ(advice_of(desk), "b = 3x was not taken over. Syntax Error: invalid number '3x'");
+    EXPECT_THAT(desk.content().rows, IsEmpty());
+    // What is right is taken over without a key.
+    desk.grid().setFocus();
+    robot::keys("b = 3");
+    desk.person.click("chkComments");
+    EXPECT_THAT(desk.equations(), ElementsAre("b = 3"));
+    // So it is before a run.
+    desk.grid().setFocus();
+    robot::press(Qt::Key_Down);
+    robot::keys("c = b");
+    desk.solve_by_key();
+    EXPECT_THAT(desk.equations(), ElementsAre("b = 3", "c = b"));
+}
+
+TEST(TypingRows, EditsTheCellItStandsOnByF2)
+{
+    nle_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(two_rows));
+    desk.grid().setFocus();
+    desk.grid().set_current_row(1);
+    robot::press(Qt::Key_F2);
+    robot::keys(" - 1");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_Right);
+    robot::press(Qt::Key_F2);
+    robot::press(Qt::Key_A, Qt::ControlModifier);
+    robot::keys("7\t");
+    robot::press(Qt::Key_Right);
+    robot::press(Qt::Key_F2);
+    robot::keys("root");
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.content().rows,
+                ElementsAre(equation_row{"f(x) = x^2 - a - 1", "7", "root"}, equation_row{"a = 2", "n.a.", "two"}));
+    // An explicit row has no guess to edit.
+    robot::press(Qt::Key_Left);
+    robot::press(Qt::Key_Down);
+    robot::press(Qt::Key_F2);
+    EXPECT_EQ(desk.grid().findChild<QLineEdit*>("txtCellValue"), nullptr);
+}
+
+} // namespace
+} // namespace kelvarin::test
