@@ -66,9 +66,6 @@ void frmSolution::build_menus()
     report_menu_ = new QMenu(tr("&Report"), this);
     report_menu_->addAction(tr("&Refresh"), this, &frmSolution::mnuRefresh_Click)
         ->setObjectName(QStringLiteral("mnuRefresh"));
-    mnuUseSolution_ = report_menu_->addAction(tr("Use solution as &guesses"), this, &frmSolution::use_solution);
-    mnuUseSolution_->setObjectName(QStringLiteral("mnuUseSolution"));
-    mnuUseSolution_->setVisible(false);
     report_menu_->addAction(frame.action(window_command::save_as));
     for (const window_command which : {window_command::print, window_command::print_preview, window_command::close,
                                        window_command::close_all, window_command::exit}) {
@@ -117,7 +114,12 @@ void frmSolution::set_problem(problem_window& problem, const std::vector<solved_
 {
     problem_ = &problem;
     solution_ = solution;
-    mnuUseSolution_->setVisible(!solution_.empty());
+    if (!solution_.empty()) {
+        mnuUseSolution_ = new QAction(tr("Use solution as &guesses"), this);
+        mnuUseSolution_->setObjectName(QStringLiteral("mnuUseSolution"));
+        connect(mnuUseSolution_, &QAction::triggered, this, &frmSolution::use_solution);
+        report_menu_->insertAction(report_menu_->actions().at(1), mnuUseSolution_);
+    }
     // Whether it can be solved again depends on the problem.
     connect(&problem, &problem_window::state_changed, this, &frmSolution::state_changed);
     // Queued: the windows around both may be in the middle of their destruction.
