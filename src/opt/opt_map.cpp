@@ -179,7 +179,8 @@ drawn_picture draw_opt_map(const opt_map& map, const settings& store, drawing_op
     start.y_title = map.names[1];
     start.points = true;
     options.view = axis_limits{map.x, map.y, {}};
-    const graph_content graph = scatter_graph_form_startup(start, store);
+    graph_content graph = scatter_graph_form_startup(start, store);
+    if (!map.title.empty()) graph.title = map.title;
     graph_drawing drawing = draw_graph(graph, options, metrics);
     if (!drawing.mapping) return std::move(drawing.picture);
     std::vector<drawn_shape> contours;

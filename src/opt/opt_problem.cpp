@@ -44,7 +44,8 @@ row_refusal check_start_value(const equation_parts& parts)
     message_box box =
         scan_tokens(value).size() == 1
             ? refusal_box("<" + value + "> is not a valid number.", entry_field::expression)
-            : refusal_box("Initialization value for <" + std::string(parts.name) + "> must be a valid number.", entry_field::expression);
+            : refusal_box("Initialization value for <" + std::string(parts.name) + "> must be a valid number.",
+                          entry_field::expression);
     box.place = text_place{0, parts.right_side_offset, value.size()};
     return box;
 }
@@ -106,8 +107,7 @@ opt_problem::refusal opt_problem::check_row(const opt_content& in, const typed_r
 {
     refusal refused = check_among(in.rows, typed.text, row);
     // All places are in the right side.
-    if (refused && refused->place)
-        refused->place->offset -= parts_of(typed.text, opt_row_form).right_side_offset;
+    if (refused && refused->place) refused->place->offset -= parts_of(typed.text, opt_row_form).right_side_offset;
     return refused;
 }
 

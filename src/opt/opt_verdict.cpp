@@ -193,6 +193,12 @@ bool falls_without_end(opt_system& system, std::span<const double> start, std::s
     return true;
 }
 
+/// Differences at two steps without the error that grows with the step's square.
+double extrapolated(double found, double coarse)
+{
+    return (4.0 * found - coarse) / 3.0;
+}
+
 opt_verdict judge(opt_system& system, const opt_outcome& outcome, const std::vector<double>& x)
 {
     opt_verdict verdict;
@@ -202,9 +208,13 @@ opt_verdict judge(opt_system& system, const opt_outcome& outcome, const std::vec
         const differences coarse = around.differences_at(2.0 * step);
         verdict.point = kind_of_point(found, coarse, around.noise());
         for (std::size_t i = 0; i < around.size(); ++i) {
-            found.gradient[i] /= around.scale(i);
-            for (std::size_t j = 0; j < around.size(); ++j)
-                found.hessian(static_cast<int>(i), static_cast<int>(j)) /= around.scale(i) * around.scale(j);
+            found.gradient[i] = extrapolated(found.gradient[i], coarse.gradient[i]) / around.scale(i);
+            for (std::size_t j = 0; j < around.size(); ++j) {
+                const auto row = static_cast<int>(i);
+                const auto column = static_cast<int>(j);
+                found.hessian(row, column) = extrapolated(found.hessian(row, column), coarse.hessian(row, column)) /
+                                             (around.scale(i) * around.scale(j));
+            }
         }
         const std::vector<double> values = symmetric_eigen(found.hessian).values;
         const auto [least, greatest] = std::ranges::minmax(values);

@@ -108,7 +108,8 @@ TEST_F(Optimization, TheTargetOfTwoVariablesHasContoursAndAPath)
 {
     EXPECT_EQ(call({"--plot", "b.svg", "bowl.kvr"}).status, 0);
     const std::string picture = folder.read("b.svg");
-    for (const char* part : {"function-0", "function-5", "class=\"curve curve-0\"", ">iterations<", ">x<", ">y<"})
+    for (const char* part :
+         {"function-0", "function-5", "class=\"curve curve-0\"", ">Bowl<", ">iterations<", ">x<", ">y<"})
         EXPECT_THAT(picture, HasSubstr(part));
 }
 

@@ -57,6 +57,10 @@ TEST(OptVerdict, NumbersAreThoseOfTheHessian)
     EXPECT_NEAR(bowl.least_eigenvalue, 2.0, 1e-4);
     EXPECT_NEAR(bowl.greatest_eigenvalue, 6.0, 1e-4);
     EXPECT_LT(bowl.gradient, 1e-6);
+    // Third derivatives do not show: the valley's gradient at (1, 1) is 0.
+    const opt_verdict valley = verdict_of(target_of("100*(y-x^2)^2+(1-x)^2", {"x(0)=-1.2", "y(0)=1"}));
+    EXPECT_LT(valley.gradient, 1e-8);
+    EXPECT_NEAR(valley.least_eigenvalue, 0.39936, 1e-4);
     const opt_verdict edge = verdict_of(target_of("if x < 10 then ln(-1) else (x-20)^2", {"x(0)=30"}));
     EXPECT_NEAR(edge.least_eigenvalue, 2.0, 1e-4);
 }
