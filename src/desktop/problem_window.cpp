@@ -250,7 +250,8 @@ bool problem_window::open_by_dialog()
 {
     if (is_running() || !may_replace(kind_->unsaved_on_open)) return false;
     const auto chosen = context().user.choose_file_to_open(
-        this, {.caption = to_qstring(kind_->open_caption), .filter = kind_->open_filter, .proposed = proposed_file({})});
+        this,
+        {.caption = to_qstring(kind_->open_caption), .filter = kind_->open_filter, .proposed = proposed_file({})});
     if (!chosen) return false;
     if (!is_foreign(chosen->path)) return read(chosen->path);
     context().frame.open_document(chosen->path);
