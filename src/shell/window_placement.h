@@ -46,8 +46,8 @@ struct placement
 };
 
 /// Fits a window (position of its frame, size of its content) on one of `screens`: it becomes at most as large as the
-/// screen that it overlaps most. It is moved into that screen if it had to shrink, if its title bar could not be reached,
-/// or if `as_a_whole`. Without screens it stays as it is.
+/// screen that it overlaps most. It is moved into that screen if it had to shrink, if its title bar could not be
+/// reached, or if `as_a_whole`. Without screens it stays as it is.
 rectangle on_a_screen(rectangle place, const frame_margins& frame, std::span<const rectangle> screens, bool as_a_whole);
 
 /// The placement of a first start: 0.85 of the screen, centred.

@@ -82,8 +82,9 @@ TEST_F(Regressions, MultipleTakesVariablesInTheOrderOfTheTable)
     EXPECT_EQ(answer["independent"], (json{"x", "y"}));
     EXPECT_FALSE(answer["fits"][0].contains("degree"));
     EXPECT_NEAR(answer["fits"][0]["parameters"][1]["value"].get<double>(), 1.0, 1e-12);
-    EXPECT_EQ(answer_to({"--regress", "linear", "--indep", "x,z", "--edit", "cell 3,1"})["messages"][0]["text"].get<std::string>().rfind(
-                  "Insufficient data sets", 0),
+    EXPECT_EQ(answer_to({"--regress", "linear", "--indep", "x,z", "--edit", "cell 3,1"})["messages"][0]["text"]
+                  .get<std::string>()
+                  .rfind("Insufficient data sets", 0),
               0U);
 }
 

@@ -92,7 +92,8 @@ public:
                 continue;
             }
             next = prepared(std::move(next), equation.row);
-            if (has_values() && equation.row.implicit && !equation.row.value) outcome.without_value.push_back(equation.row.name);
+            if (has_values() && equation.row.implicit && !equation.row.value)
+                outcome.without_value.push_back(equation.row.name);
             next.rows.insert(next.rows.begin() + static_cast<std::ptrdiff_t>(at), make_row(next, equation.row));
             outcome.rows.push_back(static_cast<int>(++at));
         }
@@ -213,7 +214,9 @@ private:
     {
         for (equation_row& row : next.rows) {
             const std::optional<typed_row> present = read_row(row.equation);
-            if (!has_values() || !present || !present->implicit || present->name != given.name || check_value(given.value)) continue;
+            if (!has_values() || !present || !present->implicit || present->name != given.name ||
+                check_value(given.value))
+                continue;
             typed_row changed = *present;
             changed.value = given.value;
             row.guess = make_row(next, changed).guess;

@@ -83,9 +83,10 @@ struct pasted_text
 /// How a kind of problem reads an equation: row_of_text with its form, and what else it understands.
 using row_reader = std::function<std::optional<typed_row>(std::string_view line)>;
 
-/// Reads a text of many lines. Numbers in front, "[3]", are ignored; values of rows that don't hold them come from lines like "x(0) = 1", from
-/// "Initial guess: 1" below an equation, and from the table of results of a report. An equation that occurs again, as
-/// in a report's list of comments, is the same one, and an indented line below a numbered equation is its comment.
+/// Reads a text of many lines. Numbers in front, "[3]", are ignored; values of rows that don't hold them come from
+/// lines like "x(0) = 1", from "Initial guess: 1" below an equation, and from the table of results of a report. An
+/// equation that occurs again, as in a report's list of comments, is the same one, and an indented line below a
+/// numbered equation is its comment.
 pasted_text read_pasted_text(std::string_view text, const row_reader& read);
 
 /// The outcome of a paste.

@@ -60,8 +60,8 @@ public:
 
     /// An equation or condition, as typed, after its number: "[1] x = 2".
     void numbered_line(std::size_t number, std::initializer_list<std::string_view> typed);
-    /// The head, then each row that has a comment with the comment below. Adds nothing and returns false if no row has a
-    /// comment.
+    /// The head, then each row that has a comment with the comment below. Adds nothing and returns false if no row has
+    /// a comment.
     bool comments(std::string_view head, std::span<const commented_row> rows);
     /// A line "label = value".
     void setting(std::string_view label, std::string_view value);
