@@ -6,6 +6,7 @@
 #include "deq/deq_report.h"
 #include "deq/deq_run.h"
 #include "deq/deq_run_card.h"
+#include "impatient_listener.h"
 #include "kinds/kinds.h"
 #include "platform/text_file.h"
 #include "promise.h"
@@ -18,19 +19,7 @@
 namespace
 {
 
-/// Runs are cut short: the promise is that they end without harm, not what they find.
-class impatient_listener final : public kelvarin::run_listener
-{
-public:
-    void fraction_done(double fraction) override
-    {
-        kelvarin::fuzz::promise(fraction <= 1.0, "no more than all is done");
-    }
-    bool stop_asked() const override { return ++questions_ > 500; }
-
-private:
-    mutable int questions_ = 0;
-};
+constexpr int patience = 500;
 
 void check_saving(const kelvarin::deq_content& content)
 {
@@ -67,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     const settings store;
     for (std::size_t method = 0; method < deq_method_items.size(); ++method) {
         content->method = static_cast<deq_method>(method);
-        impatient_listener listener;
+        fuzz::impatient_listener listener(patience);
         const deq_run_problem problem = {*content, "fuzz.kvr"};
         const deq_outcome outcome = run_deq(problem, store, listener);
         promise(analysis.green || !outcome.has_report, "a red problem does not run");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "expr/basParse.h"
+#include "impatient_listener.h"
 #include "kinds/kinds.h"
 #include "nle/equations/equation_rows.h"
 #include "nle/nle_analysis.h"
@@ -17,16 +18,7 @@
 namespace
 {
 
-/// Runs are cut short: the promise is that they end without harm, not what they find.
-class impatient_listener final : public kelvarin::run_listener
-{
-public:
-    void fraction_done(double) override { ++questions_; }
-    bool stop_asked() const override { return ++questions_ > 50; }
-
-private:
-    mutable int questions_ = 0;
-};
+constexpr int patience = 50;
 
 /// Rows as the dialogs make them. A file may hold others, which are kept for the user to see, but what they
 /// become when they are saved is not promised.
@@ -70,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
 
     if (!content->rows.empty() && is_regular(*content)) check_saving(*content);
 
-    impatient_listener listener;
+    fuzz::impatient_listener listener(patience);
     const fixed_clock clock;
     const nle_run_problem problem = {*content, "fuzz.kvr"};
     const settings store;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "impatient_listener.h"
 #include "kinds/kinds.h"
 #include "opt/opt_analysis.h"
 #include "opt/opt_file.h"
@@ -19,19 +20,7 @@
 namespace
 {
 
-/// Runs are cut short: the promise is that they end without harm, not what they find.
-class impatient_listener final : public kelvarin::run_listener
-{
-public:
-    void fraction_done(double fraction) override
-    {
-        kelvarin::fuzz::promise(fraction <= 1.0, "no more than all is done");
-    }
-    bool stop_asked() const override { return ++questions_ > 2000; }
-
-private:
-    mutable int questions_ = 0;
-};
+constexpr int patience = 2000;
 
 void check_saving(const kelvarin::opt_content& content)
 {
@@ -68,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     const settings store;
     for (std::size_t method = 0; method < opt_method_items.size(); ++method) {
         content->method = static_cast<opt_method>(method);
-        impatient_listener listener;
+        fuzz::impatient_listener listener(patience);
         const opt_run_problem problem = {*content, "fuzz.kvr"};
         const opt_outcome outcome = run_opt(problem, store, clock, listener);
         promise(analysis.green || !outcome.has_report, "a red problem does not run");
@@ -78,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
             promise(std::isfinite(x), "results are finite");
         promise(!plain_text_of(read_rich_text(opt_report(problem, outcome, store, clock.today()))).empty(),
                 "a report can be read");
-        impatient_listener patient;
+        fuzz::impatient_listener patient(patience);
         try {
             opt_graph_start(*content, outcome, 1, patient);
         } catch (const run_stopped&) {
