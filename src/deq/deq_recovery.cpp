@@ -11,16 +11,12 @@ namespace kelvarin
 namespace
 {
 
-/// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
-constexpr int recovery_format = 1;
-
 deq_content content_of(const json_value& text)
 {
-    text.at("format").whole_number(recovery_format, recovery_format);
     deq_content content;
-    content.title = text.at("title").text();
-    constexpr int last_method = static_cast<int>(deq_method_items.size()) - 1;
-    content.method = static_cast<deq_method>(text.at("method").whole_number(0, last_method));
+    const recovered_head head = read_recovery_head(text, deq_method_items.size());
+    content.title = head.title;
+    content.method = static_cast<deq_method>(head.method);
     content.rows = read_rows_member(text);
     content.independent = text.at("independent").text();
     content.initial_value = text.at("initial_value").text();
@@ -34,9 +30,7 @@ std::string deq_recovery_text(const deq_content& content)
 {
     json_writer text;
     text.begin_object();
-    text.member("format", recovery_format);
-    text.member("title", content.title);
-    text.member("method", static_cast<int>(content.method));
+    write_recovery_head(text, content.title, static_cast<int>(content.method));
     write_rows_member(text, content.rows);
     text.member("independent", content.independent);
     text.member("initial_value", content.initial_value);

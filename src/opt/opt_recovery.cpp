@@ -11,16 +11,12 @@ namespace kelvarin
 namespace
 {
 
-/// Raised whenever a field changes its meaning, so that no older program misreads a newer one's text.
-constexpr int recovery_format = 1;
-
 opt_content content_of(const json_value& text)
 {
-    text.at("format").whole_number(recovery_format, recovery_format);
     opt_content content;
-    content.title = text.at("title").text();
-    constexpr int last_method = static_cast<int>(opt_method_items.size()) - 1;
-    content.method = static_cast<opt_method>(text.at("method").whole_number(0, last_method));
+    const recovered_head head = read_recovery_head(text, opt_method_items.size());
+    content.title = head.title;
+    content.method = static_cast<opt_method>(head.method);
     content.target = text.at("target").text();
     content.rows = read_rows_member(text);
     return content;
@@ -32,9 +28,7 @@ std::string opt_recovery_text(const opt_content& content)
 {
     json_writer text;
     text.begin_object();
-    text.member("format", recovery_format);
-    text.member("title", content.title);
-    text.member("method", static_cast<int>(content.method));
+    write_recovery_head(text, content.title, static_cast<int>(content.method));
     text.member("target", content.target);
     write_rows_member(text, content.rows);
     text.end_object();
