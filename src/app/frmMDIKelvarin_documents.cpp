@@ -79,10 +79,6 @@ bool frmMDIKelvarin::has_room_for(const problem_window_kind& kind)
 problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
 {
     if (!has_room_for(kind)) return nullptr;
-    if (!kind.make) {
-        show_message(kind.row->missing_text);
-        return nullptr;
-    }
     problem_window* window = kind.make(context_).release();
     show_child(window);
     return window;
@@ -90,7 +86,6 @@ problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
 
 void frmMDIKelvarin::show_default_window(const problem_window_kind& kind)
 {
-    if (!kind.make) return show_message(kind.row->missing_text);
     QPointer<problem_window>& window = default_windows_[kind.fresh];
     const std::vector<child_window*> open = area_->children();
     // A closed window may not be deleted yet.

@@ -84,9 +84,8 @@ void start_page::build_ui(const command_actions& actions)
     for (const problem_window_kind& kind : problem_window_kinds()) {
         const std::string name = std::string("cmdNew_") + kind.row->key;
         QToolButton* row = add_row(*fresh, program_icon(kind.row->key), tr(kind.row->name), name.c_str());
-        row->setEnabled(kind.make != nullptr);
         QAction* command = actions.action(kind.fresh);
-        row->setToolTip(kind.make ? command->toolTip() : QString::fromLatin1(kind.row->missing_text));
+        row->setToolTip(command->toolTip());
         connect(row, &QToolButton::clicked, command, &QAction::trigger);
     }
     fresh->addStretch();

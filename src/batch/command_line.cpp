@@ -71,13 +71,13 @@ void take_conversion(std::vector<std::string>& arguments, typed_options& typed)
     arguments.erase(convert, end);
 }
 
-/// "nle, leq or deq", with that word before the last one.
-std::string keys_of_solved_kinds(const std::string& last_word)
+/// "nle, leq or deq".
+std::string keys_of_kinds()
 {
     std::string keys;
     const auto answerers = kind_answerers();
     for (std::size_t i = 0; i < answerers.size(); ++i) {
-        if (i > 0) keys += i + 1 < answerers.size() ? ", " : " " + last_word + " ";
+        if (i > 0) keys += i + 1 < answerers.size() ? ", " : " or ";
         keys += answerers[i].kind->key;
     }
     return keys;
@@ -135,7 +135,7 @@ void describe_options(CLI::App& app, typed_options& typed)
                    "Write to this file; {} in it stands for the stem of each FILE; - is standard output")
         ->type_name("NAME");
     app.add_option("--kind", typed.kind,
-                   keys_of_solved_kinds("or") + ": takes every FILE for a problem of that kind, whatever its name")
+                   keys_of_kinds() + ": takes every FILE for a problem of that kind, whatever its name")
         ->type_name("NAME");
     app.add_option("--jobs", typed.jobs, "Solve so many files at a time; by default one per processor")->type_name("N");
     app.add_option("--clock", typed.clock,
@@ -274,8 +274,7 @@ const problem_kind* kind_of(std::string_view key)
     if (key.empty()) return nullptr;
     for (const kind_answerer& answerer : kind_answerers())
         if (key == answerer.kind->key) return answerer.kind;
-    throw usage_error{"--kind " + std::string(key) + ": not yet solved by this version; only " +
-                      keys_of_solved_kinds("and") + " are."};
+    throw usage_error{"--kind: " + keys_of_kinds() + " is expected, not '" + std::string(key) + "'."};
 }
 
 /// A value is valid if one of the kinds that have the option accepts it; otherwise the error of the last one is

@@ -37,7 +37,6 @@ message_box no_answerer_box(const std::string& file, const recognised_document& 
                            " is a report or a text, not a problem file. With --kind nle it is "
                            "solved as a nonlinear problem.");
     case document_form::problem:
-        return refusal_box(found.kind->missing_text);
     case document_form::graph:
     case document_form::unknown:
         break;

@@ -35,10 +35,7 @@ TEST(Kinds, EachHasItsWindowsAndItsAnswererUnlessItsRowSaysWhyNot)
         for (const char* name : {row.key, row.window_name, row.recent_suffix})
             EXPECT_TRUE(names.insert(name).second) << name;
 
-        const bool is_solved = std::string(row.missing_text).empty();
-        EXPECT_EQ(windows[i].make != nullptr, is_solved);
-        EXPECT_EQ(row.make_document != nullptr, is_solved);
-        if (!is_solved) continue;
+        ASSERT_TRUE(windows[i].make && row.make_document);
         EXPECT_TRUE(answerer_of(row));
         EXPECT_EQ(row.make_document()->kind(), row.key);
         const auto window = windows[i].make(desk.context);

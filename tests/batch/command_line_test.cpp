@@ -42,6 +42,7 @@ TEST(CommandLine, WrongUsageIsRefusedWithAReasonAndDoesNothing)
         {{"--format", "rtf", "--eval", "1"}, "text or JSON only"},
         {{"--settings", "--format", "rtf"}, "text or JSON only"},
         {{"--units", "--format", "rtf"}, "text or JSON only"},
+        {{"--kind", "ode", "a.kvr"}, "--kind: nle, leq, deq, "},
         {{"--units", "--constants"}, "Only one of"},
         {{"--convert", "100", "m"}, "a number and two units are expected"},
         {{"a.kvr", "--convert", "100", "m", "km"}, "take no FILE"},

@@ -47,8 +47,6 @@ struct problem_kind
     const char* caption = "";
     /// The suffix of the registry key of its recent files, "\\files_nle".
     const char* recent_suffix = "";
-    /// Why problems of this kind can not be opened; empty if they can.
-    const char* missing_text = "";
 
     /// The captions and filters of the file dialogs.
     const char* open_caption = "Open";
@@ -78,7 +76,7 @@ struct problem_kind
     std::span<const problem_method> methods = {};
     /// The titles of the examples in the order of their menu; null if there is no such menu.
     std::vector<std::string> (*example_titles)() = nullptr;
-    /// Makes an empty problem; null if the kind has a missing text.
+    /// Makes an empty document of this kind.
     std::unique_ptr<problem_document> (*make_document)() = nullptr;
 };
 
