@@ -213,9 +213,9 @@ void frmRGT::txtGridCell_edited(const QString& text)
 {
     begin_editing();
     line_typed_ = true;
-    const auto followed = followed_text(to_text(text));
-    if (!followed) return;
-    table_.type_cell(row(), column(), *followed, true);
+    // The line itself is unsaved work, also while it holds no number or the number that the cell has.
+    table_.mark_table_unsaved();
+    if (const auto followed = followed_text(to_text(text))) table_.type_cell(row(), column(), *followed, true);
     document_changed();
 }
 

@@ -254,6 +254,12 @@ TEST(DataTable, IsSavedReopenedAndAskedAbout)
     EXPECT_EQ(desk.folder.read("m.kvr"), "Measured\r\n2 1\r\nC01\r\n5\r\n6\r\n*\r\n\r\n\r\n");
     EXPECT_EQ(desk.open_again("m.kvr").document().content(), desk.content());
 
+    desk.to_front();
+    ASSERT_TRUE(desk.window.document().problem_saved());
+    robot::press(Qt::Key_F2);
+    robot::keys("x");
+    robot::press(Qt::Key_Escape);
+    EXPECT_FALSE(desk.window.document().problem_saved()) << "a key in the line counts, though the cell stayed";
     robot::keys("7");
     desk.user.expect_question("Data table not saved. Do you wish to save it now ?", user_answer::cancel);
     desk.choose("File", "mnuFileItem_New");
