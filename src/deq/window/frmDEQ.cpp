@@ -71,6 +71,9 @@ frmDEQ::frmDEQ(desktop_context& context) : equation_window(context, deq_kind())
          .below_options = build_card()});
     mnuCheckAccuracy_ = named(solution_menu()->addAction(tr("Check &accuracy"), this, &frmDEQ::mnuCheckAccuracy_Click),
                               "mnuCheckAccuracy");
+    mnuCompareLast_ = named(solution_menu()->addAction(tr("Compare with last r&un")), "mnuCompareLast");
+    mnuCompareLast_->setCheckable(true);
+    connect(mnuCompareLast_, &QAction::triggered, this, &frmDEQ::mnuCompareLast_Click);
     connect(this, &frmDEQ::state_changed, this, &frmDEQ::show_run_state);
     document_changed();
 }
@@ -258,11 +261,19 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     if (outcome.stopped) return offer_stiff_method(outcome.method);
     if (!outcome.has_report) return;
     if (wish.table) show_table(problem, outcome, wish.number);
-    if (wish.graph)
-        show_new_graph(context(), *this, scatter_graph_form_startup2(deq_graph_start(outcome, wish.number), {}, store));
+    if (wish.graph) show_graph(outcome, store, wish);
+    last_solution_ = differential_columns(outcome);
     if (!wish.report) return;
     show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
                     problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
+}
+
+void frmDEQ::show_graph(const deq_outcome& outcome, const settings& store, const run_wish& wish)
+{
+    graph_start start = deq_graph_start(outcome, wish.number);
+    std::vector<std::pair<drawn_part, curve_style>> styles;
+    if (mnuCompareLast_->isChecked()) styles = add_earlier_run(start, last_solution_);
+    show_new_graph(context(), *this, scatter_graph_form_startup2(start, {}, store), styles);
 }
 
 void frmDEQ::show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number)
@@ -322,6 +333,12 @@ void frmDEQ::show_run_state()
 void frmDEQ::cmdCopyPoints_Click()
 {
     context().user.copy_text(to_qstring(tab_separated_text(points_)));
+}
+
+void frmDEQ::mnuCompareLast_Click()
+{
+    // The comparison is seen in graphs alone.
+    if (mnuCompareLast_->isChecked()) chkGraph_->setChecked(true);
 }
 
 void frmDEQ::mnuCheckAccuracy_Click()

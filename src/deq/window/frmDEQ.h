@@ -69,6 +69,7 @@ private:
     void settle_independent();
     void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                       const run_wish& wish);
+    void show_graph(const deq_outcome& outcome, const settings& store, const run_wish& wish);
     /// Shows the points in a data table of their own.
     void show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number);
     void offer_stiff_method(deq_method method);
@@ -76,6 +77,7 @@ private:
     void cmdStiff_Click();
     void cmdCopyPoints_Click();
     void mnuCheckAccuracy_Click();
+    void mnuCompareLast_Click();
     /// Shows what the present state of the run allows.
     void show_run_state();
     void show_card(const deq_content& content, const deq_run_card& card);
@@ -96,6 +98,10 @@ private:
     QLabel* lblCard_ = nullptr;
     QPushButton* cmdCopyPoints_ = nullptr;
     QAction* mnuCheckAccuracy_ = nullptr;
+    /// Checked: graphs show the solution before as well.
+    QAction* mnuCompareLast_ = nullptr;
+    /// The differential variables of the last solution.
+    named_columns last_solution_;
     /// The points of the last run, and its problem.
     named_columns points_;
     deq_content card_content_;

@@ -47,6 +47,12 @@ frmGraph::~frmGraph()
         child->disconnect(this);
 }
 
+void frmGraph::set_styles(std::span<const std::pair<drawn_part, curve_style>> styles)
+{
+    for (const auto& [part, style] : styles)
+        PicGraph_->set_style(part, style);
+}
+
 void frmGraph::set_problem(problem_window& problem)
 {
     problem_ = &problem;
@@ -409,12 +415,14 @@ void frmGraph::set_log(bool is_x, bool on)
     PicGraph_->set_scales(scales);
 }
 
-void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph)
+void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph,
+                    std::span<const std::pair<drawn_part, curve_style>> styles)
 {
     if (const std::optional<message_box> refused = drawing_refusal(find_axis_limits(graph)))
         return context.user.show(&problem, *refused);
     auto* window = new frmGraph(context, std::move(graph));
     window->set_problem(problem);
+    window->set_styles(styles);
     context.frame.show_child(window, &problem);
 }
 

@@ -9,7 +9,9 @@
 #include <QPointer>
 
 #include <optional>
+#include <span>
 #include <string>
+#include <utility>
 
 class QActionGroup;
 class QComboBox;
@@ -40,6 +42,8 @@ public:
     graph_document& document() override { return graph_; }
     /// The problem whose run made the graph.
     void set_problem(problem_window& problem);
+    /// Draws curves in styles of their own while the window lives.
+    void set_styles(std::span<const std::pair<drawn_part, curve_style>> styles);
     problem_window* its_problem() override { return problem_; }
 
     QList<QMenu*> menus() override;
@@ -161,7 +165,8 @@ private:
 
 /// Shows the graph of a run in a new window beside its problem, which the frame owns; a graph that can't be drawn gives
 /// a box instead.
-void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph);
+void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph,
+                    std::span<const std::pair<drawn_part, curve_style>> styles = {});
 
 /// Opens a graph file in a new window, which the frame owns.
 void open_graph(desktop_context& context, const std::filesystem::path& path);

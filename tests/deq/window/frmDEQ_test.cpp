@@ -13,6 +13,7 @@
 #include <QLocale>
 
 #include <clocale>
+#include <cmath>
 #include <sstream>
 
 namespace
@@ -213,6 +214,37 @@ TEST(DifferentialWindow, ReportsOnlyWhatIsAskedFor)
     frmSolution& without = desk.solve_by_mouse();
     EXPECT_EQ(test::number_of(without), first + 3) << "every run counts";
     EXPECT_THAT(without.plain_text(), testing::Not(HasSubstr("falls")));
+}
+
+TEST(DifferentialWindow, AGraphComparesWithTheLastRun)
+{
+    deq_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(decay_file));
+    desk.person.click("chkReport");
+    desk.run_by_mouse();
+    desk.window.findChild<QAction*>("mnuCompareLast")->trigger();
+    desk.person.type("txtFinalVal", "2");
+    desk.run_by_mouse();
+    ASSERT_TRUE(wait_until([&] { return desk.frame.children().size() == 2; }));
+    auto& window = dynamic_cast<frmGraph&>(*desk.frame.children().back());
+    const graph_content& graph = window.document().content();
+    ASSERT_EQ(graph.columns.back().name, "y (last)");
+    EXPECT_TRUE(graph.curve_visible.back());
+    const shared_values& x = graph.columns.front().values;
+    const shared_values& last = graph.columns.back().values;
+    for (std::size_t i = 0; i < graph.point_count(); ++i) {
+        const bool is_new = !std::isnan(graph.columns[1].values[i]);
+        EXPECT_NE(is_new, !std::isnan(last[i])) << "a point belongs to one run";
+        if (is_new) continue;
+        EXPECT_NEAR(last[i], std::exp(-2.0 * x[i]), 1e-5);
+    }
+    const auto style_of = [&](int curve) {
+        return window.findChild<graph_view*>("PicGraph")->style_of({drawn_role::curve, curve});
+    };
+    const int added = static_cast<int>(graph.curve_count()) - 1;
+    EXPECT_EQ(style_of(added).colour, style_of(0).colour);
+    EXPECT_TRUE(style_of(0).dashes.empty());
+    EXPECT_FALSE(style_of(added).dashes.empty());
 }
 
 TEST(DifferentialWindow, FailuresAreToldAndMarkTheirPlace)
