@@ -47,15 +47,16 @@ std::vector<std::pair<drawn_part, curve_style>> add_earlier_run(graph_start& sta
     const auto append = [](std::vector<double>& values, const std::vector<double>& more) {
         values.insert(values.end(), more.begin(), more.end());
     };
-    const std::vector<start_column> now = start.columns;
     append(start.columns.front().values, earlier.columns.front());
-    for (std::size_t i = 1; i < now.size(); ++i)
-        start.columns[i].values.resize(all_points, not_a_number);
+    for (start_column& column : start.columns)
+        column.values.resize(all_points, not_a_number);
     for (std::size_t i = 1; i < earlier.column_count(); ++i) {
-        const auto counterpart = std::ranges::find(now, earlier.names[i], &start_column::name);
+        const auto counterpart = std::ranges::find(start.columns, earlier.names[i], &start_column::name);
         const std::size_t curve = start.columns.size() - 1;
-        curve_style style =
-            curve_style_of(counterpart == now.end() ? curve : static_cast<std::size_t>(counterpart - now.begin()) - 1);
+        // Curve c is column c + 1; without a counterpart the curve takes the colour of its own number.
+        curve_style style = curve_style_of(counterpart == start.columns.end()
+                                               ? curve
+                                               : static_cast<std::size_t>(counterpart - start.columns.begin()) - 1);
         style.dashes = dashes_of(1);
         styles.emplace_back(drawn_part{drawn_role::curve, static_cast<int>(curve)}, style);
         std::vector<double> values(points, not_a_number);

@@ -232,6 +232,7 @@ bool problem_window::read(const std::filesystem::path& path)
     keeps_older_format_ = false;
     drop_recovery_copy();
     remember_file();
+    document_replaced();
     document_changed();
     return true;
 }
@@ -242,6 +243,7 @@ bool problem_window::open_example(const std::filesystem::path& path)
         context().user.show(this, *refused);
         return false;
     }
+    document_replaced();
     document_changed();
     return true;
 }

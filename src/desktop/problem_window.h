@@ -88,6 +88,8 @@ protected:
 
     /// Shows the place that a box of the run is about.
     virtual void mark_place(const text_place&) {}
+    /// Another problem was read into the document: what is known of the last run belongs to the one before.
+    virtual void document_replaced() {}
     /// Shows the rows that a box is about.
     virtual void mark_rows(const std::vector<int>&) {}
 

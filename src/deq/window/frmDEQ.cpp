@@ -205,6 +205,7 @@ entry_dialog* frmDEQ::make_entry_dialog(bool implicit, int row)
 void frmDEQ::put_example(int number)
 {
     problem_.load_example(deq_samples().at(static_cast<std::size_t>(number - 1)));
+    document_replaced();
 }
 
 bool frmDEQ::can(window_command which) const

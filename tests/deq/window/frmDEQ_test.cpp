@@ -245,6 +245,13 @@ TEST(DifferentialWindow, AGraphComparesWithTheLastRun)
     EXPECT_EQ(style_of(added).colour, style_of(0).colour);
     EXPECT_TRUE(style_of(0).dashes.empty());
     EXPECT_FALSE(style_of(added).dashes.empty());
+
+    desk.user.expect_question("Problem not saved. Do you wish to save it now ?", user_answer::no);
+    ASSERT_TRUE(desk.window.open(desk.folder.write("other.kvr", decay_file)));
+    desk.run_by_mouse();
+    ASSERT_TRUE(wait_until([&] { return desk.frame.children().size() == 3; }));
+    EXPECT_EQ(dynamic_cast<frmGraph&>(*desk.frame.children().back()).document().content().curve_count(), added)
+        << "the solution of another problem is no earlier run";
 }
 
 TEST(DifferentialWindow, FailuresAreToldAndMarkTheirPlace)
