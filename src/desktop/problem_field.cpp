@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/problem_field.h"
 
+#include "desktop/command_keys.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 
@@ -25,12 +26,9 @@ void problem_field::show_text(const std::string& shown)
 
 bool problem_field::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            event->ignore();
-            return true;
-        }
+    if (asks_for_command_key(*event, {QKeySequence::Undo, QKeySequence::Redo})) {
+        event->ignore();
+        return true;
     }
     return QLineEdit::event(event);
 }

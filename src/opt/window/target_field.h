@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/command_keys.h"
 #include "desktop/expression_edit.h"
-
-#include <QEvent>
-#include <QKeyEvent>
 
 #include <string>
 
@@ -31,12 +29,9 @@ public:
 protected:
     bool event(QEvent* event) override
     {
-        if (event->type() == QEvent::ShortcutOverride) {
-            const auto* key = static_cast<QKeyEvent*>(event);
-            if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-                event->ignore();
-                return true;
-            }
+        if (asks_for_command_key(*event, {QKeySequence::Undo, QKeySequence::Redo})) {
+            event->ignore();
+            return true;
         }
         return expression_edit::event(event);
     }

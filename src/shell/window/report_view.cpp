@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/report_view.h"
 
+#include "desktop/command_keys.h"
 #include "desktop/look.h"
 #include "shell/window/report_cells.h"
 #include "shell/window/report_document.h"
@@ -146,13 +147,10 @@ void report_view::apply_palette()
 
 bool report_view::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
-            // Copy and Select All are commands of the main window.
-            event->ignore();
-            return false;
-        }
+    // Copy and Select All are commands of the main window.
+    if (asks_for_command_key(*event, {QKeySequence::Copy, QKeySequence::SelectAll})) {
+        event->ignore();
+        return false;
     }
     return QTextBrowser::event(event);
 }
