@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBoxLayout>
 #include <QPushButton>
 #include <QString>
 
@@ -20,6 +21,17 @@ inline QPushButton* make_button(const QString& caption, const char* name, const 
     auto* button = named(new QPushButton(caption), name);
     button->setAutoDefault(false);
     button->setToolTip(tip);
+    return button;
+}
+
+/// Appends such a button to a row of buttons; a click calls `slot` of `receiver`.
+template <class Receiver, class Slot>
+QPushButton* add_button(QBoxLayout& row, const QString& caption, const char* name, const QString& tip,
+                        const Receiver* receiver, Slot slot)
+{
+    QPushButton* button = make_button(caption, name, tip);
+    QObject::connect(button, &QPushButton::clicked, receiver, slot);
+    row.addWidget(button);
     return button;
 }
 

@@ -56,10 +56,7 @@ void frmColTranspose::build_ui()
     }
     auto* buttons = new QHBoxLayout;
     const auto add = [&](const QString& caption, const char* name, const QString& tip, auto slot) {
-        auto* button = make_button(caption, name, tip);
-        connect(button, &QPushButton::clicked, this, slot);
-        buttons->addWidget(button);
-        return button;
+        return add_button(*buttons, caption, name, tip, this, slot);
     };
     auto* evaluate = add(tr("E&valuate"), "cmdOk", tr("Store the formula and calculate the column (Ctrl+Enter)"),
                          &frmColTranspose::cmdOk_Click);

@@ -59,10 +59,7 @@ void frmREGnlr::build_ui(const std::vector<std::string>& columns)
     layout->addWidget(hint);
     auto* buttons = new QHBoxLayout;
     const auto add = [&](const QString& caption, const char* name, const QString& tip, auto slot) {
-        auto* button = make_button(caption, name, tip);
-        connect(button, &QPushButton::clicked, this, slot);
-        buttons->addWidget(button);
-        return button;
+        return add_button(*buttons, caption, name, tip, this, slot);
     };
     add(tr("&Done"), "cmdDone", tr("Take over the model (Ctrl+Enter)"), &frmREGnlr::cmdDone_Click)
         ->setPalette(solving_palette(palette()));
