@@ -15,8 +15,6 @@
 #include <QPagedPaintDevice>
 #include <QVBoxLayout>
 
-#include <ranges>
-
 namespace kelvarin
 {
 
@@ -292,9 +290,10 @@ void show_report_again(desktop_context& context, problem_window& problem, std::s
 void close_older_reports(problem_window& problem)
 {
     bool is_last = true;
-    for (const problem_report& report : problem.reports() | std::views::reverse) {
-        if (!report.window) continue;
-        if (!is_last) report.window->close_with_frame();
+    const auto& reports = problem.reports();
+    for (auto report = reports.rbegin(); report != reports.rend(); ++report) {
+        if (!report->window) continue;
+        if (!is_last) report->window->close_with_frame();
         is_last = false;
     }
 }
