@@ -10,6 +10,7 @@
 #include "kinds/kinds.h"
 #include "platform/text_file.h"
 #include "promise.h"
+#include "saving.h"
 #include "shell/document/recognition.h"
 #include "shell/report/rich_text.h"
 #include "shell/settings.h"
@@ -20,19 +21,6 @@ namespace
 {
 
 constexpr int patience = 500;
-
-void check_saving(const kelvarin::deq_content& content)
-{
-    using namespace kelvarin;
-    using fuzz::promise;
-    const std::string written = write_deq(content);
-    const auto again = read_deq(written);
-    promise(again.has_value(), "what was written can be read");
-    const std::string twice = write_deq(*again);
-    promise(read_deq(twice) == again, "a saved problem comes back the same");
-    promise(twice == written, "saving twice writes the same");
-    promise(read_deq_recovery(deq_recovery_text(content)) == content, "recovery keeps everything");
-}
 
 } // namespace
 
@@ -50,7 +38,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     listing_warnings(*content);
     promise(!plain_text_of(read_rich_text(rich_text_document(show_all_vars(*content)))).empty(), "a listing has lines");
     promise(!deq_listing(*content, "fuzz.kvr").empty(), "a printed listing has lines");
-    check_saving(*content);
+    fuzz::check_saving(
+        *content, [](const auto& each) { return write_deq(each); },
+        [](const std::string& each) { return read_deq(each); });
+    promise(read_deq_recovery(deq_recovery_text(*content)) == *content, "recovery keeps everything");
 
     const fixed_clock clock;
     const settings store;

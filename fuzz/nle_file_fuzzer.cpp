@@ -8,6 +8,7 @@
 #include "nle/nle_report.h"
 #include "nle/nle_run.h"
 #include "promise.h"
+#include "saving.h"
 #include "shell/document/recognition.h"
 #include "shell/report/rich_text.h"
 #include "shell/settings.h"
@@ -31,18 +32,6 @@ bool is_regular(const kelvarin::nle_content& content)
     });
 }
 
-void check_saving(const kelvarin::nle_content& content)
-{
-    using kelvarin::fuzz::promise;
-    const std::string written = kelvarin::write_nle(content);
-    const auto again = kelvarin::read_nle(written);
-    promise(again.has_value(), "what was written can be read");
-    promise(again->rows.size() == content.rows.size(), "no row is lost or made by saving");
-    const std::string twice = kelvarin::write_nle(*again);
-    promise(kelvarin::read_nle(twice) == again, "a saved problem comes back the same");
-    promise(twice == written, "saving twice writes the same");
-}
-
 } // namespace
 
 /// Any file is read or refused; what is read can be analysed, listed and run, and once written comes back
@@ -60,7 +49,12 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     listing_warnings(*content);
     promise(!plain_text_of(read_rich_text(rich_text_document(show_all_vars(*content)))).empty(), "a listing has lines");
 
-    if (!content->rows.empty() && is_regular(*content)) check_saving(*content);
+    if (!content->rows.empty() && is_regular(*content)) {
+        const nle_content again = fuzz::check_saving(
+            *content, [](const auto& each) { return write_nle(each); },
+            [](const std::string& each) { return read_nle(each); });
+        promise(again.rows.size() == content->rows.size(), "no row is lost or made by saving");
+    }
 
     fuzz::impatient_listener listener(patience);
     const fixed_clock clock;

@@ -10,6 +10,7 @@
 #include "opt/opt_run.h"
 #include "platform/text_file.h"
 #include "promise.h"
+#include "saving.h"
 #include "shell/document/recognition.h"
 #include "shell/report/rich_text.h"
 #include "shell/settings.h"
@@ -21,18 +22,6 @@ namespace
 {
 
 constexpr int patience = 2000;
-
-void check_saving(const kelvarin::opt_content& content)
-{
-    using namespace kelvarin;
-    using fuzz::promise;
-    const std::string written = write_opt(content);
-    const auto again = read_opt(written);
-    promise(again.has_value(), "what was written can be read");
-    promise(again == content, "a saved problem comes back the same");
-    promise(write_opt(*again) == written, "saving twice writes the same");
-    promise(read_opt_recovery(opt_recovery_text(content)) == content, "recovery keeps everything");
-}
 
 } // namespace
 
@@ -51,7 +40,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     promise(analysis.green || !red_light_boxes(analysis).empty(), "a red problem says why");
     promise(!plain_text_of(read_rich_text(rich_text_document(show_all_vars(*content)))).empty(), "a listing has lines");
     promise(!opt_listing(*content, "fuzz.kvr").empty(), "a printed listing has lines");
-    check_saving(*content);
+    promise(fuzz::check_saving(
+                *content, [](const auto& each) { return write_opt(each); },
+                [](const std::string& each) { return read_opt(each); }) == *content,
+            "a saved problem comes back the same");
+    promise(read_opt_recovery(opt_recovery_text(*content)) == *content, "recovery keeps everything");
 
     const fixed_clock clock;
     const settings store;
