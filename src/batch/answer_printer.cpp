@@ -49,6 +49,8 @@ int write_output(const std::string& place, std::string_view content, std::ostrea
 answer_printer::answer_printer(const batch_request& request, std::ostream& out, std::ostream& err)
     : request_(request), out_(out), err_(err), a_file_each_(request.answers_in_a_file_each())
 {
+    for (const std::string& file : request.files)
+        if (!request.output.empty()) names_.insert(output_name(request.output, file));
 }
 
 void answer_printer::write(const std::string& place, std::string_view content)
@@ -56,12 +58,31 @@ void answer_printer::write(const std::string& place, std::string_view content)
     status_ = std::max(status_, write_output(place, content, out_, err_));
 }
 
+std::optional<std::string> answer_printer::refusal_of(const output_file& output)
+{
+    // The second file of a run has a name that the command line does not show.
+    if (std::optional<std::string> refused = replacement_refusal(output.name, request_)) return refused;
+    if (output.name == standard_stream || names_.insert(output.name).second) return std::nullopt;
+    return "Two outputs would be written to '" + output.name + "'.";
+}
+
+void answer_printer::write_outputs(const std::string& file, const std::vector<output_file>& outputs)
+{
+    for (const output_file& output : outputs)
+        if (std::optional<std::string> refused = refusal_of(output)) {
+            err_ << message_lines(file, {std::move(*refused), box_icon::exclamation});
+            status_ = std::max(status_, exit_status::unusable);
+            return;
+        }
+    for (const output_file& output : outputs)
+        write(output.name, output.content);
+}
+
 void answer_printer::take(const std::string& file, file_answer answer)
 {
     status_ = std::max(status_, answer.status);
     err_ << answer.messages << std::flush;
-    for (const output_file& output : answer.outputs)
-        write(output.name, output.content);
+    write_outputs(file, answer.outputs);
     const bool as_json = request_.format == output_format::object;
     if (a_file_each_) {
         if (as_json)

@@ -3,9 +3,12 @@
 
 #include "batch/file_answer.h"
 
+#include <optional>
 #include <ostream>
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelvarin
 {
@@ -23,11 +26,16 @@ public:
 
 private:
     void write(const std::string& place, std::string_view content);
+    /// Writes the files of an answer, or none of them if one would replace a problem or another output.
+    void write_outputs(const std::string& file, const std::vector<output_file>& outputs);
+    std::optional<std::string> refusal_of(const output_file& output);
 
     const batch_request& request_;
     std::ostream& out_;
     std::ostream& err_;
     bool a_file_each_;
+    /// The names of the files written, and of those that the answers themselves will take.
+    std::set<std::string> names_;
     bool first_report_ = true;
     std::vector<std::string> objects_;
     std::string reports_;

@@ -243,22 +243,13 @@ std::vector<std::string> kind_outputs(const batch_request& request)
     return outputs;
 }
 
-void check_output_replaces_none(const std::string& name, const batch_request& request)
-{
-    std::error_code unknown;
-    if (name == standard_stream || !std::filesystem::exists(name, unknown)) return;
-    for (const std::string& problem : request.files)
-        if (std::filesystem::equivalent(name, problem, unknown))
-            throw usage_error{"The output would replace the problem '" + problem + "'."};
-}
-
 /// An output must not overwrite another one, or a problem to be solved.
 void check_outputs(const batch_request& request)
 {
     std::set<std::string> names;
     const auto check = [&](const std::string& name) {
         if (!names.insert(name).second) throw usage_error{"Two outputs would be written to '" + name + "'."};
-        check_output_replaces_none(name, request);
+        if (std::optional<std::string> refused = replacement_refusal(name, request)) throw usage_error{*refused};
     };
     if (!request.output.empty() && !request.answers_in_a_file_each()) check(request.output);
     const std::vector<std::string> outputs = kind_outputs(request);
@@ -331,6 +322,16 @@ batch_request request_of(typed_options typed, const registry_store& saved)
 }
 
 } // namespace
+
+std::optional<std::string> replacement_refusal(const std::string& name, const batch_request& request)
+{
+    std::error_code unknown;
+    if (name == standard_stream || !std::filesystem::exists(name, unknown)) return std::nullopt;
+    for (const std::string& problem : request.files)
+        if (std::filesystem::equivalent(name, problem, unknown))
+            return "The output would replace the problem '" + problem + "'.";
+    return std::nullopt;
+}
 
 std::string output_name(const std::string& output, const std::string& file)
 {

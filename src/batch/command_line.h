@@ -99,4 +99,7 @@ std::variant<batch_request, command_line_end> read_command_line(std::span<const 
 /// `output` with each `{}` replaced by the file's stem, "stdin" for standard input.
 std::string output_name(const std::string& output, const std::string& file);
 
+/// Why no output may be written to the file `name`: it is one of the problems. Returns nullopt if it is none of them.
+std::optional<std::string> replacement_refusal(const std::string& name, const batch_request& request);
+
 } // namespace kelvarin

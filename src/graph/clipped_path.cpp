@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <ranges>
 
 namespace kelvarin
 {
@@ -97,17 +98,20 @@ std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, con
 {
     const auto columns = static_cast<std::size_t>(box.width / cell) + 2;
     const auto rows = static_cast<std::size_t>(box.height / cell) + 2;
+    const double first_column = std::floor(box.left / cell);
+    const double first_row = std::floor(box.top / cell);
     std::vector<bool> taken(columns * rows, false);
     std::vector<drawn_point> kept;
-    for (const drawn_point point : points) {
+    for (const drawn_point point : points | std::views::reverse) {
         if (!box.contains(point)) continue;
-        const auto column = static_cast<std::size_t>((point.x - box.left) / cell);
-        const auto row = static_cast<std::size_t>((point.y - box.top) / cell);
+        const auto column = static_cast<std::size_t>(point.x / cell - first_column);
+        const auto row = static_cast<std::size_t>(point.y / cell - first_row);
         const std::size_t place = row * columns + column;
         if (taken[place]) continue;
         taken[place] = true;
         kept.push_back(point);
     }
+    std::ranges::reverse(kept);
     return kept;
 }
 

@@ -104,7 +104,8 @@ private:
     numbered_point last_;
 };
 
-/// Leaves out points that lie in the same cell, `cell` wide and high, as an earlier one.
+/// Leaves out points that lie in the same cell, `cell` wide and high, as a later one: of markers painted in one place
+/// the last one is seen. Cells are counted from 0, 0, as pixels are.
 std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, const drawn_box& box, double cell);
 
 } // namespace kelvarin

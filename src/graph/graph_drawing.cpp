@@ -22,6 +22,9 @@ namespace
 constexpr double points_per_pixel = 0.75;
 /// Below this number, drawing is faster than thinning.
 constexpr std::size_t least_to_thin = 4096;
+/// Lines are thinned in columns of this part of a pixel: in whole ones the soft edge of a noisy curve would differ
+/// visibly from that of all points.
+constexpr double thinned_part_of_pixel = 0.25;
 
 drawn_path straight_line(drawn_part part, const drawn_stroke& stroke, drawn_point from, drawn_point to)
 {
@@ -209,7 +212,7 @@ private:
         clipped_path line({part, curve_stroke(graph_, style), {}, {}}, drawn_.plot);
         const auto draw = [&line](drawn_point point) { line.line_to(point); };
         if (has_points_to_thin()) {
-            column_thinner thinner(options_.pixel);
+            column_thinner thinner(options_.pixel * thinned_part_of_pixel);
             const auto lift = [&] {
                 thinner.finish(draw);
                 line.lift();

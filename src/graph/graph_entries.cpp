@@ -104,4 +104,11 @@ std::optional<message_box> drawing_refusal(const axis_limits& limits)
                        "Kelvarin Graph"};
 }
 
+message_box start_failure_box(const runtime_failure& failure)
+{
+    const std::string text = failure.detail().empty() ? std::string(failure.description()) : failure.detail();
+    return {"Internal Error trapped. " + std::to_string(failure.number()) + " (" + text + "). ", box_icon::critical,
+            "Kelvarin Guide"};
+}
+
 } // namespace kelvarin

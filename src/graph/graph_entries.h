@@ -4,6 +4,7 @@
 #include "graph/axis_limits.h"
 #include "graph/graph_content.h"
 #include "platform/message_box.h"
+#include "platform/runtime_failure.h"
 
 #include <optional>
 #include <string_view>
@@ -46,5 +47,8 @@ void move_part(graph_content& graph, std::optional<graph_place> graph_content::*
 
 /// The box of a graph that can't be drawn. Returns nullopt if it can.
 std::optional<message_box> drawing_refusal(const axis_limits& limits);
+
+/// The box of a failure while a new graph is filled.
+message_box start_failure_box(const runtime_failure& failure);
 
 } // namespace kelvarin

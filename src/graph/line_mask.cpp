@@ -10,8 +10,6 @@ namespace kelvarin
 namespace
 {
 
-constexpr double full_coverage = 255.0;
-
 drawn_point between(drawn_point from, drawn_point to, double part)
 {
     return {from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)};
@@ -106,43 +104,44 @@ void line_mask::add_piece(drawn_point from, drawn_point to, double half_width)
     const double dy = to.y - from.y;
     const double squared_length = dx * dx + dy * dy;
     const double along = squared_length > 0.0 ? 1.0 / squared_length : 0.0;
+    constexpr double flat = 1e-9;
+    const bool is_flat = std::abs(dy) < flat;
+    const double per_row = is_flat ? 0.0 : 1.0 / dy;
     const double reach = half_width + 0.5;
     const double inner = half_width - 0.5;
+    // Clamped before it is cut to a whole number, which so needs no rounding down.
     const auto pixel_in = [](double place, int count) {
-        return static_cast<int>(std::clamp(std::floor(place), 0.0, static_cast<double>(count) - 1.0));
+        return static_cast<int>(std::clamp(place, 0.0, static_cast<double>(count) - 1.0));
     };
     const int last_row = pixel_in(std::max(from.y, to.y) + reach, height_);
-    for (int row = pixel_in(std::min(from.y, to.y) - reach, height_); row <= last_row; ++row) {
-        const double y = row + 0.5;
+    for (int y = pixel_in(std::min(from.y, to.y) - reach, height_); y <= last_row; ++y) {
+        const double middle = y + 0.5;
         // The part of the piece that comes near this row.
         double begin = 0.0;
         double end = 1.0;
-        if (dy != 0.0) {
-            begin = std::clamp((y - reach - from.y) / dy, 0.0, 1.0);
-            end = std::clamp((y + reach - from.y) / dy, 0.0, 1.0);
+        if (!is_flat) {
+            begin = std::clamp((middle - reach - from.y) * per_row, 0.0, 1.0);
+            end = std::clamp((middle + reach - from.y) * per_row, 0.0, 1.0);
         }
         const double one = from.x + begin * dx;
         const double other = from.x + end * dx;
         const int last = pixel_in(std::max(one, other) + reach, width_);
-        for (int column = pixel_in(std::min(one, other) - reach, width_); column <= last; ++column) {
-            const double x = column + 0.5;
-            const double part = std::clamp(((x - from.x) * dx + (y - from.y) * dy) * along, 0.0, 1.0);
-            const double across = x - from.x - part * dx;
-            const double upright = y - from.y - part * dy;
+        std::uint8_t* const coverages = row(y);
+        for (int x = pixel_in(std::min(one, other) - reach, width_); x <= last; ++x) {
+            const double right = x + 0.5 - from.x;
+            const double down = middle - from.y;
+            const double part = std::clamp((right * dx + down * dy) * along, 0.0, 1.0);
+            const double across = right - part * dx;
+            const double upright = down - part * dy;
             const double squared = across * across + upright * upright;
             if (squared >= reach * reach) continue;
-            const double covered = squared <= inner * inner ? 1.0 : reach - std::sqrt(squared);
-            cover(column, row, static_cast<int>(std::lround(std::min(covered, 1.0) * full_coverage)));
+            const double covered = squared <= inner * inner ? 1.0 : std::min(reach - std::sqrt(squared), 1.0);
+            const auto coverage = static_cast<std::uint8_t>(covered * full_coverage + 0.5);
+            if (coverage <= coverages[x]) continue;
+            if (coverages[x] == 0) covered_.push_back({x, y});
+            coverages[x] = coverage;
         }
     }
-}
-
-void line_mask::cover(int x, int y, int coverage)
-{
-    if (coverage == 0) return;
-    const std::size_t pixel = static_cast<std::size_t>(y) * columns() + static_cast<std::size_t>(x);
-    if (coverage_[pixel] == 0) covered_.push_back(pixel);
-    coverage_[pixel] = std::max(coverage_[pixel], static_cast<std::uint8_t>(coverage));
 }
 
 } // namespace kelvarin

@@ -17,32 +17,43 @@ namespace kelvarin
 class line_mask
 {
 public:
+    static constexpr int full_coverage = 255;
+
     line_mask(int width, int height);
 
     /// Adds a line through points in pixels; the middle of the first pixel is at 0.5, 0.5. `dashes` are alternating
     /// lengths of dashes and gaps in pixels, empty for a solid line. Widths from 1 pixel up.
     void add_line(std::span<const drawn_point> points, double width, std::span<const double> dashes = {});
 
-    /// Calls `blend(x, y, coverage)`, 1 to 255, once for each covered pixel, and empties the mask.
+    /// Calls `blend(x, y, coverage)`, 1 to full_coverage, once for each covered pixel, and empties the mask.
     template <class Blend> void take(const Blend& blend)
     {
-        for (const std::size_t pixel : covered_) {
-            blend(static_cast<int>(pixel % columns()), static_cast<int>(pixel / columns()), coverage_[pixel]);
-            coverage_[pixel] = 0;
+        for (const pixel_place at : covered_) {
+            std::uint8_t& coverage = row(at.y)[at.x];
+            blend(at.x, at.y, coverage);
+            coverage = 0;
         }
         covered_.clear();
     }
 
 private:
-    std::size_t columns() const { return static_cast<std::size_t>(width_); }
+    struct pixel_place
+    {
+        int x;
+        int y;
+    };
+
+    std::uint8_t* row(int y)
+    {
+        return coverage_.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width_);
+    }
     void add_piece(drawn_point from, drawn_point to, double half_width);
-    void cover(int x, int y, int coverage);
 
     int width_;
     int height_;
     std::vector<std::uint8_t> coverage_;
     /// The pixels that are covered at all.
-    std::vector<std::size_t> covered_;
+    std::vector<pixel_place> covered_;
 };
 
 } // namespace kelvarin

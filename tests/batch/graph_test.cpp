@@ -158,5 +158,30 @@ TEST_F(BatchGraph, OneNonlinearEquationHandsOverItsScan)
     }
 }
 
+TEST_F(BatchGraph, FurtherGraphsOfARunReplaceNoFileEither)
+{
+    // Lines of first and second degree open two graphs, of which the command line names one.
+    const std::string table = "Line\r\n4 2\r\nx\ty\r\n0\t1\r\n1\t3\r\n2\t5\r\n3\t8\r\n*\r\n\r\n\r\n";
+    folder.write("t.kvr", table);
+    folder.write("t-2.kvr", table);
+    const std::vector<std::string> fit = {"--regress", "polynomial", "--degree", "1,2", "--plot"};
+    const auto run = [&](std::vector<std::string> rest) {
+        rest.insert(rest.begin(), fit.begin(), fit.end());
+        return call(rest);
+    };
+    ASSERT_EQ(run({"p.svg", "t.kvr"}).status, 0);
+    ASSERT_TRUE(folder.holds("p-2.svg"));
+    const test::table<std::vector<std::string>, std::string> rows = {
+        {{"t.kvr", "t-2.kvr"}, "The output would replace the problem 't-2.kvr'."},
+        {{"new.svg", "--graph", "new-2.svg", "t.kvr"}, "Two outputs would be written to 'new-2.svg'."}};
+    for (const auto& [rest, reason] : rows) {
+        const batch_result refused = run(rest);
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_THAT(refused.err, HasSubstr(reason));
+    }
+    EXPECT_EQ(folder.read("t-2.kvr"), table);
+    EXPECT_FALSE(folder.holds("new.svg"));
+}
+
 } // namespace
 } // namespace kelvarin

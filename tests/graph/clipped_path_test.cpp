@@ -99,11 +99,11 @@ TEST(ThinnedLine, OfAMillionPointsLosesNoSpike)
     EXPECT_EQ(covered_rows(thinned), covered_rows(points));
 }
 
-TEST(ThinnedPoints, KeepOneInEachCell)
+TEST(ThinnedPoints, KeepTheLastOneInEachCell)
 {
     const std::vector<drawn_point> points = {{10.1, 20.1}, {10.2, 20.9}, {11.5, 20.5},
                                              {110, 70},    {5, 5},       {109.9, 69.9}};
-    const std::vector<drawn_point> expected = {{10.1, 20.1}, {11.5, 20.5}, {110, 70}, {109.9, 69.9}};
+    const std::vector<drawn_point> expected = {{10.2, 20.9}, {11.5, 20.5}, {110, 70}, {109.9, 69.9}};
     EXPECT_EQ(thinned_points(points, box, 1.0), expected);
 }
 

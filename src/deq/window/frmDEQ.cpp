@@ -274,7 +274,8 @@ void frmDEQ::show_graph(const deq_outcome& outcome, const settings& store, const
     graph_start start = deq_graph_start(outcome, wish.number);
     std::vector<std::pair<drawn_part, curve_style>> styles;
     if (mnuCompareLast_->isChecked()) styles = add_earlier_run(start, last_solution_);
-    show_new_graph(context(), *this, scatter_graph_form_startup2(start, {}, store), styles);
+    show_new_graph(
+        context(), *this, [&] { return scatter_graph_form_startup2(start, {}, store); }, styles);
 }
 
 void frmDEQ::show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number)

@@ -175,7 +175,13 @@ private:
         const qsizetype bytes_per_line = bitmap_->bytesPerLine();
         mask_->take([&](int x, int y, int coverage) {
             QRgb& pixel = reinterpret_cast<QRgb*>(bits + y * bytes_per_line)[x];
-            const auto mixed = [coverage](int below, int above) { return below + (above - below) * coverage / 255; };
+            if (coverage == line_mask::full_coverage) {
+                pixel = ink;
+                return;
+            }
+            const auto mixed = [coverage](int below, int above) {
+                return below + (above - below) * coverage / line_mask::full_coverage;
+            };
             pixel =
                 qRgb(mixed(qRed(pixel), qRed(ink)), mixed(qGreen(pixel), qGreen(ink)), mixed(qBlue(pixel), qBlue(ink)));
         });

@@ -10,6 +10,7 @@
 #include "graph/graph_kind.h"
 #include "graph/number_text.h"
 #include "platform/format_mask.h"
+#include "shell/document/run_outcome.h"
 
 #include <QComboBox>
 #include <QListWidget>
@@ -415,15 +416,21 @@ void frmGraph::set_log(bool is_x, bool on)
     PicGraph_->set_scales(scales);
 }
 
-void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph,
+void show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
                     std::span<const std::pair<drawn_part, curve_style>> styles)
 {
-    if (const std::optional<message_box> refused = drawing_refusal(find_axis_limits(graph)))
-        return context.user.show(&problem, *refused);
-    auto* window = new frmGraph(context, std::move(graph));
+    std::unique_ptr<frmGraph> window;
+    run_outcome starting;
+    guard_run(starting, {start_failure_box, {}}, [&] {
+        graph_content graph = start();
+        if (std::optional<message_box> refused = drawing_refusal(find_axis_limits(graph)))
+            return starting.refuse(std::move(*refused));
+        window = std::make_unique<frmGraph>(context, std::move(graph));
+        window->set_styles(styles);
+    });
+    if (!starting.boxes.empty()) return context.user.show(&problem, starting.boxes.front());
     window->set_problem(problem);
-    window->set_styles(styles);
-    context.frame.show_child(window, &problem);
+    context.frame.show_child(window.release(), &problem);
 }
 
 void open_graph(desktop_context& context, const std::filesystem::path& path)

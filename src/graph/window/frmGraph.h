@@ -8,6 +8,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -163,9 +164,9 @@ private:
     QAction* mnuCopyView_ = nullptr;
 };
 
-/// Shows the graph of a run in a new window beside its problem, which the frame owns; a graph that can't be drawn gives
-/// a box instead.
-void show_new_graph(desktop_context& context, problem_window& problem, graph_content graph,
+/// Shows the graph of a run, which `start` makes, in a new window beside its problem, which the frame owns. A graph that
+/// can't be drawn, or a failure on the way, gives a box instead.
+void show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
                     std::span<const std::pair<drawn_part, curve_style>> styles = {});
 
 /// Opens a graph file in a new window, which the frame owns.

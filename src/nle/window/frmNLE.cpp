@@ -209,7 +209,7 @@ void frmNLE::show_results(const nle_run_problem& problem, const nle_outcome& out
                     solution_);
     if (!wish.graph) return;
     if (const std::optional<graph_start> scan = nle_graph_start(outcome, wish.number))
-        show_new_graph(context(), *this, scatter_graph_form_startup(*scan, store));
+        show_new_graph(context(), *this, [&] { return scatter_graph_form_startup(*scan, store); });
 }
 
 } // namespace kelvarin

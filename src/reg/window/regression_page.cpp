@@ -166,7 +166,7 @@ void regression_page::show_outcome(const fit_problem& problem, const fit_outcome
     desktop_context& context = window_.context();
     if (outcome.has_report) last_ = std::make_shared<const solved_fit>(solved_fit{problem, outcome});
     for (const graph_start& start : outcome.graphs)
-        show_new_graph(context, window_, scatter_graph_form_startup(start, store));
+        show_new_graph(context, window_, [&] { return scatter_graph_form_startup(start, store); });
     if (const auto& stored = outcome.stored) {
         table().store_model_column(stored->column, stored->formula, stored->cells);
         window_.document_changed();

@@ -83,7 +83,7 @@ void scatter_page::solve()
     request.points = chkDraw_points_->isChecked();
     const scatter_outcome outcome = start_scatter_graph(table().content(), request);
     if (!outcome.has_report) return context_.user.show(this, outcome.boxes.front());
-    show_new_graph(context_, window_, scatter_graph_form_startup(outcome.start, context_.store));
+    show_new_graph(context_, window_, [&] { return scatter_graph_form_startup(outcome.start, context_.store); });
 }
 
 } // namespace kelvarin

@@ -283,6 +283,26 @@ TEST(GraphWindow, AGraphThatCanNotBeDrawnIsToldOnce)
     EXPECT_EQ(desk.x_limits(), (axis_range{1.0, 3.0}));
 }
 
+TEST(GraphWindow, AFailureOfItsStartIsABoxAndLeavesNoWindow)
+{
+    graph_desk desk;
+    const std::size_t windows = desk.frame.children().size();
+    const test::table<std::function<graph_content()>, std::string, std::string> rows = {
+        {[]() -> graph_content { throw runtime_failure(failure_number::overflow); },
+         "Internal Error trapped. 6 (Overflow). ", "Kelvarin Guide"},
+        {[]() -> graph_content { throw std::bad_alloc(); }, "Internal Error trapped. 7 (Out of memory). ",
+         "Kelvarin Guide"},
+        {[] { return graph_of({{1, 1}, {2, 3}}); },
+         "Kelvarin can not create the requested graph. Error: Graph cannot be plotted when all x values are the same.",
+         "Kelvarin Graph"}};
+    for (const auto& [start, text, title] : rows) {
+        desk.user.expect_box(text.c_str(), title.c_str());
+        show_new_graph(desk.context, desk.window, start);
+        EXPECT_TRUE(desk.user.is_done());
+    }
+    EXPECT_EQ(desk.frame.children().size(), windows);
+}
+
 TEST(GraphWindow, SavesAndReopensTheSamePicture)
 {
     graph_desk desk;
