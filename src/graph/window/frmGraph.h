@@ -164,8 +164,8 @@ private:
     QAction* mnuCopyView_ = nullptr;
 };
 
-/// Shows the graph of a run, which `start` makes, in a new window beside its problem, which the frame owns. A graph that
-/// can't be drawn, or a failure on the way, gives a box instead.
+/// Shows the graph of a run, which `start` makes, in a new window beside its problem, which the frame owns. A graph
+/// that can't be drawn, or a failure on the way, gives a box instead.
 void show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
                     std::span<const std::pair<drawn_part, curve_style>> styles = {});
 

@@ -292,7 +292,9 @@ TEST(GraphWindow, AFailureOfItsStartIsABoxAndLeavesNoWindow)
          "Internal Error trapped. 6 (Overflow). ", "Kelvarin Guide"},
         {[]() -> graph_content { throw std::bad_alloc(); }, "Internal Error trapped. 7 (Out of memory). ",
          "Kelvarin Guide"},
-        {[] { return graph_of({{1, 1}, {2, 3}}); },
+        {[] {
+             return graph_of({{1, 1}, {2, 3}});
+         },
          "Kelvarin can not create the requested graph. Error: Graph cannot be plotted when all x values are the same.",
          "Kelvarin Graph"}};
     for (const auto& [start, text, title] : rows) {
