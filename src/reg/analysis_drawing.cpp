@@ -2,6 +2,7 @@
 #include "reg/analysis_drawing.h"
 
 #include "numeric/curve/cubic_spline.h"
+#include "numeric/curve/polynomial_interpolation.h"
 
 #include <algorithm>
 #include <limits>
@@ -21,7 +22,8 @@ constexpr int data_marker_size = 40;
 constexpr int mark_size = 65;
 /// How much of the data's range the y axis shows beyond it.
 constexpr double room = 0.15;
-constexpr int most_points_of_rational = 500;
+/// A plot is ready before it is noticed; the time grows with the third power.
+constexpr int most_points_of_rational = 300;
 
 /// Evenly spaced values of x and those of the points, ascending.
 std::vector<double> curve_places(const analysis_points& points)
@@ -35,13 +37,30 @@ std::vector<double> curve_places(const analysis_points& points)
     return places;
 }
 
-double value_or_gap(const analysis_points& points, std::size_t method, double x)
+/// What `value` computes, or a gap where it fails.
+template <class Value> double value_or_gap(const Value& value)
 {
     try {
-        return analysis_value(points, analysis_kind::interpolation, method, x);
+        return value();
     } catch (const runtime_failure&) {
         return std::numeric_limits<double>::quiet_NaN();
     }
+}
+
+/// Between the two nodes around each place, without looking through all of them as one request does.
+std::vector<double> lines_of(const analysis_points& points, std::span<const double> places)
+{
+    const std::span<const double> xs = points.x;
+    const std::span<const double> ys = points.y;
+    std::vector<double> values;
+    std::size_t node = 0;
+    for (const double x : places) {
+        while (node + 2 < xs.size() && xs[node + 1] < x)
+            ++node;
+        values.push_back(
+            value_or_gap([&] { return linear_interpolation(xs.subspan(node, 2), ys.subspan(node, 2), x); }));
+    }
+    return values;
 }
 
 std::vector<double> curve_of(const analysis_points& points, std::size_t method, std::span<const double> places)
@@ -53,9 +72,12 @@ std::vector<double> curve_of(const analysis_points& points, std::size_t method, 
             values.push_back(splint(points.x, points.y, y2, x));
         return values;
     }
-    const bool left_out = method == 0 && points.n() > most_points_of_rational;
+    if (method == 2) return lines_of(points, places);
+    const bool left_out = points.n() > most_points_of_rational;
     for (const double x : places)
-        values.push_back(left_out ? std::numeric_limits<double>::quiet_NaN() : value_or_gap(points, method, x));
+        values.push_back(left_out ? std::numeric_limits<double>::quiet_NaN() : value_or_gap([&] {
+            return analysis_value(points, analysis_kind::interpolation, method, x);
+        }));
     return values;
 }
 
@@ -109,7 +131,8 @@ drawn_picture draw_analysis(const graph_content& graph, const analysis_points& p
     std::vector<drawn_point> marks;
     for (const double x : marked) {
         if (!x_in_range(points, x)) continue;
-        const drawn_point mark = drawn.mapping->at(x, spline_value(points.x, points.y, x));
+        const drawn_point mark =
+            drawn.mapping->at(x, value_or_gap([&] { return spline_value(points.x, points.y, x); }));
         if (drawn.plot.contains(mark)) marks.push_back(mark);
     }
     constexpr drawn_colour mark_colour = 0xD00000;

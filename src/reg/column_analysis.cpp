@@ -48,9 +48,10 @@ double standard_derivative(const analysis_points& points, double x)
     return finite((splint(points.x, points.y, y2, x + step) - splint(points.x, points.y, y2, x)) / step);
 }
 
-double gauss_legendre_integral(const analysis_points& points, std::span<const double> y2, double a, double b)
+double gauss_legendre_integral(const analysis_points& points, std::span<const double> y2, double a, double b,
+                               const pause_point& pause)
 {
-    const quadrature_rule rule = gauleg(a, b, points.n());
+    const quadrature_rule rule = gauleg(a, b, points.n(), pause);
     double sum = 0.0;
     for (std::size_t i = 0; i < rule.nodes.size(); ++i)
         sum += rule.weights[i] * splint(points.x, points.y, y2, rule.nodes[i]);
@@ -58,39 +59,42 @@ double gauss_legendre_integral(const analysis_points& points, std::span<const do
 }
 
 /// Over the points inside of (a, b), and the bounds with their values by the rational function.
-double simpson_integral(const analysis_points& points, double a, double b)
+double simpson_integral(const analysis_points& points, double a, double b, const pause_point& pause)
 {
     std::vector<double> x = {a};
-    std::vector<double> y = {ratint(points.x, points.y, a).value};
+    std::vector<double> y = {ratint(points.x, points.y, a, pause).value};
     for (std::size_t i = 0; i < points.x.size(); ++i)
         if (a < points.x[i] && points.x[i] < b) {
             x.push_back(points.x[i]);
             y.push_back(points.y[i]);
         }
     x.push_back(b);
-    y.push_back(ratint(points.x, points.y, b).value);
+    y.push_back(ratint(points.x, points.y, b, pause).value);
     return simpson_unequal(x, y);
 }
 
 /// By one method; a <= b.
-double integral_by(const analysis_points& points, std::size_t method, double a, double b)
+double integral_by(const analysis_points& points, std::size_t method, double a, double b, const pause_point& pause)
 {
-    if (method == 2) return simpson_integral(points, a, b);
+    if (method == 2) return simpson_integral(points, a, b, pause);
     const std::vector<double> y2 = spline(points.x, points.y);
-    return method == 0 ? gauss_legendre_integral(points, y2, a, b) : spline_integral(points.x, points.y, y2, a, b);
+    return method == 0 ? gauss_legendre_integral(points, y2, a, b, pause)
+                       : spline_integral(points.x, points.y, y2, a, b);
 }
 
-three_values integrals(const analysis_points& points, double from, double to)
+three_values integrals(const analysis_points& points, double from, double to, const pause_point& pause)
 {
     const auto [a, b] = std::minmax({from, to});
     const double sign = to < from ? -1.0 : 1.0;
-    return {sign * integral_by(points, 0, a, b), sign * integral_by(points, 1, a, b),
-            sign * integral_by(points, 2, a, b)};
+    return {sign * integral_by(points, 0, a, b, pause), sign * integral_by(points, 1, a, b, pause),
+            sign * integral_by(points, 2, a, b, pause)};
 }
 
-three_values values_by_all_methods(const analysis_points& points, analysis_kind kind, double x)
+three_values values_by_all_methods(const analysis_points& points, analysis_kind kind, double x,
+                                   const pause_point& pause)
 {
-    return {analysis_value(points, kind, 0, x), analysis_value(points, kind, 1, x), analysis_value(points, kind, 2, x)};
+    return {analysis_value(points, kind, 0, x, pause), analysis_value(points, kind, 1, x, pause),
+            analysis_value(points, kind, 2, x, pause)};
 }
 
 double deviation_of(const three_values& values)
@@ -117,15 +121,16 @@ std::optional<message_box> refusal_of(const analysis_points& points, const analy
     return count_refusal(points, request.kind);
 }
 
-void solve_points(const analysis_points& points, const analysis_request& request, analysis_outcome& outcome)
+void solve_points(const analysis_points& points, const analysis_request& request, const pause_point& pause,
+                  analysis_outcome& outcome)
 {
     if (std::optional<message_box> refused = refusal_of(points, request)) return outcome.refuse(std::move(*refused));
     const bool integrates = request.kind == analysis_kind::integration;
     const double at = *numeric_value(request.at);
-    outcome.values = integrates ? integrals(points, at, *numeric_value(request.to))
-                                : values_by_all_methods(points, request.kind, at);
+    outcome.values = integrates ? integrals(points, at, *numeric_value(request.to), pause)
+                                : values_by_all_methods(points, request.kind, at, pause);
     if (request.kind == analysis_kind::interpolation && request.method == rational_method)
-        outcome.error = std::fabs(ratint(points.x, points.y, at).error);
+        outcome.error = std::fabs(ratint(points.x, points.y, at, pause).error);
     outcome.deviation = deviation_of(outcome.values);
     outcome.warns = outcome.deviation > (integrates ? smooth_deviation_of_integral : smooth_deviation);
     outcome.has_report = true;
@@ -201,19 +206,27 @@ bool x_in_range(const analysis_points& points, double x)
     return smallest <= x && x <= largest;
 }
 
-double analysis_value(const analysis_points& points, analysis_kind kind, std::size_t method, double x)
+double analysis_value(const analysis_points& points, analysis_kind kind, std::size_t method, double x,
+                      const pause_point& pause)
 {
     const auto& [xs, ys] = points;
     if (kind == analysis_kind::interpolation) {
-        if (method == rational_method) return ratint(xs, ys, x).value;
+        if (method == rational_method) return ratint(xs, ys, x, pause).value;
         return method == 1 ? spline_value(xs, ys, x) : linear_interpolation(xs, ys, x);
     }
-    if (kind == analysis_kind::integration) return integral_by(points, method, xs.front(), x);
+    if (kind == analysis_kind::integration) return integral_by(points, method, xs.front(), x, pause);
     if (method == 0) return standard_derivative(points, x);
     return method == 1 ? lagrange_derivative(xs, ys, x) : spline_derivative(xs, ys, spline(xs, ys), x);
 }
 
-analysis_outcome solve_analysis(const table_content& content, const analysis_request& request)
+pause_point stop_at(const run_listener& listener)
+{
+    return [&listener] {
+        if (listener.stop_asked()) throw run_stopped();
+    };
+}
+
+analysis_outcome solve_analysis(const table_content& content, const analysis_request& request, run_listener& listener)
 {
     const table_reader table(content);
     analysis_outcome outcome;
@@ -224,7 +237,7 @@ analysis_outcome solve_analysis(const table_content& content, const analysis_req
     guard_run(outcome, endings, [&] {
         analysis_points points = load_analysis_data(table, request.columns);
         if (std::optional<message_box> refused = sort_analysis_data(points)) return outcome.refuse(std::move(*refused));
-        solve_points(points, request, outcome);
+        solve_points(points, request, stop_at(listener), outcome);
     });
     return outcome;
 }

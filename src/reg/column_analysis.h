@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "numeric/curve/pause_point.h"
+#include "platform/run_listener.h"
 #include "reg/table/table_content.h"
 #include "reg/table/table_reader.h"
 #include "shell/document/run_outcome.h"
@@ -94,12 +96,17 @@ struct analysis_outcome : run_outcome
     double value() const { return values[chosen]; }
 };
 
-/// Never throws. Poles, equal results of 0 and the like are told in a box.
-analysis_outcome solve_analysis(const table_content& content, const analysis_request& request);
+/// Never throws. Poles, equal results of 0 and the like are told in a box. With thousands of points it takes seconds,
+/// as the rational function and the Gauss-Legendre nodes grow with their square.
+analysis_outcome solve_analysis(const table_content& content, const analysis_request& request, run_listener& listener);
+
+/// Throws run_stopped at the next pause after the listener has been asked to stop.
+pause_point stop_at(const run_listener& listener);
 
 /// One method at one x within the range of sorted points, of which there are enough; an integral is that from the first
 /// of them on. Throws runtime_failure as the method does.
-double analysis_value(const analysis_points& points, analysis_kind kind, std::size_t method, double x);
+double analysis_value(const analysis_points& points, analysis_kind kind, std::size_t method, double x,
+                      const pause_point& pause = {});
 
 /// "Err = 1.234E-05".
 std::string error_text(double error);

@@ -43,10 +43,11 @@ std::string unused_name(const table_content& content, const std::string& wish)
 }
 
 /// The text of a method's result; empty where it fails.
-std::string value_text(const analysis_points& points, const analysis_request& request, double x, int digits)
+std::string value_text(const analysis_points& points, const analysis_request& request, double x, int digits,
+                       const pause_point& pause)
 {
     try {
-        return format_digits(analysis_value(points, request.kind, request.method, x), digits);
+        return format_digits(analysis_value(points, request.kind, request.method, x, pause), digits);
     } catch (const runtime_failure&) {
         return {};
     }
@@ -59,33 +60,20 @@ void put_column(table_content& content, int column, std::string name, std::vecto
     content.cells.set_column(column, std::move(cells));
 }
 
-/// The sorted points of a request, or why there are none.
-std::optional<message_box> take_points(const table_content& content, const analysis_request& request,
-                                       analysis_points& points)
+void fill(value_table& filled, const analysis_points& points, const analysis_request& request, int count,
+          run_listener& listener)
 {
-    run_outcome reading;
-    guard_run(reading, {analysis_failure_box, {}}, [&] {
-        points = load_analysis_data(table_reader(content), request.columns);
-        if (std::optional<message_box> refused = sort_analysis_data(points)) return reading.refuse(std::move(*refused));
-        if (std::optional<message_box> refused = count_refusal(points, request.kind)) reading.refuse(*refused);
-    });
-    if (reading.boxes.empty()) return std::nullopt;
-    return reading.boxes.front();
-}
-
-} // namespace
-
-std::variant<int, message_box> fill_table_of_values(table_content& content, const analysis_request& request, int count)
-{
-    analysis_points points;
-    if (std::optional<message_box> refused = take_points(content, request, points)) return std::move(*refused);
+    table_content& content = filled.content;
+    const pause_point pause = stop_at(listener);
     std::vector<std::string> xs;
     std::vector<std::string> values;
     for (int i = 0; i < count; ++i) {
+        pause();
         const double part = static_cast<double>(i) / (count - 1);
+        listener.fraction_done(part);
         const double x = (1.0 - part) * points.x.front() + part * points.x.back();
         xs.push_back(format_digits(x, content.calc_digits));
-        values.push_back(value_text(points, request, x, content.calc_digits));
+        values.push_back(value_text(points, request, x, content.calc_digits, pause));
     }
     const std::string x_name = content.name(*request.columns.independent) + "_table";
     const std::string value_name =
@@ -95,7 +83,25 @@ std::variant<int, message_box> fill_table_of_values(table_content& content, cons
     const auto [x_column, value_column] = free_columns(content);
     put_column(content, x_column, unused_name(content, x_name), std::move(xs));
     put_column(content, value_column, unused_name(content, value_name), std::move(values));
-    return x_column;
+    filled.column = x_column;
+    filled.has_report = true;
+}
+
+} // namespace
+
+value_table fill_table_of_values(table_content content, const analysis_request& request, int count,
+                                 run_listener& listener)
+{
+    value_table filled;
+    filled.content = std::move(content);
+    guard_run(filled, {analysis_failure_box, {}}, [&] {
+        analysis_points points = load_analysis_data(table_reader(filled.content), request.columns);
+        if (std::optional<message_box> refused = sort_analysis_data(points)) return filled.refuse(std::move(*refused));
+        if (std::optional<message_box> refused = count_refusal(points, request.kind))
+            return filled.refuse(std::move(*refused));
+        fill(filled, points, request, count, listener);
+    });
+    return filled;
 }
 
 } // namespace kelvarin

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "batch_call.h"
+#include "shell/report/rich_text.h"
 #include "support/scratch_folder.h"
 #include "support/table.h"
 
@@ -62,7 +63,12 @@ TEST_F(BatchAnalysis, TellsAllThreeResultsAndTheChosenOne)
     EXPECT_EQ(node["value"], -8.0);
     EXPECT_EQ(node["table"]["rows"], 7);
     EXPECT_FALSE(run({"--interpolate", "-2.5", "--method", "LINEAR"}).as_json().contains("err"));
-    EXPECT_THAT(call({"--interpolate", "-2", "t.kvr"}).out, HasSubstr("-8\n\nN = 7\nErr = 0.000E00\nDev = 0.00%\n"));
+    const std::string printed = call({"--interpolate", "-2", "t.kvr"}).out;
+    EXPECT_THAT(printed, HasSubstr("-8\n\nN = 7\nErr = 0.000E00\nDev = 0.00%\n"));
+    // As rich text the same lines, with what ends every document.
+    const std::string document = call({"--format", "rtf", "--interpolate", "-2", "t.kvr"}).out;
+    EXPECT_THAT(document, testing::StartsWith(R"({\rtf1)"));
+    EXPECT_THAT(plain_text_of(read_rich_text(document)), HasSubstr(printed));
 }
 
 TEST_F(BatchAnalysis, TellsMatricesOfSelections)

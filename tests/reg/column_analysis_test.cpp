@@ -45,10 +45,11 @@ template <class Function> table_content tabulated(Function y, double a, double b
 analysis_outcome solve(const table_content& content, analysis_kind kind, const std::string& at,
                        const std::string& to = "", std::size_t method = 0)
 {
-    return solve_analysis(content, {kind, x_and_y, method, at, to});
+    recording_listener listener;
+    return solve_analysis(content, {kind, x_and_y, method, at, to}, listener);
 }
 
-std::string box_of(const analysis_outcome& outcome)
+std::string box_of(const run_outcome& outcome)
 {
     return outcome.has_report || outcome.boxes.size() != 1 ? "no box" : outcome.boxes.front().text;
 }
@@ -153,24 +154,49 @@ TEST(ColumnAnalysis, RequestsThatCanNotBeAnsweredSayWhy)
     };
     for (const auto& [content, kind, at, to, box] : rows)
         EXPECT_EQ(box_of(solve(content, kind, at, to)), box) << at << ' ' << to;
-    EXPECT_EQ(solve_analysis(line, {interpolation, {}, 0, "1", ""}).n, 2) << "no columns";
+    recording_listener listener;
+    EXPECT_EQ(solve_analysis(line, {interpolation, {}, 0, "1", ""}, listener).n, 2) << "no columns";
 }
 
 TEST(ValueTable, NeedsPointsAndLeavesPolesBlank)
 {
     // A rational function through a straight line has a pole half-way between neighbours where the line is 0.
     table_content line = table_of({{"x", {"1", "2", "3", "4"}}, {"y", {"-1.5", "-0.5", "0.5", "1.5"}}}, {6, 2});
-    EXPECT_EQ(std::get<int>(fill_table_of_values(line, {interpolation, x_and_y, 0, "", ""}, 7)), 2);
+    recording_listener listener;
+    const auto fill = [&](const analysis_request& request, int count) {
+        return fill_table_of_values(line, request, count, listener);
+    };
+    value_table filled = fill({interpolation, x_and_y, 0, "", ""}, 7);
+    line = filled.content;
+    EXPECT_EQ(filled.column, 2);
     EXPECT_EQ(line.columns(), 4);
     EXPECT_EQ(line.rows(), 8) << "one row more than is filled";
     EXPECT_EQ(cells_of(line, 2, 7), "1 1.5 2 2.5 3 3.5 4");
     EXPECT_EQ(line.cells.text(3, 3), "");
     EXPECT_EQ(line.cells.text(6, 3), "1.5");
-    EXPECT_EQ(std::get<int>(fill_table_of_values(line, {integration, x_and_y, 1, "", ""}, 2)), 4);
-    EXPECT_EQ(line.name(4), "x_table_2");
-    EXPECT_EQ(cells_of(line, 5, 2), "0 0");
-    const std::variant<int, message_box> few = fill_table_of_values(line, {differentiation, {2, 5}, 0, "", ""}, 5);
-    EXPECT_EQ(std::get<message_box>(few).text, "At least four data points are required for this evaluation.");
+    EXPECT_EQ(listener.fraction(), 1.0);
+    filled = fill({integration, x_and_y, 1, "", ""}, 2);
+    EXPECT_EQ(filled.column, 4);
+    EXPECT_EQ(filled.content.name(4), "x_table_2");
+    EXPECT_EQ(cells_of(filled.content, 5, 2), "0 0");
+    EXPECT_EQ(box_of(fill_table_of_values(filled.content, {differentiation, {2, 5}, 0, "", ""}, 5, listener)),
+              "At least four data points are required for this evaluation.");
+}
+
+TEST(ColumnAnalysis, AskedToStopEndsBeforeItsResult)
+{
+    std::vector<std::string> numbers;
+    for (int i = 0; i < 20000; ++i)
+        numbers.push_back(std::to_string(i));
+    const table_content content = table_of({{"x", numbers}, {"y", numbers}}, {20001, 2});
+    recording_listener listener;
+    listener.ask_to_stop();
+    for (const analysis_kind kind : {interpolation, integration}) {
+        const analysis_outcome outcome = solve_analysis(content, {kind, x_and_y, 0, "0.5", "9.5"}, listener);
+        EXPECT_TRUE(outcome.stopped);
+        EXPECT_FALSE(outcome.has_report);
+    }
+    EXPECT_TRUE(fill_table_of_values(content, {interpolation, x_and_y, 0, "", ""}, 9999, listener).stopped);
 }
 
 TEST(AnalysisDrawing, MarksDataAndPlacesOnThePage)

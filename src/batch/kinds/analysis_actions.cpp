@@ -71,8 +71,10 @@ std::optional<std::string> take_columns(const table_reader& table, const batch_r
     return take_column(table, request, independent_option, columns.independent);
 }
 
-table_answer analyse(const table_content& content, const batch_request& request, analysis_request asked)
+table_answer analyse(const table_call& call, analysis_request asked)
 {
+    const table_content& content = call.content;
+    const batch_request& request = call.request;
     if (auto refused = take_columns(table_reader(content), request, asked.columns)) return wrong_usage(*refused);
     if (const std::string* const method = request.option(table_method_option)) {
         const std::optional<std::size_t> index = method_item_named(*method, analysis_methods(asked.kind));
@@ -81,7 +83,7 @@ table_answer analyse(const table_content& content, const batch_request& request,
                                *method + "'.");
         asked.method = *index;
     }
-    const analysis_outcome outcome = solve_analysis(content, asked);
+    const analysis_outcome outcome = solve_analysis(content, asked, call.listener);
     table_answer answer;
     static_cast<run_outcome&>(answer) = outcome;
     if (outcome.has_report) answer.text = analysis_text(outcome);
@@ -91,21 +93,18 @@ table_answer analyse(const table_content& content, const batch_request& request,
 
 table_answer interpolate(const table_call& call)
 {
-    return analyse(call.content, call.request,
-                   {analysis_kind::interpolation, {}, 0, *call.request.option(interpolate_option), {}});
+    return analyse(call, {analysis_kind::interpolation, {}, 0, *call.request.option(interpolate_option), {}});
 }
 
 table_answer differentiate(const table_call& call)
 {
-    return analyse(call.content, call.request,
-                   {analysis_kind::differentiation, {}, 0, *call.request.option(differentiate_option), {}});
+    return analyse(call, {analysis_kind::differentiation, {}, 0, *call.request.option(differentiate_option), {}});
 }
 
 table_answer integrate(const table_call& call)
 {
     const auto [lower, upper] = bounds_in(*call.request.option(integrate_option));
-    return analyse(call.content, call.request,
-                   {analysis_kind::integration, {}, 0, std::string(lower), std::string(upper)});
+    return analyse(call, {analysis_kind::integration, {}, 0, std::string(lower), std::string(upper)});
 }
 
 } // namespace

@@ -15,7 +15,10 @@
 #include "reg/table/table_file.h"
 #include "reg/table/table_json.h"
 #include "shell/report/outcome_json.h"
+#include "shell/report/report_text.h"
+#include "shell/report/rich_text.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -155,6 +158,18 @@ std::pair<table_content, std::vector<message_box>> edited_table(table_content co
     return {std::move(content), std::move(boxes)};
 }
 
+/// Lines of text as a document, for the answers that are no report of a window.
+std::string rich_lines(std::string_view text)
+{
+    report_text document{report_layout()};
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        document.line({R"({\f6 )", escape_rich_text(text.substr(0, end)), "}"});
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return document.document();
+}
+
 file_answer printed(const problem_text& problem, const table_content& content, table_answer& done, bool is_action,
                     const batch_request& request)
 {
@@ -170,11 +185,14 @@ file_answer printed(const problem_text& problem, const table_content& content, t
     if (!done.has_report) return answer;
     if (const std::string* const name = request.option(save_option))
         answer.outputs.push_back({output_name(*name, problem.file), write_table(content)});
-    if (request.format != output_format::plain) return answer;
-    answer.report += done.text;
-    const bool has_text = !answer.report.empty();
-    if (request.option(table_option) || (!has_text && answer.outputs.empty()))
-        answer.report += (has_text ? "\n" : "") + table_text(content);
+    if (request.format == output_format::object) return answer;
+    // A report as rich text is a whole document, behind which nothing can follow.
+    const bool as_document = request.format == output_format::rtf;
+    if (as_document && has_report) return answer;
+    std::string text = answer.report + done.text;
+    if (request.option(table_option) || (text.empty() && answer.outputs.empty()))
+        text += (text.empty() ? "" : "\n") + table_text(content);
+    answer.report = as_document && !text.empty() ? rich_lines(text) : std::move(text);
     return answer;
 }
 

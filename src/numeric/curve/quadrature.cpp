@@ -71,7 +71,7 @@ double under_end_of_parabola(const double* x, const double* y)
 
 } // namespace
 
-quadrature_rule gauleg(double a, double b, int n)
+quadrature_rule gauleg(double a, double b, int n, const pause_point& pause)
 {
     assert(n >= 1);
     const auto size = static_cast<std::size_t>(n);
@@ -80,6 +80,7 @@ quadrature_rule gauleg(double a, double b, int n)
     const double half = 0.5 * (b - a);
     // The roots lie symmetrically about the middle.
     for (std::size_t i = 0; i < (size + 1) / 2; ++i) {
+        if (pause) pause();
         const double start = std::cos(std::numbers::pi * (static_cast<double>(i) + 0.75) / (n + 0.5));
         const double z = legendre_root(n, start);
         const double slope = legendre(n, z).derivative;

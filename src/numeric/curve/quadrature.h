@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "numeric/curve/pause_point.h"
+
 #include <span>
 #include <vector>
 
@@ -16,7 +18,7 @@ struct quadrature_rule
 
 /// The Gauss-Legendre rule of n points (1 or more) on [a, b]: Newton's method on the Legendre polynomial of degree n,
 /// its start the usual estimate of the root. [Press1992] sec. 4.5
-quadrature_rule gauleg(double a, double b, int n);
+quadrature_rule gauleg(double a, double b, int n, const pause_point& pause = {});
 
 /// The integral of tabulated points whose x ascends, not necessarily by equal steps: for each triple of points the
 /// parabola through them, exactly, from the first to the third. Where the number of points is even, the last interval

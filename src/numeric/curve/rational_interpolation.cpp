@@ -11,7 +11,7 @@
 namespace kelvarin
 {
 
-interpolated_value ratint(std::span<const double> x, std::span<const double> y, double at)
+interpolated_value ratint(std::span<const double> x, std::span<const double> y, double at, const pause_point& pause)
 {
     assert(x.size() == y.size());
     // Keeps the first quotients of a function that is 0 somewhere from being 0 / 0.
@@ -31,6 +31,7 @@ interpolated_value ratint(std::span<const double> x, std::span<const double> y, 
     // whichever keeps the path through the tableau nearer to its middle.
     std::ptrdiff_t row = static_cast<std::ptrdiff_t>(nearest) - 1;
     for (std::size_t column = 1; column < n; ++column) {
+        if (pause) pause();
         for (std::size_t i = 0; i + column < n; ++i) {
             const double ratio = finite((x[i] - at) * lower[i] / (x[i + column] - at));
             const double divisor = ratio - upper[i + 1];

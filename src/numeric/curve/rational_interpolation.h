@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "numeric/curve/pause_point.h"
+
 #include <span>
 
 namespace kelvarin
@@ -18,6 +20,7 @@ struct interpolated_value
 /// node's y with an error of 0. Throws runtime_failure 8888 "Error in routine ratint" where the function has a pole
 /// at `at`, 6 where a value on the way is not finite, 9 where there is no point. [Press1992] sec. 3.2, the recurrences
 /// of [StoerBulirsch2002] sec. 2.2
-interpolated_value ratint(std::span<const double> x, std::span<const double> y, double at);
+interpolated_value ratint(std::span<const double> x, std::span<const double> y, double at,
+                          const pause_point& pause = {});
 
 } // namespace kelvarin

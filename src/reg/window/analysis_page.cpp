@@ -8,6 +8,7 @@
 #include "reg/value_table.h"
 #include "reg/window/analysis_plot.h"
 #include "reg/window/column_lists.h"
+#include "reg/window/frmRGT.h"
 #include "shell/general_lib.h"
 
 #include <QComboBox>
@@ -32,8 +33,8 @@ QString shown_number(double value)
 
 } // namespace
 
-analysis_page::analysis_page(desktop_context& context, table_document& table, QWidget* parent)
-    : table_page(table, parent), context_(context)
+analysis_page::analysis_page(table_document& table, frmRGT& window, QWidget* parent)
+    : table_page(table, parent), window_(window)
 {
     build_ui();
     clear_result();
@@ -67,6 +68,10 @@ void analysis_page::initialize_analysis()
 {
     const table_reader reader(table().content());
     const std::vector<int> listed = listed_columns(reader);
+    const bool too_many = reader.started_columns().size() > most_listed_columns;
+    if (too_many && !too_many_told_)
+        window_.context().user.show(this, analysis_failure_box(runtime_failure(failure_number::subscript)));
+    too_many_told_ = too_many;
     fill_column_list(*cmbIndepVar_, reader, listed, 0);
     fill_column_list(*cmbDepVar_, reader, listed, 1);
     columns_changed();
@@ -78,14 +83,16 @@ void analysis_page::columns_changed()
     update_analysis_labels();
     const table_reader reader(table().content());
     lblN_->setText(QStringLiteral("N = %1").arg(analysis_row_count(reader, columns())));
-    analysis_points points;
+    const std::string x_name = to_text(cmbIndepVar_->currentText());
+    const std::string y_name = to_text(cmbDepVar_->currentText());
     try {
-        points = load_analysis_data(reader, columns());
+        analysis_points points = load_analysis_data(reader, columns());
         if (sort_analysis_data(points)) points = {};
+        plot_->show_points(points, x_name, y_name);
     } catch (const runtime_failure&) {
-        points = {};
+        // The request will say what is wrong with the points.
+        plot_->show_points({}, x_name, y_name);
     }
-    plot_->show_points(points, to_text(cmbIndepVar_->currentText()), to_text(cmbDepVar_->currentText()));
 }
 
 void analysis_page::update_analysis_labels()
@@ -133,12 +140,17 @@ void analysis_page::show_result(const analysis_outcome& outcome)
 void analysis_page::solve()
 {
     clear_result();
-    const analysis_outcome outcome = solve_analysis(table().content(), request());
+    window_.start_run([content = table().content(),
+                       asked = request()](run_listener& listener) { return solve_analysis(content, asked, listener); },
+                      [this](const analysis_outcome& outcome) { show_outcome(outcome); });
+}
+
+void analysis_page::show_outcome(const analysis_outcome& outcome)
+{
+    if (window_.is_closing() || outcome.stopped) return;
     if (outcome.has_report) return show_result(outcome);
     const QPointer<QLineEdit> field(controls().at);
-    for (const message_box& box : outcome.boxes)
-        context_.user.show(this, box);
-    if (!field) return;
+    if (!window_.show_boxes(outcome.boxes) || !field) return;
     field->setFocus();
     field->selectAll();
 }
@@ -147,20 +159,24 @@ void analysis_page::cmdTableOfValues_Click()
 {
     constexpr int least = 2;
     constexpr int most = 10000;
-    const auto given = context_.user.input(this, QStringLiteral("KELVARIN"),
-                                           tr("How many points? (%1-%2)").arg(least).arg(most), QStringLiteral("21"));
+    desktop_context& context = window_.context();
+    const auto given = context.user.input(this, QStringLiteral("KELVARIN"),
+                                          tr("How many points? (%1-%2)").arg(least).arg(most), QStringLiteral("21"));
     if (!given || given->trimmed().isEmpty()) return;
     bool is_whole = false;
     const int count = given->trimmed().toInt(&is_whole);
     if (!is_whole || count < least || count > most) {
-        context_.user.show(this, {"A whole number from 2 to 10000 is expected.", box_icon::exclamation});
+        context.user.show(this, {"A whole number from 2 to 10000 is expected.", box_icon::exclamation});
         return;
     }
-    table_content filled = table().content();
-    const std::variant<int, message_box> result = fill_table_of_values(filled, request(), count);
-    if (const auto* const refused = std::get_if<message_box>(&result)) return context_.user.show(this, *refused);
-    table().fill_columns(std::move(filled));
-    emit table_filled(std::get<int>(result));
+    window_.start_run([content = table().content(), asked = request(),
+                       count](run_listener& listener) { return fill_table_of_values(content, asked, count, listener); },
+                      [this](value_table filled) {
+                          if (window_.is_closing() || filled.stopped) return;
+                          if (!window_.show_boxes(filled.boxes) || !filled.has_report) return;
+                          table().fill_columns(std::move(filled.content));
+                          emit table_filled(filled.column);
+                      });
 }
 
 } // namespace kelvarin

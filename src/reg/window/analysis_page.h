@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/desktop_context.h"
 #include "reg/column_analysis.h"
 #include "reg/window/table_page.h"
 
@@ -18,14 +17,17 @@ namespace kelvarin
 
 class analysis_plot;
 class elided_label;
+class frmRGT;
 
-/// Interpolation, differentiation and integration of a column over another.
+/// Interpolation, differentiation and integration of a column over another. Requests are jobs of the window: the
+/// rational function of thousands of points takes seconds.
 class analysis_page : public table_page
 {
     Q_OBJECT
 
 public:
-    analysis_page(desktop_context& context, table_document& table, QWidget* parent = nullptr);
+    /// The window belongs to the table and outlives the page.
+    analysis_page(table_document& table, frmRGT& window, QWidget* parent = nullptr);
 
     void show_table() override;
     bool can_solve() const override { return true; }
@@ -64,6 +66,7 @@ private:
     void columns_changed();
     void update_analysis_labels();
     void clear_result();
+    void show_outcome(const analysis_outcome& outcome);
     void show_result(const analysis_outcome& outcome);
     void cmdTableOfValues_Click();
 
@@ -72,7 +75,9 @@ private:
     analysis_columns columns() const;
     analysis_request request() const;
 
-    desktop_context& context_;
+    frmRGT& window_;
+    /// The table has more columns than the lists take; the box was shown.
+    bool too_many_told_ = false;
     /// The table that the lists were filled from.
     std::optional<table_content> shown_;
 

@@ -74,7 +74,7 @@ void frmRGT::build_tabs(QBoxLayout& column)
 
 table_page* frmRGT::build_analysis_page()
 {
-    auto* page = new analysis_page(context(), table_);
+    auto* page = new analysis_page(table_, *this);
     connect(page, &analysis_page::solve_asked, this, &frmRGT::solve);
     connect(page, &analysis_page::table_filled, this, [this](int column) {
         document_changed();

@@ -5,6 +5,7 @@
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 #include "graph/window/frmGraph.h"
+#include "reg/column_analysis.h"
 #include "reg/scatter_start.h"
 #include "reg/window/column_lists.h"
 
@@ -57,6 +58,10 @@ void scatter_page::show_table()
 {
     const table_reader reader(table().content());
     const std::vector<int> columns = listed_columns(reader);
+    const bool too_many = reader.started_columns().size() > most_listed_columns;
+    if (too_many && !too_many_told_)
+        context_.user.show(this, analysis_failure_box(runtime_failure(failure_number::subscript)));
+    too_many_told_ = too_many;
     fill_column_list(*cmbGraphXVar_, reader, columns, 0);
     QSet<QString> selected;
     for (const QListWidgetItem* item : lstGraphYVars_->selectedItems())

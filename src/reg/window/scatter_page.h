@@ -29,6 +29,8 @@ public:
 private:
     desktop_context& context_;
     problem_window& window_;
+    /// The table has more columns than the lists take; the box was shown.
+    bool too_many_told_ = false;
     QComboBox* cmbGraphXVar_ = nullptr;
     QListWidget* lstGraphYVars_ = nullptr;
     QCheckBox* chkConnected_ = nullptr;

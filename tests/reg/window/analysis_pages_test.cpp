@@ -35,6 +35,9 @@ struct analysis_desk : problem_desk<frmRGT>
     explicit analysis_desk(page_number page)
     {
         paste("0\t0\t5\n1\t1\t6\n2\t8\t7\n3\t27\t8\n4\t64\t9\n");
+        // As the main window says of the window in front: after a run the keyboard comes back.
+        window.set_in_front(true);
+        settle();
         show(page);
     }
     void paste(const std::string& text)
@@ -50,6 +53,16 @@ struct analysis_desk : problem_desk<frmRGT>
         grid.setFocus();
         grid.select_block({row - 1, column - 1, rows, columns});
     }
+    /// Presses a button, or with an empty name Enter, and waits for the end of what it starts.
+    void run(const char* button = "")
+    {
+        if (*button)
+            person.click(button);
+        else
+            robot::press(Qt::Key_Return);
+        EXPECT_TRUE(wait_until([this] { return !window.is_running(); }, 60000));
+        settle();
+    }
     const std::vector<double>& marks() const { return person.find<analysis_plot>("picAnalysis").marks(); }
 };
 
@@ -63,7 +76,8 @@ TEST(AnalysisPage, InterpolatesWithKeysAlone)
     for (int i = 0; i < 20 && !desk.person.find("txtIndepVal").hasFocus(); ++i)
         robot::press(Qt::Key_Tab);
     ASSERT_TRUE(desk.person.find("txtIndepVal").hasFocus());
-    robot::keys("3\n");
+    robot::keys("3");
+    desk.run();
     EXPECT_EQ(desk.person.text("txtDepVal"), "27");
     EXPECT_EQ(desk.person.text("lblErr"), "Err = 0.000E00");
     EXPECT_EQ(desk.person.text("lblDev"), "Dev = 0.00%");
@@ -76,7 +90,7 @@ TEST(AnalysisPage, InterpolatesWithKeysAlone)
     EXPECT_EQ(desk.person.text("txtDepVal"), "") << "a change of the value clears its result";
     EXPECT_FALSE(desk.person.is_shown("lblDev"));
     desk.person.choose("cmbInterpolationMethod", "LINEAR");
-    desk.person.click("cmdSolve");
+    desk.run("cmdSolve");
     EXPECT_EQ(desk.person.text("txtDepVal"), "45.5");
     EXPECT_FALSE(desk.person.is_shown("lblErr"));
     desk.person.choose("cmbInterpolationMethod", "SPLINT");
@@ -91,7 +105,7 @@ TEST(AnalysisPage, DifferentiatesAndIntegrates)
     EXPECT_EQ(desk.person.text("lblDFDX"), "d (C02) / d C01");
     desk.person.type("txtIndepVarValue", "2.5");
     desk.person.choose("cmbDifferentiationMethod", "LAGRANGE");
-    desk.person.click("cmdSolve");
+    desk.run("cmdSolve");
     EXPECT_EQ(desk.person.text("txtDiffResult"), "18.75");
     desk.show_request(2);
     desk.person.choose("cmbDepVar", "C03");
@@ -100,7 +114,7 @@ TEST(AnalysisPage, DifferentiatesAndIntegrates)
     desk.person.choose("cmbIntegrationMethod", "SIMPSON");
     desk.person.type("txtLowInteg", "4");
     desk.person.type("txtHighInteg", "0");
-    desk.person.click("cmdSolve");
+    desk.run("cmdSolve");
     EXPECT_EQ(desk.person.text("txtIntegResult"), "-64");
     EXPECT_EQ(desk.marks(), (std::vector{4.0, 0.0}));
 }
@@ -110,7 +124,7 @@ TEST(AnalysisPage, RefusalsAreBoxesAndTheFieldKeepsTheKeyboard)
     analysis_desk desk(analysis);
     desk.person.type("txtIndepVal", "4.1");
     desk.user.expect_box("Independent variable value must be inside the range where x data is available.");
-    robot::press(Qt::Key_Return);
+    desk.run();
     EXPECT_TRUE(desk.person.find("txtIndepVal").hasFocus());
     EXPECT_EQ(desk.person.find<QLineEdit>("txtIndepVal").selectedText(), "4.1");
     desk.person.choose("cmbDepVar", "C01");
@@ -122,7 +136,48 @@ TEST(AnalysisPage, RefusalsAreBoxesAndTheFieldKeepsTheKeyboard)
     desk.show(analysis);
     EXPECT_TRUE(desk.person.find<analysis_plot>("picAnalysis").is_empty());
     desk.user.expect_box("Duplicate values not allowed in x vector (0).");
+    desk.run("cmdSolve");
+}
+
+TEST(AnalysisPage, TellsOnceThatItListsTwoHundredColumns)
+{
+    analysis_desk desk(table_alone);
+    std::string names, cells;
+    for (int column = 1; column <= 201; ++column) {
+        const std::string end = column < 201 ? "\t" : "\r\n";
+        names += "c" + std::to_string(column) + end;
+        cells += std::to_string(column) + end;
+    }
+    desk.window.perform(window_command::undo);
+    desk.open_text("Wide\r\n2 201\r\n" + names + cells + cells + "*\r\n\r\n\r\n");
+    desk.user.expect_box("Internal Error trapped.  (Subscript out of range). ");
+    desk.show(analysis);
+    EXPECT_TRUE(desk.user.is_done());
+    EXPECT_EQ(desk.person.find<QComboBox>("cmbIndepVar").count(), 200);
+    desk.show(table_alone);
+    desk.show(analysis);
+}
+
+TEST(AnalysisPage, ALongRequestLeavesTheWindowAliveAndCanBeStopped)
+{
+    analysis_desk desk(table_alone);
+    std::string rows;
+    for (int i = 0; i < 20000; ++i)
+        rows += std::to_string(i) + "\t" + std::to_string(i % 7) + "\n";
+    desk.select(1, 1, 1, 1);
+    desk.paste(rows);
+    desk.show(analysis);
+    desk.show_request(2);
+    desk.person.type("txtLowInteg", "1");
+    desk.person.type("txtHighInteg", "19000");
     desk.person.click("cmdSolve");
+    ASSERT_TRUE(desk.window.is_running());
+    EXPECT_FALSE(desk.person.find("txtLowInteg").isEnabled());
+    desk.window.perform(window_command::stop);
+    EXPECT_TRUE(wait_until([&] { return !desk.window.is_running(); }, 5000));
+    settle();
+    EXPECT_EQ(desk.person.text("txtIntegResult"), "");
+    EXPECT_TRUE(desk.person.find("txtLowInteg").isEnabled());
 }
 
 TEST(AnalysisPage, TableOfValuesFillsTwoFreeColumnsAsOneStep)
@@ -130,7 +185,7 @@ TEST(AnalysisPage, TableOfValuesFillsTwoFreeColumnsAsOneStep)
     analysis_desk desk(analysis);
     desk.person.choose("cmbInterpolationMethod", "LINEAR");
     desk.user.expect_input("How many points? (2-10000)", "9");
-    desk.person.click("cmdTableOfValues");
+    desk.run("cmdTableOfValues");
     const table_content& content = desk.content();
     EXPECT_EQ(content.name(3), "C01_table");
     EXPECT_EQ(content.name(4), "C02_LINEAR");
