@@ -24,6 +24,8 @@ constexpr int mark_size = 65;
 constexpr double room = 0.15;
 /// A plot is ready before it is noticed; the time grows with the third power.
 constexpr int most_points_of_rational = 300;
+/// Markers of more points would hide the curves.
+constexpr int most_marked_points = 300;
 
 /// Evenly spaced values of x and those of the points, ascending.
 std::vector<double> curve_places(const analysis_points& points)
@@ -125,7 +127,7 @@ drawn_picture draw_analysis(const graph_content& graph, const analysis_points& p
     graph_drawing drawn = draw_graph(graph, options, metrics);
     if (!drawn.mapping) return std::move(drawn.picture);
     std::vector<drawn_point> data;
-    for (std::size_t i = 0; i < points.x.size(); ++i)
+    for (std::size_t i = 0; points.n() <= most_marked_points && i < points.x.size(); ++i)
         data.push_back(drawn.mapping->at(points.x[i], points.y[i]));
     drawn.picture.shapes.emplace_back(markers(graph, data_marker_size, 0, text_colour, std::move(data)));
     std::vector<drawn_point> marks;
