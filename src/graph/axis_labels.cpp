@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace kelvarin
 {
@@ -122,9 +123,12 @@ std::vector<std::string> tick_labels(axis_range range, int ticks, axis_label_for
     constexpr double least_fixed = 1e-3;
     constexpr double finest_fixed = 1e-8;
     const std::vector<double> values = tick_values(range, ticks);
-    const double division = range.max / ticks - range.min / ticks;
-    if (format != axis_label_format::plain) return masked_labels(values, division);
     const double largest = std::max(std::abs(range.min), std::abs(range.max));
+    // The ends of an axis may be neighbours among the doubles, so that a division between them is lost.
+    using limits = std::numeric_limits<double>;
+    const double division =
+        std::max({range.max / ticks - range.min / ticks, largest / ticks * limits::epsilon(), limits::min()});
+    if (format != axis_label_format::plain) return masked_labels(values, division);
     const bool is_fixed = largest < largest_fixed && largest >= least_fixed && division >= finest_fixed;
     return is_fixed ? fixed_labels(values, division) : exponent_labels(values, division);
 }

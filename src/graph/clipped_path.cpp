@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 
 namespace kelvarin
 {
@@ -102,7 +101,8 @@ std::vector<drawn_point> thinned_points(std::span<const drawn_point> points, con
     const double first_row = std::floor(box.top / cell);
     std::vector<bool> taken(columns * rows, false);
     std::vector<drawn_point> kept;
-    for (const drawn_point point : points | std::views::reverse) {
+    for (std::size_t i = points.size(); i-- > 0;) {
+        const drawn_point point = points[i];
         if (!box.contains(point)) continue;
         const auto column = static_cast<std::size_t>(point.x / cell - first_column);
         const auto row = static_cast<std::size_t>(point.y / cell - first_row);

@@ -112,6 +112,9 @@ TEST(TickLabels, TellDivisionsApartWithoutNoise)
     EXPECT_EQ(plain({0, 2e6}, 2), (labels{"0", "1E6", "2E6"}));
     EXPECT_EQ(plain({0, 1e300}, 4), (labels{"0", "2.5E299", "5.0E299", "7.5E299", "1.0E300"}));
     EXPECT_EQ(plain({0, 1e-300}, 2), (labels{"0", "5E-301", "1E-300"}));
+    // Neighbours among the doubles, where a division is lost.
+    EXPECT_EQ(plain({0, 5e-324}, 10), labels(11, "0"));
+    EXPECT_EQ(plain({3, std::nextafter(3.0, 4.0)}, 10), labels(11, "3.00000000000000E0"));
     EXPECT_EQ(plain({1, 1.00002}, 2), (labels{"1.00000", "1.00001", "1.00002"}));
     for (const axis_label_format format : {axis_label_format::scientific, axis_label_format::engineering})
         EXPECT_EQ(tick_labels({-1, 1234}, 1, format), (labels{"-1.00E0", "1.23E3"}));
