@@ -4,9 +4,11 @@
 #include "app/export_picture.h"
 #include "app/frmMDIKelvarin.h"
 #include "app/frmStartup.h"
+#include "app/guarded_application.h"
 #include "app/start_request.h"
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
+#include "platform/runtime_failure.h"
 #include "shell/report/rich_text.h"
 
 #include <QApplication>
@@ -51,8 +53,14 @@ void show_main_window(frmMDIKelvarin& window, const start_request& request)
     window.show();
     // The splash would hide an opened document.
     if (request.documents.empty() && on_a_desktop()) (new frmStartup(&window))->show();
-    window.offer_recovered_problems();
-    window.open_documents(request.documents);
+    // As an event, which may fail.
+    QMetaObject::invokeMethod(
+        &window,
+        [&window, documents = request.documents] {
+            window.offer_recovered_problems();
+            window.open_documents(documents);
+        },
+        Qt::QueuedConnection);
 }
 
 int export_without_window(const export_request& request, int argc, char** argv)
@@ -88,7 +96,7 @@ int Main(int argc, char** argv)
     }
     // A limit on the size of files is then an error of the write, like a full disk.
     std::signal(SIGXFSZ, SIG_IGN);
-    QApplication application(argc, argv);
+    guarded_application application(argc, argv);
     // Numbers have the same form in every country; the toolkit has just set the user's locale.
     std::setlocale(LC_NUMERIC, "C");
     name_program();
@@ -102,6 +110,10 @@ int Main(int argc, char** argv)
     QObject::connect(&window, &frmMDIKelvarin::ended, &application, &QCoreApplication::exit, Qt::QueuedConnection);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, &frmMDIKelvarin::commit_session,
                      Qt::DirectConnection);
+    QObject::connect(&application, &guarded_application::event_failed, &window, [&](const std::exception_ptr& failure) {
+        user->show(QApplication::activeWindow(),
+                   {.text = "Internal Error trapped. " + failure_reason(failure), .icon = box_icon::critical});
+    });
 
     const start_request request = read_arguments(arguments_of(application));
     if (request.tool)

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <new>
 #include <string>
 #include <system_error>
 
@@ -129,7 +130,7 @@ void frmMDIKelvarin::open_documents(const std::vector<std::filesystem::path>& pa
 }
 
 void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_window)
-{
+try {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) return;
     const text_file file = read_text_file(path);
@@ -152,6 +153,8 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
     case document_form::problem:
         open_problem(*kind_of_row(found.kind), path, in_new_window);
     }
+} catch (const std::bad_alloc&) {
+    show_message(open_error);
 }
 
 void frmMDIKelvarin::open_as_problem(const std::filesystem::path& path)

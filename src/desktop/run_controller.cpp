@@ -4,7 +4,6 @@
 #include "desktop/qt_text.h"
 #include "platform/runtime_failure.h"
 
-#include <new>
 #include <system_error>
 
 namespace kelvarin
@@ -14,19 +13,6 @@ namespace
 {
 
 constexpr int progress_interval_ms = 50;
-
-QString reason_of(const std::exception_ptr& failure)
-{
-    try {
-        std::rethrow_exception(failure);
-    } catch (const std::bad_alloc&) {
-        return to_qstring(runtime_failure_text(failure_number::out_of_memory));
-    } catch (const std::exception& known) {
-        return QString::fromLocal8Bit(known.what());
-    } catch (...) {
-        return to_qstring(runtime_failure_text(0));
-    }
-}
 
 } // namespace
 
@@ -83,7 +69,7 @@ void run_controller::end_job(const std::function<void()>& done, const std::excep
     // `done` may close the window and destroy this object.
     const QPointer<run_controller> self(this);
     if (failure)
-        emit failed(reason_of(failure));
+        emit failed(to_qstring(failure_reason(failure)));
     else
         done();
     if (self) emit handed_over();

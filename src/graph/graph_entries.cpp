@@ -97,11 +97,16 @@ void move_part(graph_content& graph, std::optional<graph_place> graph_content::*
     graph.*part = place;
 }
 
+message_box drawing_failure_box(std::string_view reason)
+{
+    return {"Kelvarin can not create the requested graph. Error: " + std::string(reason), box_icon::critical,
+            "Kelvarin Graph"};
+}
+
 std::optional<message_box> drawing_refusal(const axis_limits& limits)
 {
     if (limits.ok()) return std::nullopt;
-    return message_box{"Kelvarin can not create the requested graph. Error: " + limits.failure, box_icon::critical,
-                       "Kelvarin Graph"};
+    return drawing_failure_box(limits.failure);
 }
 
 message_box start_failure_box(const runtime_failure& failure)

@@ -45,6 +45,9 @@ std::optional<message_box> set_marker_size(graph_content& graph, std::string_vie
 void move_part(graph_content& graph, std::optional<graph_place> graph_content::*part, graph_place place,
                graph_size window);
 
+/// The box of a drawing that failed.
+message_box drawing_failure_box(std::string_view reason);
+
 /// The box of a graph that can't be drawn. Returns nullopt if it can.
 std::optional<message_box> drawing_refusal(const axis_limits& limits);
 

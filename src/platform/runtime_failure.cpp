@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime_failure.h"
 
+#include <new>
 #include <utility>
 
 namespace kelvarin
@@ -32,6 +33,19 @@ runtime_failure::runtime_failure(int number, std::string detail) : number_(numbe
 {
     what_ = std::to_string(number_) + ": " + std::string(description());
     if (!detail_.empty()) what_ += " (" + detail_ + ")";
+}
+
+std::string failure_reason(const std::exception_ptr& failure)
+{
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        return std::string(runtime_failure_text(failure_number::out_of_memory));
+    } catch (const std::exception& known) {
+        return known.what();
+    } catch (...) {
+        return std::string(runtime_failure_text(0));
+    }
 }
 
 void nrerror(std::string_view text)

@@ -43,6 +43,10 @@ private:
     std::string what_;
 };
 
+/// What is said of `failure` where no handler knows more of it: "Out of memory" of std::bad_alloc, else the exception's
+/// own text.
+std::string failure_reason(const std::exception_ptr& failure);
+
 /// Reports the failure of a numeric routine: throws runtime_failure 8888 with `text` as its detail.
 [[noreturn]] void nrerror(std::string_view text);
 

@@ -5,6 +5,7 @@
 #include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
+#include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
 
@@ -260,6 +261,8 @@ void frmGraph::connect_controls()
     connect(PicGraph_, &graph_view::edit_asked, this, &frmGraph::ask_text);
     connect(PicGraph_, &graph_view::view_changed, this, &frmGraph::show_view_state);
     connect(PicGraph_, &graph_view::style_changed, this, &frmGraph::show_list);
+    connect(PicGraph_, &graph_view::drawing_failed, this,
+            [this](const QString& reason) { context().user.show(this, drawing_failure_box(to_text(reason))); });
     connect(PicGraph_, &graph_view::menu_asked, this,
             [this](const QPoint& global_position) { mnuView_->popup(global_position); });
     for (QRadioButton* choice : {optScatter_, optFunction_})

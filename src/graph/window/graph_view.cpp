@@ -3,6 +3,7 @@
 
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "platform/runtime_failure.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -12,6 +13,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
+#include <utility>
 
 namespace kelvarin
 {
@@ -67,6 +70,7 @@ QSize graph_view::minimumSizeHint() const
 void graph_view::show_graph(const graph_content& graph)
 {
     graph_ = graph;
+    has_failed_ = false;
     const QString count = QString::number(count_visible_curves(graph_));
     setAccessibleDescription(tr("%1 curves over %2").arg(count, to_qstring(graph_.columns.front().name)));
     updateGeometry();
@@ -134,10 +138,25 @@ QPointF graph_view::widget_point(drawn_point point) const
 
 void graph_view::paintEvent(QPaintEvent*)
 {
+    try {
+        paint_graph();
+    } catch (const std::bad_alloc&) {
+        picture_ = {};
+        // Queued: a box inside of painting would paint again.
+        if (!std::exchange(has_failed_, true))
+            QMetaObject::invokeMethod(
+                this, [this] { emit drawing_failed(to_qstring(runtime_failure_text(failure_number::out_of_memory))); },
+                Qt::QueuedConnection);
+    }
+}
+
+void graph_view::paint_graph()
+{
     const graph_drawing& drawn = drawing();
     const QSize pixels = size() * devicePixelRatioF();
     if (picture_.size() != pixels) {
         picture_ = QImage(pixels, QImage::Format_RGB32);
+        if (picture_.isNull()) throw std::bad_alloc();
         picture_.setDevicePixelRatio(devicePixelRatioF());
         picture_.fill(Qt::white);
         QPainter painter(&picture_);

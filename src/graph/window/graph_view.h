@@ -69,6 +69,8 @@ signals:
     /// Styles or hidden curves have changed.
     void style_changed();
     void menu_asked(const QPoint& global_position);
+    /// The graph can not be drawn, as no limit foretold; once for each graph shown.
+    void drawing_failed(const QString& reason);
 
 protected:
     bool event(QEvent* event) override;
@@ -106,6 +108,7 @@ private:
     drawn_point page_point(QPointF position) const;
     QPointF widget_point(drawn_point point) const;
     void redraw();
+    void paint_graph();
     void paint_marks(QPainter& painter);
     void show_box(const drawn_box& box, bool as_step);
     void pan_by(QPointF pixels);
@@ -125,6 +128,7 @@ private:
     graph_drawing drawing_;
     QImage picture_;
     bool is_drawn_ = false;
+    bool has_failed_ = false;
 
     /// The parts that were zoomed to, the latest one last.
     std::vector<axis_limits> views_;

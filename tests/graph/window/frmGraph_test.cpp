@@ -417,4 +417,20 @@ TEST(GraphWindow, StylesOfTheSessionAreDrawn)
     EXPECT_THAT(colours, ElementsAre(0x123456u));
 }
 
+TEST(GraphWindow, APictureThatFindsNoMemoryIsToldOnce)
+{
+    graph_desk desk;
+    // No picture of this size can be made.
+    desk.view().resize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    desk.user.expect_box("Kelvarin can not create the requested graph. Error: Out of memory", "Kelvarin Graph");
+    for (int time = 0; time < 2; ++time) {
+        QPaintEvent paint(QRect(0, 0, 1, 1));
+        QApplication::sendEvent(&desk.view(), &paint);
+    }
+    settle();
+    desk.view().resize(400, 300);
+    EXPECT_FALSE(desk.view().grab().isNull());
+    EXPECT_TRUE(desk.view().drawing().mapping) << "the graph is drawn again";
+}
+
 } // namespace
