@@ -9,6 +9,7 @@
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "platform/runtime_failure.h"
+#include "platform/saver.h"
 #include "shell/report/rich_text.h"
 
 #include <QApplication>
@@ -105,6 +106,8 @@ int Main(int argc, char** argv)
     settings store(registry);
     const system_clock clock;
     const auto user = make_desktop_interface();
+    for (const std::filesystem::path& folder : {default_registry_file().parent_path(), default_recovery_folder()})
+        remove_abandoned_files(folder);
     recovery_store recovery(default_recovery_folder());
     frmMDIKelvarin window({store, registry, clock, *user, recovery});
     QObject::connect(&window, &frmMDIKelvarin::ended, &application, &QCoreApplication::exit, Qt::QueuedConnection);

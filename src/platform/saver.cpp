@@ -27,10 +27,13 @@
 #include "platform/uninterrupted.h"
 
 #include <cerrno>
+#include <charconv>
 #include <chrono>
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -94,6 +97,20 @@ failure_reason target_of(const fs::path& path, save_target& target)
     return {};
 }
 
+constexpr std::string_view temporary_prefix = ".kelvarin-";
+constexpr std::string_view temporary_ending = ".tmp";
+
+/// The number of the program that made a temporary file of this name; nullopt if it is none.
+std::optional<pid_t> maker_of(std::string_view name)
+{
+    if (!name.starts_with(temporary_prefix) || !name.ends_with(temporary_ending)) return std::nullopt;
+    name.remove_prefix(temporary_prefix.size());
+    pid_t maker = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), maker);
+    if (error != std::errc() || *end != '-' || maker <= 0) return std::nullopt;
+    return maker;
+}
+
 /// The temporary file; the destructor closes and removes it unless it was renamed.
 class temporary_file
 {
@@ -128,8 +145,9 @@ failure_reason temporary_file::create(const save_target& target)
     constexpr mode_t private_mode = 0600;
     const auto moment = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
     for (int attempt = 0; attempt < most_tries; ++attempt) {
-        const std::string name = ".kelvarin-" + std::to_string(::getpid()) + '-' + std::to_string(moment + attempt);
-        const fs::path path = target.folder / (name + ".tmp");
+        const std::string name = std::string(temporary_prefix) + std::to_string(::getpid()) + '-' +
+                                 std::to_string(moment + attempt) + std::string(temporary_ending);
+        const fs::path path = target.folder / name;
         file_ = uninterrupted([&] {
             return calls_.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
                                target.exists ? private_mode : mode_before_umask);
@@ -235,6 +253,18 @@ std::optional<file_failure> save_file(const fs::path& path, std::string_view con
     failure_reason failed = save_steps(path, content, calls);
     if (failed.empty()) return std::nullopt;
     return file_failure{path, std::move(failed)};
+}
+
+void remove_abandoned_files(const fs::path& folder)
+{
+    constexpr std::chrono::hours shortest_age{1};
+    std::error_code error;
+    for (const fs::directory_entry& each : fs::directory_iterator(folder, error)) {
+        const std::optional<pid_t> maker = maker_of(each.path().filename().string());
+        if (!maker || ::kill(*maker, 0) == 0 || errno != ESRCH) continue;
+        const fs::file_time_type written = each.last_write_time(error);
+        if (!error && fs::file_time_type::clock::now() - written > shortest_age) fs::remove(each.path(), error);
+    }
 }
 
 } // namespace kelvarin

@@ -34,4 +34,8 @@ const save_calls& system_save_calls();
 std::optional<file_failure> save_file(const std::filesystem::path& path, std::string_view content,
                                       const save_calls& calls = system_save_calls());
 
+/// Removes the temporary files that programs which were killed while saving left in `folder`. One that is younger than
+/// an hour stays: a folder may be shared with programs of another machine, whose numbers say nothing here.
+void remove_abandoned_files(const std::filesystem::path& folder);
+
 } // namespace kelvarin

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace kelvarin
@@ -287,6 +289,26 @@ TEST(Saver, SavesANameWithoutAFolderInTheCurrentOne)
     ASSERT_EQ(fs::current_path(), fs::canonical(folder.path()));
     EXPECT_EQ(save_file("f", new_text), std::nullopt);
     EXPECT_EQ(folder.read("f"), new_text);
+}
+
+TEST(RemoveAbandonedFiles, TakesThoseOfKilledProgramsAlone)
+{
+    const test::scratch_folder folder;
+    // A program that has ended, so that its number is free.
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(0);
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    const std::string dead = std::to_string(child), living = std::to_string(::getpid());
+    const auto hours_ago = fs::file_time_type::clock::now() - std::chrono::hours(2);
+    for (const std::string& name : {".kelvarin-" + dead + "-1.tmp", ".kelvarin-" + living + "-1.tmp",
+                                    ".kelvarin-" + dead + ".tmp", ".kelvarin-" + dead + "-1.kvr", std::string("p.kvr")})
+        fs::last_write_time(folder.write(name, "x"), hours_ago);
+    folder.write(".kelvarin-" + dead + "-2.tmp", "just written");
+    remove_abandoned_files(folder.path());
+    remove_abandoned_files(folder / "none");
+    EXPECT_THAT(folder.names(), ::testing::UnorderedElementsAre(
+                                    ".kelvarin-" + living + "-1.tmp", ".kelvarin-" + dead + ".tmp",
+                                    ".kelvarin-" + dead + "-1.kvr", "p.kvr", ".kelvarin-" + dead + "-2.tmp"));
 }
 
 } // namespace kelvarin
