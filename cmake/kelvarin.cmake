@@ -20,6 +20,7 @@ endif()
 
 option(KELVARIN_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 option(KELVARIN_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
+option(KELVARIN_HARDEN "Build with the compiler's and linker's protection against overwritten memory" OFF)
 option(KELVARIN_CHECKED "Poison work arrays and compare the fast evaluation with the plain walk" OFF)
 option(KELVARIN_FUZZ "Build the fuzz targets (clang only)" OFF)
 
@@ -50,6 +51,12 @@ endif()
 if(KELVARIN_FUZZ)
   # The libraries tell the fuzzer which of their branches were taken; the targets bring its main program.
   target_compile_options(kelvarin_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+if(KELVARIN_HARDEN)
+  # What a file or a text from elsewhere might overwrite ends the program instead of steering it.
+  target_compile_options(kelvarin_flags INTERFACE
+    -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+  target_link_options(kelvarin_flags INTERFACE -Wl,-z,relro,-z,now)
 endif()
 if(KELVARIN_CHECKED)
   target_compile_definitions(kelvarin_flags INTERFACE KELVARIN_CHECKED=1)
