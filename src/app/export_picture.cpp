@@ -64,7 +64,7 @@ bool needs_no_toolkit(const export_request& request)
 
 int export_picture(const export_request& request, std::ostream& err)
 {
-    const text_file file = read_text_file(request.graph);
+    const text_file file = read_text_file(request.graph, bounds_of_numbers);
     if (!file.ok()) return refuse(err, request.graph, {"The file can not be read: " + file.failure.reason}, unusable);
     if (recognise_document(request.graph, file.text, problem_kinds()).form != document_form::graph)
         return refuse(err, request.graph, {unknown_format_text(request.graph)}, unusable);

@@ -147,7 +147,7 @@ try {
         return;
     case document_form::unknown:
         // A file without a second line is no problem of any kind.
-        if (split_lines(file.text).size() < 2) return show_message(open_error);
+        if (split_lines(file.text, 2).size() < 2) return show_message(open_error);
         context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
         return;
     case document_form::problem:

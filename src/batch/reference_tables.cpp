@@ -31,7 +31,7 @@ data_text read_data_file(std::string_view name)
 {
     const auto file = find_data_file(name);
     if (!file) return {{}, missing_data_box(name)};
-    text_file content = read_text_file(*file);
+    text_file content = read_text_file(*file, bounds_of_configuration);
     if (!content.ok()) return {{}, message_box{file->string() + ": " + content.failure.reason}};
     return {std::move(content.text), std::nullopt};
 }

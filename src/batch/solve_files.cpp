@@ -5,6 +5,7 @@
 #include "batch/kinds/kind_answerer.h"
 #include "graph/graph_kind.h"
 #include "kinds/kinds.h"
+#include "platform/file_bounds.h"
 #include "platform/run_listener.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
@@ -58,32 +59,30 @@ std::optional<message_box> option_refusal(const kind_answerer& answerer, const b
     return std::nullopt;
 }
 
+message_box unreadable_box(const std::string& reason)
+{
+    return refusal_box("The file can not be read: " + reason);
+}
+
 message_box out_of_memory_box()
 {
     return refusal_box(std::string(runtime_failure_text(failure_number::out_of_memory)));
 }
 
-text_file text_of_file(const std::string& file, const run_listener& listener)
-try {
-    return read_text_input(file, [&listener] { return listener.stop_asked(); });
-} catch (const std::bad_alloc&) {
-    return {{}, {file, "out of memory"}};
-}
-
 /// Reads and recognises a file, and calls `answer` with its kind's answerer and its text.
 template <class Answer>
 file_answer answer_file(const std::string& file, const batch_request& request, run_listener& listener, Answer answer)
-{
-    text_file content = text_of_file(file, listener);
-    if (!content.ok()) {
-        const message_box unreadable = refusal_box("The file can not be read: " + content.failure.reason);
-        return refused_answer(file, recognised_document().key(), unreadable, request);
-    }
+try {
+    text_file content = read_text_input(file, [&listener] { return listener.stop_asked(); });
+    if (!content.ok())
+        return refused_answer(file, recognised_document().key(), unreadable_box(content.failure.reason), request);
     const recognised_document found = request.kind ? recognised_document{document_form::problem, request.kind}
                                                    : recognise_document(file, content.text, problem_kinds());
     const problem_kind* const kind = found.form == document_form::graph ? &graph_kind() : found.kind;
     const kind_answerer* const answerer = kind ? answerer_of(*kind) : nullptr;
     if (!answerer) return refused_answer(file, found.key(), no_answerer_box(file, found), request);
+    if (const std::optional<std::string> excess = excess_of(content.text, kind->bounds))
+        return refused_answer(file, answerer->kind->key, unreadable_box(*excess), request);
     if (const std::optional<message_box> refused = option_refusal(*answerer, request))
         return refused_answer(file, answerer->kind->key, *refused, request);
     try {
@@ -94,6 +93,8 @@ file_answer answer_file(const std::string& file, const batch_request& request, r
         failed.status = exit_status::a_run_failed;
         return failed;
     }
+} catch (const std::bad_alloc&) {
+    return refused_answer(file, recognised_document().key(), unreadable_box("out of memory"), request);
 }
 
 } // namespace

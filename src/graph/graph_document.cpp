@@ -25,7 +25,8 @@ constexpr content_format<graph_content> graph_format = {
     .write = [](const graph_content& graph, bool) { return write_graph(graph); },
     .recovery_text = graph_recovery_text,
     .read_recovery = read_graph_recovery,
-    .listing = graph_listing};
+    .listing = graph_listing,
+    .bounds = bounds_of_numbers};
 
 } // namespace
 

@@ -20,6 +20,7 @@ const problem_kind& graph_kind()
         .save_filter = "Kelvarin graph (*.kvg)|*.kvg|Bitmap file (*.bmp)|*.bmp|All files (*.*)|*.*",
         .unsaved_on_close = "The graph was not saved. Do you want to save it before closing ?",
         .unsaved_on_open = "The graph was not saved. Do you want to save it before closing ?",
+        .bounds = bounds_of_numbers,
         .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<graph_document>(); }};
     return kind;
 }

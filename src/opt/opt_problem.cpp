@@ -161,7 +161,7 @@ opt_problem::refusal opt_problem::open(const std::filesystem::path& path)
 {
     refusal refused = equation_document::open(path);
     if (!refused) return std::nullopt;
-    const std::string reason = read_text_file(path).failure.reason;
+    const std::string reason = read_text_file(path, opt_format.bounds).failure.reason;
     refused->text = "Error while trying to open file (" + (reason.empty() ? "The file is empty." : reason) + ")";
     return refused;
 }

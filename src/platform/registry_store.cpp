@@ -183,12 +183,13 @@ void file_registry::write(std::string_view key, std::string_view value_name, std
 
 std::optional<file_failure> file_registry::load()
 {
-    const text_file file = read_text_file(file_);
+    const text_file file = read_text_file(file_, bounds_of_configuration);
     std::error_code error;
     if (!file.ok() && fs::symlink_status(file_, error).type() != fs::file_type::not_found) return file.failure;
     entries_.clear();
     std::string key;
-    for (const std::string_view line : split_lines(file.text)) {
+    for (std::string_view rest = file.text; !rest.empty();) {
+        const std::string_view line = take_line(rest);
         if (line.starts_with('[') && line.ends_with(']')) {
             key = unescaped_key(line.substr(1, line.size() - 2));
             continue;

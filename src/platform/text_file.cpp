@@ -21,7 +21,7 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::size_t largest_file = std::size_t{64} << 20;
+constexpr std::size_t megabyte = std::size_t{1} << 20;
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 /// Waits until the file can be read or has ended. Returns false if the reader no longer wants it.
@@ -34,13 +34,19 @@ bool wait_for_bytes(const posix_file& file, const std::function<bool()>& stop_as
     return false;
 }
 
+std::string too_large(std::size_t largest)
+{
+    return "it is larger than " + std::to_string(largest / megabyte) + " MB";
+}
+
 /// Reads to the end of the file into `bytes`. Returns the reason of a failure, or an empty text. `stop_asked` is null
 /// for a file that keeps nobody waiting.
-std::string read_all(const posix_file& file, std::size_t expected, std::string& bytes,
+std::string read_all(const posix_file& file, std::size_t expected, std::size_t largest, std::string& bytes,
                      const std::function<bool()>& stop_asked = nullptr)
 {
     constexpr std::size_t step = std::size_t{64} * 1024;
     std::size_t filled = 0;
+    // One byte more shows the end of a file that doesn't grow.
     bytes.resize(expected + 1);
     while (true) {
         if (filled == bytes.size()) bytes.resize(filled + step);
@@ -50,16 +56,16 @@ std::string read_all(const posix_file& file, std::size_t expected, std::string& 
         if (count < 0) return system_reason(errno);
         filled += static_cast<std::size_t>(count);
         // A file may grow while it is read.
-        if (filled > largest_file) return "the file is too large";
+        if (filled > largest) return too_large(largest);
         if (count == 0) break;
     }
     bytes.resize(filled);
     return {};
 }
 
-text_file failed(const std::filesystem::path& path, std::string reason)
+text_file failed(const std::filesystem::path& path, std::string reason, bool is_too_large = false)
 {
-    return {{}, {path, std::move(reason)}};
+    return {{}, {path, std::move(reason)}, is_too_large};
 }
 
 text_file text_of(std::string bytes)
@@ -72,7 +78,7 @@ text_file text_of(std::string bytes)
 
 } // namespace
 
-text_file read_text_file(const std::filesystem::path& path)
+text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds)
 {
     // Without O_NONBLOCK opening a pipe would wait for a writer.
     const posix_file file(
@@ -85,10 +91,13 @@ text_file read_text_file(const std::filesystem::path& path)
     if (S_ISDIR(about.st_mode)) return failed(path, "it is a folder");
     if (!S_ISREG(about.st_mode)) return failed(path, "it is no regular file");
     const auto size = static_cast<std::size_t>(about.st_size);
-    if (size > largest_file) return failed(path, "the file is too large");
+    const std::size_t largest = bounds.megabytes * megabyte;
+    if (size > largest) return failed(path, too_large(largest), true);
 
     std::string bytes;
-    if (std::string reason = read_all(file, size, bytes); !reason.empty()) return failed(path, std::move(reason));
+    if (std::string reason = read_all(file, size, largest, bytes); !reason.empty())
+        return failed(path, std::move(reason), bytes.size() > largest);
+    if (std::optional<std::string> excess = excess_of(bytes, bounds)) return failed(path, std::move(*excess), true);
     return text_of(std::move(bytes));
 }
 
@@ -101,7 +110,7 @@ text_file read_text_input(const std::filesystem::path& path, const std::function
     }));
     if (!file.is_open()) return failed(path, system_reason(errno));
     std::string bytes;
-    if (std::string reason = read_all(file, 0, bytes, stop_asked); !reason.empty())
+    if (std::string reason = read_all(file, 0, widest_bounds.megabytes * megabyte, bytes, stop_asked); !reason.empty())
         return failed(path, std::move(reason));
     return text_of(std::move(bytes));
 }
@@ -116,21 +125,26 @@ std::string to_utf8(std::string_view bytes)
     return text;
 }
 
-std::vector<std::string_view> split_lines(std::string_view text)
+std::string_view take_line(std::string_view& text)
+{
+    std::size_t end = 0;
+    while (end < text.size() && text[end] != '\r' && text[end] != '\n')
+        ++end;
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end);
+    for (const std::string_view line_end : {"\r\r\n", "\r\n", "\r", "\n"}) {
+        if (!text.starts_with(line_end)) continue;
+        text.remove_prefix(line_end.size());
+        break;
+    }
+    return line;
+}
+
+std::vector<std::string_view> split_lines(std::string_view text, std::size_t most)
 {
     std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        std::size_t end = 0;
-        while (end < text.size() && text[end] != '\r' && text[end] != '\n')
-            ++end;
-        lines.push_back(text.substr(0, end));
-        text.remove_prefix(end);
-        for (const std::string_view line_end : {"\r\r\n", "\r\n", "\r", "\n"}) {
-            if (!text.starts_with(line_end)) continue;
-            text.remove_prefix(line_end.size());
-            break;
-        }
-    }
+    while (!text.empty() && lines.size() < most)
+        lines.push_back(take_line(text));
     return lines;
 }
 

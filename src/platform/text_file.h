@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/file_bounds.h"
+
+#include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,13 +26,15 @@ struct text_file
 {
     std::string text;
     file_failure failure;
+    /// Whether the failure is that the file is beyond its bounds.
+    bool is_too_large = false;
 
     bool ok() const { return failure.reason.empty(); }
 };
 
 /// Reads a whole regular file, following links. If the bytes are not valid UTF-8 as a whole, they are read as Latin-1;
-/// a byte order mark is dropped. A folder, a device, a missing file or a file over 64 MiB is a failure.
-text_file read_text_file(const std::filesystem::path& path);
+/// a byte order mark is dropped. A folder, a device, a missing file or a file beyond the bounds is a failure.
+text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds = widest_bounds);
 
 /// read_text_file for a program at the end of a pipe: pipes and devices are read as well, and "-" is standard input.
 /// Waits for what comes; `stop_asked` is called ten times a second meanwhile, and if it returns true, that is a
@@ -38,9 +44,12 @@ text_file read_text_input(const std::filesystem::path& path, const std::function
 /// `bytes` if they are valid UTF-8, else the UTF-8 text of their Latin-1 reading.
 std::string to_utf8(std::string_view bytes);
 
-/// The lines of `text`; line ends are CR LF, LF, CR, or CR CR LF. A line end at the very end of the text starts no
-/// further line.
-std::vector<std::string_view> split_lines(std::string_view text);
+/// Removes the first line of `text` and its end, and returns the line. Line ends are CR LF, LF, CR, or CR CR LF.
+std::string_view take_line(std::string_view& text);
+
+/// The lines of `text`, at most `most` of them. A line end at the very end of the text starts no further line.
+std::vector<std::string_view> split_lines(std::string_view text,
+                                          std::size_t most = std::numeric_limits<std::size_t>::max());
 
 /// `text` with each CR and LF replaced by a blank, for a line of a file or a one-line field.
 std::string one_line(std::string_view text);

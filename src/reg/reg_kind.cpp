@@ -36,6 +36,7 @@ const problem_kind& reg_kind()
         .unsaved_on_open = "Data table not saved. Do you wish to save it now ?",
         .passes_on_other_files = true,
         .recognises = recognises_reg,
+        .bounds = bounds_of_numbers,
         .example_titles = table_sample_titles,
         .make_document = []() -> std::unique_ptr<problem_document> { return std::make_unique<table_document>(); }};
     return kind;

@@ -65,7 +65,8 @@ constant_list read_constants(std::string_view text)
     group_table groups(list.groups);
     std::string_view group;
     int number = 0;
-    for (const std::string_view line : split_lines(text)) {
+    while (!text.empty()) {
+        const std::string_view line = take_line(text);
         ++number;
         const std::string_view content = trimmed(line);
         if (is_passed_over(content)) continue;

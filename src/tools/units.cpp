@@ -79,7 +79,8 @@ unit_list read_units(std::string_view text)
 {
     unit_list list;
     int number = 0;
-    for (const std::string_view line : split_lines(text)) {
+    while (!text.empty()) {
+        const std::string_view line = take_line(text);
         ++number;
         const std::string_view content = trimmed(line);
         if (is_passed_over(content)) continue;

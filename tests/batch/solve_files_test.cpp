@@ -26,6 +26,7 @@ protected:
         folder.write("sum.kvr", test::explicit_only);
         folder.write("red.kvr", test::undefined_name);
         folder.write("fails.kvr", test::failing_run);
+        folder.write("endless.kvr", test::explicit_only + std::string(100'000, '\n'));
         folder.write("table.kvr", "Table\n2 40000\n1\t2\n");
     }
 
@@ -47,6 +48,10 @@ TEST_F(SolveFiles, TheHighestStatusWinsAndEveryFileGetsItsTurn)
          1,
          "kelvarin-solve: missing.kvr: Kelvarin Guide\nThe file can not be read: "},
         {{"table.kvr", "sum.kvr"}, 2, 1, "kelvarin-solve: table.kvr: Kelvarin Guide\nError while trying to open file."},
+        {{"endless.kvr", "sum.kvr"},
+         2,
+         1,
+         "kelvarin-solve: endless.kvr: Kelvarin Guide\nThe file can not be read: it has more than 100000 lines"},
         {{"."}, 2, 0, "kelvarin-solve: .: Kelvarin Guide\nThe file can not be read: "},
     };
     for (const auto& [files, status, reports, err] : rows) {

@@ -212,6 +212,10 @@ TYPED_TEST(document_laws, WhatIsNoFileOfItsKindLeavesItAsItWas)
         EXPECT_FALSE(document.problem_saved());
         EXPECT_EQ(document.undo_step(), "Change title");
     }
+    this->folder_.write("endless.kvr", std::string(100'001, '\n'));
+    const auto refused = document.open("endless.kvr");
+    ASSERT_TRUE(refused);
+    EXPECT_NE(refused->text.find("it has more than 100000 lines"), std::string::npos) << refused->text;
 }
 
 TYPED_TEST(document_laws, AFailedSaveLosesNothing)

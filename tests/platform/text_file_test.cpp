@@ -111,4 +111,18 @@ TEST(ReadTextFile, RefusesWhatIsNoReadableFileWithoutWaiting)
     }
 }
 
+TEST(ReadTextFile, SaysWhyAFileBeyondItsBoundsIsRefused)
+{
+    const test::scratch_folder folder;
+    for (const auto& [bytes, reason] :
+         test::table<std::string, const char*>{{std::string((1U << 20) + 1, 'x'), "it is larger than 1 MB"},
+                                               {std::string(1U << 20, 'x'), ""},
+                                               {"a\nb\nc\nd", "it has more than 3 lines"},
+                                               {"a\r\nb\r\nc\r\n", ""}}) {
+        const text_file file = read_text_file(folder.write("f", bytes), {.megabytes = 1, .lines = 3});
+        EXPECT_EQ(file.failure.reason, reason);
+        EXPECT_EQ(file.is_too_large, !file.ok());
+    }
+}
+
 } // namespace kelvarin

@@ -30,7 +30,8 @@ constexpr content_format<table_content> table_format = {
     .write = [](const table_content& content, bool) { return write_table(content); },
     .recovery_text = table_recovery_text,
     .read_recovery = read_table_recovery,
-    .listing = table_listing};
+    .listing = table_listing,
+    .bounds = bounds_of_numbers};
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/file_bounds.h"
 #include "shell/document/problem_document.h"
 #include "shell/report/report_text.h"
 
@@ -72,6 +73,8 @@ struct problem_kind
     /// Whether a file with these lines is of this kind although `recognises` of another kind may hold as well; asked of
     /// all kinds before. Null if there are no such files.
     bool (*claims)(std::span<const std::string_view> lines) = nullptr;
+    /// What a file of this kind may hold.
+    file_bounds bounds = {};
     /// In the order of the method list; empty if there is only one.
     std::span<const problem_method> methods = {};
     /// The titles of the examples in the order of their menu; null if there is no such menu.

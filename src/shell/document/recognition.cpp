@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/document/recognition.h"
 
+#include "platform/file_bounds.h"
 #include "platform/letter_case.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
@@ -35,6 +36,12 @@ bool recognises(const problem_kind& kind, std::span<const std::string_view> line
 bool claims(const problem_kind& kind, std::span<const std::string_view> lines)
 {
     return kind.claims && kind.claims(lines);
+}
+
+/// All lines of a file within its bounds; of a larger one, which is not read anyway, enough to recognise it.
+std::vector<std::string_view> first_lines(std::string_view text)
+{
+    return split_lines(text, file_bounds().lines);
 }
 
 /// The kind of problem of these lines; null if it is none of `kinds`.
@@ -72,7 +79,7 @@ recognised_document recognise_document(std::string_view path, std::string_view t
                                        std::span<const problem_kind* const> kinds)
 {
     const std::string extension = lower_case(part_after_last(file_name_of(path), false, "."));
-    const std::vector<std::string_view> lines = split_lines(text);
+    const std::vector<std::string_view> lines = first_lines(text);
     if (extension == "kvg" && !lines.empty() && is_graph_marker(lines.front())) return {document_form::graph};
     if (extension == "rtf") return {document_form::report};
     if (extension == "txt") return {document_form::text};
@@ -84,7 +91,7 @@ recognised_document recognise_document(std::string_view path, std::string_view t
 bool holds_problem(std::string_view text, const problem_kind& kind)
 {
     const std::array<const problem_kind*, 1> kinds = {&kind};
-    return kind_of_lines(split_lines(text), kinds) != nullptr;
+    return kind_of_lines(first_lines(text), kinds) != nullptr;
 }
 
 std::string unknown_format_text(std::string_view path)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/file_bounds.h"
 #include "platform/message_box.h"
 #include "platform/runtime_failure.h"
 #include "platform/saver.h"
@@ -38,6 +39,7 @@ template <class Content> struct content_format
     std::optional<Content> (*read_recovery)(std::string_view text);
     /// The text that is printed; `path` is empty if the problem has no file.
     std::string (*listing)(const Content& content, const std::filesystem::path& path);
+    file_bounds bounds = {};
 };
 
 /// A document whose content is one value: undo and redo store earlier and later values, and files, recovery and print
@@ -83,9 +85,9 @@ public:
 
     refusal open(const std::filesystem::path& path) override
     {
-        const text_file file = read_text_file(path);
+        const text_file file = read_text_file(path, format_->bounds);
         std::optional<Content> read = file.ok() ? format_->read(file.text, content_) : std::nullopt;
-        if (!read) return message_box{"Error while trying to open file.", box_icon::critical};
+        if (!read) return open_refusal(file);
         start_anew(std::move(*read), path);
         return std::nullopt;
     }
@@ -158,6 +160,13 @@ protected:
     }
 
 private:
+    static message_box open_refusal(const text_file& file)
+    {
+        message_box box = {"Error while trying to open file.", box_icon::critical};
+        if (file.is_too_large) box.text += "\rThe file can not be read: " + file.failure.reason + ".";
+        return box;
+    }
+
     void start_anew(Content content, const std::filesystem::path& path)
     {
         content_ = std::move(content);

@@ -59,7 +59,8 @@ std::vector<styled_line> styled_plain_text(std::string_view text)
     };
     const std::string valid = to_utf8(text);
     std::vector<styled_line> lines;
-    for (const std::string_view line : split_lines(valid)) {
+    for (std::string_view rest = valid; !rest.empty();) {
+        const std::string_view line = take_line(rest);
         styled_run run;
         run.text = line;
         std::ranges::replace_if(run.text, is_control, ' ');

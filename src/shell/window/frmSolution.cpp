@@ -300,10 +300,11 @@ void close_older_reports(problem_window& problem)
 
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path, bool holds_problem)
 {
-    text_file read = read_text_file(path);
+    text_file read = read_text_file(path, bounds_of_reports);
     const bool rich = lower_case(path.extension().string()) == ".rtf";
-    if (!read.ok() || (rich && !read.text.starts_with(rich_text_mark)))
-        return message_box{"Error while trying to open file.", box_icon::critical};
+    message_box failed = {"Error while trying to open file.", box_icon::critical};
+    if (read.is_too_large) failed.text += "\rThe file can not be read: " + read.failure.reason + ".";
+    if (!read.ok() || (rich && !read.text.starts_with(rich_text_mark))) return failed;
 
     auto* window = new frmSolution(context);
     const QString caption = QString::fromLatin1(report_title) + QStringLiteral("- ") + path_text(path.filename());

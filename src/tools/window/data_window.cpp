@@ -38,7 +38,7 @@ bool data_window::read_data()
 {
     const std::optional<std::filesystem::path> path = find_data_file(file_name_, folders_);
     if (!path) return false;
-    const text_file file = read_text_file(*path);
+    const text_file file = read_text_file(*path, bounds_of_configuration);
     if (!file.ok()) return false;
     show_faults(show_data(file.text));
     return true;
