@@ -31,6 +31,7 @@ std::optional<std::size_t> point_sweep::run(std::span<double> values, std::size_
 {
     const evaluation_context& context = system_.context();
     program* const fast = system_.fast_program();
+    if (fast != nullptr) set_same_inputs(*fast);
     for (std::size_t row = first; row < values.size();) {
         const std::size_t end = std::min(row + lanes, values.size());
         if (before_each_) before_each_();
@@ -48,14 +49,25 @@ std::optional<std::size_t> point_sweep::run(std::span<double> values, std::size_
     return std::nullopt;
 }
 
-bool point_sweep::run_lanes(program& fast, std::size_t row, std::span<double> values)
+/// Runs leave the inputs in their places, so what is the same at all points is set once.
+void point_sweep::set_same_inputs(program& fast)
 {
     const std::span<double> lane_inputs = fast.lane_inputs();
-    const std::size_t last = row + values.size() - 1;
-    for (std::size_t i = 0; i < inputs_.size(); ++i) {
-        // Lanes behind the last row repeat it.
-        for (std::size_t lane = 0; lane < lanes; ++lane)
-            lane_inputs[i * lanes + lane] = inputs_[i].at(std::min(row + lane, last));
+    for (std::size_t i = 0; i < inputs_.size(); ++i)
+        if (inputs_[i].column.empty()) std::ranges::fill(lane_inputs.subspan(i * lanes, lanes), inputs_[i].value);
+}
+
+bool point_sweep::run_lanes(program& fast, std::size_t row, std::span<double> values)
+{
+    double* lane_inputs = fast.lane_inputs().data();
+    for (const input_values& input : inputs_) {
+        if (!input.column.empty()) {
+            const double* const from = input.column.data() + row;
+            // Lanes behind the last row repeat it.
+            for (std::size_t lane = 0; lane < lanes; ++lane)
+                lane_inputs[lane] = from[std::min(lane, values.size() - 1)];
+        }
+        lane_inputs += lanes;
     }
     if (!fast.run_lanes_in_place()) return false;
     for (std::size_t lane = 0; lane < values.size(); ++lane)

@@ -38,6 +38,7 @@ private:
         double at(std::size_t row) const { return column.empty() ? value : column[row]; }
     };
 
+    void set_same_inputs(program& fast);
     /// Rows from `row` on, as many as `values` has and at most a lane each; false if they are to be evaluated alone.
     bool run_lanes(program& fast, std::size_t row, std::span<double> values);
     bool agrees_with_walk(std::size_t row, std::span<const double> values);

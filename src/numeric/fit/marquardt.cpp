@@ -82,9 +82,9 @@ private:
         return {matrix(size(), size()), std::vector<double>(a_.size()), 0.0, std::vector<double>(y_.size())};
     }
 
-    static void gaussj(matrix& a, std::span<double> b)
+    void gaussj(matrix& a, std::span<double> b)
     {
-        if (gauss_jordan_inverse(a, b) == elimination_status::singular) nrerror("GAUSSJ: Singular Matrix-2");
+        if (gauss_jordan_inverse(a, b, memory_) == elimination_status::singular) nrerror("GAUSSJ: Singular Matrix-2");
     }
 
     /// The model at `a` and, row by row of gradient_, its derivatives.
@@ -122,6 +122,7 @@ private:
     normal_system accepted_;
     normal_system trial_;
     std::vector<double> moved_;
+    inversion_workspace memory_;
     /// The derivatives by each parameter as a row.
     matrix gradient_;
     double chisq_ = 0.0;

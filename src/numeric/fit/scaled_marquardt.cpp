@@ -33,7 +33,7 @@ public:
     scaled_iteration(const fit_model& model, std::span<const double> y, std::span<const double> guess)
         : model_(model), y_(y), a_(guess.begin(), guess.end()), calculated_(y.size()), trial_values_(y.size()),
           raised_(y.size()), lowered_(y.size()), gradient_(size(), static_cast<int>(y.size())), scale_(a_.size()),
-          scaled_gradient_(a_.size())
+          scaled_gradient_(a_.size()), normal_(size(), size()), delta_(a_.size()), trial_(a_.size())
     {
         for (const double value : a_)
             ranges_.push_back({value - 1.0 - 100.0 * std::fabs(value), value + 1.0 + 100.0 * std::fabs(value)});
@@ -50,32 +50,31 @@ public:
     void lm_build()
     {
         lm_gradient();
-        matrix normal(size(), size());
-        curvature_matrix(gradient_, y_, calculated_, normal, scaled_gradient_);
+        curvature_matrix(gradient_, y_, calculated_, normal_, scaled_gradient_);
         for (int j = 0; j < size(); ++j) {
-            const double s = std::sqrt(normal(j, j));
+            const double s = std::sqrt(normal_(j, j));
             if (s == 0.0) nrerror("L-M: Singular Matrix");
             scale_[static_cast<std::size_t>(j)] = s;
             scaled_gradient_[static_cast<std::size_t>(j)] = finite(scaled_gradient_[static_cast<std::size_t>(j)] / s);
         }
         for (int i = 0; i < size(); ++i)
             for (int j = 0; j < size(); ++j)
-                normal(i, j) /= scale_[static_cast<std::size_t>(i)] * scale_[static_cast<std::size_t>(j)];
-        pairs_ = symmetric_eigen(normal);
+                normal_(i, j) /= scale_[static_cast<std::size_t>(i)] * scale_[static_cast<std::size_t>(j)];
+        symmetric_eigen(normal_, pairs_);
     }
 
     /// Tries dampings from `lambda` on until a step lowers the sum of squares; false where none up to the largest does.
     bool take_step(double& lambda)
     {
         while (lambda <= largest_lambda) {
-            const std::vector<double> trial = lm_step(lambda);
+            lm_step(lambda);
             bool taken = false;
-            if (within_ranges(trial)) {
-                evaluate(trial, trial_values_);
+            if (within_ranges(trial_)) {
+                evaluate(trial_, trial_values_);
                 const double SSE_new = sum_of_squares(y_, trial_values_);
                 if (SSE_new < SSE_) {
                     lambda /= 100.0;
-                    accept(trial, SSE_new);
+                    accept(SSE_new);
                     taken = true;
                 }
             }
@@ -140,22 +139,20 @@ private:
         }
     }
 
-    /// The parameters behind the step of a damping.
-    std::vector<double> lm_step(double lambda) const
+    /// The parameters behind the step of a damping, as trial_.
+    void lm_step(double lambda)
     {
-        std::vector<double> delta(a_.size(), 0.0);
+        std::ranges::fill(delta_, 0.0);
         for_each_used_pair(lambda, [&](int k, double e) {
             double projection = 0.0;
             for (int i = 0; i < size(); ++i)
                 projection += pairs_.vectors(i, k) * scaled_gradient_[static_cast<std::size_t>(i)];
             const double factor = quotient(projection, e + lambda);
             for (int i = 0; i < size(); ++i)
-                delta[static_cast<std::size_t>(i)] += factor * pairs_.vectors(i, k);
+                delta_[static_cast<std::size_t>(i)] += factor * pairs_.vectors(i, k);
         });
-        std::vector<double> moved = a_;
-        for (std::size_t j = 0; j < moved.size(); ++j)
-            moved[j] = finite(moved[j] + delta[j] / scale_[j]);
-        return moved;
+        for (std::size_t j = 0; j < trial_.size(); ++j)
+            trial_[j] = finite(a_[j] + delta_[j] / scale_[j]);
     }
 
     bool within_ranges(std::span<const double> a) const
@@ -166,9 +163,10 @@ private:
         return true;
     }
 
-    void accept(const std::vector<double>& trial, double SSE_new)
+    void accept(double SSE_new)
     {
-        previous_a_ = std::exchange(a_, trial);
+        previous_a_ = a_;
+        std::swap(a_, trial_);
         previous_SSE_ = std::exchange(SSE_, SSE_new);
         std::swap(calculated_, trial_values_);
     }
@@ -186,6 +184,9 @@ private:
     /// The roots of the diagonal of the normal matrix.
     std::vector<double> scale_;
     std::vector<double> scaled_gradient_;
+    matrix normal_;
+    std::vector<double> delta_;
+    std::vector<double> trial_;
     eigen_pairs pairs_;
     double SSE_ = 0.0;
     double previous_SSE_ = 0.0;

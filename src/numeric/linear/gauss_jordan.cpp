@@ -19,11 +19,7 @@ namespace kelvarin
 namespace
 {
 
-struct place
-{
-    int row = -1;
-    int column = -1;
-};
+using place = inversion_workspace::place;
 
 /// A row interchange brings each pivot to the diagonal, so that rows and columns are used in pairs and one
 /// flag covers both.
@@ -457,9 +453,17 @@ elimination_workspace::~elimination_workspace() = default;
 
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b)
 {
+    inversion_workspace memory;
+    return gauss_jordan_inverse(a, b, memory);
+}
+
+elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b, inversion_workspace& memory)
+{
     assert(a.rows() == a.columns() && static_cast<int>(b.size()) == a.rows());
-    used_flags used(b.size(), false);
-    std::vector<place> pivots;
+    used_flags& used = memory.used;
+    std::vector<place>& pivots = memory.pivots;
+    used.assign(b.size(), false);
+    pivots.clear();
     elimination_status status = elimination_status::done;
     for (int step = 0; step < a.rows(); ++step) {
         const place pivot = largest_unused(a, used);

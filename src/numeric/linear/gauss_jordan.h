@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace kelvarin
 {
@@ -22,6 +23,20 @@ enum class elimination_status
 /// as they stand by then. Throws runtime_failure 6 when a pivot, an element of the inverse or of the
 /// solution is not finite. [Press1992] sec. 2.1
 elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b);
+
+/// The memory of gauss_jordan_inverse, for callers that keep it from one matrix to the next.
+struct inversion_workspace
+{
+    struct place
+    {
+        int row = -1;
+        int column = -1;
+    };
+    std::vector<bool> used;
+    std::vector<place> pivots;
+};
+/// The same with memory that was used before.
+elimination_status gauss_jordan_inverse(matrix& a, std::span<double> b, inversion_workspace& memory);
 
 class small_elimination;
 

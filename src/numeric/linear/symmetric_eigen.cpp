@@ -3,9 +3,12 @@
 
 #include "numeric/arithmetic_check.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace kelvarin
 {
@@ -24,29 +27,38 @@ struct rotation
 rotation annihilating_rotation(const matrix& a, int p, int q)
 {
     const double tau = (a(q, q) - a(p, p)) / (2.0 * a(p, q));
-    const double t = std::copysign(1.0, tau) / (std::fabs(tau) + std::hypot(1.0, tau));
+    // Where the square overflows the angle is none at all.
+    const double t = std::copysign(1.0, tau) / (std::fabs(tau) + std::sqrt(1.0 + tau * tau));
     const double c = 1.0 / std::sqrt(1.0 + t * t);
     return {c, t * c};
 }
 
-void rotate_columns(matrix& a, int p, int q, rotation turn)
+void rotate_rows(matrix& a, int p, int q, rotation turn)
 {
-    for (int i = 0; i < a.rows(); ++i) {
-        const double at_p = a(i, p);
-        const double at_q = a(i, q);
-        a(i, p) = turn.c * at_p - turn.s * at_q;
-        a(i, q) = turn.s * at_p + turn.c * at_q;
+    double* const row_p = a.row(p).data();
+    double* const row_q = a.row(q).data();
+    for (int j = 0; j < a.columns(); ++j) {
+        const double at_p = row_p[j];
+        const double at_q = row_q[j];
+        row_p[j] = turn.c * at_p - turn.s * at_q;
+        row_q[j] = turn.s * at_p + turn.c * at_q;
     }
 }
 
-void rotate_rows(matrix& a, int p, int q, rotation turn)
+/// Turns rows and columns of a symmetric matrix by the rotation that makes its element (p, q) 0.
+void annihilate(matrix& a, int p, int q, rotation turn)
 {
-    for (int j = 0; j < a.columns(); ++j) {
-        const double at_p = a(p, j);
-        const double at_q = a(q, j);
-        a(p, j) = turn.c * at_p - turn.s * at_q;
-        a(q, j) = turn.s * at_p + turn.c * at_q;
+    rotate_rows(a, p, q, turn);
+    // The columns differ from the rows in the two places of either alone.
+    const double pp = turn.c * a(p, p) - turn.s * a(p, q);
+    const double qq = turn.s * a(q, p) + turn.c * a(q, q);
+    for (int i = 0; i < a.rows(); ++i) {
+        a(i, p) = a(p, i);
+        a(i, q) = a(q, i);
     }
+    a(p, p) = pp;
+    a(q, q) = qq;
+    a(p, q) = a(q, p) = 0.0;
 }
 
 /// Whether an element is too small to show beside the diagonal elements of its row and its column.
@@ -61,13 +73,21 @@ bool is_negligible(const matrix& a, int p, int q)
 
 eigen_pairs symmetric_eigen(const matrix& a)
 {
+    matrix turned = a;
+    eigen_pairs found;
+    symmetric_eigen(turned, found);
+    return found;
+}
+
+void symmetric_eigen(matrix& a, eigen_pairs& found)
+{
     assert(a.rows() == a.columns());
     require_finite(a.values());
     // Convergence is quadratic: a handful of sweeps do, whatever the matrix.
     constexpr int most_sweeps = 60;
     const int n = a.rows();
-    matrix turned = a;
-    eigen_pairs found{{}, matrix(n, n)};
+    if (found.vectors.rows() != n) found = {std::vector<double>(static_cast<std::size_t>(n)), matrix(n, n)};
+    std::ranges::fill(found.vectors.values(), 0.0);
     for (int i = 0; i < n; ++i)
         found.vectors(i, i) = 1.0;
     bool any = true;
@@ -75,19 +95,20 @@ eigen_pairs symmetric_eigen(const matrix& a)
         any = false;
         for (int p = 0; p < n; ++p) {
             for (int q = p + 1; q < n; ++q) {
-                if (is_negligible(turned, p, q)) continue;
+                if (is_negligible(a, p, q)) continue;
                 any = true;
-                const rotation turn = annihilating_rotation(turned, p, q);
-                rotate_columns(turned, p, q, turn);
-                rotate_rows(turned, p, q, turn);
-                turned(p, q) = turned(q, p) = 0.0;
-                rotate_columns(found.vectors, p, q, turn);
+                const rotation turn = annihilating_rotation(a, p, q);
+                annihilate(a, p, q, turn);
+                rotate_rows(found.vectors, p, q, turn);
             }
         }
     }
-    for (int i = 0; i < n; ++i)
-        found.values.push_back(turned(i, i));
-    return found;
+    // So far the vectors are rows.
+    for (int i = 0; i < n; ++i) {
+        found.values[static_cast<std::size_t>(i)] = a(i, i);
+        for (int j = 0; j < i; ++j)
+            std::swap(found.vectors(i, j), found.vectors(j, i));
+    }
 }
 
 } // namespace kelvarin

@@ -31,7 +31,8 @@ struct elimination_case
 
 using elimination = std::function<elimination_status(matrix&, std::span<double>)>;
 const std::vector<elimination> eliminations = {
-    gauss_jordan_inverse, [](const matrix& a, std::span<double> b) { return gauss_jordan_solve(a, b); }};
+    [](matrix& a, std::span<double> b) { return gauss_jordan_inverse(a, b); },
+    [](const matrix& a, std::span<double> b) { return gauss_jordan_solve(a, b); }};
 
 constexpr auto done = elimination_status::done;
 constexpr auto singular = elimination_status::singular;
