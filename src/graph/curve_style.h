@@ -16,6 +16,8 @@ struct curve_style
     /// As in drawn_stroke.
     std::span<const double> dashes;
     int marker = 0;
+    /// How the points are drawn: as the graph says for all curves, or as a line without markers whatever it says.
+    bool always_line = false;
 };
 
 /// The palette in its order: the colours of Okabe and Ito, which are distinguishable with all kinds of colour vision,

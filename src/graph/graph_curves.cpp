@@ -129,6 +129,27 @@ std::optional<message_box> add_derived_curve(graph_content& graph, std::string_v
     return std::nullopt;
 }
 
+void add_curves(graph_content& graph, const added_curves& added)
+{
+    constexpr double gap = std::numeric_limits<double>::quiet_NaN();
+    const std::size_t before = graph.point_count();
+    const std::size_t more = added.x.values.size();
+    for (graph_column& column : graph.columns) {
+        std::vector<double> values(column.values.span().begin(), column.values.span().end());
+        if (column.name == added.x.name)
+            values.insert(values.end(), added.x.values.span().begin(), added.x.values.span().end());
+        values.resize(before + more, gap);
+        column.values = shared_values(std::move(values));
+    }
+    for (const graph_column& curve : added.curves) {
+        assert(curve.values.size() == more);
+        std::vector<double> values(before, gap);
+        values.insert(values.end(), curve.values.span().begin(), curve.values.span().end());
+        graph.columns.push_back({joinable_text(curve.name), shared_values(std::move(values))});
+        graph.curve_visible.push_back(true);
+    }
+}
+
 void use_as_x(graph_content& graph, std::size_t column)
 {
     assert(column < graph.columns.size());

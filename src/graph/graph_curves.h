@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 /// Operations on the columns of a graph. A refused operation returns the box to show and changes nothing.
 namespace kelvarin
@@ -24,6 +25,18 @@ std::optional<message_box> check_derived_expression(const graph_content& graph, 
 /// Adds the curve "name = text", whose values are those of the expression at each point, and shows it. It has gaps
 /// where columns that it uses have gaps. Refused if an evaluation fails.
 std::optional<message_box> add_derived_curve(graph_content& graph, std::string_view name, std::string_view text);
+
+/// Curves over points of their own.
+struct added_curves
+{
+    /// By its name the graph's column of their x.
+    graph_column x;
+    std::vector<graph_column> curves;
+};
+
+/// Adds curves and shows them. Their points follow behind those of the graph; where a column has no value there is a
+/// gap.
+void add_curves(graph_content& graph, const added_curves& added);
 
 /// Exchanges a column with the x column, including their names; visibility stays with the positions.
 void use_as_x(graph_content& graph, std::size_t column);

@@ -88,6 +88,11 @@ graph_document::refusal graph_document::add_derived_curve(std::string_view name,
                  [=](graph_content& graph) { return kelvarin::add_derived_curve(graph, name, text); });
 }
 
+void graph_document::add_curves(const added_curves& added)
+{
+    apply("Add curves", [&](graph_content& graph) { kelvarin::add_curves(graph, added); });
+}
+
 void graph_document::use_as_x(std::size_t column)
 {
     apply("Change x column", [=](graph_content& graph) { kelvarin::use_as_x(graph, column); });

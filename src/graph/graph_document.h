@@ -2,6 +2,7 @@
 #pragma once
 
 #include "graph/graph_content.h"
+#include "graph/graph_curves.h"
 #include "graph/graph_entries.h"
 #include "shell/document/value_document.h"
 
@@ -30,6 +31,7 @@ public:
     refusal edit_function(std::size_t function, std::string_view text);
     void remove_function(std::size_t function);
     refusal add_derived_curve(std::string_view name, std::string_view text);
+    void add_curves(const added_curves& added);
     void use_as_x(std::size_t column);
     void sort_by_x();
 

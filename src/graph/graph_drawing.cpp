@@ -199,11 +199,12 @@ private:
             const drawn_part part = {drawn_role::curve, static_cast<int>(curve)};
             const curve_style style = style_of(part, curve);
             const bool hidden = is_hidden(part);
-            if (graph_.scatter_connected && !hidden) add_line(part, style, curve, mapping);
-            if (graph_.draw_points && !hidden) add_markers(part, style, curve, mapping);
+            const bool line = graph_.scatter_connected || style.always_line;
+            const bool markers = graph_.draw_points && !style.always_line;
+            if (line && !hidden) add_line(part, style, curve, mapping);
+            if (markers && !hidden) add_markers(part, style, curve, mapping);
             // Even without line and points the curve is listed in the legend and counts as visible.
-            entries_.push_back(
-                {part, graph_.columns[curve + 1].name, style, graph_.scatter_connected, graph_.draw_points, hidden});
+            entries_.push_back({part, graph_.columns[curve + 1].name, style, line, markers, hidden});
         }
     }
 

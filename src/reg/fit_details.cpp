@@ -20,17 +20,6 @@ namespace kelvarin
 namespace
 {
 
-const run_ending_boxes endings = {regression_failure_box, {"Calculations aborted.", box_icon::exclamation}};
-
-/// The columns of a linear fit as rows.
-matrix columns_of(const fit_outcome& outcome, const regression_fit& fit)
-{
-    if (outcome.kind == regression::polynomial)
-        return matrix_transpose(polynomial_design(fit.x.front(), fit.degree, outcome.free_parameter));
-    const std::vector<std::span<const double>> x(fit.x.begin(), fit.x.end());
-    return matrix_transpose(columns_design(x, outcome.free_parameter));
-}
-
 /// The coefficients by QR of columns scaled to length 1.
 std::vector<double> solve_by_qr(matrix columns, std::span<const double> y)
 {
@@ -66,22 +55,6 @@ std::unique_ptr<row_model> compiled_model(const fit_outcome& outcome, const regr
 {
     auto compiled = row_model::compile(outcome.expression, {fit.names, outcome.independents, fit.x}, listener);
     return std::move(std::get<std::unique_ptr<row_model>>(compiled));
-}
-
-fit_details details_of(const fit_outcome& outcome, const regression_fit& fit, run_listener& listener)
-{
-    fit_details details;
-    if (outcome.kind == regression::nonlinear) {
-        const std::unique_ptr<row_model> model = compiled_model(outcome, fit, listener);
-        const matrix gradient = model_gradient(std::ref(*model), fit.values, fit.y.size());
-        details.diagnosis = diagnose_fit(gradient, fit.y, fit.calculated);
-        return details;
-    }
-    const matrix columns = columns_of(outcome, fit);
-    details.diagnosis = diagnose_fit(columns, fit.y, fit.calculated);
-    details.by_qr = solve_by_qr(columns, fit.y);
-    details.agreeing_digits = digits_of_agreement(fit.values, details.by_qr);
-    return details;
 }
 
 void judge(polished_fit& polished, const matrix& gradient)
@@ -130,10 +103,39 @@ void polish_linear(const fit_outcome& outcome, polished_fit& polished)
 
 } // namespace
 
+matrix columns_of(const fit_outcome& outcome, const regression_fit& fit)
+{
+    if (outcome.kind == regression::polynomial)
+        return matrix_transpose(polynomial_design(fit.x.front(), fit.degree, outcome.free_parameter));
+    const std::vector<std::span<const double>> x(fit.x.begin(), fit.x.end());
+    return matrix_transpose(columns_design(x, outcome.free_parameter));
+}
+
+fit_details details_of(const fit_outcome& outcome, const regression_fit& fit, run_listener& listener)
+{
+    fit_details details;
+    if (outcome.kind == regression::nonlinear) {
+        const std::unique_ptr<row_model> model = compiled_model(outcome, fit, listener);
+        const matrix gradient = model_gradient(std::ref(*model), fit.values, fit.y.size());
+        details.diagnosis = diagnose_fit(gradient, fit.y, fit.calculated);
+        return details;
+    }
+    const matrix columns = columns_of(outcome, fit);
+    details.diagnosis = diagnose_fit(columns, fit.y, fit.calculated);
+    details.by_qr = solve_by_qr(columns, fit.y);
+    details.agreeing_digits = digits_of_agreement(fit.values, details.by_qr);
+    return details;
+}
+
+run_ending_boxes details_endings()
+{
+    return {regression_failure_box, {"Calculations aborted.", box_icon::exclamation}};
+}
+
 details_outcome examine_fits(const fit_outcome& outcome, run_listener& listener)
 {
     details_outcome examined;
-    guard_run(examined, endings, [&] {
+    guard_run(examined, details_endings(), [&] {
         for (const regression_fit& fit : outcome.fits)
             examined.details.push_back(details_of(outcome, fit, listener));
         examined.has_report = true;
@@ -144,7 +146,7 @@ details_outcome examine_fits(const fit_outcome& outcome, run_listener& listener)
 polished_fit polish_fit(const fit_outcome& outcome, run_listener& listener)
 {
     polished_fit polished;
-    guard_run(polished, endings, [&] {
+    guard_run(polished, details_endings(), [&] {
         polished.fit = outcome.fits.back();
         if (outcome.kind == regression::nonlinear)
             polish_nonlinear(outcome, listener, polished);

@@ -24,6 +24,15 @@ struct fit_details
     double agreeing_digits = 17.0;
 };
 
+/// Throws what the model throws.
+fit_details details_of(const fit_outcome& outcome, const regression_fit& fit, run_listener& listener);
+
+/// The columns of the design of a linear fit, as rows.
+matrix columns_of(const fit_outcome& outcome, const regression_fit& fit);
+
+/// The boxes that end what is asked about a fit.
+run_ending_boxes details_endings();
+
 /// Everything that the last run's fits tell, in their order. Never throws.
 struct details_outcome : run_outcome
 {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "numeric/fit/distributions.h"
 #include "platform/run_time_text.h"
+#include "reg/details_text.h"
 #include "reg/fit_details.h"
-#include "reg/fit_report.h"
-#include "shell/general_lib.h"
 #include "shell/report/report_text.h"
 #include "shell/report/rich_text.h"
 
@@ -17,37 +16,7 @@ namespace kelvarin
 namespace
 {
 
-constexpr int shown_digits = 5;
-constexpr std::size_t name_width = 12;
 constexpr double doubtful = 0.05;
-
-std::string shown(double value)
-{
-    return std::isfinite(value) ? plain_text(value, shown_digits) : std::string("none");
-}
-
-std::string cell(std::string text, std::size_t width = name_width)
-{
-    if (text.size() < width) text.resize(width, ' ');
-    return text + " ";
-}
-
-void begin_report(report_text& report, const fit_problem& problem, const std::string& title, calendar_date date)
-{
-    add_report_head(report, problem, date);
-    report.line({R"({\b\cf1\f5\fs20\ul )", title, "}"});
-    report.line();
-}
-
-void add_sub_head(report_text& report, const std::string& head)
-{
-    report.line({R"({\cf1  )", head, "}"});
-}
-
-void add_row(report_text& report, const std::string& text)
-{
-    report.line({R"({\f6  )", escape_rich_text(text), "}"});
-}
 
 void add_parameters(report_text& report, const regression_fit& fit, const fit_diagnosis& diagnosis)
 {
@@ -165,12 +134,6 @@ void add_doubts(report_text& report, const std::vector<std::string>& doubts)
     for (const std::string& doubt : doubts)
         report.line({" ", escape_rich_text(doubt)});
     report.line();
-}
-
-std::string model_of(const fit_outcome& outcome, const regression_fit& fit)
-{
-    return outcome.dependent + " = " +
-           (outcome.kind == regression::nonlinear ? outcome.expression : linear_model_text(outcome, fit));
 }
 
 } // namespace

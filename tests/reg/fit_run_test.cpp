@@ -3,6 +3,8 @@
 #include "reg/nonlinear_model.h"
 #include "reg/polynomial_text.h"
 #include "reg/regression_lists.h"
+#include "reg/table/table_document.h"
+#include "reg/table/table_file.h"
 #include "support/digits.h"
 #include "support/table.h"
 #include "support/tables.h"
@@ -257,6 +259,26 @@ TEST(Regression, ANonlinearRunEndsWithTheEvaluatorsWords)
     stopped.ask_to_stop();
     const fit_outcome none = solve_regression({measured(), nonlinear("P = a*T", {{"a", "2"}})}, settings(), stopped);
     EXPECT_TRUE(none.stopped);
+}
+
+TEST(Regression, ModelColumnsComeBackFromTheFile)
+{
+    fit_request line = polynomial({2});
+    fit_request columns = {.kind = regression::multiple, .dependent = "P", .independents = {"T", "Q"}};
+    fit_request curve = nonlinear("P = a+b*T^c", {{"a", "1"}, {"b", "1"}, {"c", "2"}});
+    for (fit_request* request : {&line, &columns, &curve}) {
+        request->model_column = "M";
+        const fit_outcome outcome = solved(measured(), *request);
+        ASSERT_TRUE(outcome.stored);
+        table_document table({6, 4});
+        table.start_with(measured());
+        table.store_model_column(outcome.stored->column, outcome.stored->formula, outcome.stored->cells);
+        const auto read = read_table(write_table(table.content()), table_content({6, 4}));
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->formula(3), outcome.stored->formula);
+        for (int row = 0; row < 5; ++row)
+            EXPECT_EQ(read->cells.text(row, 3), outcome.stored->cells.at(static_cast<std::size_t>(row)));
+    }
 }
 
 TEST(Regression, TheFormulaOfAModelHoldsNoParameter)

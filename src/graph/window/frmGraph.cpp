@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/window/frmGraph.h"
 
+#include "desktop/controls.h"
 #include "desktop/elided_label.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
@@ -52,6 +53,30 @@ void frmGraph::set_styles(std::span<const std::pair<drawn_part, curve_style>> st
 {
     for (const auto& [part, style] : styles)
         PicGraph_->set_style(part, style);
+}
+
+void frmGraph::offer_curves(const QString& caption, const char* name, added_curves curves,
+                            std::vector<curve_style> styles)
+{
+    QAction* const first = mnuCurves_->actions().front();
+    QAction* const item = named(new QAction(caption, this), name);
+    connect(item, &QAction::triggered, this, &frmGraph::add_offered_curves);
+    mnuCurves_->insertAction(first, item);
+    mnuCurves_->insertSeparator(first);
+    offer_ = {item, std::move(curves), std::move(styles)};
+}
+
+void frmGraph::add_offered_curves()
+{
+    // Functions are numbered behind the curves, and keep their looks.
+    for (std::size_t i = 0; i < content().functions.size(); ++i) {
+        const drawn_part part = {drawn_role::function, static_cast<int>(i)};
+        PicGraph_->set_style(part, PicGraph_->style_of(part));
+    }
+    for (std::size_t i = 0; i < offer_->styles.size(); ++i)
+        PicGraph_->set_style({drawn_role::curve, static_cast<int>(content().curve_count() + i)}, offer_->styles[i]);
+    graph_.add_curves(offer_->curves);
+    document_changed();
 }
 
 void frmGraph::set_problem(problem_window& problem)
@@ -144,11 +169,11 @@ QIcon frmGraph::sample_of(drawn_part part) const
     const double middle = size.height() * points_per_pixel / 2.0;
     const double length = size.width() * points_per_pixel;
     drawn_picture sample;
-    if (part.role == drawn_role::function || content().scatter_connected || !content().draw_points)
+    const bool markers = part.role == drawn_role::curve && content().draw_points && !style.always_line;
+    if (content().scatter_connected || !markers)
         sample.shapes.emplace_back(
             drawn_path{part, curve_stroke(content(), style), {{1.0, middle}, {length - 1.0, middle}}, {0}});
-    if (part.role == drawn_role::curve && content().draw_points)
-        sample.shapes.emplace_back(markers_at(content(), style, part, {{length / 2.0, middle}}));
+    if (markers) sample.shapes.emplace_back(markers_at(content(), style, part, {{length / 2.0, middle}}));
     paint_picture(painter, sample);
     painter.end();
     QIcon icon(picture);
@@ -187,6 +212,11 @@ void frmGraph::show_checks()
         each.item->setChecked(content().*each.flag);
     for (const format_item& each : format_items_)
         each.item->setChecked(content().*each.axis == each.format);
+    if (!offer_) return;
+    const bool present = std::ranges::any_of(content().columns, [this](const graph_column& column) {
+        return column.name == offer_->curves.curves.front().name;
+    });
+    offer_->item->setEnabled(!present);
 }
 
 void frmGraph::show_view_state()
@@ -416,8 +446,8 @@ void frmGraph::set_log(bool is_x, bool on)
     PicGraph_->set_scales(scales);
 }
 
-void show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
-                    std::span<const std::pair<drawn_part, curve_style>> styles)
+frmGraph* show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
+                         std::span<const std::pair<drawn_part, curve_style>> styles)
 {
     std::unique_ptr<frmGraph> window;
     run_outcome starting;
@@ -428,9 +458,14 @@ void show_new_graph(desktop_context& context, problem_window& problem, const std
         window = std::make_unique<frmGraph>(context, std::move(graph));
         window->set_styles(styles);
     });
-    if (!starting.boxes.empty()) return context.user.show(&problem, starting.boxes.front());
+    if (!starting.boxes.empty()) {
+        context.user.show(&problem, starting.boxes.front());
+        return nullptr;
+    }
     window->set_problem(problem);
-    context.frame.show_child(window.release(), &problem);
+    frmGraph* const shown = window.release();
+    context.frame.show_child(shown, &problem);
+    return shown;
 }
 
 void open_graph(desktop_context& context, const std::filesystem::path& path)

@@ -13,6 +13,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 class QActionGroup;
 class QComboBox;
@@ -46,10 +47,16 @@ public:
     /// Draws curves in styles of their own while the window lives.
     void set_styles(std::span<const std::pair<drawn_part, curve_style>> styles);
     problem_window* its_problem() override { return problem_; }
+    /// Offers curves as a menu item, which adds them as lines in these styles. One offer a window.
+    void offer_curves(const QString& caption, const char* name, added_curves curves, std::vector<curve_style> styles);
 
     QList<QMenu*> menus() override;
     bool can(window_command which) const override;
     void perform(window_command which) override;
+
+signals:
+    /// A point of a curve, from 0, was clicked.
+    void point_clicked(int point);
 
 protected:
     void show_document() override;
@@ -83,6 +90,7 @@ private:
     void show_list();
     void show_columns();
     void show_checks();
+    void add_offered_curves();
     void show_view_state();
     QIcon sample_of(drawn_part part) const;
     bool shows_functions() const;
@@ -155,6 +163,13 @@ private:
         axis_label_format format{};
     };
     std::vector<format_item> format_items_;
+    struct curve_offer
+    {
+        QAction* item = nullptr;
+        added_curves curves;
+        std::vector<curve_style> styles;
+    };
+    std::optional<curve_offer> offer_;
     QList<QAction*> function_items_;
     QAction* mnuStepBack_ = nullptr;
     QAction* mnuShowAll_ = nullptr;
@@ -164,10 +179,10 @@ private:
     QAction* mnuCopyView_ = nullptr;
 };
 
-/// Shows the graph of a run, which `start` makes, in a new window beside its problem, which the frame owns. A graph
-/// that can't be drawn, or a failure on the way, gives a box instead.
-void show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
-                    std::span<const std::pair<drawn_part, curve_style>> styles = {});
+/// Shows the graph of a run, which `start` makes, in a new window beside its problem, which the frame owns, and returns
+/// it. A graph that can't be drawn, or a failure on the way, gives a box instead.
+frmGraph* show_new_graph(desktop_context& context, problem_window& problem, const std::function<graph_content()>& start,
+                         std::span<const std::pair<drawn_part, curve_style>> styles = {});
 
 /// Opens a graph file in a new window, which the frame owns.
 void open_graph(desktop_context& context, const std::filesystem::path& path);

@@ -257,6 +257,7 @@ QList<QMenu*> frmGraph::menus()
 void frmGraph::connect_controls()
 {
     connect(PicGraph_, &graph_view::told, lblPoint_, &elided_label::show_text);
+    connect(PicGraph_, &graph_view::point_clicked, this, &frmGraph::point_clicked);
     connect(PicGraph_, &graph_view::part_moved, this, &frmGraph::part_moved);
     connect(PicGraph_, &graph_view::edit_asked, this, &frmGraph::ask_text);
     connect(PicGraph_, &graph_view::view_changed, this, &frmGraph::show_view_state);

@@ -445,6 +445,7 @@ void graph_view::click(drawn_point position)
     marks_.push_back(mark);
     tell_position(position);
     update();
+    if (near) emit point_clicked(static_cast<int>(near->point));
 }
 
 void graph_view::tell_position(drawn_point position)

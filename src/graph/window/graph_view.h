@@ -71,6 +71,8 @@ signals:
     void menu_asked(const QPoint& global_position);
     /// The graph can not be drawn, as no limit foretold; once for each graph shown.
     void drawing_failed(const QString& reason);
+    /// A point of a curve, from 0, was clicked.
+    void point_clicked(int point);
 
 protected:
     bool event(QEvent* event) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "numeric/fit/distributions.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -62,6 +63,25 @@ double upper_F(double f, double df1, double df2)
 double two_sided_normal(double z)
 {
     return std::erfc(std::fabs(z) / std::numbers::sqrt2);
+}
+
+double normal_quantile(double p)
+{
+    // Newton's steps on the tail itself, which keeps its digits; the logistic distribution of the same deviation gives
+    // the start.
+    constexpr int most_steps = 50;
+    const double tail = std::min(p, 1.0 - p);
+    const auto tail_at = [](double z) { return 0.5 * std::erfc(z / std::numbers::sqrt2); };
+    double z = std::sqrt(3.0) / std::numbers::pi * std::log((1.0 - tail) / tail);
+    for (int step = 0; step < most_steps; ++step) {
+        const double density = std::exp(-0.5 * z * z) / std::sqrt(2.0 * std::numbers::pi);
+        // On the logarithm, which is nearly a parabola far out.
+        const double probability = tail_at(z);
+        const double change = std::log(probability / tail) * probability / density;
+        z += change;
+        if (std::fabs(change) <= 1e-15 * (1.0 + std::fabs(z))) break;
+    }
+    return p < 0.5 ? -z : z;
 }
 
 } // namespace kelvarin

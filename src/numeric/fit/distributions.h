@@ -18,4 +18,7 @@ double upper_F(double f, double df1, double df2);
 /// The probability that a standard normal value is farther from 0 than `z`.
 double two_sided_normal(double z);
 
+/// The standard normal value below which the probability is `p`, from 0 to 1, both excluded.
+double normal_quantile(double p);
+
 } // namespace kelvarin

@@ -3,13 +3,13 @@
 
 #include "numeric/fit/curvature_matrix.h"
 #include "numeric/fit/distributions.h"
+#include "numeric/fit/fit_comparison.h"
 #include "numeric/linear/symmetric_eigen.h"
 #include "numeric/linear/thin_qr.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <numbers>
 
 namespace kelvarin
@@ -139,11 +139,9 @@ void judge_model(std::span<const double> y, int p, fit_diagnosis& found)
         found.F = (SST - found.SSE) / (p - 1) / (found.SSE / df);
         found.F_probability = upper_F(*found.F, p - 1, df);
     }
-    // The likelihood of normal residuals; the variance counts as a parameter.
-    const double k = p + 1.0;
-    const double fit = n * std::log(2.0 * std::numbers::pi * found.SSE / n) + n;
-    found.AICc = n - k - 1.0 > 0.0 ? fit + 2.0 * k * n / (n - k - 1.0) : std::numeric_limits<double>::infinity();
-    found.BIC = fit + k * std::log(n);
+    found.AICc = corrected_information({found.SSE, p}, static_cast<int>(y.size()));
+    // The variance of the residuals counts as a parameter.
+    found.BIC = n * std::log(2.0 * std::numbers::pi * found.SSE / n) + n + (p + 1.0) * std::log(n);
 }
 
 } // namespace

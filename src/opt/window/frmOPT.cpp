@@ -219,8 +219,10 @@ void frmOPT::mnuTarget_Click()
 {
     // Some thousand evaluations: nobody has time to stop them.
     recording_listener listener;
-    if (const auto start = opt_graph_start(problem_.content(), last_, last_number_, listener))
-        return show_new_graph(context(), *this, [&] { return scatter_graph_form_startup(*start, context().store); });
+    if (const auto start = opt_graph_start(problem_.content(), last_, last_number_, listener)) {
+        show_new_graph(context(), *this, [&] { return scatter_graph_form_startup(*start, context().store); });
+        return;
+    }
     if (auto map = opt_map_of(problem_.content(), last_, listener))
         return (new frmTarget(context(), this, std::move(*map)))->show();
     context().user.show(this, {"The target has no contours around the way of this run.", box_icon::exclamation});

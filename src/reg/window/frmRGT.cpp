@@ -303,6 +303,13 @@ void frmRGT::load_sample_table(int index)
     grdMain_->set_current_cell(0, 0);
 }
 
+void frmRGT::select_row(int row)
+{
+    if (is_running() || row < 0 || row >= table_.content().rows()) return;
+    take_over_typing();
+    grdMain_->select_block({row, 0, 1, table_.content().columns()});
+}
+
 void frmRGT::show_points(const named_columns& points, const std::string& title, const QString& caption)
 {
     table_.start_with(table_of_points(points, title));

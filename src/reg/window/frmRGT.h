@@ -46,6 +46,8 @@ public:
     void show_points(const named_columns& points, const std::string& title, const QString& caption);
     /// Replaces the table by an example, from 0, asking first if unsaved work would be lost.
     void load_sample_table(int index);
+    /// Selects a row, from 0; a row that the table does not have is left alone.
+    void select_row(int row);
 
     QSize sizeHint() const override;
 

@@ -6,10 +6,11 @@
 #include "desktop/qt_text.h"
 #include "desktop/wrapping_row.h"
 #include "graph/window/frmGraph.h"
-#include "reg/fit_details.h"
 #include "reg/fit_failures.h"
 #include "reg/fit_report.h"
+#include "reg/polynomial_bands.h"
 #include "reg/window/frmRGT.h"
+#include "reg/window/last_fit_menu.h"
 #include "reg/window/multiple_panel.h"
 #include "reg/window/nonlinear_panel.h"
 #include "reg/window/polynomial_panel.h"
@@ -17,12 +18,12 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QMenu>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <atomic>
 #include <memory>
+#include <utility>
 
 namespace kelvarin
 {
@@ -57,19 +58,7 @@ regression_page::regression_page(table_document& table, frmRGT& window, QWidget*
     connect(nonlinear_, &nonlinear_panel::table_changed, this, [this] { window_.document_changed(); });
     column->addWidget(sstReg_);
     column->addWidget(build_options());
-    build_menu();
-}
-
-void regression_page::build_menu()
-{
-    menu_ = named(new QMenu(tr("&Last fit"), this), "mnuLastFit");
-    named(menu_->addAction(tr("&More statistics"), this, &regression_page::mnuMoreStatistics_Click),
-          "mnuMoreStatistics");
-    named(menu_->addAction(tr("&Polish"), this, &regression_page::mnuPolish_Click), "mnuPolish");
-    connect(menu_, &QMenu::aboutToShow, this, [this] {
-        for (QAction* item : menu_->actions())
-            item->setEnabled(last_ != nullptr && !window_.is_running());
-    });
+    menu_ = new last_fit_menu(window, this);
 }
 
 QWidget* regression_page::build_options()
@@ -130,6 +119,11 @@ void regression_page::take_over_typing()
     nonlinear_->take_over_typing();
 }
 
+QMenu* regression_page::menu() const
+{
+    return menu_;
+}
+
 fit_request regression_page::asked() const
 {
     fit_request request;
@@ -164,9 +158,8 @@ void regression_page::show_outcome(const fit_problem& problem, const fit_outcome
     // The run was stopped in order to close the window.
     if (window_.is_closing()) return;
     desktop_context& context = window_.context();
-    if (outcome.has_report) last_ = std::make_shared<const solved_fit>(solved_fit{problem, outcome});
-    for (const graph_start& start : outcome.graphs)
-        show_new_graph(context, window_, [&] { return scatter_graph_form_startup(start, store); });
+    if (outcome.has_report) menu_->add_run(std::make_shared<const solved_fit>(solved_fit{problem, outcome}));
+    show_graphs(problem, outcome, store);
     if (const auto& stored = outcome.stored) {
         table().store_model_column(stored->column, stored->formula, stored->cells);
         window_.document_changed();
@@ -176,33 +169,18 @@ void regression_page::show_outcome(const fit_problem& problem, const fit_outcome
                     to_qstring(report_caption(problem)));
 }
 
-void regression_page::mnuMoreStatistics_Click()
+void regression_page::show_graphs(const fit_problem& problem, const fit_outcome& outcome, const settings& store)
 {
-    if (!last_ || window_.is_running()) return;
-    window_.start_run([last = last_](run_listener& listener) { return examine_fits(last->outcome, listener); },
-                      [this, last = last_](const details_outcome& details) {
-                          if (window_.is_closing() || !window_.show_boxes(details.boxes) || !details.has_report) return;
-                          show_new_report(window_.context(), window_,
-                                          more_statistics_report(last->problem, last->outcome, details,
-                                                                 window_.context().clock.today()),
-                                          last->problem.content.title,
-                                          tr("More statistics, Solution #%1").arg(last->problem.solution_number));
-                      });
-}
-
-void regression_page::mnuPolish_Click()
-{
-    if (!last_ || window_.is_running()) return;
-    window_.start_run([last = last_](run_listener& listener) { return polish_fit(last->outcome, listener); },
-                      [this, last = last_](const polished_fit& polished) {
-                          if (window_.is_closing() || !window_.show_boxes(polished.boxes) || !polished.has_report)
-                              return;
-                          show_new_report(
-                              window_.context(), window_,
-                              polish_report(last->problem, last->outcome, polished, window_.context().clock.today()),
-                              last->problem.content.title,
-                              tr("Polished fit, Solution #%1").arg(last->problem.solution_number));
-                      });
+    const bool fits_drawn = outcome.kind == regression::polynomial && problem.request.graph;
+    const std::size_t graphs_of_fit = problem.request.residuals ? 2 : 1;
+    for (std::size_t i = 0; i < outcome.graphs.size(); ++i) {
+        frmGraph* const graph = show_new_graph(window_.context(), window_,
+                                               [&] { return scatter_graph_form_startup(outcome.graphs[i], store); });
+        const std::size_t fit = i / graphs_of_fit;
+        if (!graph || !fits_drawn || i % graphs_of_fit != 0 || fit >= outcome.fits.size()) continue;
+        if (auto bands = polynomial_bands(outcome, outcome.fits[fit]))
+            graph->offer_curves(tr("Show &bands"), "mnuShowBands", std::move(*bands), band_styles());
+    }
 }
 
 } // namespace kelvarin

@@ -5,7 +5,6 @@
 #include "reg/window/table_page.h"
 
 #include <array>
-#include <memory>
 
 class QCheckBox;
 class QComboBox;
@@ -15,6 +14,7 @@ namespace kelvarin
 {
 
 class frmRGT;
+class last_fit_menu;
 class nonlinear_panel;
 class regression_panel;
 
@@ -34,27 +34,16 @@ public:
     /// `solve_regression`.
     void solve() override;
     void take_over_typing() override;
-    QMenu* menu() const override { return menu_; }
+    QMenu* menu() const override;
 
 private:
-    /// A run that gave a report, for what can be asked about it afterwards.
-    struct solved_fit
-    {
-        fit_problem problem;
-        fit_outcome outcome;
-    };
-
-    void build_menu();
     QWidget* build_options();
     fit_request asked() const;
     void show_outcome(const fit_problem& problem, const fit_outcome& outcome, const settings& store, bool with_report);
-
-    void mnuMoreStatistics_Click();
-    void mnuPolish_Click();
+    void show_graphs(const fit_problem& problem, const fit_outcome& outcome, const settings& store);
 
     frmRGT& window_;
-    std::shared_ptr<const solved_fit> last_;
-    QMenu* menu_ = nullptr;
+    last_fit_menu* menu_ = nullptr;
     QTabWidget* sstReg_ = nullptr;
     std::array<regression_panel*, 3> panels_{};
     nonlinear_panel* nonlinear_ = nullptr;

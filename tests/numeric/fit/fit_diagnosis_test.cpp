@@ -27,6 +27,10 @@ TEST(Distributions, TailsOfPrintedTables)
     for (const auto& [value, df1, df2, p] : F)
         EXPECT_GE(digits_shown(upper_F(value, df1, df2), p), 5.0) << df1;
     EXPECT_GE(digits_shown(two_sided_normal(1.959964), 0.05), 5.5);
+    const table<double, double> quantiles = {
+        {0.5, 0.0}, {0.975, 1.959963985}, {0.01, -2.326347874}, {1e-6, -4.753424309}, {0.5398278373, 0.1}};
+    for (const auto& [probability, z] : quantiles)
+        EXPECT_NEAR(normal_quantile(probability), z, 1e-9) << probability;
 }
 
 TEST(FitDiagnosis, ErrorsAreTheCertifiedOnes)

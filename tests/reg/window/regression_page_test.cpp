@@ -4,14 +4,17 @@
 #include "desktop/expression_edit.h"
 #include "graph/window/frmGraph.h"
 #include "reg/window/frmRGT.h"
+#include "reg/window/table_grid.h"
 #include "support/problem_desk.h"
 #include "support/window_walk.h"
 
 #include <QComboBox>
 #include <QListWidget>
+#include <QMenu>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTest>
 
 namespace kelvarin::test
 {
@@ -93,8 +96,88 @@ TEST(RegressionPage, PolynomialsOpenGraphsAndAReportAndFillAColumn)
                   "Polynomial Regression Report, Solution #[*]"}));
     EXPECT_EQ(desk.content().formula(3), "2-3*C01+1*C01^2");
     EXPECT_EQ(desk.content().cells.text(4, 3), "6");
+    // The formula follows a cell: a digit behind the 4 makes it 45, and 2 - 3 * 45 + 45^2 is 1892.
+    desk.person.find<QTabBar>("sstMainTable").setCurrentIndex(0);
+    desk.to_front();
+    desk.person.find<table_grid>("grdMain").set_current_cell(4, 0);
+    desk.person.find("grdMain").setFocus();
+    robot::keys("5");
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(desk.content().cells.text(4, 3), "1892");
+    desk.window.perform(window_command::undo);
     desk.window.perform(window_command::undo);
     EXPECT_EQ(desk.content().formula(3), "");
+}
+
+TEST(RegressionPage, BandsAreAddedToTheGraphOnRequest)
+{
+    regression_desk desk(0);
+    desk.person.click("chkGraph");
+    desk.solve();
+    // The report came behind it.
+    auto& graph = dynamic_cast<frmGraph&>(*desk.frame.children().at(1));
+    EXPECT_EQ(graph.document().content().curve_count(), 1U);
+    QAction& bands = *graph.findChild<QAction*>("mnuShowBands");
+    bands.trigger();
+    ASSERT_EQ(graph.document().content().curve_count(), 5U);
+    EXPECT_EQ(graph.document().content().columns[5].name, "C02 95% prediction upper");
+    EXPECT_FALSE(bands.isEnabled()) << "they are there";
+    graph.perform(window_command::undo);
+    EXPECT_TRUE(bands.isEnabled());
+}
+
+TEST(RegressionPage, AClickedPointSelectsItsRowAndModelsAreCompared)
+{
+    regression_desk desk(0);
+    auto& degrees = desk.person.find<QListWidget>("lstPolDegree");
+    degrees.item(1)->setSelected(true);
+    desk.solve();
+    const std::size_t before = desk.frame.children().size();
+    desk.person.trigger(desk.person.find<QMenu>("mnuDiagnostics"), "mnuAllDiagnostics");
+    ASSERT_TRUE(wait_until([&] { return desk.frame.children().size() == before + 5; }, 60000));
+    auto& leverage = dynamic_cast<frmGraph&>(*desk.frame.children().back());
+    EXPECT_EQ(leverage.document().content().x_title, "row");
+    auto& picture = *leverage.findChild<graph_view*>("PicGraph");
+    const graph_content& drawn = leverage.document().content();
+    const drawn_point at = picture.drawing().mapping->at(4.0, drawn.columns[1].values[3]);
+    QTest::mouseClick(&picture, Qt::LeftButton, {}, (QPointF(at.x, at.y) / 0.75).toPoint());
+    const cell_range selected = desk.person.find<table_grid>("grdMain").selected_block();
+    EXPECT_EQ(selected.row, 3);
+    EXPECT_EQ(selected.rows, 1);
+    EXPECT_EQ(selected.columns, desk.content().columns());
+    const QMenu& others = desk.person.find<QMenu>("mnuCompareModels");
+    ASSERT_EQ(others.actions().size(), 1);
+    const frmSolution& compared = desk.report_of([&] { others.actions().front()->trigger(); });
+    EXPECT_NE(compared.plain_text().find("a2*C01^2 is better"), std::string::npos);
+}
+
+TEST(RegressionPage, ALongFitIsStopped)
+{
+    // Tens of thousands of rows, and a model that can not follow them.
+    regression_desk desk(2);
+    std::string cells, model = "a+b*C01";
+    for (int row = 0; row < 30000; ++row)
+        cells += std::to_string(row % 97) + "\t" + std::to_string(row % 89) + "\n";
+    for (int term = 0; term < 8; ++term)
+        model += "+sin(a*C01)*exp(-b)";
+    desk.put_on_clipboard(cells);
+    desk.window.perform(window_command::paste);
+    desk.enter_model(model);
+    desk.to_front();
+    desk.person.find("grdNlrGuess").setFocus();
+    for (const char* guess : {"1", "2"}) {
+        robot::keys(guess);
+        robot::press(Qt::Key_Return);
+    }
+    const table_content before = desk.content();
+    desk.person.click("cmdSolve");
+    ASSERT_TRUE(wait_until([&] { return desk.window.fraction_done() > 0.0; }, 60000));
+    desk.user.expect_box("Calculations aborted.");
+    robot::press(Qt::Key_Escape);
+    ASSERT_TRUE(wait_until([&] { return !desk.window.is_running() && desk.user.is_done(); }, 60000));
+    EXPECT_EQ(desk.content(), before);
+    EXPECT_EQ(desk.frame.children().size(), 1U) << "no report";
+    EXPECT_TRUE(desk.person.is_enabled("cmdSolve"));
 }
 
 TEST(RegressionPage, AnExampleIsFittedInAFewActions)
@@ -164,6 +247,28 @@ TEST(RegressionPage, AModelIsEnteredGuessedAndFitted)
     const frmSolution& more = desk.report_of([&] { desk.choose("Last fit", "mnuMoreStatistics"); });
     EXPECT_NE(more.plain_text().find("What to doubt"), std::string::npos);
     EXPECT_EQ(desk.content().guesses.at(2).value, "3") << "the guess still being typed counts";
+}
+
+TEST(RegressionPage, AModelWithAFaultIsRefused)
+{
+    regression_desk desk(2);
+    // The name of a variable can not begin with a digit.
+    desk.user.expect_box("Syntax Error: invalid number '2b'");
+    desk.enter_model("a+2b*C01");
+    top_window("frmREGnlr").close();
+    desk.to_front();
+    // A file may bring more parameters than fit.
+    std::string model = "y = x", guesses;
+    for (int j = 1; j <= 61; ++j) {
+        model += "+b" + std::to_string(j);
+        guesses += "b" + std::to_string(j) + "=1\t";
+    }
+    desk.user.expect_question("Data table not saved. Do you wish to save it now ?", user_answer::no);
+    desk.open_text("Many\n2 2 \nx\ty\n1\t2\n2\t3\n*\n" + model + "\n" + guesses + "\n");
+    desk.person.find<QTabBar>("sstMainTable").setCurrentIndex(1);
+    desk.person.find<QTabWidget>("sstReg").setCurrentIndex(2);
+    desk.user.expect_box("Error: Subscript out of range");
+    EXPECT_EQ(desk.solve(), captions());
 }
 
 TEST(RegressionPage, NothingIsCutOrWithoutName)
