@@ -27,6 +27,7 @@ constexpr std::array sections = {
     section{"jacobian", kelvarin::bench::measure_jacobian},
     section{"linear", kelvarin::bench::measure_linear_solve},
     section{"newton", kelvarin::bench::measure_newton},
+    section{"fits", kelvarin::bench::measure_fits},
     section{"graph", kelvarin::bench::measure_graph},
     section{"batch", kelvarin::bench::measure_batch},
     section{"jobs", kelvarin::bench::measure_jobs},

@@ -15,6 +15,8 @@ void measure_jacobian();
 void measure_linear_solve();
 /// From the start to the solution of a nonlinear system, compiled before.
 void measure_newton();
+/// Polynomials, fits of columns and nonlinear fits.
+void measure_fits();
 /// Whole files by the real program, one after the other.
 void measure_batch();
 /// The same, two at a time; needs two processors.

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 /// What others make of the same work: the parser muParser and the GNU Scientific Library. Where the build
@@ -38,5 +39,21 @@ yardstick lu_solve(const matrix& a, std::span<const double> b);
 /// The hybrid method with scaling on the tridiagonal system from -1 until each residual is below
 /// `tolerance`; the equations compiled before.
 yardstick hybrids_on_broyden(int n, double tolerance);
+
+/// A nonlinear fit as it is typed.
+struct typed_fit
+{
+    std::string expression;
+    std::vector<std::string> parameters;
+    std::vector<std::string> variables;
+    /// The values of each variable.
+    std::vector<std::vector<double>> x;
+    std::vector<double> y;
+    std::vector<double> start;
+};
+/// The parameters by gsl_multifit_nlinear with its method lm, the model compiled before; empty where it fails.
+yardstick fit_by_gsl(const typed_fit& source, double tolerance);
+/// Coefficients and their covariance by gsl_multifit_linear, which takes the singular values of the design.
+yardstick linear_fit_by_gsl(const matrix& design, std::span<const double> y);
 
 } // namespace kelvarin::bench
