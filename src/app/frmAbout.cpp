@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "app/frmAbout.h"
 
+#include "app/fault_report.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
+#include "desktop/user_interface.h"
 #include "shell/report/rich_text.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 
 namespace kelvarin
 {
 
-frmAbout::frmAbout(QWidget* parent) : QDialog(parent)
+frmAbout::frmAbout(user_interface& user, QWidget* parent) : QDialog(parent), user_(user)
 {
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(tr("About Kelvarin"));
@@ -33,7 +36,7 @@ void frmAbout::build_ui()
     auto* picture = new QLabel(this);
     picture->setPixmap(program_icon("app").pixmap(4 * unit, 4 * unit));
     picture->setAccessibleName(tr("Kelvarin"));
-    layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
+    layout->addWidget(picture, 0, 0, 4, 1, Qt::AlignTop);
 
     auto* version = new QLabel(tr("Kelvarin %1").arg(to_qstring(program_version())), this);
     version->setObjectName(QStringLiteral("lblVersion"));
@@ -51,9 +54,20 @@ void frmAbout::build_ui()
     notices->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(notices, 2, 1);
 
+    auto* details = new QLabel(fault_report().trimmed(), this);
+    details->setObjectName(QStringLiteral("lblDetails"));
+    details->setPalette(quiet_palette(palette()));
+    details->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(details, 3, 1);
+
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    layout->addWidget(buttons, 3, 0, 1, 2);
+    auto* copy = buttons->addButton(tr("&Copy for a report of a fault"), QDialogButtonBox::ActionRole);
+    copy->setObjectName(QStringLiteral("cmdCopyReport"));
+    copy->setAutoDefault(false);
+    copy->setToolTip(tr("Copy the lines above: versions, system, screens; no names of files or people"));
+    connect(copy, &QPushButton::clicked, this, [this] { user_.copy_text(fault_report()); });
+    layout->addWidget(buttons, 4, 0, 1, 2);
 }
 
 } // namespace kelvarin

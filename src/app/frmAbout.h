@@ -6,16 +6,20 @@
 namespace kelvarin
 {
 
-/// The dialog with the version and notices.
+class user_interface;
+
+/// The dialog with version, licence and libraries.
 class frmAbout : public QDialog
 {
     Q_OBJECT
 
 public:
-    explicit frmAbout(QWidget* parent);
+    frmAbout(user_interface& user, QWidget* parent);
 
 private:
     void build_ui();
+
+    user_interface& user_;
 };
 
 } // namespace kelvarin

@@ -16,6 +16,9 @@
 #include "desktop/icons.h"
 #include "desktop/wheel_guard.h"
 #include "desktop/window_memory.h"
+#include "help/window/frmHelp.h"
+#include "help/window/help_key.h"
+#include "help/window/help_pages.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -108,6 +111,8 @@ void frmMDIKelvarin::connect_parts()
             });
     connect(start_page_, &start_page::example_chosen, this, &frmMDIKelvarin::open_example);
     connect(tools_.get(), &tool_windows::settings_changed, this, &frmMDIKelvarin::apply_settings);
+    connect(tools_.get(), &tool_windows::example_asked, this, &frmMDIKelvarin::open_example_by_name);
+    new help_key(*this, [this] { show_contents(); });
     connect(new file_drop(*this), &file_drop::dropped, this, &frmMDIKelvarin::open_documents);
 }
 
@@ -303,7 +308,7 @@ bool frmMDIKelvarin::run_window_command(window_command which)
         show_contents();
         return true;
     case window_command::about:
-        (new frmAbout(this))->open();
+        (new frmAbout(context_.user, this))->open();
         return true;
     default:
         return false;
@@ -329,7 +334,13 @@ void frmMDIKelvarin::new_window_of_this_kind()
 
 void frmMDIKelvarin::show_contents()
 {
-    show_message("There are no help pages in this version yet.");
+    const QWidget* front = QApplication::focusWidget();
+    const child_window* child = active_child();
+    // The keyboard may be nowhere, or on the main window's own frame around the window in front.
+    if (child && (!front || (front->window() == this && !child->isAncestorOf(front)))) front = child;
+    const std::string target = help_target_in_front(front ? front : this);
+    tools_->show(window_command::contents);
+    tools_->help()->show_target(target);
 }
 
 void frmMDIKelvarin::show_tool(window_command tool)

@@ -115,6 +115,7 @@ private:
     void run_command(window_command which);
     bool run_window_command(window_command which);
     void run_child_command(window_command which);
+    /// Shows the help at the page of the control that has the keyboard.
     void show_contents();
     void new_window_of_this_kind();
 
@@ -127,6 +128,8 @@ private:
     void open_in(const std::filesystem::path& path, bool in_new_window);
     void open_problem(const problem_window_kind& kind, const std::filesystem::path& path, bool in_new_window);
     void open_example(const std::filesystem::path& path);
+    /// Opens an example that a page of the help names, in this window even if it was hidden.
+    void open_example_by_name(const QString& file);
     void open_recovered(const recovery_store::found_problem& problem);
     void discard_recovered(const recovery_store::found_problem& problem);
 

@@ -8,6 +8,7 @@
 #include "graph/graph_kind.h"
 #include "graph/window/frmGraph.h"
 #include "kinds/kinds.h"
+#include "platform/data_files.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_file.h"
 #include "shell/document/file_places.h"
@@ -194,6 +195,16 @@ void frmMDIKelvarin::open_example(const std::filesystem::path& path)
     if (!kind) return show_message(open_error);
     if (problem_window* window = new_window(*kind_of_row(kind)); window && !window->open_example(path))
         window->close_with_frame();
+}
+
+void frmMDIKelvarin::open_example_by_name(const QString& file)
+{
+    const auto folder = find_data_folder("examples");
+    if (!folder) return show_message(open_error);
+    show();
+    raise();
+    activateWindow();
+    open_example(*folder / to_path(file));
 }
 
 void frmMDIKelvarin::offer_recovered_problems()

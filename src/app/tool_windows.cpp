@@ -2,6 +2,8 @@
 #include "app/tool_windows.h"
 
 #include "desktop/window_memory.h"
+#include "help/window/frmHelp.h"
+#include "help/window/help_pages.h"
 #include "shell/window/frmInitials.h"
 #include "tools/window/frmAnt.h"
 #include "tools/window/frmCal.h"
@@ -40,6 +42,11 @@ QWidget* tool_windows::make(window_command tool)
         connect(window, &frmInitials::settings_changed, this, &tool_windows::settings_changed);
         return window;
     }
+    case window_command::contents: {
+        auto* window = new frmHelp(program_help());
+        connect(window, &frmHelp::example_asked, this, &tool_windows::example_asked);
+        return window;
+    }
     default:
         return nullptr;
     }
@@ -58,6 +65,12 @@ void tool_windows::show(window_command tool)
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+frmHelp* tool_windows::help() const
+{
+    const auto found = windows_.find(window_command::contents);
+    return found == windows_.end() ? nullptr : qobject_cast<frmHelp*>(found->second);
 }
 
 void tool_windows::hide_all()

@@ -12,8 +12,10 @@
 namespace kelvarin
 {
 
-/// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings. They are
-/// made when first needed, at the position where they were last shown.
+class frmHelp;
+
+/// The windows beside the main window, one of each: calculator, units, constants, Antoine equation, settings, help.
+/// They are made when first needed, at the position where they were last shown.
 class tool_windows : public QObject
 {
     Q_OBJECT
@@ -25,9 +27,13 @@ public:
     /// Shows a tool in front.
     void show(window_command tool);
     void hide_all();
+    /// The help, after it was shown.
+    frmHelp* help() const;
 
 signals:
     void settings_changed();
+    /// A file of the examples is to be opened.
+    void example_asked(const QString& file);
 
 private:
     QWidget* make(window_command tool);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Renders the pictures of the documentation from the real windows, without a screen:
 //
-// kelvarin-screenshots PROBLEM.kvr FOLDER
+// kelvarin-screenshots PROBLEM.kvr FOLDER       those of the first page, light and dark
+// kelvarin-screenshots --help-pages EXAMPLES FOLDER     those of the help
 #include "app/frmMDIKelvarin.h"
+#include "desktop/problem_window.h"
 #include "desktop/qt_text.h"
 #include "shell/window/frmSolution.h"
 #include "tools/window/frmCal.h"
@@ -25,6 +27,7 @@
 #include <cstdlib>
 #include <functional>
 #include <stdexcept>
+#include <string_view>
 
 namespace
 {
@@ -160,6 +163,50 @@ void take_settings(frmMDIKelvarin& window, const picture_taker& camera)
     shown.close();
 }
 
+/// A solved example beside its report, or beside its graph where it is a differential problem.
+void take_help_picture(const QString& examples, const QString& folder, const char* example, const char* name)
+{
+    constexpr QSize help_size(1000, 620);
+    picture_services used;
+    frmMDIKelvarin window({used.store, used.registry, used.clock, *used.user, used.recovery});
+    window.resize(help_size);
+    window.show();
+    const auto file = to_path(QStringLiteral("%1/%2").arg(examples, QString::fromLatin1(example)));
+    // The files of optimizations are opened by their own windows alone.
+    window.action(window_command::new_opt)->trigger();
+    auto* optimization = dynamic_cast<problem_window*>(window.active_child());
+    if (std::string_view(name) != "optimization") {
+        window.close_all();
+        window.open_document(file);
+    } else if (!optimization || !optimization->open_example(file)) {
+        throw std::runtime_error("no optimization");
+    }
+    settle();
+    QWidget& problem = *window.active_child();
+    if (auto* graph = problem.findChild<QCheckBox*>(QStringLiteral("chkGraph"));
+        graph && std::string_view(name) == "differential") {
+        find_control<QCheckBox>(problem, "chkReport").setChecked(false);
+        graph->setChecked(true);
+    }
+    if (window.action(window_command::solve)->isEnabled()) {
+        window.action(window_command::solve)->trigger();
+        settle();
+    }
+    window.action(window_command::tile_vertically)->trigger();
+    settle();
+    if (!window.grab().save(QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name))))
+        throw std::runtime_error(std::string("can not write ") + name);
+}
+
+void take_help_pictures(const QString& examples, const QString& folder)
+{
+    take_help_picture(examples, folder, "cable-sag.kvr", "nonlinear");
+    take_help_picture(examples, folder, "bridge-circuit.kvr", "linear");
+    take_help_picture(examples, folder, "batch-reactor.kvr", "differential");
+    take_help_picture(examples, folder, "indicator-diagram.kvr", "table");
+    take_help_picture(examples, folder, "least-cost-pipe.kvr", "optimization");
+}
+
 void take_all(const QString& problem, const picture_taker& camera)
 {
     picture_services used;
@@ -178,16 +225,20 @@ void take_all(const QString& problem, const picture_taker& camera)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fputs("usage: kelvarin-screenshots PROBLEM.kvr FOLDER\n", stderr);
+    const bool for_help = argc == 4 && std::string(argv[1]) == "--help-pages";
+    if (argc != 3 && !for_help) {
+        std::fputs("usage: kelvarin-screenshots PROBLEM.kvr FOLDER\n"
+                   "       kelvarin-screenshots --help-pages EXAMPLES FOLDER\n",
+                   stderr);
         return 2;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
-    const QString problem = QString::fromLocal8Bit(argv[1]);
-    const QString folder = QString::fromLocal8Bit(argv[2]);
+    const QString problem = QString::fromLocal8Bit(argv[argc - 2]);
+    const QString folder = QString::fromLocal8Bit(argv[argc - 1]);
     try {
+        if (for_help) return take_help_pictures(problem, folder), 0;
         take_all(problem, {folder, QStringLiteral("light")});
         QApplication::setPalette(dark_palette());
         take_all(problem, {folder, QStringLiteral("dark")});
