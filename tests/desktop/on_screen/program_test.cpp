@@ -12,11 +12,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 
 #include <memory>
@@ -115,20 +113,11 @@ TEST(ProgramOnScreen, ALoneToolHasTheKeysAgainBehindItsHelp)
     running_program program;
     program.start();
     QWidget& tool = program.tool(window_command::antoine, "frmAnt");
-    QPoint box_centre;
-    // Answers the box as soon as it is there.
-    QTimer answering;
-    QObject::connect(&answering, &QTimer::timeout, [&] {
-        for (QWidget* shown : QApplication::topLevelWidgets()) {
-            auto* box = qobject_cast<QMessageBox*>(shown);
-            if (!box || !box->isActiveWindow()) continue;
-            EXPECT_EQ(box->parentWidget(), &tool) << "it stands over the window that asked";
-            QTest::keyClick(box, Qt::Key_Escape);
-        }
-    });
-    answering.start(50);
     robot(tool).click("cmdHelp");
-    answering.stop();
+    QWidget& help = test::top_window("frmHelp");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(&help, Qt::Key_Escape);
+    EXPECT_FALSE(help.isVisible());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&tool));
 }
 
