@@ -88,7 +88,7 @@ std::vector<std::string> warnings_of(const equation_set& set, const range_faults
     return warnings;
 }
 
-std::vector<int> rows_without_start(const std::vector<equation_row>& rows)
+std::vector<int> rows_without_value(const std::vector<equation_row>& rows)
 {
     std::vector<int> found;
     int number = 0;
@@ -106,13 +106,13 @@ deq_analysis analyse_deq(const deq_content& content)
     const std::string_view independent = trimmed(content.independent);
     deq_analysis analysis;
     analysis.set = analyse_rows(content.rows, deq_row_form, independent);
+    analysis.set.rows_without_value = rows_without_value(content.rows);
     analysis.range = faults_of_range(content);
     const equation_set& set = analysis.set;
     analysis.green = set.is_complete() && set.duplicates.empty() && !analysis.range.any();
     analysis.panels = {count_panel("Differential Equations", set.implicit_count),
                        count_panel("Auxiliary Equations", set.explicit_count),
                        third_panel(set, analysis.range, independent)};
-    analysis.rows_without_start = rows_without_start(content.rows);
     return analysis;
 }
 

@@ -29,14 +29,13 @@ struct range_faults
 /// What the window shows about a problem after every edit.
 struct deq_analysis
 {
+    /// With the rows whose initial value is not a number: a run uses the number that the text begins with, or 0.
     equation_set set;
     range_faults range;
     /// The traffic light is green: the problem may run. It may be green with explicit equations alone; the run refuses
     /// them.
     bool green = false;
     std::array<std::string, 3> panels;
-    /// The differential rows whose initial value is not a number; a run uses the number it begins with, or 0.
-    std::vector<int> rows_without_start;
 };
 
 deq_analysis analyse_deq(const deq_content& content);

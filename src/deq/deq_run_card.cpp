@@ -90,7 +90,7 @@ void advise_on_stiffness(const deq_outcome& outcome, std::vector<std::string>& a
 
 void advise_on_problem(const deq_content& content, const deq_outcome& outcome, std::vector<std::string>& advice)
 {
-    for (const int row : analyse_deq(content).rows_without_start)
+    for (const int row : analyse_deq(content).set.rows_without_value)
         advice.push_back("Row " + std::to_string(row) +
                          " has no number as its initial value; what it begins with was taken, else 0.");
     if (outcome.method == deq_method::rkf56 &&
@@ -113,9 +113,13 @@ void advise_on_failure(const deq_outcome& outcome, std::vector<std::string>& adv
         advice.emplace_back("Trial steps of STIFFBS may go far astray where a shorter step would do. Try STIFF.");
     if (says("ODEINT_BS: Step size too small"))
         advice.emplace_back("BS can not pass a jump, or a variable that starts from 0 late. Try RKF45.");
-    if (says("ODEINT_ST: Too many steps") || says("ODEINT_BSST: Too many steps")) {
-        advice.emplace_back("The accuracy eps of the stiff methods is absolute: a hundredth of it for every variable. "
-                            "With large variables try a larger eps.");
+    if (says("ODEINT_ST: Too many steps")) {
+        advice.emplace_back("The accuracy eps of STIFF is absolute: a hundredth of it for every variable. With large "
+                            "variables try a larger stiff_eps, 0.01 for instance.");
+    }
+    if (says("ODEINT_BSST: Too many steps")) {
+        advice.emplace_back("The steps of STIFFBS were refused again and again. Try STIFF, with large variables with a "
+                            "stiff_eps of 0.01 for instance.");
     }
 }
 

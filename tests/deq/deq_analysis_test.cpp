@@ -80,7 +80,7 @@ TEST(DeqAnalysis, CountsAndRowsWithoutStart)
                                                 differential_row("z", "1", "2"), differential_row("u", "1", "3 m")}));
     EXPECT_EQ(some.panels[0], "Differential Equations: 3 ");
     EXPECT_EQ(some.panels[1], "Auxiliary Equations: 1 ");
-    EXPECT_EQ(some.rows_without_start, (std::vector{2, 4}));
+    EXPECT_EQ(some.set.rows_without_value, (std::vector{2, 4}));
 }
 
 TEST(DeqAnalysis, ListsVariablesAndAllWarnings)

@@ -2,67 +2,18 @@
 #include "deq/deq_analysis.h"
 #include "deq/deq_samples.h"
 #include "support/deq_problems.h"
-#include "support/equation_rows.h"
+#include "support/published_problems.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
-#include <sstream>
 
 namespace kelvarin
 {
 namespace
 {
 
-using test::differential_row;
-using test::explicit_row;
-
-struct published_problem
-{
-    std::string name;
-    bool stiff = false;
-    deq_content content;
-    std::vector<std::string> start;
-    std::vector<double> end;
-};
-
-/// Those of tests/data/ode/initial_value_problems.txt.
-std::vector<published_problem> published_problems()
-{
-    std::vector<published_problem> problems;
-    std::ifstream file(KELVARIN_TEST_DATA "/ode/initial_value_problems.txt");
-    for (std::string text; std::getline(file, text);) {
-        std::istringstream line(text);
-        std::string key, rest;
-        line >> key >> std::ws;
-        std::getline(line, rest);
-        const std::string name = rest.substr(0, rest.find(" = "));
-        std::istringstream items(rest);
-        if (key == "problem")
-            problems.emplace_back().name = rest;
-        else if (key == "stiff")
-            problems.back().stiff = true;
-        else if (key == "range")
-            problems.back().content.final_value = rest;
-        else if (key == "variable")
-            problems.back().content.rows.push_back(differential_row(name, rest.substr(name.size() + 3)));
-        else if (key == "where")
-            problems.back().content.rows.push_back(explicit_row(name, rest.substr(name.size() + 3)));
-        else if (key == "start")
-            problems.back().start.assign(std::istream_iterator<std::string>(items), {});
-        else if (key == "end")
-            problems.back().end.assign(std::istream_iterator<double>(items), {});
-    }
-    for (published_problem& problem : problems) {
-        problem.content.independent = "t";
-        problem.content.initial_value = "0";
-        for (std::size_t i = 0; i < problem.start.size(); ++i)
-            problem.content.rows.at(i).guess = problem.start[i];
-    }
-    return problems;
-}
+using test::published_problem;
 
 /// The largest error of a variable at the end, in units of the largest variable.
 double end_error(const deq_outcome& outcome, const std::vector<double>& expected)
@@ -81,7 +32,7 @@ double end_error(const deq_outcome& outcome, const std::vector<double>& expected
 // for an absolute 1e-7; errors of steps add up and are carried on.
 TEST(DeqPublished, ProblemsEndAsPublishedWithTheSettingsAsTheyAre)
 {
-    for (const published_problem& problem : published_problems())
+    for (const published_problem& problem : test::published_problems(KELVARIN_TEST_DATA))
         for (const deq_method method : test::all_deq_methods) {
             if (problem.stiff && !is_for_stiff(method)) continue;
             SCOPED_TRACE(problem.name + " by " + std::string(method_text(method)));
@@ -114,7 +65,7 @@ public:
 
 TEST(DeqPublished, StiffProblemsAreSuspectedOnTheWayByExplicitMethods)
 {
-    for (published_problem& problem : published_problems())
+    for (published_problem& problem : test::published_problems(KELVARIN_TEST_DATA))
         for (const deq_method method : {deq_method::rkf45, deq_method::rkf56, deq_method::bs}) {
             if (!problem.stiff) continue;
             SCOPED_TRACE(problem.name + " by " + std::string(method_text(method)));
@@ -143,7 +94,7 @@ TEST(DeqSamples, RunByEveryMethodToTheValuesOfTheirTheory)
         SCOPED_TRACE(sample.title);
         EXPECT_TRUE(analyse_deq(sample).green);
         EXPECT_TRUE(listing_warnings(sample).empty());
-        EXPECT_TRUE(analyse_deq(sample).rows_without_start.empty());
+        EXPECT_TRUE(analyse_deq(sample).set.rows_without_value.empty());
         for (const equation_row& row : sample.rows)
             EXPECT_FALSE(row.comment.empty()) << row.equation;
         const deq_outcome by_default = test::run_of(sample);

@@ -40,6 +40,8 @@ struct equation_set
     std::vector<text_place> undefined_places;
     /// The name in every row whose name is defined more than once.
     std::vector<text_place> duplicate_places;
+    /// The implicit rows whose value is not a number; only found for kinds that start from it whatever it is.
+    std::vector<int> rows_without_value;
 
     int equation_count() const { return implicit_count + explicit_count; }
     /// Whether there are as many names as rows and given names. The sum counts distinct implicit names but all explicit

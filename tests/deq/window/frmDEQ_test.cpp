@@ -264,6 +264,26 @@ TEST(DifferentialWindow, FailuresAreToldAndMarkTheirPlace)
     EXPECT_EQ(desk.grid().current_row(), 2);
 }
 
+TEST(DifferentialWindow, AnInitialValueThatIsNoNumberIsMarked)
+{
+    deq_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text("M |KVRVER05_0\nd(y)/d(t) = -y #\nd(z)/d(t) = -z #\nd(w)/d(t) = -w #\n"
+                                           "t(0)=0\ny(0)=2x\nw(0)=3\nt(f)=1\n"));
+    const auto shown = [&](int row, int role) {
+        return desk.grid().model()->index(row - 1, 1).data(role).toString().toStdString();
+    };
+    for (const auto& [row, text, edited, marked] : test::table<int, const char*, const char*, bool>{
+             {1, "2x", "2x", true}, {2, "?", "", true}, {3, "3", "3", false}}) {
+        SCOPED_TRACE(row);
+        EXPECT_EQ(shown(row, Qt::DisplayRole), text);
+        EXPECT_EQ(shown(row, Qt::EditRole), edited);
+        EXPECT_EQ(shown(row, Qt::AccessibleDescriptionRole).starts_with("not a number"), marked);
+    }
+    desk.person.click("chkReport");
+    desk.run_by_mouse();
+    EXPECT_THAT(desk.person.text("lblCard"), HasSubstr("Row 2 has no number as its initial value"));
+}
+
 /// Starts the slow problem and waits until it is under way.
 void start_slow_run(deq_desk& desk)
 {

@@ -81,14 +81,18 @@ void equation_delegate::initStyleOption(QStyleOptionViewItem* option, const QMod
 
 void equation_delegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    if (index.column() != equation_grid_model::equation_column) {
+    const bool is_missing = index.column() == equation_grid_model::value_column && model_.is_value_missing(index.row());
+    if (index.column() != equation_grid_model::equation_column && !is_missing) {
         QStyledItemDelegate::paint(painter, option, index);
         return;
     }
     QStyleOptionViewItem item = option;
     initStyleOption(&item, index);
     QTextLayout layout(elided(item), item.font);
-    lay_out(layout, model_.spans(index.row()), item.palette);
+    if (is_missing)
+        lay_out(layout, {{0, static_cast<int>(item.text.size()), text_meaning::undefined}}, item.palette);
+    else
+        lay_out(layout, model_.spans(index.row()), item.palette);
 
     item.text.clear();
     style_of(item).drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
@@ -180,6 +184,8 @@ bool equation_delegate::eventFilter(QObject* editor, QEvent* event)
 QString equation_delegate::tip_at(int x, const QStyleOptionViewItem& item, const QModelIndex& index) const
 {
     const QString shown = elided(item);
+    if (index.column() == equation_grid_model::value_column && model_.is_value_missing(index.row()))
+        return index.data(Qt::AccessibleDescriptionRole).toString();
     if (index.column() == equation_grid_model::equation_column) {
         QTextLayout layout(shown, item.font);
         lay_out(layout, {}, item.palette);

@@ -26,7 +26,8 @@ std::vector<equation_grid_model::shown_row> equation_grid_model::read_rows(std::
         read.push_back({row,
                         known ? rows_[number].words
                               : expression_spans(row.equation, parts_of(row.equation, form_).right_side_offset),
-                        {}});
+                        {},
+                        false});
     }
     const auto mark = [&read](const std::vector<text_place>& places, text_meaning meaning) {
         for (const text_place& place : places) {
@@ -37,6 +38,8 @@ std::vector<equation_grid_model::shown_row> equation_grid_model::read_rows(std::
     };
     mark(marks.duplicate_places, text_meaning::duplicate);
     mark(marks.undefined_places, text_meaning::undefined);
+    for (const int row : marks.rows_without_value)
+        if (row >= 1 && row <= static_cast<int>(read.size())) read[static_cast<std::size_t>(row - 1)].no_value = true;
     return read;
 }
 
@@ -194,6 +197,13 @@ QString equation_grid_model::cell_text(const QModelIndex& index) const
     }
 }
 
+QString equation_grid_model::shown_text(const QModelIndex& index) const
+{
+    const QString text = cell_text(index);
+    const bool missing = index.column() == value_column && is_value_missing(index.row());
+    return missing && text.trimmed().isEmpty() ? QStringLiteral("?") : text;
+}
+
 QString equation_grid_model::spoken_text(const QModelIndex& index) const
 {
     const QString number = QString::number(index.row() + 1);
@@ -208,10 +218,13 @@ QString equation_grid_model::spoken_text(const QModelIndex& index) const
     }
 }
 
-QString equation_grid_model::spoken_faults(int row) const
+QString equation_grid_model::spoken_faults(const QModelIndex& index) const
 {
-    if (!is_filled(row)) return {};
-    const shown_row& shown = rows_[static_cast<std::size_t>(row)];
+    if (!is_filled(index.row())) return {};
+    if (index.column() == value_column && is_value_missing(index.row()))
+        return tr("not a number: a run begins with the number in front, or with 0");
+    if (index.column() != equation_column) return {};
+    const shown_row& shown = rows_[static_cast<std::size_t>(index.row())];
     const QString equation = to_qstring(shown.row.equation);
     QStringList sentences;
     for (const text_span& fault : shown.faults) {
@@ -228,12 +241,13 @@ QVariant equation_grid_model::data(const QModelIndex& index, int role) const
     if (!index.isValid()) return {};
     switch (role) {
     case Qt::DisplayRole:
+        return shown_text(index);
     case Qt::EditRole:
         return cell_text(index);
     case Qt::AccessibleTextRole:
         return spoken_text(index);
     case Qt::AccessibleDescriptionRole:
-        return index.column() == equation_column ? spoken_faults(index.row()) : QString();
+        return spoken_faults(index);
     default:
         return {};
     }

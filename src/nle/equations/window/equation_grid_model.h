@@ -42,6 +42,8 @@ public:
 
     /// All tinted or marked spans of a row's equation; later spans override earlier ones.
     std::vector<text_span> spans(int row) const;
+    /// Whether the value of a row should be a number and is none.
+    bool is_value_missing(int row) const { return is_filled(row) && rows_[static_cast<std::size_t>(row)].no_value; }
     /// Marks parts of the rows' texts, in place of those marked before.
     void set_marks(std::vector<text_place> places);
     /// The places of the names that these rows (from 1) define.
@@ -73,6 +75,7 @@ private:
         equation_row row;
         std::vector<text_span> words;
         std::vector<text_span> faults;
+        bool no_value = false;
 
         friend bool operator==(const shown_row&, const shown_row&) = default;
     };
@@ -81,9 +84,10 @@ private:
     void set_row_count(int count);
     bool report_changes(const std::vector<shown_row>& before);
     QString cell_text(const QModelIndex& index) const;
+    QString shown_text(const QModelIndex& index) const;
     bool may_edit(const QModelIndex& index) const;
     QString spoken_text(const QModelIndex& index) const;
-    QString spoken_faults(int row) const;
+    QString spoken_faults(const QModelIndex& index) const;
     std::string_view name_at(int row, int letter) const;
     QString rows_defining(std::string_view name) const;
 
