@@ -83,6 +83,33 @@ std::optional<std::vector<double>> derived_values(const graph_content& graph, co
     return values;
 }
 
+/// For each point the first curve of those that it belongs to, directly or through curves that share points with it.
+std::vector<std::size_t> parts_of_points(const graph_content& graph)
+{
+    // A curve points to one before it of the same part, the first of a part to itself.
+    std::vector<std::size_t> joined(graph.curve_count() + 1);
+    std::iota(joined.begin(), joined.end(), std::size_t{0});
+    const auto first_of = [&](std::size_t curve) {
+        while (joined[curve] != curve)
+            curve = joined[curve];
+        return curve;
+    };
+    std::vector<std::size_t> part(graph.point_count(), 0);
+    for (std::size_t point = 0; point < part.size(); ++point) {
+        std::optional<std::size_t> found;
+        for (std::size_t curve = 0; curve < graph.curve_count(); ++curve) {
+            if (std::isnan(graph.columns[curve + 1].values[point])) continue;
+            const std::size_t first = first_of(curve);
+            const std::size_t other = found.value_or(first);
+            joined[std::max(first, other)] = std::min(first, other);
+            found = std::min(first, other);
+        }
+        part[point] = found.value_or(0);
+    }
+    std::ranges::transform(part, part.begin(), first_of);
+    return part;
+}
+
 } // namespace
 
 std::optional<std::size_t> find_column(const graph_content& graph, std::string_view name)
@@ -161,7 +188,9 @@ void sort_by_x(graph_content& graph)
     const shared_values& x = graph.columns.front().values;
     std::vector<std::size_t> order(graph.point_count());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, [&x](std::size_t a, std::size_t b) {
+    const std::vector<std::size_t> part = parts_of_points(graph);
+    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
+        if (part[a] != part[b]) return part[a] < part[b];
         if (std::isnan(x[a]) || std::isnan(x[b])) return !std::isnan(x[a]) && std::isnan(x[b]);
         return x[a] < x[b];
     });

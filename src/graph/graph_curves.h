@@ -41,7 +41,8 @@ void add_curves(graph_content& graph, const added_curves& added);
 /// Exchanges a column with the x column, including their names; visibility stays with the positions.
 void use_as_x(graph_content& graph, std::size_t column);
 
-/// Sorts the points by x. The sort is stable, and gaps go last.
+/// Sorts the points by x. The sort is stable, and gaps go last. Points of curves that share no point, such as those of
+/// two runs, stay apart, so that neither cuts the lines of the other.
 void sort_by_x(graph_content& graph);
 
 /// Makes both axes follow the data again.

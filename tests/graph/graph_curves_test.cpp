@@ -103,6 +103,12 @@ TEST(GraphCurves, SortingIsStableAndKeepsPointsTogether)
     sort_by_x(graph);
     EXPECT_EQ(graph.columns[0].values, shared_values({-1, 1, 2, 2, gap}));
     EXPECT_EQ(graph.columns[1].values, shared_values({14, 12, 10, 13, 11}));
+
+    // Curves a and b share a point, c has none with them.
+    graph = graph_of({{3, 1, 2, 0, 1.5}, {gap, 21, gap, 20, gap}, {13, 11, gap, gap, gap}, {gap, gap, 32, gap, 31}});
+    sort_by_x(graph);
+    EXPECT_EQ(graph.columns[0].values, shared_values({0, 1, 3, 1.5, 2}));
+    EXPECT_EQ(graph.columns[3].values, shared_values({gap, gap, gap, 31, 32}));
 }
 
 TEST(GraphStart, TakesOverWhatARunHands)
