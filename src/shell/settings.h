@@ -35,6 +35,8 @@ struct setting_row
     /// not show the setting.
     std::string_view folder;
     std::string_view caption;
+    /// What the value does, in sentences; empty where the caption says it.
+    std::string_view effect = {};
 };
 
 /// The 48 settings in table order.

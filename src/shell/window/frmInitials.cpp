@@ -152,6 +152,8 @@ QLayout* frmInitials::build_value_side()
     lblHint_ = add_label(this, "lblHint");
     lblHint_->setWordWrap(true);
     lblDefault_ = add_label(this, "lblDefault");
+    lblEffect_ = add_label(this, "lblEffect");
+    lblEffect_->setWordWrap(true);
     // Their lines are reserved while empty, so that nothing moves when a setting is chosen.
     for (QLabel* label : {lblFolder_, lblEq_, lblHint_, lblDefault_})
         label->setMinimumHeight(label->fontMetrics().height());
@@ -177,6 +179,8 @@ QLayout* frmInitials::build_value_side()
     side->addWidget(lblDefault_);
     side->addSpacing(unit / 2);
     side->addLayout(buttons);
+    side->addSpacing(unit / 2);
+    side->addWidget(lblEffect_);
     side->addStretch();
     return side;
 }
@@ -193,7 +197,7 @@ void frmInitials::build_tree()
         auto* leaf = new QTreeWidgetItem(folder_of(rows[at]));
         leaf->setData(0, row_role, static_cast<uint>(at));
         leaf->setIcon(0, program_icon("data"));
-        leaf->setToolTip(0, QStringLiteral("%1. %2").arg(setting_hint(rows[at]), default_hint(rows[at])));
+        leaf->setToolTip(0, leaf_tip(rows[at]));
         rebuild_leaf(*leaf);
     }
 }
@@ -303,6 +307,8 @@ void frmInitials::show_value(const setting_row& row)
     txtTreeData_->setAccessibleName(lblEq_->text().trimmed());
     lblHint_->setText(setting_hint(row));
     lblDefault_->setText(default_hint(row));
+    lblEffect_->setText(to_qstring(row.effect));
+    txtTreeData_->setAccessibleDescription(lblEffect_->text());
     for (QWidget* control :
          {static_cast<QWidget*>(txtTreeData_), static_cast<QWidget*>(cmdSet_), static_cast<QWidget*>(cmdRestore_)}) {
         control->setEnabled(true);
@@ -318,8 +324,9 @@ void frmInitials::show_reading()
 
 void frmInitials::clear_value()
 {
-    for (QLabel* label : {lblFolder_, lblEq_, lblDefault_})
+    for (QLabel* label : {lblFolder_, lblEq_, lblDefault_, lblEffect_})
         label->clear();
+    txtTreeData_->setAccessibleDescription({});
     txtTreeData_->clear();
     txtTreeData_->setAccessibleName(tr("Value"));
     lblHint_->setText(tr("Choose a setting in the tree."));

@@ -77,6 +77,7 @@ private:
     QLabel* lblRead_ = nullptr;
     QLabel* lblHint_ = nullptr;
     QLabel* lblDefault_ = nullptr;
+    QLabel* lblEffect_ = nullptr;
     QPushButton* cmdSet_ = nullptr;
     QPushButton* cmdRestore_ = nullptr;
 };

@@ -73,6 +73,12 @@ QString default_hint(const setting_row& row)
     return tr("Default: %1").arg(value);
 }
 
+QString leaf_tip(const setting_row& row)
+{
+    const QString bounds = QStringLiteral("%1. %2").arg(setting_hint(row), default_hint(row));
+    return row.effect.empty() ? bounds : tip_text(to_qstring(row.effect) + QLatin1Char('\n') + bounds);
+}
+
 QString reading_note(const setting_row& row, std::string_view text)
 {
     const bool is_number = row.type == setting_type::floating || row.type == setting_type::integer;

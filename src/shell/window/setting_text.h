@@ -23,6 +23,8 @@ QStringList folder_names(const setting_row& row);
 /// The valid values, such as "0 to 0.1" or "True or False"; and the default.
 QString setting_hint(const setting_row& row);
 QString default_hint(const setting_row& row);
+/// Both, and what the setting does.
+QString leaf_tip(const setting_row& row);
 
 /// "read as 0" for a text that is no number as a whole, of a setting that is one; empty otherwise.
 QString reading_note(const setting_row& row, std::string_view text);
