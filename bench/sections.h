@@ -17,6 +17,8 @@ void measure_linear_solve();
 void measure_newton();
 /// Polynomials, fits of columns and nonlinear fits.
 void measure_fits();
+/// Initial value problems to equal digits, compiled before, and what their right sides take.
+void measure_integration();
 /// Whole files by the real program, one after the other.
 void measure_batch();
 /// The same, two at a time; needs two processors.

@@ -4,13 +4,14 @@
 #include "formulas.h"
 #include "numeric/linear/matrix.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
-/// What others make of the same work: the parser muParser and the GNU Scientific Library. Where the build
+/// What others make of the same work: the parser muParser, the GNU Scientific Library, and CVODE. Where the build
 /// found none of them, every yardstick is empty and its lines are left out.
 namespace kelvarin::bench
 {
@@ -55,5 +56,33 @@ struct typed_fit
 yardstick fit_by_gsl(const typed_fit& source, double tolerance);
 /// Coefficients and their covariance by gsl_multifit_linear, which takes the singular values of the design.
 yardstick linear_fit_by_gsl(const matrix& design, std::span<const double> y);
+
+/// Differential equations as texts, from x = 0.
+struct initial_values
+{
+    /// x, then the variables.
+    std::vector<std::string> unknowns;
+    /// In the order of their evaluation.
+    std::vector<named_text> explicit_equations;
+    std::vector<std::string> derivatives;
+    std::vector<double> start;
+    double x2 = 0.0;
+};
+
+/// An integration; its values are the end. Its run throws where the method gives up.
+struct integration : yardstick
+{
+    /// Of the right sides in the last run, those for Jacobians included.
+    std::shared_ptr<std::int64_t> evaluations;
+};
+
+/// One evaluation of the right sides at the start.
+yardstick parsed_derivatives(const initial_values& problem, double x);
+/// The Runge-Kutta-Fehlberg method of GSL.
+integration parsed_rkf45(const initial_values& problem, double relative, double absolute);
+/// The method of highest order of GSL, as exact as it gets.
+integration parsed_reference(const initial_values& problem);
+/// Backward differentiation by CVODE with dense Jacobians by differences.
+integration parsed_bdf(const initial_values& problem, double relative, double absolute);
 
 } // namespace kelvarin::bench

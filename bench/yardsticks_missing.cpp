@@ -39,4 +39,19 @@ yardstick linear_fit_by_gsl(const matrix&, std::span<const double>)
     return {};
 }
 
+yardstick parsed_derivatives(const initial_values&, double)
+{
+    return {};
+}
+
+integration parsed_rkf45(const initial_values&, double, double)
+{
+    return {};
+}
+
+integration parsed_reference(const initial_values&)
+{
+    return {};
+}
+
 } // namespace kelvarin::bench
