@@ -14,8 +14,10 @@ deq_points::deq_points(const std::string& independent, deq_system& system, const
     for (const equation_list* equations : {&system.differential_equations(), &system.explicit_equations()})
         names.insert(names.end(), equations->names.begin(), equations->names.end());
     points_ = named_columns(std::move(names));
+    // As many as a range from 0 has, the start and the end; others may take more.
+    const double expected = std::min((range.x2 - range.x1) / range.spacing + 2.0, 1.0 * output_grid::most_points);
     for (std::vector<double>& column : points_.columns)
-        column.reserve(output_grid::most_points);
+        column.reserve(static_cast<std::size_t>(expected));
     row_.reserve(points_.column_count());
     if (is_for_stiff(method) || system.draws_random()) return;
     const auto f = [this](double x, std::span<const double> y, std::span<double> dydx) {

@@ -85,11 +85,19 @@ void deq_system::differences(double x, std::span<const double> y, ode_jacobian& 
     if (columns_.rows() != size()) columns_ = matrix(size(), size() + 1);
     pattern_ = differences_->difference_quotients(inputs_, jacobian.f, moved_, increments_, columns_, pattern_);
     end_after_failure();
+    const bool has_zeros = pattern_ && jacobian.pattern == pattern_;
     for (int i = 0; i < size(); ++i) {
         const std::span<const double> row = columns_.row(i);
+        const std::span<double> dfdy = jacobian.dfdy.row(i);
         jacobian.dfdx[static_cast<std::size_t>(i)] = row.front();
-        std::ranges::copy(row.subspan(1), jacobian.dfdy.row(i).begin());
+        if (!has_zeros) {
+            std::ranges::copy(row.subspan(1), dfdy.begin());
+            continue;
+        }
+        for (const std::uint32_t column : pattern_->columns_of(i))
+            if (column > 0) dfdy[column - 1] = row[column];
     }
+    jacobian.pattern = pattern_;
 }
 
 std::optional<text_place> deq_system::failed_place() const

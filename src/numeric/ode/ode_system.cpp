@@ -32,6 +32,7 @@ ode_jacobian::ode_jacobian(int size)
 void ode_system::differences(double x, std::span<const double> y, ode_jacobian& jacobian)
 {
     const std::size_t n = y.size();
+    jacobian.pattern = nullptr;
     derivatives(jacobian.moved_x, y, jacobian.f_moved);
     for (std::size_t i = 0; i < n; ++i)
         jacobian.dfdx[i] = (jacobian.f_moved[i] - jacobian.f[i]) / jacobian.increment_x;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "numeric/linear/matrix.h"
+#include "numeric/linear/sparsity.h"
 
 #include <span>
 #include <vector>
@@ -18,6 +19,8 @@ struct ode_jacobian
     std::vector<double> dfdx;
     /// Element (i, j): of right side i with respect to y(j).
     matrix dfdy;
+    /// Outside of these places of dfdx and dfdy side by side, row by row, all is 0 and may stay so; null if nobody knows.
+    const sparsity_pattern* pattern = nullptr;
 
     /// The right sides at the point itself.
     std::vector<double> f;
