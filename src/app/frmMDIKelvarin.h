@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QSessionManager;
@@ -61,6 +62,7 @@ public:
     QMenu* window_menu() override;
     QMenu* help_menu() override;
     void show_child(child_window* window, child_window* beside = nullptr) override;
+    std::optional<message_box> no_room_for(window_command fresh) const override;
     void bring_to_front(child_window& window) override;
     child_window* active_child() const override;
     /// Opens a file according to its kind: in the active window if that is of the kind and idle, else in a new one. A
@@ -120,8 +122,6 @@ private:
     void new_window_of_this_kind();
 
     void show_message(const char* text);
-    /// Returns false after showing a box if no more windows of this kind may be opened.
-    bool has_room_for(const problem_window_kind& kind);
     /// Shows a new window of a kind in front. Returns null after showing a box if there may be none.
     problem_window* new_window(const problem_window_kind& kind);
     void show_default_window(const problem_window_kind& kind);

@@ -62,25 +62,24 @@ problem_window_counts frmMDIKelvarin::count_problem_windows() const
     return counts;
 }
 
-bool frmMDIKelvarin::has_room_for(const problem_window_kind& kind)
+std::optional<message_box> frmMDIKelvarin::no_room_for(window_command fresh) const
 {
     const problem_window_counts counts = count_problem_windows();
-    if (counts.all >= most_problem_windows) {
-        context_.user.show(
-            this, {"Only " + std::to_string(most_problem_windows) + " concurrent problem forms are allowed. "});
-        return false;
+    if (counts.all >= most_problem_windows)
+        return message_box{"Only " + std::to_string(most_problem_windows) + " concurrent problem forms are allowed. "};
+    if (fresh == window_command::new_reg && counts.regressions >= most_regressions) {
+        return message_box{"Only " + std::to_string(most_regressions) +
+                           " concurrent table regression and analysis problem forms are allowed. "};
     }
-    if (kind.fresh == window_command::new_reg && counts.regressions >= most_regressions) {
-        context_.user.show(this, {"Only " + std::to_string(most_regressions) +
-                                  " concurrent table regression and analysis problem forms are allowed. "});
-        return false;
-    }
-    return true;
+    return std::nullopt;
 }
 
 problem_window* frmMDIKelvarin::new_window(const problem_window_kind& kind)
 {
-    if (!has_room_for(kind)) return nullptr;
+    if (const std::optional<message_box> refused = no_room_for(kind.fresh)) {
+        context_.user.show(this, *refused);
+        return nullptr;
+    }
     problem_window* window = kind.make(context_).release();
     show_child(window);
     return window;

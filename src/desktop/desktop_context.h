@@ -4,11 +4,13 @@
 #include "desktop/commands.h"
 #include "desktop/user_interface.h"
 #include "platform/clock.h"
+#include "platform/message_box.h"
 #include "platform/registry_store.h"
 #include "shell/document/recovery.h"
 #include "shell/settings.h"
 
 #include <filesystem>
+#include <optional>
 
 class QAction;
 class QMenu;
@@ -36,6 +38,8 @@ public:
     /// Takes ownership of a new window and shows it in front; beside the currently active window if `beside` and there
     /// is room.
     virtual void show_child(child_window* window, child_window* beside = nullptr) = 0;
+    /// The box that refuses another problem window of the kind that `fresh` makes; nullopt if there is room.
+    virtual std::optional<message_box> no_room_for(window_command /*fresh*/) const { return std::nullopt; }
     /// Activates a child, restoring it if it was minimised.
     virtual void bring_to_front(child_window& window) = 0;
     virtual child_window* active_child() const = 0;

@@ -4,6 +4,7 @@
 #include "app/frmAbout.h"
 #include "app/frmStartup.h"
 #include "app/window_tiles.h"
+#include "nle/equations/window/equation_window.h"
 #include "support/table.h"
 #include "support/window_walk.h"
 
@@ -61,6 +62,23 @@ TEST(MainWindow, ThreeRegressionsAreTheMostAndOnlyTheNamesOfTheKindsCount)
     EXPECT_TRUE(desk.user.file_questions().empty());
     desk.press_toolbar("nle");
     EXPECT_EQ(desk.window->count_problem_windows().all, 4);
+}
+
+TEST(MainWindow, AFourthTableIsRefusedBehindGraphAndReportOfItsRun)
+{
+    main_desk desk;
+    for (int i = 0; i < 3; ++i)
+        desk.show_stand_in("frmRGT");
+    desk.press_toolbar("deq");
+    auto& problem = dynamic_cast<equation_window&>(*desk.window->active_child());
+    problem.load_sample(1);
+    for (const char* box : {"chkTable", "chkGraph"})
+        robot(problem).click(box);
+    desk.user.expect_box("Only 3 concurrent table regression and analysis problem forms are allowed. ");
+    robot::press(Qt::Key_F5);
+    EXPECT_TRUE(test::wait_until([&] { return desk.user.is_done(); }, 20000));
+    EXPECT_EQ(desk.children().size(), 6u) << "the tables, the problem, its graph and its report";
+    EXPECT_EQ(desk.window->count_problem_windows().regressions, 3);
 }
 
 TEST(MainWindow, TheMenusOfTheWindowInFrontTakeTheBar)

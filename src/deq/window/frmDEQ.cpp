@@ -261,12 +261,16 @@ void frmDEQ::show_outcome(const deq_run_problem& problem, const deq_outcome& out
     if (!show_boxes(outcome.boxes)) return;
     if (outcome.stopped) return offer_stiff_method(outcome.method);
     if (!outcome.has_report) return;
-    if (wish.table) show_table(problem, outcome, wish.number);
+    std::vector<message_box> refused;
+    if (wish.table) refused = show_table(problem, outcome, wish.number);
     if (wish.graph) show_graph(outcome, store, wish);
     last_solution_ = differential_columns(outcome);
-    if (!wish.report) return;
-    show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
-                    problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
+    if (wish.report) {
+        show_new_report(context(), *this, deq_report(problem, outcome, store, context().clock.today(), wish.comments),
+                        problem.content.title, QStringLiteral("Differential Equations Solution #%1").arg(wish.number));
+    }
+    // Behind all that could be shown, since the window may be closed while a box stands.
+    show_boxes(refused);
 }
 
 void frmDEQ::show_graph(const deq_outcome& outcome, const settings& store, const run_wish& wish)
@@ -278,13 +282,16 @@ void frmDEQ::show_graph(const deq_outcome& outcome, const settings& store, const
         context(), *this, [&] { return scatter_graph_form_startup2(start, {}, store); }, styles);
 }
 
-void frmDEQ::show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number)
+std::vector<message_box> frmDEQ::show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number)
 {
+    if (std::optional<message_box> refused = context().frame.no_room_for(window_command::new_reg))
+        return {std::move(*refused)};
     auto* table = new frmRGT(context());
     table->show_points(outcome.points, problem.content.title,
                        QStringLiteral("ODE Results: %1, Solution #%2")
                            .arg(to_qstring(problem.content.title), QString::number(number)));
     context().frame.show_child(table, this);
+    return {};
 }
 
 void frmDEQ::offer_stiff_method(deq_method method)

@@ -71,8 +71,8 @@ private:
     void show_outcome(const deq_run_problem& problem, const deq_outcome& outcome, const settings& store,
                       const run_wish& wish);
     void show_graph(const deq_outcome& outcome, const settings& store, const run_wish& wish);
-    /// Shows the points in a data table of their own.
-    void show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number);
+    /// Shows the points in a data table of their own, or returns the box that says why not.
+    std::vector<message_box> show_table(const deq_run_problem& problem, const deq_outcome& outcome, int number);
     void offer_stiff_method(deq_method method);
     void solve_by_stiff_method();
     void cmdStiff_Click();
