@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "batch_call.h"
+#include "support/plain_user.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +13,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <thread>
@@ -128,6 +131,47 @@ TEST(Program, CtrlCEndsLongRunsWithNothingWritten)
     EXPECT_EQ(folder.read("out"), "");
     EXPECT_EQ(folder.read("err"), "");
     EXPECT_FALSE(folder.holds("report.txt"));
+}
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool is_sanitized = true;
+#else
+constexpr bool is_sanitized = false;
+#endif
+
+/// Runs the program behind `limit`, as a shell takes it; returns its status.
+int run_limited(const std::string& limit, const std::string& arguments)
+{
+    const std::string line = limit + " " KELVARIN_BIN "/kelvarin-solve " + arguments + " >out 2>err";
+    const int status = std::system(line.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(Program, AFileThatTakesAllMemoryLeavesTheOthersTheirAnswers)
+{
+    if (is_sanitized) GTEST_SKIP() << "a sanitized program takes memory and threads for itself";
+    const test::scratch_folder folder;
+    folder.write("small.kvr", test::explicit_only);
+    std::string sum = "x = 1";
+    for (int i = 0; i < 1'500'000; ++i)
+        sum += "+1";
+    folder.write("greedy.kvr", "Greedy\n" + sum + "\n");
+    EXPECT_EQ(run_limited("ulimit -v 60000; exec", "small.kvr greedy.kvr small.kvr"), 1);
+    EXPECT_EQ(folder.read("err"), "kelvarin-solve: greedy.kvr: Kelvarin Guide\nOut of memory\n");
+    const std::string out = folder.read("out");
+    EXPECT_NE(out.find("KELVARIN Results"), out.rfind("KELVARIN Results")) << "both small files are answered";
+}
+
+TEST(Program, WorksOnWhereNoThreadsAreLeft)
+{
+    if (is_sanitized) GTEST_SKIP() << "a sanitized program takes memory and threads for itself";
+    const test::scratch_folder folder;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    folder.write("small.kvr", test::explicit_only);
+    EXPECT_TRUE(test::holds_for_plain_user([] {
+        return run_limited("exec prlimit --nproc=0", "--jobs 2 small.kvr small.kvr") == 0;
+    })) << folder.read("err");
+    EXPECT_NE(folder.read("out").find("KELVARIN Results"), std::string::npos);
 }
 
 } // namespace
