@@ -30,7 +30,7 @@ void name_program()
     QCoreApplication::setOrganizationName(QStringLiteral("kelvarin"));
     QCoreApplication::setApplicationName(QStringLiteral("kelvarin"));
     QCoreApplication::setApplicationVersion(to_qstring(program_version()));
-    QGuiApplication::setDesktopFileName(QStringLiteral("kelvarin"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvarin.Kelvarin"));
     QGuiApplication::setWindowIcon(program_icon("app"));
 }
 
