@@ -26,5 +26,9 @@ for preset in checked release-tests; do
     outcome=1
     grep -v -E '^ *[0-9]+/[0-9]+ Test .* Passed |^ *Start +[0-9]+: ' "$log" >&2 || true
 done
+# The package, where Debian's tools are there.
+if command -v lintian >/dev/null && command -v dpkg-shlibdeps >/dev/null; then
+    "$root/packaging/check.sh" || outcome=1
+fi
 echo "$passed passed, $failed failed"
 [[ $outcome -eq 0 && $passed -gt 0 && $failed -eq 0 ]]

@@ -66,12 +66,14 @@ TEST(ManPages, AreMadeOfThePagesOfTheHelp)
         help[path.stem()] = text_of(path);
     for (const auto& [name, text] : man_pages(help))
         EXPECT_EQ(text, text_of(fs::path(KELVARIN_HELP) / ".." / "man" / name)) << name;
+    // REUSE-IgnoreStart
     EXPECT_EQ(
         man_page_of("# T\n\nOne `a-b`.\n\n## Two\n- x\n| a | b |\n|---|---|\n| `|` | c |\n```\n.x\\y\n```\n",
                     {.name = "n", .section = 5, .summary = "s", .see_also = "o(1)"}),
         ".\\\" SPDX-License-Identifier: MIT\n.TH N 5 \"\" \"Kelvarin 5.0.0\"\n.SH NAME\nn \\- s\n.SH DESCRIPTION\n"
         ".PP\nOne a\\-b.\n.SH TWO\n.IP \\(bu 2\nx\n.TP\n.B |\nc\n.PP\n.nf\n\\&.x\\ey\n.fi\n"
         ".SH SEE ALSO\no(1)\n");
+    // REUSE-IgnoreEnd
 }
 
 TEST(MadeParts, AreMadeFromTheTables)
