@@ -16,6 +16,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvarin
 {
@@ -123,16 +124,28 @@ void expression_edit::set_names(const QStringList& names)
 
 void expression_edit::mark_place(const std::optional<text_place>& place)
 {
-    if (!place) {
-        setExtraSelections({});
-        return;
+    mark_ = place;
+    show_marks();
+}
+
+void expression_edit::mark_undefined(std::vector<text_place> places)
+{
+    undefined_ = std::move(places);
+    show_marks();
+}
+
+void expression_edit::show_marks()
+{
+    QList<QTextEdit::ExtraSelection> marks;
+    for (const text_place& place : undefined_)
+        marks.append({cursor_at(place), span_format(text_meaning::undefined, palette())});
+    if (mark_) {
+        QTextCursor marked = cursor_at(*mark_);
+        // An empty place is shown at the character before it.
+        if (!marked.hasSelection()) marked.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+        marks.append({marked, span_format(text_meaning::marked, palette())});
     }
-    QTextEdit::ExtraSelection mark;
-    mark.cursor = cursor_at(*place);
-    // An empty place is shown at the character before it.
-    if (!mark.cursor.hasSelection()) mark.cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
-    mark.format = span_format(text_meaning::marked, palette());
-    setExtraSelections({mark});
+    setExtraSelections(marks);
 }
 
 void expression_edit::select_place(const text_place& place)

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QAbstractItemView;
 class QCompleter;
@@ -40,7 +41,9 @@ public:
     void set_names(const QStringList& names);
     /// Underlines a range of bytes of expression(). The mark is removed by nullopt and by the next change of the text.
     void mark_place(const std::optional<text_place>& place);
-    /// The same, and selects the range, so that typing replaces it.
+    /// Underlines the names that nothing defines, as ranges of bytes of expression(), until the next call.
+    void mark_undefined(std::vector<text_place> places);
+    /// Marks a place as above, and selects the range, so that typing replaces it.
     void select_place(const text_place& place);
 
     QSize sizeHint() const override;
@@ -66,6 +69,7 @@ private:
     void complete(const QString& name);
     void text_changed();
     QTextCursor cursor_at(const text_place& place) const;
+    void show_marks();
 
     expression_highlighter* highlighter_;
     QCompleter* completer_ = nullptr;
@@ -73,6 +77,8 @@ private:
     QStringListModel* offered_ = nullptr;
     QTimer pause_;
     QString text_before_;
+    std::optional<text_place> mark_;
+    std::vector<text_place> undefined_;
     bool one_line_ = false;
 };
 

@@ -185,6 +185,20 @@ TEST(ExpressionEdit, MarksBytesAsLettersUntilTheTextChanges)
     }
 }
 
+TEST(ExpressionEdit, UnderlinesNamesUntilOthersAreNamed)
+{
+    desk at;
+    at.edit->set_expression("a + b*c");
+    at.edit->mark_undefined({{0, 0, 1}, {0, 6, 1}});
+    at.edit->mark_place(text_place{0, 4, 1});
+    EXPECT_EQ(at.marked(), "acb");
+    robot::press(Qt::Key_End);
+    robot::keys("^2");
+    EXPECT_EQ(at.marked(), "ac");
+    at.edit->mark_undefined({});
+    EXPECT_EQ(at.marked(), "");
+}
+
 TEST(ExpressionEdit, PausesOnceAfterATextAndNotForItsColours)
 {
     desk at;
