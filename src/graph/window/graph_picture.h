@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -34,13 +35,23 @@ struct picture_size
     double dots_per_inch = 96.0;
 };
 
-/// The bytes of a picture file. `looks` says how the graph is looked at: part, axes, hidden curves; its size is
-/// ignored.
-std::string picture_bytes(const graph_content& graph, drawing_options looks, const picture_size& size,
+/// Draws something in the size of the options, with texts as the metrics measure them.
+using picture_drawer = std::function<drawn_picture(const drawing_options&, const text_metrics&)>;
+
+/// The bytes of a picture file.
+std::string picture_bytes(const picture_drawer& draw, const QString& title, const picture_size& size,
                           picture_format format);
 
-/// Paints a graph on a page, as wide as the page or as high, in the proportions of `size`.
-void print_graph(QPagedPaintDevice& device, const graph_content& graph, drawing_options looks,
+/// Paints a picture on a page, as wide as the page or as high, in the proportions of `size`.
+void print_picture(QPagedPaintDevice& device, const picture_drawer& draw, const picture_size& size);
+
+/// The bytes of a graph's picture file. `looks` says how the graph is looked at: part, axes, hidden curves; its size is
+/// ignored.
+std::string picture_bytes(const graph_content& graph, const drawing_options& looks, const picture_size& size,
+                          picture_format format);
+
+/// The same as print_picture for a graph.
+void print_graph(QPagedPaintDevice& device, const graph_content& graph, const drawing_options& looks,
                  const picture_size& size);
 
 } // namespace kelvarin

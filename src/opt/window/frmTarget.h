@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/desktop_context.h"
-#include "graph/window/drawing_painter.h"
+#include "graph/window/graph_picture.h"
 #include "opt/opt_map.h"
 
 #include <QDialog>
@@ -10,7 +10,8 @@
 namespace kelvarin
 {
 
-/// Shows the contours of a target of two variables and the way of a run. It deletes itself when it is closed.
+/// Shows the contours of a target of two variables and the way of a run; the picture can be copied, saved and printed.
+/// It deletes itself when it is closed.
 class frmTarget : public QDialog
 {
     Q_OBJECT
@@ -18,19 +19,18 @@ class frmTarget : public QDialog
 public:
     frmTarget(desktop_context& context, QWidget* parent, opt_map map);
 
-    QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-
 private:
-    drawn_picture picture() const;
-    void copy_picture();
+    void build_ui();
+    picture_drawer drawer() const;
+    /// The picture's size in the window.
+    picture_size shown_size() const;
+    void cmdCopy_Click();
+    void cmdSave_Click();
+    void cmdPrint_Click();
 
     desktop_context& context_;
     opt_map map_;
-    toolkit_metrics metrics_;
+    QWidget* PicTarget_ = nullptr;
 };
 
 } // namespace kelvarin
