@@ -106,6 +106,14 @@ TEST(OptRun, EndingsThatAreNoMinimum)
     EXPECT_EQ(run_of(opt_samples()[2]).ending, conmin_ending::converged);
     const opt_content valley = target_of("1000*(y-x^2)^2+(1-x)^2", {"x(0) = -100", "y(0) = 1"}, opt_method::dfpmin);
     EXPECT_EQ(run_of(valley).boxes.front().text, "too many iterations in dfpmin");
+    // The slope along the direction, 0.1 * 9e-324, is below the least number.
+    ASSERT_FALSE(store.set_value("opt_qn_eps", "0"));
+    for (const opt_method method : {opt_method::conjugate_grad, opt_method::quasi_newton}) {
+        const opt_content uphill = target_of("5*x^2+3E-162*y", {"x(0) = 1", "y(0) = 1"}, method);
+        const opt_outcome outcome = run_of(uphill, store);
+        EXPECT_EQ(outcome.ending, conmin_ending::no_descent_direction);
+        EXPECT_EQ(outcome.x, (std::vector<double>{0.0, 1.0}));
+    }
     const opt_outcome line = run_of(target_of("3-x", {"x(0) = 1"}));
     EXPECT_EQ(line.boxes.front().text, "Division by zero");
 }

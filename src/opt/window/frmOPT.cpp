@@ -129,6 +129,9 @@ void frmOPT::show_fields()
         for (const std::string& name : *list)
             names.append(to_qstring(name));
     txtTarget_->set_names(names);
+    std::vector<text_place> undefined = status().set.undefined_places;
+    std::erase_if(undefined, [](const text_place& place) { return place.row > 0; });
+    txtTarget_->mark_undefined(std::move(undefined));
     // What was said of a run holds for the problem as it was then.
     if (problem_.content() == card_content_) return;
     last_ = {};

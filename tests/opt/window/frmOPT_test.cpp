@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whole ways through the window of optimization problems, as a person takes them.
 
+#include "desktop/expression_edit.h"
 #include "desktop/link_label.h"
 #include "opt/window/frmOPT.h"
 #include "support/equation_desk.h"
@@ -101,6 +102,52 @@ TEST(OptimizationWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     EXPECT_EQ(desk.third_panel(), "Variable defined more than once: x");
 }
 
+TEST(OptimizationWindow, RowsAreTypedInTheGridThroughTheSameChecks)
+{
+    opt_desk desk;
+    desk.type_target("(x-h)^2+k");
+    const auto& target = desk.person.find<expression_edit>("txtTarget");
+    const auto underlined = [&] {
+        std::string names;
+        for (const QTextEdit::ExtraSelection& mark : target.extraSelections())
+            names += mark.cursor.selectedText().toStdString() + " ";
+        return names;
+    };
+    EXPECT_EQ(underlined(), "x h k ");
+    desk.grid().setFocus();
+    robot::keys("x(0) = one");
+    desk.user.expect_box("<one> is not a valid number.");
+    robot::press(Qt::Key_Return);
+    robot::keys("5");
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.equations(), ElementsAre("x(0) = 5"));
+    EXPECT_EQ(underlined(), "h k ");
+    // The next name that is missing is proposed.
+    robot::keys("2*");
+    desk.user.expect_box("Syntax Error: extra operator at the end of the expression; *");
+    robot::press(Qt::Key_Return);
+    robot::keys("3");
+    robot::press(Qt::Key_Return);
+    robot::keys("1");
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.equations(), ElementsAre("x(0) = 5", "h = 23", "k = 1"));
+    EXPECT_EQ(underlined(), "");
+    robot::keys("h = 4");
+    desk.user.expect_box("The variable <h> has been already defined in equation 2.");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_Escape);
+    desk.grid().set_current_row(2);
+    robot::press(Qt::Key_F2);
+    robot::press(Qt::Key_A, Qt::ControlModifier);
+    robot::keys("h = 2");
+    EXPECT_TRUE(desk.person.is_shown("cmdRun")) << "what is typed does not count before it is taken over";
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.equations(), ElementsAre("x(0) = 5", "h = 2", "k = 1"));
+    for (int step = 0; step < 4; ++step)
+        robot::press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_THAT(desk.equations(), IsEmpty());
+}
+
 TEST(OptimizationWindow, RowsAreCheckedInTheirDialogAndChangeTheirForm)
 {
     opt_desk desk;
@@ -170,7 +217,20 @@ TEST(OptimizationWindow, ShowsTheTargetOfOneOrTwoVariables)
     desk.choose("Solution", "mnuTarget");
     QWidget& map = dialog_in_front("frmTarget");
     EXPECT_THAT(map.windowTitle().toStdString(), HasSubstr("Two"));
-    EXPECT_FALSE(map.grab().isNull());
+    EXPECT_THAT(test::faults_of(map, {}), IsEmpty());
+    const robot in_map(map);
+    desk.user.expect_file(chosen_file{desk.folder / "two.svg", 1});
+    in_map.click("cmdSave");
+    EXPECT_THAT(desk.folder.read("two.svg"), HasSubstr("iterations"));
+    // A name that tells no format takes that of the filter.
+    desk.user.expect_file(chosen_file{desk.folder / "two.pic", 3});
+    in_map.click("cmdSave");
+    EXPECT_THAT(desk.folder.read("two.pic"), testing::StartsWith("\x89PNG"));
+    desk.user.expect_print(desk.folder / "two.pdf");
+    in_map.click("cmdPrint");
+    EXPECT_THAT(desk.folder.read("two.pdf"), testing::StartsWith("%PDF"));
+    in_map.click("cmdCopy");
+    EXPECT_TRUE(desk.user.clipboard()->hasImage());
     robot::press(Qt::Key_Escape);
     desk.to_front();
 
