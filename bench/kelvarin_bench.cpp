@@ -29,6 +29,7 @@ constexpr std::array sections = {
     section{"newton", kelvarin::bench::measure_newton},
     section{"fits", kelvarin::bench::measure_fits},
     section{"integration", kelvarin::bench::measure_integration},
+    section{"minimize", kelvarin::bench::measure_minimizers},
     section{"graph", kelvarin::bench::measure_graph},
     section{"batch", kelvarin::bench::measure_batch},
     section{"jobs", kelvarin::bench::measure_jobs},

@@ -19,6 +19,8 @@ void measure_newton();
 void measure_fits();
 /// Initial value problems to equal digits, compiled before, and what their right sides take.
 void measure_integration();
+/// From the start to the minimum of a target, compiled before.
+void measure_minimizers();
 /// Whole files by the real program, one after the other.
 void measure_batch();
 /// The same, two at a time; needs two processors.

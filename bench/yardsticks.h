@@ -85,4 +85,20 @@ integration parsed_reference(const initial_values& problem);
 /// Backward differentiation by CVODE with dense Jacobians by differences.
 integration parsed_bdf(const initial_values& problem, double relative, double absolute);
 
+/// A minimization as it is typed.
+struct typed_target
+{
+    std::string expression;
+    std::vector<std::string> variables;
+    std::vector<double> start;
+};
+/// Methods of gsl_multimin.
+enum class gsl_minimizer
+{
+    conjugate_fr,
+    vector_bfgs2
+};
+/// The point where the gradient, by central differences, is shorter than `tolerance`; the target compiled before.
+yardstick minimize_by_gsl(const typed_target& source, gsl_minimizer method, double tolerance);
+
 } // namespace kelvarin::bench
