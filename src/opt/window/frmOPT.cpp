@@ -72,6 +72,8 @@ frmOPT::frmOPT(desktop_context& context) : equation_window(context, opt_kind())
               .listing_caption = tr("OPT variables"),
               .above_grid = build_target(),
               .below_options = build_card()});
+    // From the target the next stop is the grid.
+    setTabOrder(findChild<QWidget*>(QStringLiteral("grdOPT"))->previousInFocusChain(), txtTarget_);
     mnuTrace_ = named(solution_menu()->addAction(tr("Show &trace"), this, &frmOPT::mnuTrace_Click), "mnuTrace");
     mnuTarget_ = named(solution_menu()->addAction(tr("Show t&he target"), this, &frmOPT::mnuTarget_Click), "mnuTarget");
     connect(this, &frmOPT::state_changed, this, &frmOPT::enable_items);

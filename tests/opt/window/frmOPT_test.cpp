@@ -114,7 +114,7 @@ TEST(OptimizationWindow, RowsAreTypedInTheGridThroughTheSameChecks)
         return names;
     };
     EXPECT_EQ(underlined(), "x h k ");
-    desk.grid().setFocus();
+    robot::press(Qt::Key_Tab);
     robot::keys("x(0) = one");
     desk.user.expect_box("<one> is not a valid number.");
     robot::press(Qt::Key_Return);
