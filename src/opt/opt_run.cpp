@@ -60,7 +60,13 @@ void run_tables(const opt_content& content, const settings& store, const wall_cl
     opt_system system(content, listener);
     outcome.names = system.variable_names();
     outcome.start = outcome.x = system.start_values();
-    system.opt_sort_explicit();
+    try {
+        system.opt_sort_explicit();
+    } catch (const runtime_failure& failure) {
+        message_box box = failure_box(failure);
+        box.rows = circular_rows(system.explicit_equations());
+        return outcome.refuse(std::move(box));
+    }
     outcome.explicit_names = system.explicit_equations().names;
     if (std::optional<message_box> refused = system.opt_compile()) return outcome.refuse(std::move(*refused));
 
@@ -74,8 +80,8 @@ void run_tables(const opt_content& content, const settings& store, const wall_cl
     } catch (const evaluation_failed&) {
         keep_points();
         outcome.failed = system.failed();
-        return outcome.refuse(
-            {system.context().eval_error_message(), box_icon::critical, "Expression evaluation error"});
+        return outcome.refuse({system.context().eval_error_message(), box_icon::critical, "Expression evaluation error",
+                               system.failed_place()});
     } catch (...) {
         keep_points();
         throw;

@@ -18,9 +18,10 @@ namespace
 {
 
 /// The box of a target that does not compile.
-message_box refused_target_box(const refused_expression& refused)
+message_box refused_target_box(const refused_expression& refused, const text_place& place)
 {
     message_box box = {refused.message, box_icon::critical};
+    box.place = place;
     if (refused.fatal) {
         box.title = fatal_title;
         box.fatal = true;
@@ -33,7 +34,7 @@ message_box refused_target_box(const refused_expression& refused)
 } // namespace
 
 opt_system::opt_system(const opt_content& content, run_listener& listener)
-    : listener_(listener), target_(trimmed(content.target))
+    : listener_(listener), target_(trimmed(content.target)), target_offset_(content.target.find(target_))
 {
     int number = 0;
     for (const equation_row& row : content.rows)
@@ -85,12 +86,25 @@ std::optional<message_box> opt_system::opt_compile()
                                                  .outputs = {&target_, 1}});
     if (const auto* refused = std::get_if<refused_expression>(&made)) {
         return refused->is_output
-                   ? refused_target_box(*refused)
+                   ? refused_target_box(*refused, place_in_target(refused->place))
                    : refused_equation_box(*refused, explicit_, right_side_offsets_, "Explicit expression # ");
     }
     compiled_ = std::move(std::get<std::unique_ptr<compiled_system>>(made));
     sweep_ = std::make_unique<point_sweep>(*compiled_, [this] { throw_if_stopped(); });
     return std::nullopt;
+}
+
+text_place opt_system::place_in_target(const std::optional<byte_range>& part) const
+{
+    if (!part) return {0, target_offset_, target_.size()};
+    return {0, target_offset_ + part->offset, part->length};
+}
+
+std::optional<text_place> opt_system::failed_place() const
+{
+    const std::optional<failed_expression> failed = compiled_->failed_part();
+    if (failed && failed->is_output) return place_in_target(failed->place);
+    return kelvarin::failed_place(*compiled_, {}, explicit_, right_side_offsets_);
 }
 
 double opt_system::value(std::span<const double> x)

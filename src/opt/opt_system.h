@@ -40,7 +40,8 @@ public:
     /// Sorts the explicit equations into the order of their evaluation. Throws runtime_failure 8888 if they are
     /// circular or an equation uses its own variable.
     void opt_sort_explicit();
-    /// Compiles the explicit equations, then the target. Returns the box of the first that is not valid.
+    /// Compiles the explicit equations, then the target. Returns the box of the first that is not valid; a place in the
+    /// target has row 0.
     std::optional<message_box> opt_compile();
 
     int size() const override { return static_cast<int>(names_.size()); }
@@ -66,6 +67,8 @@ public:
     /// Of the evaluation that threw evaluation_failed, if it was one of values_beside().
     const std::optional<failed_difference>& failed() const { return failed_; }
     const evaluation_context& context() const { return compiled_->context(); }
+    /// The place of the evaluation that failed, with row 0 if it is in the target; nullopt if none did.
+    std::optional<text_place> failed_place() const;
 
 private:
     /// The pairs at two successive offsets of one variable.
@@ -78,6 +81,8 @@ private:
     };
 
     void read_row(int number, std::string_view equation);
+    /// A part of the target, or all of it if that is not known, as a place of the problem.
+    text_place place_in_target(const std::optional<byte_range>& part) const;
     /// The names under which the explicit equations are compiled: one that can't be written in an expression where the
     /// name is taken.
     std::vector<std::string> definition_names() const;
@@ -87,6 +92,8 @@ private:
 
     run_listener& listener_;
     std::string target_;
+    /// Where it begins in the problem's text of the target.
+    std::size_t target_offset_ = 0;
     std::vector<std::string> names_;
     std::vector<double> start_values_;
     equation_list explicit_;
