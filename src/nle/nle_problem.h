@@ -44,7 +44,7 @@ public:
     void choose_method(nle_method method);
     /// Makes the values of a solution the guesses of the unknowns of these names; their suffixes stay. Returns false if
     /// that changes nothing.
-    bool use_as_guesses(std::span<const solved_value> solution);
+    bool use_as_guesses(std::span<const solved_value> solution) override;
     /// Refused as in the entry dialogs if the new name is invalid, is defined already, or would be used by its own
     /// definition.
     refusal rename_variable(std::string_view old_name, std::string_view new_name) override;

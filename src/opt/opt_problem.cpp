@@ -8,6 +8,7 @@
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <variant>
@@ -135,6 +136,20 @@ void opt_problem::choose_method(opt_method method)
     opt_content next = content();
     next.method = method;
     change("Choose method", std::move(next));
+}
+
+bool opt_problem::use_as_guesses(std::span<const solved_value> solution)
+{
+    opt_content next = content();
+    for (equation_row& row : next.rows) {
+        const equation_parts parts = parts_of(row.equation, opt_row_form);
+        const auto found = std::ranges::find(solution, parts.name, &solved_value::name);
+        if (!parts.implicit || found == solution.end()) continue;
+        row.equation = row.equation.substr(0, parts.right_side_offset) + plain_text(found->value);
+    }
+    const bool changes = next != content();
+    change("Use solution as guesses", std::move(next));
+    return changes;
 }
 
 opt_problem::refusal opt_problem::rename_variable(std::string_view old_name, std::string_view new_name)

@@ -7,6 +7,7 @@
 #include "platform/message_box.h"
 
 #include <filesystem>
+#include <span>
 #include <string_view>
 
 namespace kelvarin
@@ -14,7 +15,7 @@ namespace kelvarin
 
 /// An optimization problem as a document. Every operation that is refused returns the box to show and changes nothing.
 /// Undo names its steps "Add equation", "Edit equation", "Remove equation", "Move equation", "Edit comment", "Change
-/// title", "Change target", "Choose method", "Rename variable", "Load example".
+/// title", "Change target", "Choose method", "Rename variable", "Use solution as guesses", "Load example".
 class opt_problem final : public equation_document<opt_content>
 {
 public:
@@ -33,6 +34,7 @@ public:
     /// Sets the target, whatever it is; successive changes, as they come with every key typed, make one step of undo.
     void set_target(std::string_view target);
     void choose_method(opt_method method);
+    bool use_as_guesses(std::span<const solved_value> solution) override;
     /// Renames a variable in the row that defines it, in all right sides and in the target. Refused if the new name is
     /// invalid, is defined already, or would be used by its own definition.
     refusal rename_variable(std::string_view old_name, std::string_view new_name) override;

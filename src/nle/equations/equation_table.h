@@ -4,6 +4,7 @@
 #include "nle/equations/equation_rows.h"
 #include "nle/equations/typed_rows.h"
 #include "platform/message_box.h"
+#include "shell/document/solved_value.h"
 
 #include <optional>
 #include <span>
@@ -44,6 +45,9 @@ public:
     /// Adds the equations of a text behind row `behind` (0: in front of all). Equations that an entry dialog would
     /// refuse are left out, but an unknown may lack its value.
     virtual pasted_rows paste(std::string_view text, int behind) = 0;
+    /// Gives the unknowns of a solution their values as guesses of the next run. Returns false if nothing changes, as
+    /// in kinds whose values are part of what the problem says.
+    virtual bool use_as_guesses(std::span<const solved_value>) { return false; }
 };
 
 } // namespace kelvarin

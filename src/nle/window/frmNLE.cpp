@@ -16,7 +16,6 @@
 #include "nle/window/frmNleNE.h"
 #include "shell/window/frmSolution.h"
 
-#include <QAction>
 #include <QLabel>
 #include <QMenu>
 
@@ -82,12 +81,8 @@ frmNLE::frmNLE(desktop_context& context) : equation_window(context, nle_kind())
               .hint = tr("Add a nonlinear equation, f(x) = 0, with \"Add NLE\",\nor an explicit one, a = ..., with "
                          "\"Add EE\",\nor type it into the first row."),
               .listing_caption = tr("NLE variables"),
-              .below_grid = bounds_});
-    mnuUseSolution_ =
-        named(solution_menu()->addAction(tr("Use solution as &guesses"), this, [this] { use_solution(solution_); }),
-              "mnuUseSolution");
-    connect(this, &frmNLE::state_changed, this,
-            [this] { mnuUseSolution_->setEnabled(!is_running() && !solution_.empty()); });
+              .below_grid = bounds_,
+              .offers_guesses = true});
     document_changed();
 }
 
@@ -147,11 +142,6 @@ entry_dialog* frmNLE::make_entry_dialog(bool implicit, int row)
     return new frmNleEE(context(), this, problem_, row);
 }
 
-void frmNLE::use_solution(const std::vector<solved_value>& solution)
-{
-    if (!is_running() && problem_.use_as_guesses(solution)) document_changed();
-}
-
 void frmNLE::advice_taken(const QString& thing)
 {
     if (const std::optional<nle_method> method = method_named(to_text(thing))) {
@@ -202,11 +192,11 @@ void frmNLE::show_outcome(const nle_run_problem& problem, const nle_outcome& out
 void frmNLE::show_results(const nle_run_problem& problem, const nle_outcome& outcome, const settings& store,
                           const run_wish& wish)
 {
-    solution_ = unknowns_of(outcome);
-    emit state_changed();
+    const std::vector<solved_value> solution = unknowns_of(outcome);
+    keep_solution(solution);
     show_new_report(context(), *this, nle_report(problem, outcome, store, context().clock.today()),
                     problem.content.title, QStringLiteral("Nonlinear Equations Solution #%1").arg(wish.number),
-                    solution_);
+                    solution);
     if (!wish.graph) return;
     if (const std::optional<graph_start> scan = nle_graph_start(outcome, wish.number))
         show_new_graph(context(), *this, [&] { return scatter_graph_form_startup(*scan, store); });

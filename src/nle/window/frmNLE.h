@@ -9,8 +9,6 @@
 
 #include <vector>
 
-class QAction;
-
 namespace kelvarin
 {
 
@@ -27,7 +25,6 @@ public:
 
     using equation_window::document;
     nle_problem& document() override { return problem_; }
-    void use_solution(const std::vector<solved_value>& solution) override;
 
 protected:
     equation_table& equations() override { return problem_; }
@@ -62,9 +59,6 @@ private:
     problem_field* txtnle_min_ini_guess_ = nullptr;
     problem_field* txtnle_max_ini_guess_ = nullptr;
     QCheckBox* chkGraph_ = nullptr;
-    QAction* mnuUseSolution_ = nullptr;
-    /// The unknowns at the last solution.
-    std::vector<solved_value> solution_;
 };
 
 } // namespace kelvarin

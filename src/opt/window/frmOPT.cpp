@@ -43,6 +43,15 @@ struct run_input
     settings store;
 };
 
+/// The end point: wherever a run ended, the next may go on from there.
+std::vector<solved_value> end_point_of(const opt_outcome& outcome)
+{
+    std::vector<solved_value> values;
+    for (std::size_t i = 0; i < outcome.names.size(); ++i)
+        values.push_back({outcome.names[i], outcome.x[i]});
+    return values;
+}
+
 /// Why the traffic light is red, in one line.
 std::string missing_of(const opt_content& content, const opt_analysis& found)
 {
@@ -71,7 +80,8 @@ frmOPT::frmOPT(desktop_context& context) : equation_window(context, opt_kind())
                          "with \"Add variable\",\nand explicit equations, a = ..., with \"Add EE\"."),
               .listing_caption = tr("OPT variables"),
               .above_grid = build_target(),
-              .below_options = build_card()});
+              .below_options = build_card(),
+              .offers_guesses = true});
     // From the target the next stop is the grid.
     setTabOrder(findChild<QWidget*>(QStringLiteral("grdOPT"))->previousInFocusChain(), txtTarget_);
     mnuTrace_ = named(solution_menu()->addAction(tr("Show &trace"), this, &frmOPT::mnuTrace_Click), "mnuTrace");
@@ -152,8 +162,14 @@ void frmOPT::txtTarget_Change()
 void frmOPT::mark_place(const text_place& place)
 {
     if (place.row > 0) return equation_window::mark_place(place);
-    txtTarget_->mark_place(place);
+    txtTarget_->select_place(place);
     txtTarget_->setFocus();
+}
+
+QString frmOPT::first_step() const
+{
+    return trimmed(problem_.content().target).empty() ? tr("Enter the target function to begin.")
+                                                      : tr("Add a variable with its start value.");
 }
 
 entry_dialog* frmOPT::make_entry_dialog(bool implicit, int row)
@@ -199,8 +215,10 @@ void frmOPT::show_run(const opt_run_problem& problem, const judged_run& run, con
     show_card(problem.content, opt_run_card_of(run.outcome, run.verdict));
     enable_items();
     if (!show_end_of_run(run.outcome.stopped, run.outcome.boxes) || !run.outcome.has_report) return;
+    const std::vector<solved_value> end_point = end_point_of(run.outcome);
+    keep_solution(end_point);
     show_new_report(context(), *this, opt_report(problem, run.outcome, store, context().clock.today(), comments),
-                    problem.content.title, QStringLiteral("Optimization Solution #%1").arg(number));
+                    problem.content.title, QStringLiteral("Optimization Solution #%1").arg(number), end_point);
 }
 
 void frmOPT::show_card(const opt_content& content, const opt_run_card& card)

@@ -40,6 +40,7 @@ protected:
     void show_fields() override;
     void solve() override;
     void mark_place(const text_place& place) override;
+    QString first_step() const override;
 
 private:
     /// A run and what its end point is.

@@ -49,6 +49,53 @@ TEST(TypingRows, BeginsInTheFirstFreeRowAsksForTheGuessAndProposesTheNextName)
     robot::press(Qt::Key_Escape);
     EXPECT_THAT(desk.equations(), ElementsAre("k = c"));
     EXPECT_EQ(desk.grid().findChild<expression_edit*>(), nullptr);
+    EXPECT_EQ(advice_of(desk), "") << "a proposal is no loss";
+}
+
+TEST(TypingRows, EscLeavesTheCellAsItWasAndALinkBringsTheTextBack)
+{
+    struct edit
+    {
+        int row, column;
+        const char* typed;
+    };
+    for (const edit& each : {edit{1, 1, " + a"}, edit{1, 2, "25"}, edit{2, 3, " cm"}, edit{3, 1, "b = 3*a"}}) {
+        SCOPED_TRACE(each.typed);
+        nle_desk desk;
+        ASSERT_NO_FATAL_FAILURE(desk.open_text(two_rows));
+        const std::vector<equation_row> before = desk.content().rows;
+        desk.grid().setFocus();
+        desk.grid().setCurrentIndex(desk.grid().model()->index(each.row - 1, each.column - 1));
+        robot::press(Qt::Key_F2);
+        robot::keys(each.typed);
+        robot::press(Qt::Key_Escape);
+        EXPECT_EQ(desk.content().rows, before);
+        EXPECT_TRUE(desk.grid().hasFocus());
+        EXPECT_EQ(advice_of(desk),
+                  "What was typed in row " + std::to_string(each.row) + " was given up: bring it back");
+        emit desk.person.find<link_label>("lblAdvice").linkActivated(QStringLiteral("0"));
+        robot::press(Qt::Key_Return);
+        EXPECT_THAT(desk.cell(each.row, each.column), testing::EndsWith(each.typed));
+    }
+
+    // The list of names is closed before the edit is.
+    nle_desk desk;
+    desk.grid().setFocus();
+    robot::keys("b = sq");
+    robot::press(Qt::Key_Escape);
+    ASSERT_NE(desk.grid().findChild<expression_edit*>(), nullptr);
+    robot::keys("rt(4)");
+    robot::press(Qt::Key_Return);
+    EXPECT_THAT(desk.equations(), ElementsAre("b = sqrt(4)"));
+    // An equation goes with the value that it waits for.
+    robot::keys("f(y) = y - b");
+    robot::press(Qt::Key_Return);
+    robot::press(Qt::Key_Escape);
+    emit desk.person.find<link_label>("lblAdvice").linkActivated(QStringLiteral("0"));
+    robot::press(Qt::Key_Return);
+    robot::keys("1");
+    robot::press(Qt::Key_Return);
+    EXPECT_EQ(desk.content().rows.back(), (equation_row{"f(y) = y - b", "1", ""}));
 }
 
 TEST(TypingRows, RefusesAsTheDialogsDoAndSelectsWhatIsAtFault)

@@ -77,7 +77,7 @@ TEST(OptimizationWindow, ShowsItsStateInWordsAndHasNoFaultOfLayout)
     opt_desk desk;
     const auto faults = [&] { return test::faults_of(desk.window, desk.window.menus()); };
     EXPECT_THAT(faults(), IsEmpty());
-    EXPECT_EQ(desk.missing(), "Add an equation to begin.");
+    EXPECT_EQ(desk.missing(), "Enter the target function to begin.");
     desk.add("cmdNewStart", "x", "5");
     EXPECT_EQ(desk.missing(), "Enter the target function.");
     desk.type_target("x+");
@@ -195,6 +195,57 @@ TEST(OptimizationWindow, ExamplesTraceAndFailuresOfARun)
     EXPECT_THAT(desk.person.text("lblCard"), HasSubstr("at x = 1 with a step of -5 the target has no value"));
     desk.type_target("y^2-x");
     EXPECT_FALSE(desk.person.is_shown("lblCard")) << "what was said holds for the problem as it was";
+}
+
+TEST(OptimizationWindow, MarksWhereARunFailed)
+{
+    const test::table<const char*, const char*, std::vector<std::string>, const char*> cases = {
+        {"Row\nx+v\nx(0)=2\nd = x - x\nv = 1 + 44.1 / d\n",
+         "Error: Zero denominator not allowed.\r44.1 / d",
+         {"44.1 / d"},
+         ""},
+        {"Target\nx + 44.1 / d\nx(0)=2\nd = x - x\n", "Error: Zero denominator not allowed.\r44.1 / d", {}, "44.1 / d"},
+        {"Step\ny^2-ln(x)\ny(0)=1\nx(0)=1\n", "Error: ln() of negative number not allowed.\rln(x)", {}, "ln(x)"},
+        {"Circle\nx\nx(0)=1\na = b\nb = a\nc = 2\n",
+         "Circular definition of explicit variables not allowed.",
+         {"a", "b"},
+         ""}};
+    for (const auto& [file, text, marked, selected] : cases) {
+        SCOPED_TRACE(file);
+        opt_desk desk;
+        ASSERT_NO_FATAL_FAILURE(desk.open_text(file));
+        const std::string title = marked.size() == 2 ? "Kelvarin Guide" : "Expression evaluation error";
+        desk.user.expect_box(text, title);
+        desk.run_by_mouse();
+        EXPECT_EQ(desk.marked_texts(), marked);
+        const auto& target = desk.person.find<QPlainTextEdit>("txtTarget");
+        EXPECT_EQ(target.textCursor().selectedText().toStdString(), selected);
+        EXPECT_EQ(target.hasFocus(), *selected != '\0');
+    }
+}
+
+TEST(OptimizationWindow, GoesOnFromTheEndPointOfARun)
+{
+    opt_desk desk;
+    ASSERT_NO_FATAL_FAILURE(desk.open_text(bowl_file));
+    EXPECT_FALSE(robot::item_of(desk.menu("Solution"), "mnuUseSolution")->isEnabled());
+    const frmSolution& report = desk.solve_by_key();
+    desk.to_front();
+    const auto start = [&] { return desk.content().rows[0].equation; };
+    desk.choose("Solution", "mnuUseSolution");
+    EXPECT_NEAR(std::stod(start().substr(start().find('=') + 1)), 2.0, 1e-6);
+    EXPECT_EQ(desk.content().rows[1].equation, "h = 2");
+    desk.window.perform(window_command::undo);
+    EXPECT_EQ(start(), "x(0) = 5");
+    QMenu& menu = *const_cast<frmSolution&>(report).menus().front();
+    robot::item_of(menu, "mnuUseSolution")->trigger();
+    EXPECT_NE(start(), "x(0) = 5");
+    EXPECT_EQ(desk.window.document().undo_step(), "Use solution as guesses");
+
+    // A solution is one of the problem that was solved.
+    desk.user.expect_question("Previous problem was not saved. Do you wish to save it now ?", user_answer::no);
+    desk.choose("Examples", "mnuSample1");
+    EXPECT_FALSE(robot::item_of(desk.menu("Solution"), "mnuUseSolution")->isEnabled());
 }
 
 TEST(OptimizationWindow, ShowsTheTargetOfOneOrTwoVariables)

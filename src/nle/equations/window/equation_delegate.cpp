@@ -157,11 +157,13 @@ void equation_delegate::close(QWidget* editor)
 bool equation_delegate::eventFilter(QObject* editor, QEvent* event)
 {
     auto* field = static_cast<QWidget*>(editor);
+    const bool key = event->type() == QEvent::KeyPress;
+    if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) emit given_up(field);
     if (field->objectName() == QLatin1String("txtCellComment")) return QStyledItemDelegate::eventFilter(editor, event);
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-        const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    if (key) {
+        const int code = static_cast<QKeyEvent*>(event)->key();
+        const bool enter = code == Qt::Key_Return || code == Qt::Key_Enter;
+        const bool tab = code == Qt::Key_Tab || code == Qt::Key_Backtab;
         // The field of an equation knows itself what Enter means while it offers names.
         if (tab || (enter && qobject_cast<QLineEdit*>(field))) {
             emit entered(field);

@@ -37,6 +37,8 @@ signals:
     void entered(QWidget* editor) const;
     /// Such an editor loses the keyboard or its cell.
     void left(QWidget* editor) const;
+    /// Esc was pressed in an editor, which will close without being taken over.
+    void given_up(QWidget* editor) const;
     /// Typing pauses in the editor of an equation.
     void paused(QWidget* editor) const;
 

@@ -53,6 +53,7 @@ equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
     setItemDelegate(delegate_);
     connect(delegate_, &equation_delegate::entered, this, [this](QWidget* editor) { take_cell(editor, true); });
     connect(delegate_, &equation_delegate::left, this, [this](QWidget* editor) { take_cell(editor, false); });
+    connect(delegate_, &equation_delegate::given_up, this, &equation_grid::give_up);
     connect(delegate_, &equation_delegate::paused, this, [this](QWidget* editor) {
         const QString text = editor_text(*editor);
         if (text != proposed_) emit typing_paused(indexAt(editor->geometry().center()).row() + 1, text);
@@ -277,11 +278,27 @@ void equation_grid::set_names(const QStringList& names)
 void equation_grid::begin_row(const QString& beginning)
 {
     edit_cell(model_->index(model_->filled_rows(), grid::equation_column));
-    auto* editor = qobject_cast<expression_edit*>(open_editor());
-    if (!editor || beginning.isEmpty()) return;
-    editor->setPlainText(beginning);
-    editor->moveCursor(QTextCursor::End);
+    if (!open_editor() || beginning.isEmpty()) return;
+    replace_typing(beginning);
     proposed_ = beginning;
+}
+
+void equation_grid::type_on(const given_up_text& text)
+{
+    setFocus(Qt::OtherFocusReason);
+    edit_cell(model_->index(text.row - 1, text.column));
+    replace_typing(text.text);
+}
+
+void equation_grid::replace_typing(const QString& text)
+{
+    QWidget* editor = open_editor();
+    if (auto* equation = qobject_cast<expression_edit*>(editor)) {
+        equation->setPlainText(text);
+        equation->moveCursor(QTextCursor::End);
+    } else if (auto* field = qobject_cast<QLineEdit*>(editor)) {
+        field->setText(text);
+    }
 }
 
 void equation_grid::edit_value(int row)
@@ -336,6 +353,18 @@ void equation_grid::end_edit(QWidget* editor)
 {
     delegate_->close(editor);
     setFocus(Qt::OtherFocusReason);
+}
+
+void equation_grid::give_up(QWidget* editor)
+{
+    const QModelIndex index = indexAt(editor->geometry().center());
+    const QString text = editor_text(*editor);
+    const bool waits = index.column() == grid::value_column && model_->draft();
+    // With the value goes the equation that waits for it.
+    if (waits)
+        emit typing_given_up({index.row() + 1, grid::equation_column, to_qstring(model_->draft()->second)});
+    else if (index.isValid() && text != proposed_ && !text.trimmed().isEmpty())
+        emit typing_given_up({index.row() + 1, index.column(), text});
 }
 
 bool equation_grid::begins_row(const QKeyEvent& event) const

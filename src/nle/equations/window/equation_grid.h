@@ -35,6 +35,15 @@ struct typed_cell
     bool by_key = false;
 };
 
+/// What was typed into a cell when Esc gave it up.
+struct given_up_text
+{
+    int row = 0;
+    /// As in equation_grid_words::heads.
+    int column = 0;
+    QString text;
+};
+
 enum class cell_answer
 {
     taken,
@@ -65,8 +74,8 @@ struct equation_grid_words
 /// moving them; the context menu offers the same. The current row is always one of the selected ones. Comments are
 /// edited in place, by a double click or Enter on them. F2 edits the cell it stands on, and typing into an
 /// empty row begins an equation in the first of them; what is typed goes to the cell_taker. An implicit equation is
-/// given to it again with its value when that was typed. Empty rows may follow the equations; all other gestures ignore
-/// them.
+/// given to it again with its value when that was typed. Esc ends an edit and leaves the cell as it was. Empty rows may
+/// follow the equations; all other gestures ignore them.
 class equation_grid : public QTableView
 {
     Q_OBJECT
@@ -103,6 +112,8 @@ public:
     void set_names(const QStringList& names);
     /// Opens the first empty row for typing, with the beginning of an equation.
     void begin_row(const QString& beginning = {});
+    /// Opens the cell of a text that was given up, to type on.
+    void type_on(const given_up_text& text);
     /// Opens the value of a row for typing.
     void edit_value(int row);
     /// Selects a part of the text that is being typed, and gives it the keyboard.
@@ -127,6 +138,8 @@ signals:
     void cell_entered(int row, bool added);
     /// Typing pauses in the cell of an equation.
     void typing_paused(int row, const QString& text);
+    /// Esc ended an edit that had changed the cell's text, which is as it was.
+    void typing_given_up(const kelvarin::given_up_text& text);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -153,6 +166,8 @@ private:
     QWidget* open_editor() const;
     void take_cell(QWidget* editor, bool by_key);
     void end_edit(QWidget* editor);
+    void give_up(QWidget* editor);
+    void replace_typing(const QString& text);
     QMenu* build_context_menu();
     void share_width();
     void column_dragged(int column, int width_before, int width);

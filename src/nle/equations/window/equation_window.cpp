@@ -8,6 +8,7 @@
 #include "nle/equations/window/problem_status.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvarin
 {
@@ -48,6 +49,7 @@ void equation_window::connect_controls()
     grid_->set_cell_taker([this](const typed_cell& cell) { return take_cell(cell); });
     connect(grid_, &equation_grid::cell_entered, this, &equation_window::cell_entered);
     connect(grid_, &equation_grid::typing_paused, this, &equation_window::check_typing);
+    connect(grid_, &equation_grid::typing_given_up, this, &equation_window::offer_given_up);
     connect(title_, &editable_title::title_edited, this, [this](const QString& title) {
         document().set_title(to_text(title));
         document_changed();
@@ -60,6 +62,7 @@ void equation_window::show_document()
     if (shown_path_ != document().path()) {
         shown_path_ = document().path();
         empty_rows_ = 0;
+        solution_.clear();
     }
     const std::string& title = document().title();
     title_->show_title(to_qstring(title), tr("Untitled problem"));
@@ -96,7 +99,7 @@ int equation_window::shown_empty_rows() const
 QString equation_window::what_is_missing() const
 {
     if (status_.green) return {};
-    return equation_count() == 0 ? tr("Add an equation to begin.") : to_qstring(status_.missing);
+    return equation_count() == 0 ? first_step() : to_qstring(status_.missing);
 }
 
 void equation_window::enable_controls()
@@ -115,6 +118,7 @@ void equation_window::enable_controls()
     cmdUpDwn_[1]->setEnabled(on_rows && rows.back() < count);
     item_up_->setEnabled(cmdUpDwn_[0]->isEnabled());
     item_down_->setEnabled(cmdUpDwn_[1]->isEnabled());
+    if (item_use_solution_) item_use_solution_->setEnabled(!is_running() && !solution_.empty());
     emit state_changed();
 }
 
@@ -166,6 +170,7 @@ void equation_window::load_sample(int number)
     if (is_running() || !may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
     put_example(number);
     empty_rows_ = 0;
+    solution_.clear();
     document_changed();
     grid_->set_current_row(1);
 }
@@ -182,6 +187,17 @@ bool equation_window::show_end_of_run(bool stopped, const std::vector<message_bo
 {
     if (stopped) panels_->show_notice(tr("Solution stopped."));
     return !stopped && show_boxes(boxes);
+}
+
+void equation_window::keep_solution(std::vector<solved_value> solution)
+{
+    solution_ = std::move(solution);
+    enable_controls();
+}
+
+void equation_window::use_solution(const std::vector<solved_value>& solution)
+{
+    if (!is_running() && equations().use_as_guesses(solution)) document_changed();
 }
 
 void equation_window::take_over_typing()

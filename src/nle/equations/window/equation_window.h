@@ -12,6 +12,7 @@
 
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ namespace kelvarin
 class entry_dialog;
 class equation_grid;
 enum class cell_answer;
+struct given_up_text;
 struct typed_cell;
 class link_label;
 class problem_status;
@@ -53,6 +55,8 @@ struct equation_window_parts
     QWidget* below_grid = nullptr;
     /// A widget of the kind above the status bar; may be null.
     QWidget* below_options = nullptr;
+    /// Whether a solution makes guesses for the next run.
+    bool offers_guesses = false;
 };
 
 /// The results of a problem's analysis that its window shows.
@@ -84,6 +88,8 @@ public:
     /// Replaces the problem by an example (from 1), asking first if unsaved work would be lost.
     void load_sample(int number);
 
+    void use_solution(const std::vector<solved_value>& solution) override;
+
     QSize sizeHint() const override;
 
 protected:
@@ -108,6 +114,10 @@ protected:
     /// first ": ", are links, which advice_taken is told about. An empty text hides the line.
     void show_advice(const QString& text, const QStringList& links = {});
     virtual void advice_taken(const QString&) {}
+    /// Why a problem without equations can't be solved: what comes first.
+    virtual QString first_step() const { return tr("Add an equation to begin."); }
+    /// Keeps the unknowns of a run's solution, to be used as guesses.
+    void keep_solution(std::vector<solved_value> solution);
     /// Starts typing the initial guess or value of the first implicit row.
     void edit_first_value();
     /// Registers a control of the kind to be disabled while the problem runs.
@@ -157,6 +167,7 @@ private:
     void cmbMethod_Click(int index);
     void comment_edited(int row, const QString& comment);
     cell_answer take_cell(const typed_cell& cell);
+    void offer_given_up(const given_up_text& text);
     void cell_entered(int row, bool added);
     void check_typing(int row, const QString& text);
     void add_rows();
@@ -183,6 +194,10 @@ private:
     row_form form_;
     /// What the last paste left out, for the window that lists it.
     std::vector<left_out_line> left_out_;
+    /// What Esc gave up while it was typed, for the link that brings it back.
+    std::unique_ptr<given_up_text> given_up_;
+    /// The unknowns at the last solution.
+    std::vector<solved_value> solution_;
     /// Number of empty rows at the end of the grid.
     int empty_rows_ = 0;
     std::filesystem::path shown_path_;
@@ -212,6 +227,8 @@ private:
     QAction* item_remove_ = nullptr;
     QAction* item_up_ = nullptr;
     QAction* item_down_ = nullptr;
+    /// Null if the kind has no guesses.
+    QAction* item_use_solution_ = nullptr;
 };
 
 } // namespace kelvarin

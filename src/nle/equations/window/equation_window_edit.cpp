@@ -166,6 +166,13 @@ cell_answer equation_window::take_cell(const typed_cell& cell)
     return cell_answer::refused;
 }
 
+void equation_window::offer_given_up(const given_up_text& text)
+{
+    const QString link = tr("bring it back");
+    show_advice(tr("What was typed in row %1 was given up: %2").arg(text.row).arg(link), {link});
+    given_up_ = std::make_unique<given_up_text>(text);
+}
+
 void equation_window::cell_entered(int row, bool added)
 {
     if (!added) return grid_->set_current_row(row);
@@ -316,6 +323,7 @@ void equation_window::show_advice(const QString& text, const QStringList& links)
 {
     lblAdvice_->show_text(text, links);
     lblAdvice_->setVisible(!text.isEmpty());
+    given_up_.reset();
     if (text.isEmpty()) left_out_.clear();
 }
 
@@ -330,10 +338,14 @@ void equation_window::edit_first_value()
 
 void equation_window::follow_advice(const QString& link)
 {
-    if (left_out_.empty())
+    if (const std::unique_ptr<given_up_text> text = std::move(given_up_)) {
+        show_advice({});
+        grid_->type_on(*text);
+    } else if (left_out_.empty()) {
         advice_taken(link);
-    else
+    } else {
         show_left_out();
+    }
 }
 
 } // namespace kelvarin

@@ -66,6 +66,10 @@ void equation_window::build_ui(const equation_window_parts& parts)
     apply_colours();
     build_edit_menu(parts);
     solution_menu_ = build_solution_menu();
+    if (parts.offers_guesses)
+        item_use_solution_ =
+            named(solution_menu_->addAction(tr("Use solution as &guesses"), this, [this] { use_solution(solution_); }),
+                  "mnuUseSolution");
     examples_menu_ = build_examples_menu();
     connect_controls();
     setFocusProxy(grid_);
