@@ -4,8 +4,8 @@
 #include "desktop/traffic_light.h"
 
 #include <QLabel>
-#include <QStatusBar>
 #include <QTimer>
+#include <QWidget>
 
 #include <array>
 #include <string>
@@ -16,8 +16,8 @@ namespace kelvarin
 
 class link_label;
 
-/// The three panels of a problem's status bar; the names in the third are links.
-class problem_status : public QStatusBar
+/// The three panels below a problem; the names in the third are links. In a narrow window they stand on several lines.
+class problem_status : public QWidget
 {
     Q_OBJECT
 

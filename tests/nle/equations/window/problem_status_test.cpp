@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QLayout>
 #include <QTextDocument>
 
 #include <string>
@@ -113,6 +114,24 @@ TEST(ProblemStatus, CutsALongMessageAndTellsItWhole)
     at.show("Undefined Variable: a ", {"a"});
     EXPECT_EQ(at.seen(), "Undefined Variable: a");
     EXPECT_EQ(at.panel().toolTip(), "");
+}
+
+TEST(ProblemStatus, CutsNoCountInANarrowWindow)
+{
+    desk at;
+    at.show("Undefined Variables: a, ab, b ", {"a", "ab", "b"});
+    at.status.show_notice("Solution stopped.");
+    for (const int width : {900, 400, 184}) {
+        SCOPED_TRACE(width);
+        at.status.resize(width, at.status.layout()->heightForWidth(width));
+        test::settle();
+        for (const char* name : {"panel_1", "panel_2", "notice"}) {
+            const auto& panel = robot(at.status).find<QLabel>(name);
+            EXPECT_GE(panel.width(), panel.sizeHint().width()) << name;
+            EXPECT_TRUE(at.status.rect().contains(panel.geometry())) << name;
+        }
+        EXPECT_TRUE(at.seen().starts_with("Undefined Variables:")) << at.seen();
+    }
 }
 
 TEST(TrafficLight, IsSpokenAndTellsWhy)
