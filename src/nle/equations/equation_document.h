@@ -81,26 +81,15 @@ public:
     }
     pasted_rows paste(std::string_view text, int behind) final
     {
-        pasted_text read = read_pasted_text(text, [this](std::string_view line) { return read_row(line); });
-        pasted_rows outcome;
         Content next = content();
-        std::size_t at = std::min(static_cast<std::size_t>(std::max(behind, 0)), next.rows.size());
-        for (pasted_text::equation& equation : read.equations) {
-            if (!equation.row.value) equation.row.value = value_of(equation.row, read);
-            if (refusal refused = check_pasted(next, equation.row)) {
-                outcome.left_out.push_back({equation.line, equation.text, std::move(refused->text)});
-                continue;
-            }
-            next = prepared(std::move(next), equation.row);
-            if (has_values() && equation.row.implicit && !equation.row.value)
-                outcome.without_value.push_back(equation.row.name);
-            next.rows.insert(next.rows.begin() + static_cast<std::ptrdiff_t>(at), make_row(next, equation.row));
-            outcome.rows.push_back(static_cast<int>(++at));
-        }
-        paste_others(next, read, outcome);
-        outcome.changed = !(next == content());
+        pasted_rows outcome = paste_into(next, text, behind);
         this->change(outcome.rows.size() == 1 ? "Paste equation" : "Paste equations", after_row_edit(std::move(next)));
         return outcome;
+    }
+    std::vector<left_out_line> check_paste(std::string_view text) const final
+    {
+        Content next = content();
+        return paste_into(next, text, equation_count()).left_out;
     }
 
 protected:
@@ -166,14 +155,40 @@ private:
     {
         const std::string value = typed.value.value_or("");
         typed.value = "0";
-        refusal refused = check_row(in, typed, row);
-        if (refused && refused->place) refused->place->offset += typed.expression_offset;
-        if (refused && !refused->place && refused->field == entry_field::name)
-            refused->place = text_place{0, typed.name_offset, typed.name.size()};
+        refusal refused = in_text_of(typed, check_row(in, typed, row));
         // A row that was read from a file may have any value; it is no fault of the equation typed anew.
         const bool keeps_value = row > 0 && value == content().rows.at(static_cast<std::size_t>(row - 1)).guess;
         if (refused || !typed.implicit || keeps_value || !has_values()) return refused;
         return check_value(value);
+    }
+    pasted_rows paste_into(Content& next, std::string_view text, int behind) const
+    {
+        pasted_text read = read_pasted_text(text, [this](std::string_view line) { return read_row(line); });
+        pasted_rows outcome;
+        std::size_t at = std::min(static_cast<std::size_t>(std::max(behind, 0)), next.rows.size());
+        for (pasted_text::equation& equation : read.equations) {
+            if (!equation.row.value) equation.row.value = value_of(equation.row, read);
+            if (refusal refused = check_pasted(next, equation.row)) {
+                outcome.left_out.push_back({equation.line, equation.text, std::move(refused->text), refused->place});
+                continue;
+            }
+            next = prepared(std::move(next), equation.row);
+            if (has_values() && equation.row.implicit && !equation.row.value)
+                outcome.without_value.push_back(equation.row.name);
+            next.rows.insert(next.rows.begin() + static_cast<std::ptrdiff_t>(at), make_row(next, equation.row));
+            outcome.rows.push_back(static_cast<int>(++at));
+        }
+        paste_others(next, read, outcome);
+        outcome.changed = !(next == content());
+        return outcome;
+    }
+    /// A refusal with its place in the text of the equation.
+    static refusal in_text_of(const typed_row& typed, refusal refused)
+    {
+        if (refused && refused->place) refused->place->offset += typed.expression_offset;
+        if (refused && !refused->place && refused->field == entry_field::name)
+            refused->place = text_place{0, typed.name_offset, typed.name.size()};
+        return refused;
     }
     refusal check_pasted(const Content& next, typed_row typed) const
     {
@@ -181,7 +196,7 @@ private:
         if (typed.value && has_values())
             if (refusal refused = check_value(*typed.value)) return refused;
         typed.value = "0";
-        return check_row(next, typed, 0);
+        return in_text_of(typed, check_row(next, typed, 0));
     }
     /// The value that another line of a text gives for a row; removes that line.
     static std::optional<std::string> value_of(const typed_row& row, pasted_text& read)

@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace kelvarin
 {
@@ -45,6 +46,8 @@ public:
     /// Adds the equations of a text behind row `behind` (0: in front of all). Equations that an entry dialog would
     /// refuse are left out, but an unknown may lack its value.
     virtual pasted_rows paste(std::string_view text, int behind) = 0;
+    /// The lines that paste would leave out.
+    virtual std::vector<left_out_line> check_paste(std::string_view text) const = 0;
     /// Gives the unknowns of a solution their values as guesses of the next run. Returns false if nothing changes, as
     /// in kinds whose values are part of what the problem says.
     virtual bool use_as_guesses(std::span<const solved_value>) { return false; }

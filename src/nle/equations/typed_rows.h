@@ -2,6 +2,7 @@
 #pragma once
 
 #include "nle/equations/equation_rows.h"
+#include "platform/message_box.h"
 
 #include <cstddef>
 #include <functional>
@@ -54,6 +55,8 @@ struct left_out_line
     std::string text;
     /// Why its equation was refused; empty if the line holds none.
     std::string reason = {};
+    /// The part of `text` that this is about; nullopt if it is all of it.
+    std::optional<text_place> place = std::nullopt;
 };
 
 /// A text that was split into equations and the rest.

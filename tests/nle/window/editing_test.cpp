@@ -185,28 +185,49 @@ TEST(Editing, KeepsTheCurrentRowAmongTheSelectedOnes)
     EXPECT_THAT(desk.grid().selected_rows(), ElementsAre(1)) << "some row is always selected";
 }
 
-TEST(Editing, TellsWhatAPasteLeftOut)
+TEST(Editing, MarksWhatAPasteLeftOutAndPutsItInWhenItIsMended)
 {
     nle_desk desk;
     desk.grid().setFocus();
-    desk.put_on_clipboard("f(x) = x - a\nb = 2*\nYours\na = 2\n");
+    desk.put_on_clipboard("f(x) = x - a\nb = 2*\nYours\n[4] c d = 1\na = 2\n");
     robot::press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x - a", "a = 2"));
     auto& advice = desk.person.find<link_label>("lblAdvice");
     EXPECT_EQ(advice.whole_text().toStdString(),
-              "2 equations were taken over. These have no initial guess yet, x. Left out: 2 lines");
+              "2 equations were taken over. These have no initial guess yet, x. Left out: 3 lines");
     emit advice.linkActivated(QStringLiteral("0"));
-    settle();
-    {
-        const robot listing(dialog_in_front("frmMsg"));
-        EXPECT_EQ(listing.text("txtMsg"), " [2] b = 2*\nSyntax Error: extra operator at the end of the expression; *\n"
-                                          " [3] Yours\nno equation");
-        listing.click("cmdOK");
-    }
-    desk.to_front();
-    robot::press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_THAT(desk.content().rows, testing::IsEmpty());
+    const robot dialog(dialog_in_front("frmLeftOut"));
+    auto& lines = dialog.find<QPlainTextEdit>("txtLines");
+    const auto marked = [&] {
+        std::vector<std::string> texts;
+        for (const QTextEdit::ExtraSelection& mark : lines.extraSelections())
+            texts.push_back(mark.cursor.selectedText().toStdString());
+        return texts;
+    };
+    EXPECT_EQ(lines.toPlainText().toStdString(), "b = 2*\nYours\nc d = 1");
+    EXPECT_THAT(marked(), ElementsAre("*", "Yours", "c d"));
+    EXPECT_EQ(dialog.text("lblReason"), "Line 1: Syntax Error: extra operator at the end of the expression; *");
+
+    // What is right goes in, the rest stays.
+    robot::press(Qt::Key_End);
+    robot::keys("a");
+    EXPECT_TRUE(wait_until([&] { return marked().size() == 2; }));
+    EXPECT_EQ(dialog.text("lblReason"), "");
+    dialog.click("cmdPutIn");
+    EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x - a", "a = 2", "b = 2*a"));
+    EXPECT_EQ(lines.toPlainText().toStdString(), "Yours\nc d = 1");
+    robot::press(Qt::Key_A, Qt::ControlModifier);
+    robot::keys("x(0) = 3\nc = 1");
+    dialog.click("cmdPutIn");
+    EXPECT_EQ(desk.content().rows.front().guess, "3");
+    EXPECT_EQ(desk.equations().back(), "c = 1");
     EXPECT_FALSE(desk.person.is_shown("lblAdvice"));
+
+    desk.to_front();
+    for (const std::size_t rows : {3u, 2u, 0u}) {
+        robot::press(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(desk.content().rows.size(), rows);
+    }
     desk.put_on_clipboard("");
     robot::press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(advice.whole_text(), "The clipboard has no equation that could be taken over.");

@@ -177,6 +177,8 @@ private:
     void paste_rows();
     void tell_of_paste(const pasted_rows& pasted);
     void show_left_out();
+    /// Takes over the equations of a text behind the selected rows.
+    void put_in(const std::string& text);
     void follow_advice(const QString& link);
 
     /// Returns false after a refusal if no equation may be added; else selects the first empty row.

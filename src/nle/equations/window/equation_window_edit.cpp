@@ -8,9 +8,9 @@
 #include "nle/equations/window/entry_dialog.h"
 #include "nle/equations/window/equation_grid.h"
 #include "nle/equations/window/equation_window.h"
+#include "nle/equations/window/frmLeftOut.h"
 #include "platform/run_time_text.h"
 #include "platform/text_file.h"
-#include "shell/report/rich_text.h"
 #include "shell/window/frmMsg.h"
 
 #include <algorithm>
@@ -276,7 +276,11 @@ void equation_window::copy_rows()
 void equation_window::paste_rows()
 {
     if (is_running()) return;
-    const std::string text = to_text(context().user.clipboard()->text());
+    put_in(to_text(context().user.clipboard()->text()));
+}
+
+void equation_window::put_in(const std::string& text)
+{
     const std::vector<int> selected = grid_->selected_rows();
     pasted_rows pasted = equations().paste(text, selected.empty() ? equation_count() : selected.back());
     document_changed();
@@ -307,16 +311,14 @@ void equation_window::tell_of_paste(const pasted_rows& pasted)
 
 void equation_window::show_left_out()
 {
-    std::string text;
-    for (const left_out_line& line : left_out_) {
-        text +=
-            R"({\cf3\f6  [)" + std::to_string(line.number) + R"(] }{\f6 )" + escape_rich_text(line.text) + R"(}\par )";
-        std::string reason = line.reason.empty() ? std::string("no equation") : line.reason;
-        std::ranges::replace(reason, '\r', ' ');
-        text += R"({\cf7 )" + escape_rich_text(reason) + R"(}\par )";
-    }
-    auto* listing = new frmMsg(this);
-    listing->display_msg(tr("Lines that were left out"), text);
+    auto* dialog = new frmLeftOut(
+        context(), this, left_out_, variables(),
+        [this](std::string_view text) { return equations().check_paste(text); },
+        [this](std::string_view text) {
+            put_in(std::string(text));
+            return left_out_;
+        });
+    dialog->open();
 }
 
 void equation_window::show_advice(const QString& text, const QStringList& links)
