@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Whole ways through the window of optimization problems, as a person takes them.
 
+#include "opt_desk.h"
+
 #include "desktop/expression_edit.h"
 #include "desktop/link_label.h"
-#include "opt/window/frmOPT.h"
-#include "support/equation_desk.h"
 #include "support/table.h"
 #include "support/window_walk.h"
 
@@ -18,35 +18,11 @@ namespace
 
 using namespace kelvarin;
 using kelvarin::test::dialog_in_front;
+using kelvarin::test::opt_desk;
 using kelvarin::test::robot;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-struct opt_desk : test::equation_desk<frmOPT>
-{
-    opt_desk() : equation_desk({"grdOPT", "stbOPT", {"cmdNewStart", "frmOptRow"}, {"cmdNewEquation", "frmOptRow"}}) {}
-
-    /// Adds a row through its dialog.
-    void add(const char* button, const std::string& variable, const std::string& text, const std::string& comment = {})
-    {
-        person.click(button);
-        const robot dialog(dialog_in_front("frmOptRow"));
-        dialog.type("txtVar", variable);
-        dialog.type("txtEquation", text);
-        dialog.type("txtComment", comment);
-        dialog.click("cmdDone");
-        decline_next();
-        to_front();
-    }
-    std::string missing() const { return person.find<link_label>("lblMissing").whole_text().toStdString(); }
-    void type_target(const std::string& target)
-    {
-        robot::press(Qt::Key_G, Qt::AltModifier);
-        robot::press(Qt::Key_A, Qt::ControlModifier);
-        robot::keys(target);
-    }
-};
 
 const std::string bowl_file = "Bowl\r\n(x-h)^2+1\r\nx(0) = 5 #from here\r\nh = 2 #\r\n";
 
