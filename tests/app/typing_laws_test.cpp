@@ -40,9 +40,9 @@ template <> struct typed_lines<opt_desk>
 template <class Desk> struct TypingInEveryKind : testing::Test
 {
     using lines = typed_lines<Desk>;
-    Desk desk;
+    Desk kind;
 
-    void SetUp() override { desk.grid().setFocus(); }
+    void SetUp() override { kind.grid().setFocus(); }
     static void enter(const char* text)
     {
         robot::keys(text);
@@ -58,7 +58,7 @@ template <class Desk> struct TypingInEveryKind : testing::Test
     std::vector<std::string> typed() const { return {lines::equation, "a = 2*b", "b = 3"}; }
     void edit(int row, int column) const
     {
-        desk.grid().setCurrentIndex(desk.grid().model()->index(row - 1, column - 1));
+        kind.grid().setCurrentIndex(kind.grid().model()->index(row - 1, column - 1));
         robot::press(Qt::Key_F2);
     }
 };
@@ -68,10 +68,12 @@ TYPED_TEST_SUITE(TypingInEveryKind, kinds);
 
 TYPED_TEST(TypingInEveryKind, RowsComeOneAfterTheOtherAndGoAsSteps)
 {
-    auto& desk = this->desk;
+    auto& desk = this->kind;
     this->type_all();
     EXPECT_EQ(desk.equations(), this->typed());
-    if (this->lines::value) EXPECT_EQ(desk.cell(1, 2), this->lines::value);
+    if (TestFixture::lines::value) {
+        EXPECT_EQ(desk.cell(1, 2), TestFixture::lines::value);
+    }
     EXPECT_EQ(desk.grid().current_row(), 4);
     for (std::size_t rows = 3; rows-- > 0;) {
         robot::press(Qt::Key_Z, Qt::ControlModifier);
@@ -81,7 +83,7 @@ TYPED_TEST(TypingInEveryKind, RowsComeOneAfterTheOtherAndGoAsSteps)
 
 TYPED_TEST(TypingInEveryKind, ARefusalSelectsWhatIsAtFault)
 {
-    auto& desk = this->desk;
+    auto& desk = this->kind;
     this->type_all();
     robot::keys("c = 2*");
     desk.user.expect_box("Syntax Error: extra operator at the end of the expression; *");
@@ -92,7 +94,7 @@ TYPED_TEST(TypingInEveryKind, ARefusalSelectsWhatIsAtFault)
 
 TYPED_TEST(TypingInEveryKind, F2EditsACellAndEscLeavesItAsItWas)
 {
-    auto& desk = this->desk;
+    auto& desk = this->kind;
     this->type_all();
     this->edit(2, 1);
     robot::keys("+1");
@@ -107,13 +109,15 @@ TYPED_TEST(TypingInEveryKind, F2EditsACellAndEscLeavesItAsItWas)
     this->edit(1, 3);
     this->enter("why");
     EXPECT_EQ(desk.content().rows[0].comment, "why");
-    EXPECT_EQ(desk.equations()[0], this->lines::equation);
-    if (this->lines::value) EXPECT_EQ(desk.content().rows[0].guess, this->lines::value);
+    EXPECT_EQ(desk.equations()[0], TestFixture::lines::equation);
+    if (TestFixture::lines::value) {
+        EXPECT_EQ(desk.content().rows[0].guess, TestFixture::lines::value);
+    }
 }
 
 TYPED_TEST(TypingInEveryKind, WhatIsTypedIsTakenOverBeforeTheKeyboardLeaves)
 {
-    auto& desk = this->desk;
+    auto& desk = this->kind;
     robot::keys("b = 3");
     desk.person.click("chkComments");
     EXPECT_THAT(desk.equations(), testing::ElementsAre("b = 3"));

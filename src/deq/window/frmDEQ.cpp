@@ -205,7 +205,12 @@ entry_dialog* frmDEQ::make_entry_dialog(bool implicit, int row)
 void frmDEQ::put_example(int number)
 {
     problem_.load_example(deq_samples().at(static_cast<std::size_t>(number - 1)));
-    document_replaced();
+}
+
+void frmDEQ::document_replaced()
+{
+    equation_window::document_replaced();
+    last_solution_ = {};
 }
 
 bool frmDEQ::can(window_command which) const

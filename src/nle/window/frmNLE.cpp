@@ -159,7 +159,6 @@ void frmNLE::advice_taken(const QString& thing)
 void frmNLE::put_example(int number)
 {
     problem_.load_example(nle_samples().at(static_cast<std::size_t>(number - 1)));
-    document_replaced();
 }
 
 void frmNLE::solve()

@@ -33,7 +33,6 @@ protected:
     int method_index() const override { return static_cast<int>(problem_.content().method); }
     void choose_method(int index) override { problem_.choose_method(static_cast<nle_method>(index)); }
     void put_example(int number) override;
-    void document_replaced() override { solution_.clear(); }
     entry_dialog* make_entry_dialog(bool implicit, int row) override;
     void show_fields() override;
     void solve() override;

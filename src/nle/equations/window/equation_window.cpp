@@ -57,13 +57,14 @@ void equation_window::connect_controls()
     connect(panels_, &problem_status::name_clicked, this, &equation_window::name_clicked);
 }
 
+void equation_window::document_replaced()
+{
+    empty_rows_ = 0;
+    solution_.clear();
+}
+
 void equation_window::show_document()
 {
-    if (shown_path_ != document().path()) {
-        shown_path_ = document().path();
-        empty_rows_ = 0;
-        solution_.clear();
-    }
     const std::string& title = document().title();
     title_->show_title(to_qstring(title), tr("Untitled problem"));
     cmbMethod_->setCurrentIndex(method_index());
@@ -169,8 +170,7 @@ void equation_window::load_sample(int number)
 {
     if (is_running() || !may_replace("Previous problem was not saved. Do you wish to save it now ?")) return;
     put_example(number);
-    empty_rows_ = 0;
-    solution_.clear();
+    document_replaced();
     document_changed();
     grid_->set_current_row(1);
 }

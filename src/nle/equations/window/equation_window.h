@@ -11,7 +11,6 @@
 #include <QToolButton>
 
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -135,6 +134,7 @@ protected:
     bool show_end_of_run(bool stopped, const std::vector<message_box>& boxes);
 
     void show_document() override;
+    void document_replaced() override;
     void enable_controls_for_run(bool running) override;
     bool can_solve() const override { return status_.green; }
     void take_over_typing() override;
@@ -202,7 +202,6 @@ private:
     std::vector<solved_value> solution_;
     /// Number of empty rows at the end of the grid.
     int empty_rows_ = 0;
-    std::filesystem::path shown_path_;
 
     editable_title* title_ = nullptr;
     QComboBox* cmbMethod_ = nullptr;
