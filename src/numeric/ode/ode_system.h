@@ -19,7 +19,8 @@ struct ode_jacobian
     std::vector<double> dfdx;
     /// Element (i, j): of right side i with respect to y(j).
     matrix dfdy;
-    /// Outside of these places of dfdx and dfdy side by side, row by row, all is 0 and may stay so; null if nobody knows.
+    /// Outside of these places of dfdx and dfdy side by side, row by row, all is 0 and may stay so; null if nobody
+    /// knows.
     const sparsity_pattern* pattern = nullptr;
 
     /// The right sides at the point itself.

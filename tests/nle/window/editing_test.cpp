@@ -217,7 +217,9 @@ TEST(Editing, MarksWhatAPasteLeftOutAndPutsItInWhenItIsMended)
     EXPECT_THAT(desk.equations(), ElementsAre("f(x) = x - a", "a = 2", "b = 2*a"));
     EXPECT_EQ(lines.toPlainText().toStdString(), "Yours\nc d = 1");
     robot::press(Qt::Key_A, Qt::ControlModifier);
-    robot::keys("x(0) = 3\nc = 1");
+    robot::keys("x(0) = 3");
+    robot::press(Qt::Key_Return, Qt::ShiftModifier);
+    robot::keys("c = 1");
     dialog.click("cmdPutIn");
     EXPECT_EQ(desk.content().rows.front().guess, "3");
     EXPECT_EQ(desk.equations().back(), "c = 1");

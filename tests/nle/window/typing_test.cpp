@@ -134,11 +134,26 @@ TEST(TypingRows, TellsAFaultWhileTypingAndWhatLeavingDidNotTakeOver)
     desk.person.click("chkComments");
     EXPECT_EQ(advice_of(desk), "b = 3x was not taken over. Syntax Error: invalid number '3x'");
     EXPECT_THAT(desk.content().rows, IsEmpty());
-    // What is right is taken over before a run.
+}
+
+TEST(TypingRows, F5TakesOverWhatIsTypedAndSolves)
+{
+    nle_desk desk;
     desk.grid().setFocus();
-    robot::keys("c = 3");
+    // The light is still red.
+    robot::keys("a = 2*");
+    desk.user.expect_box("Syntax Error: extra operator at the end of the expression; *");
+    robot::press(Qt::Key_F5);
+    robot::keys("3");
     desk.solve_by_key();
-    EXPECT_THAT(desk.equations(), ElementsAre("c = 3"));
+    EXPECT_THAT(desk.equations(), ElementsAre("a = 23"));
+    desk.to_front();
+    desk.grid().setFocus();
+    desk.grid().setCurrentIndex(desk.grid().model()->index(0, 0));
+    robot::press(Qt::Key_F2);
+    robot::keys("+1");
+    desk.solve_by_key();
+    EXPECT_THAT(desk.equations(), ElementsAre("a = 23+1"));
 }
 
 TEST(TypingRows, EditsTheCellItStandsOnByF2)

@@ -169,6 +169,10 @@ bool equation_delegate::eventFilter(QObject* editor, QEvent* event)
             emit entered(field);
             return true;
         }
+        if (code == Qt::Key_F5) {
+            emit solve_asked(field);
+            return true;
+        }
     } else if (event->type() == QEvent::FocusOut) {
         // A list of names, a menu or a box does not end the edit.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();

@@ -35,6 +35,8 @@ public:
 signals:
     /// Enter or Tab was pressed in the editor of an equation or value.
     void entered(QWidget* editor) const;
+    /// F5 was pressed in an editor while nothing could be solved yet.
+    void solve_asked(QWidget* editor) const;
     /// Such an editor loses the keyboard or its cell.
     void left(QWidget* editor) const;
     /// Esc was pressed in an editor, which will close without being taken over.

@@ -52,6 +52,10 @@ equation_grid::equation_grid(const equation_grid_words& words, QWidget* parent)
     setModel(model_);
     setItemDelegate(delegate_);
     connect(delegate_, &equation_delegate::entered, this, [this](QWidget* editor) { take_cell(editor, true); });
+    connect(delegate_, &equation_delegate::solve_asked, this, [this](QWidget* editor) {
+        take_cell(editor, true);
+        if (!open_editor()) emit solve_asked();
+    });
     connect(delegate_, &equation_delegate::left, this, [this](QWidget* editor) { take_cell(editor, false); });
     connect(delegate_, &equation_delegate::given_up, this, &equation_grid::give_up);
     connect(delegate_, &equation_delegate::paused, this, [this](QWidget* editor) {

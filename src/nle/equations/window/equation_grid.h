@@ -138,6 +138,8 @@ signals:
     void cell_entered(int row, bool added);
     /// Typing pauses in the cell of an equation.
     void typing_paused(int row, const QString& text);
+    /// F5 was pressed while typing, and what was typed is taken over.
+    void solve_asked();
     /// Esc ended an edit that had changed the cell's text, which is as it was.
     void typing_given_up(const kelvarin::given_up_text& text);
 

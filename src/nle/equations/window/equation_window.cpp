@@ -49,6 +49,9 @@ void equation_window::connect_controls()
     grid_->set_cell_taker([this](const typed_cell& cell) { return take_cell(cell); });
     connect(grid_, &equation_grid::cell_entered, this, &equation_window::cell_entered);
     connect(grid_, &equation_grid::typing_paused, this, &equation_window::check_typing);
+    connect(grid_, &equation_grid::solve_asked, this, [this] {
+        if (can(window_command::solve)) perform(window_command::solve);
+    });
     connect(grid_, &equation_grid::typing_given_up, this, &equation_window::offer_given_up);
     connect(title_, &editable_title::title_edited, this, [this](const QString& title) {
         document().set_title(to_text(title));
