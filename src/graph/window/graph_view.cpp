@@ -29,6 +29,8 @@ constexpr double wheel_factor = 1.25;
 constexpr double snap_distance = 8.0;
 /// A press that moves by less, in pixels, is a click.
 constexpr double click_distance = 4.0;
+/// A picture of more pixels, 1 GB, is of no screen: it would only take the memory of everything else.
+constexpr qint64 most_pixels = qint64{1} << 28;
 constexpr double part_of_pan_by_key = 0.1;
 
 QString number(double value)
@@ -155,6 +157,7 @@ void graph_view::paint_graph()
     const graph_drawing& drawn = drawing();
     const QSize pixels = size() * devicePixelRatioF();
     if (picture_.size() != pixels) {
+        if (qint64{pixels.width()} * pixels.height() > most_pixels) throw std::bad_alloc();
         picture_ = QImage(pixels, QImage::Format_RGB32);
         if (picture_.isNull()) throw std::bad_alloc();
         picture_.setDevicePixelRatio(devicePixelRatioF());

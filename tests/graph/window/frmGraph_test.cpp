@@ -420,7 +420,7 @@ TEST(GraphWindow, StylesOfTheSessionAreDrawn)
 TEST(GraphWindow, APictureThatFindsNoMemoryIsToldOnce)
 {
     graph_desk desk;
-    // No picture of this size can be made.
+    // No picture of this size is made.
     desk.view().resize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     desk.user.expect_box("Kelvarin can not create the requested graph. Error: Out of memory", "Kelvarin Graph");
     for (int time = 0; time < 2; ++time) {
