@@ -41,6 +41,9 @@ std::map<std::string, double> values_of(const json& solution)
     for (const char* part : {"implicit", "explicit", "variables", "final"})
         for (const json& value : solution.value(part, json::array()))
             values[value["name"]] = value["value"];
+    for (const json& fit : solution.value("fits", json::array()))
+        for (const json& value : fit["parameters"])
+            values[value["name"]] = value["value"];
     // The result of an analysis of columns.
     if (solution.contains("value")) values["value"] = solution["value"];
     return values;

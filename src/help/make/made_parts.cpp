@@ -2,6 +2,7 @@
 #include "help/make/made_parts.h"
 
 #include "batch/run_batch.h"
+#include "help/make/gallery.h"
 #include "help/make/tables.h"
 #include "help/make/work_folder.h"
 #include "platform/clock.h"
@@ -93,6 +94,10 @@ std::string make_part(std::string_view what, made_page& page)
     if (verb == "report") return fenced(output_of(words_of_command(rest)));
     if (verb == "figure") return make_figure(rest, page);
     if (verb == "file") return fenced(read_all(fs::path(rest)));
+    if (verb == "examples")
+        return gallery_table(words_of_command(rest), [](const std::string& file) {
+            return output_of({"--format", "json", file});
+        });
     if (verb == "operators") return operators_table();
     if (verb == "functions") return functions_table();
     if (verb == "settings") return settings_rows(rest);

@@ -26,6 +26,7 @@ struct made_page
 ///     report ARGUMENTS         what it prints alone
 ///     figure NAME: CAPTION: ARGUMENTS   the picture that `--plot` draws
 ///     file NAME                an example as it stands
+///     examples NAME...         what these are about, and their kinds and methods
 ///     operators, functions     the table of operations
 ///     settings PREFIX          all settings whose keys begin so
 ///     method KIND NAME         a method with the settings that it reads

@@ -11,7 +11,7 @@ closed form, or to 10 digits and more by methods that Kelvarin does not have. Ru
 import json
 import pathlib
 
-from mpmath import cos, cosh, exp, findroot, log, log10, mp, mpf, pi as exact_pi, sin, sqrt
+from mpmath import cos, cosh, exp, findroot, linspace, log, log10, mp, mpf, pi as exact_pi, quad, sin, sqrt
 
 mp.dps = 40
 pi = mpf("3.14159265358979")  # As the examples define it.
@@ -374,6 +374,20 @@ def enzyme_kinetics():
         return {"S": fine_S, "ES": fine_c, "E": total - fine_c, "P": 1 - fine_S - fine_c}
 
 
+def epidemic():
+    # The number of those who are ill follows from that of the susceptible ones, and the time is an integral over it.
+    beta, duration, n, s0, i0 = m("0.4"), 6, 20000, 19990, 10
+    ill = lambda s: i0 + s0 - s + n / (beta * duration) * log(s / s0)
+
+    def days_until(s):
+        # Over the logarithm of those who are still susceptible, in parts over which the integrand is tame.
+        parts = linspace(log(s0), log(s), 25)
+        return quad(lambda u: -n / (beta * ill(exp(u))), parts)
+
+    s = findroot(lambda s: days_until(s) - 120, (m("2426"), m("2427")), solver="anderson", tol=mpf("1e-15"))
+    return {"S": s, "I": ill(s), "R": n - s - ill(s)}
+
+
 def radon_progeny():
     # Each activity is a sum of exponentials (Bateman 1910).
     ln2 = m("0.693147180559945")
@@ -416,6 +430,18 @@ def hanging_weights():
             "work": 12 * y1 + 8 * y2}
 
 
+def reactor_train():
+    # The slopes of the volume vanish.
+    c3, feed, rate = m("0.05"), m("0.04"), m("0.5")
+
+    def slopes(c1, c2):
+        return [(c1 - 2) / c1**3 + 1 / c2**2, (c2 - 2 * c1) / c2**3 + 1 / c3**2]
+
+    c1, c2 = solve(slopes, ("0.26", "0.1"))
+    v = [feed / rate * (a - b) / b**2 for a, b in ((1, c1), (c1, c2), (c2, c3))]
+    return {"u1": 100 * log(c1), "u2": 100 * log(c2), "V1": v[0], "V2": v[1], "V3": v[2]}
+
+
 def tide_gauge():
     # The normal equations.
     w = m("0.505868")
@@ -434,10 +460,67 @@ def indicator_diagram():
 indicator_diagram.arguments = ["--integrate", "0.5,3.6"]
 
 
+def example_table(name):
+    """The rows of a table among the examples, as exact numbers; only columns that were typed in."""
+    path = pathlib.Path(__file__).resolve().parents[3] / "examples" / (name + ".kvr")
+    lines = path.read_text().splitlines()
+    count = int(lines[1].split()[0])
+    return [[m(cell) for cell in line.split("\t")] for line in lines[3 : 3 + count]]
+
+
+def least_squares(rows, values):
+    design = mp.matrix(rows)
+    return list(mp.lu_solve(design.T * design, design.T * mp.matrix(values)))
+
+
+def vapour_pressure():
+    # Linear in A and B for each C, so that C is the least of a function of one variable: where its slope vanishes.
+    table = example_table("vapour-pressure")
+
+    def residuals(c):
+        rows = [[1, 1 / (c + t)] for t, _, _ in table]
+        a, b = least_squares(rows, [log10(p) for _, p, _ in table])
+        return a, b, [log10(p) - a - b / (c + t) for t, p, _ in table]
+
+    def slope(c):
+        _, b, rest = residuals(c)
+        return sum(r * b / (c + t) ** 2 for r, (t, _, _) in zip(rest, table))
+
+    c = findroot(slope, (m(230), m(240)), solver="anderson", tol=mpf("1e-40"))
+    a, b, _ = residuals(c)
+    return {"A": a, "B": b, "C": c}
+
+
+vapour_pressure.arguments = ["--method", "L-M"]
+
+
+def load_cell():
+    # The data set Pontius of NIST's Statistical Reference Datasets; these are its certified values.
+    table = example_table("load-cell")
+    found = least_squares([[1, x, x**2] for x, _ in table], [y for _, y in table])
+    for value, certified in zip(found, ("0.673565789473684e-3", "0.732059160401003e-6", "-0.316081871345029e-14")):
+        assert abs(value / m(certified) - 1) < m("1e-13")
+    return dict(zip(("a0", "a1", "a2"), found))
+
+
+load_cell.arguments = ["--regress", "polynomial", "--degree", "2"]
+
+
+def cement_heat():
+    # Measured by H. Woods, H. H. Steinour and H. R. Starke (1932), Industrial and Engineering Chemistry 24, 1207.
+    table = example_table("cement-heat")
+    found = least_squares([[1, *row[1:]] for row in table], [row[0] for row in table])
+    return {f"a{i}": value for i, value in enumerate(found)}
+
+
+cement_heat.arguments = ["--regress", "linear", "--dep", "heat", "--indep", "C3A,C3S,C4AF,C2S"]
+
+
 PROBLEMS = [gas_volume, pipe_diameter, bubble_point, cable_sag, adiabatic_flash, steam_reforming, channel_flow,
             stirred_reactor, four_bar_linkage, heat_exchanger, diode_circuit, load_flow, cantilever,
             bridge_circuit, plane_truss, cooling_fin, batch_reactor, satellite, vibration_absorber, enzyme_kinetics,
-            radon_progeny, least_cost_pipe, hanging_weights, tide_gauge, indicator_diagram]
+            epidemic, radon_progeny, least_cost_pipe, hanging_weights, reactor_train, tide_gauge, indicator_diagram,
+            vapour_pressure, load_cell, cement_heat]
 
 
 def main():

@@ -42,8 +42,7 @@ std::string all_pages()
     return text;
 }
 
-// Stale pages are made anew by: cmake --build BUILD --target kelvarin-make-help, then
-// BUILD/bin/kelvarin-make-help docs/help examples.
+// Stale pages are made anew by: cmake --build BUILD --target kelvarin-help.
 TEST(MadeParts, EachPageSaysWhatTheProgramSaysNow)
 {
     std::set<std::string> figures;
