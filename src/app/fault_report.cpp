@@ -10,6 +10,10 @@
 #include <QStyle>
 #include <QSysInfo>
 
+#ifdef __GLIBC__
+#include <gnu/libc-version.h>
+#endif
+
 namespace kelvarin
 {
 
@@ -22,6 +26,12 @@ constexpr const char* compiler_name = "clang " __clang_version__;
 constexpr const char* compiler_name = "g++ " __VERSION__;
 #endif
 
+#ifdef _GLIBCXX_RELEASE
+constexpr int cpp_library_release = _GLIBCXX_RELEASE;
+#else
+constexpr int cpp_library_release = 0;
+#endif
+
 } // namespace
 
 QString fault_report()
@@ -31,6 +41,11 @@ QString fault_report()
     text += QStringLiteral("Qt %1 (built with %2), platform %3, style %4\n")
                 .arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR), QGuiApplication::platformName(),
                      QApplication::style()->name());
+#ifdef __GLIBC__
+    text += QStringLiteral("C library %1, C++ library %2\n")
+                .arg(QString::fromLatin1(gnu_get_libc_version()))
+                .arg(cpp_library_release);
+#endif
     text += QStringLiteral("%1, %2 %3, %4\n")
                 .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
                      QSysInfo::currentCpuArchitecture());

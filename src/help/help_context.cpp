@@ -12,7 +12,7 @@ namespace kelvarin
 namespace
 {
 
-constexpr std::array<help_place, 44> places{{
+constexpr std::array<help_place, 45> places{{
     {"frmMDIKelvarin", "", "start"},
     {"start_page", "", "start"},
     {"frmRecovery", "", "reports#unsaved-problems-and-crashes"},
@@ -23,6 +23,7 @@ constexpr std::array<help_place, 44> places{{
     {"frmNleNE", "", "nonlinear#rows"},
     {"frmNleNE", "txtGuess", "nonlinear#guesses-and-ranges"},
     {"frmNleEE", "", "nonlinear#rows"},
+    {"frmLeftOut", "", "nonlinear#rows"},
     {"frmLEQ", "", "linear"},
     {"frmLEQ", "grdMatrix", "linear#the-grid"},
     {"frmDEQ", "", "differential"},

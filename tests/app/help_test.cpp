@@ -3,6 +3,7 @@
 
 #include "app/frmAbout.h"
 #include "help/window/frmHelp.h"
+#include "support/table.h"
 
 namespace kelvarin::test
 {
@@ -35,6 +36,41 @@ TEST(Help, OpensAtThePageOfTheControlInFront)
     EXPECT_EQ(help.page_name(), "contents");
 }
 
+TEST(Help, HasAPlaceForEachWindow)
+{
+    main_desk desk;
+    const auto page_at_f1 = [&] {
+        robot::press(Qt::Key_F1);
+        auto& help = top_window_of<frmHelp>("frmHelp");
+        const std::string page = help.page_name();
+        help.close();
+        return page;
+    };
+    for (const auto& [which, page] : table<window_command, std::string>{{window_command::new_leq, "linear"},
+                                                                        {window_command::new_nle, "nonlinear"},
+                                                                        {window_command::new_deq, "differential"},
+                                                                        {window_command::new_reg, "table"},
+                                                                        {window_command::new_opt, "optimization"}}) {
+        desk.window->activateWindow();
+        desk.run(which);
+        EXPECT_EQ(page_at_f1(), page);
+    }
+    for (const auto& [which, name, page] :
+         table<window_command, const char*, std::string>{{window_command::calculator, "frmCal", "tools"},
+                                                         {window_command::units, "frmUni", "tools"},
+                                                         {window_command::constants, "frmConstant", "tools"},
+                                                         {window_command::antoine, "frmAnt", "tools"},
+                                                         {window_command::setup, "frmInitials", "settings"},
+                                                         {window_command::about, "frmAbout", "start"}}) {
+        desk.run(which);
+        QWidget& window = top_window(name);
+        window.activateWindow();
+        ASSERT_TRUE(wait_until([&] { return window.isActiveWindow(); })) << name;
+        EXPECT_EQ(page_at_f1(), page) << name;
+        window.close();
+    }
+}
+
 TEST(Help, FromAnEntryDialogLeavesItOpen)
 {
     main_desk desk;
@@ -51,10 +87,13 @@ TEST(Help, AnExampleOpensInTheMainWindow)
 {
     main_desk desk;
     desk.run(window_command::contents);
-    emit top_window_of<frmHelp>("frmHelp").example_asked(QStringLiteral("gas-volume.kvr"));
-    settle();
-    ASSERT_NE(desk.window->active_child(), nullptr);
-    EXPECT_EQ(desk.window->active_child()->objectName(), QStringLiteral("frmNLE"));
+    for (const auto& [file, window] : table<const char*, const char*>{
+             {"gas-volume.kvr", "frmNLE"}, {"least-cost-pipe.kvr", "frmOPT"}, {"load-cell.kvr", "frmRGT"}}) {
+        emit top_window_of<frmHelp>("frmHelp").example_asked(QString::fromLatin1(file));
+        settle();
+        ASSERT_NE(desk.window->active_child(), nullptr) << file;
+        EXPECT_EQ(desk.window->active_child()->objectName(), QString::fromLatin1(window));
+    }
 }
 
 TEST(About, CopiesVersionsForAReportOfAFault)
@@ -65,6 +104,7 @@ TEST(About, CopiesVersionsForAReportOfAFault)
     const QString copied = desk.user.clipboard()->text();
     EXPECT_TRUE(copied.startsWith(QStringLiteral("Kelvarin 5.0.0, compiled by"))) << copied.toStdString();
     EXPECT_TRUE(copied.contains(QStringLiteral("Qt %1").arg(QString::fromLatin1(qVersion()))));
+    EXPECT_TRUE(copied.contains(QStringLiteral("C library 2."))) << copied.toStdString();
     top_window("frmAbout").close();
 }
 
