@@ -103,6 +103,7 @@ void frmMDIKelvarin::connect_parts()
         }
         close_when_runs_have_stopped();
     });
+    connect(StbMDI_, &main_status_bar::has_said, this, &frmMDIKelvarin::refresh_panels);
     connect(field_, &focused_field::changed, this, &frmMDIKelvarin::refresh_commands);
     connect(start_page_, &start_page::document_chosen, this, &frmMDIKelvarin::open_document);
     connect(start_page_, &start_page::problem_chosen, this,
@@ -123,8 +124,7 @@ void frmMDIKelvarin::restore_window_placement()
     const placement placed =
         restore_placement(context_.registry, first_placement(screen), screen_places(), usual_frame(context_.registry));
     appear_at(context_.registry, *this, placed.normal);
-    // On failure they are written when the program ends, or never.
-    static_cast<void>(context_.registry.flush());
+    store_settings(context_);
     move(placed.normal.left, placed.normal.top);
     resize(placed.normal.width, placed.normal.height);
     if (placed.state == window_state::maximised) setWindowState(Qt::WindowMaximized);
@@ -211,14 +211,22 @@ void frmMDIKelvarin::refresh_panels()
     StbMDI_->show_panels(front ? front->file_panel() : tr("No File  "), front ? front->title_panel() : tr("No Title "));
     const bool running = front && front->is_running();
     StbMDI_->show_run(running);
-    // Progress and Stop are shown during a run even if the status bar is switched off.
-    StbMDI_->setVisible(running || context_.store.is_true("general_show_status_bar"));
+    // Progress and Stop, and what has to be said, are shown even if the status bar is switched off.
+    StbMDI_->setVisible(running || StbMDI_->is_saying() || context_.store.is_true("general_show_status_bar"));
     if (running) set_progress(front->fraction_done(), 0.0, 1.0);
 }
 
 void frmMDIKelvarin::set_progress(double x, double x_start, double x_end)
 {
     StbMDI_->show_fraction((x - x_start) / (x_end - x_start));
+}
+
+void frmMDIKelvarin::say_once(const QString& text)
+{
+    if (said_.contains(text)) return;
+    said_.insert(text);
+    StbMDI_->say(text);
+    refresh_panels();
 }
 
 void frmMDIKelvarin::refresh_commands()

@@ -7,6 +7,8 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QSet>
+#include <QString>
 
 #include <filesystem>
 #include <map>
@@ -70,6 +72,7 @@ public:
     void open_document(const std::filesystem::path& path) override;
     void open_as_problem(const std::filesystem::path& path) override;
     bool recognises(const std::filesystem::path& path) const override;
+    void say_once(const QString& text) override;
     void end_program() override;
 
     /// Opens several files: each after the first in a window of its own.
@@ -151,6 +154,7 @@ private:
     QPointer<frmRecovery> recovery_bar_;
     /// The window that File, New shows for each kind.
     std::map<window_command, QPointer<problem_window>> default_windows_;
+    QSet<QString> said_;
     bool close_after_runs_ = false;
     bool ended_ = false;
 };

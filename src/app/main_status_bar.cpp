@@ -4,12 +4,15 @@
 #include "desktop/elided_label.h"
 #include "desktop/look.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QProgressBar>
 #include <QToolButton>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <initializer_list>
 
 namespace kelvarin
 {
@@ -18,6 +21,7 @@ namespace
 {
 
 constexpr int whole = 1000;
+constexpr std::chrono::seconds time_of_speech{30};
 
 } // namespace
 
@@ -33,10 +37,18 @@ main_status_bar::main_status_bar(QAction* stop, QWidget* parent) : QStatusBar(pa
         return panel;
     };
     file_ = add_panel("pnlFile", 2);
-    auto* line = new QFrame(this);
-    line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
-    addPermanentWidget(line);
+    line_ = new QFrame(this);
+    line_->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    addPermanentWidget(line_);
     title_ = add_panel("pnlTitle", 3);
+    speech_ = add_panel("pnlSpeech", 5);
+    speech_timer_.setSingleShot(true);
+    speech_timer_.setInterval(time_of_speech);
+    connect(&speech_timer_, &QTimer::timeout, this, [this] {
+        show_speech(false);
+        emit has_said();
+    });
+    show_speech(false);
 
     prgMain_ = new QProgressBar(this);
     prgMain_->setObjectName(QStringLiteral("prgMain"));
@@ -57,6 +69,22 @@ void main_status_bar::show_panels(const QString& file, const QString& title)
 {
     file_->show_text(file);
     title_->show_text(title);
+}
+
+void main_status_bar::say(const QString& text)
+{
+    speech_->show_text(text);
+    show_speech(true);
+    speech_timer_.start();
+    QAccessibleEvent alert(speech_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void main_status_bar::show_speech(bool shown)
+{
+    speech_->setVisible(shown);
+    for (QWidget* panel : std::initializer_list<QWidget*>{file_, line_, title_})
+        panel->setVisible(!shown);
 }
 
 void main_status_bar::show_run(bool running)

@@ -48,6 +48,8 @@ public:
     virtual void open_as_problem(const std::filesystem::path& path) = 0;
     /// Whether a file is a graph, a report, or by its lines a problem of some kind.
     virtual bool recognises(const std::filesystem::path& path) const = 0;
+    /// Says in the status bar what is worth knowing but no reason for a box. The same words are said only once.
+    virtual void say_once(const QString& text) = 0;
     /// Ends the program after a fatal box has been shown; recovery files are kept.
     virtual void end_program() = 0;
 };
@@ -62,5 +64,8 @@ struct desktop_context
     recovery_store& recovery;
     main_frame& frame;
 };
+
+/// Stores what was written to the registry; a failure is said in the status bar.
+void store_settings(const desktop_context& context);
 
 } // namespace kelvarin

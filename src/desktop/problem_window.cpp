@@ -17,20 +17,14 @@
 namespace kelvarin
 {
 
-namespace
-{
-
-/// Long enough not to write at every key, short enough to lose little typing.
-constexpr int recovery_delay_ms = 500;
-
-} // namespace
-
 problem_window::problem_window(desktop_context& context, const problem_kind& kind)
-    : document_window(context, kind.window_name), kind_(&kind), run_(this)
+    : document_window(context, kind.window_name), kind_(&kind), run_(this),
+      recovery_(
+          context.recovery, [this] { return recovery_snapshot(); }, this)
 {
-    recovery_timer_.setSingleShot(true);
-    recovery_timer_.setInterval(recovery_delay_ms);
-    connect(&recovery_timer_, &QTimer::timeout, this, &problem_window::keep_recovery_copy);
+    connect(&recovery_, &recovery_keeper::failed, this, [this](const QString& reason) {
+        this->context().frame.say_once(tr("Unsaved work can not be kept against a crash: %1.").arg(reason));
+    });
     connect(&run_, &run_controller::started, this, &problem_window::run_started);
     connect(&run_, &run_controller::progressed, this, &problem_window::state_changed);
     connect(&run_, &run_controller::finished, this, &problem_window::run_finished);
@@ -100,8 +94,7 @@ void problem_window::remember_file()
 {
     remember_recent_file(context().registry, kind_->recent_suffix, document().path());
     remember_folder(context().registry, kind_->key, document().path());
-    // The problem is saved; a failure to store the list of recent files is not worth a message.
-    static_cast<void>(context().registry.flush());
+    store_settings(context());
     show_recent_files();
 }
 
@@ -167,8 +160,7 @@ void problem_window::document_changed()
 {
     show_title();
     show_document();
-    // Not started anew by each change: while changes keep coming, a copy is still due.
-    if (!recovery_timer_.isActive()) recovery_timer_.start();
+    recovery_.document_changed();
     emit state_changed();
 }
 
@@ -230,7 +222,7 @@ bool problem_window::read(const std::filesystem::path& path)
         return false;
     }
     keeps_older_format_ = false;
-    drop_recovery_copy();
+    recovery_.drop();
     remember_file();
     document_replaced();
     document_changed();
@@ -291,7 +283,7 @@ bool problem_window::write_file(const std::filesystem::path& path, int filter_in
         return false;
     }
     keeps_older_format_ = older;
-    drop_recovery_copy();
+    recovery_.drop();
     remember_file();
     document_changed();
     return true;
@@ -300,30 +292,25 @@ bool problem_window::write_file(const std::filesystem::path& path, int filter_in
 bool problem_window::recover(int slot, const recovery_entry& entry)
 {
     if (!document().restore(entry.content, entry.path)) return false;
-    recovery_slot_ = slot;
+    recovery_.take_over(slot);
     document_changed();
     return true;
 }
 
-void problem_window::keep_recovery_copy()
+std::optional<recovery_keeper::entry_maker> problem_window::recovery_snapshot() const
 {
-    recovery_timer_.stop();
-    if (!document().needs_recovery()) return drop_recovery_copy();
-    if (recovery_slot_ == 0) recovery_slot_ = context().recovery.new_slot();
-    // A failure to write the recovery copy must not interrupt the work.
-    static_cast<void>(context().recovery.keep(recovery_slot_, {.kind = std::string(document().kind()),
-                                                               .title = document().title(),
-                                                               .path = document().path(),
-                                                               .kept_at = std::time(nullptr),
-                                                               .content = document().recovery_text()}));
-}
-
-void problem_window::drop_recovery_copy()
-{
-    recovery_timer_.stop();
-    if (recovery_slot_ == 0) return;
-    context().recovery.drop(recovery_slot_);
-    recovery_slot_ = 0;
+    const problem_document& kept = document();
+    if (!kept.needs_recovery()) return std::nullopt;
+    recovery_entry entry = {.kind = std::string(kept.kind()),
+                            .title = kept.title(),
+                            .path = kept.path(),
+                            .kept_at = std::time(nullptr),
+                            .content = {}};
+    return [entry, make_text = kept.recovery_text_maker()] {
+        recovery_entry whole = entry;
+        whole.content = make_text();
+        return whole;
+    };
 }
 
 QString problem_window::printed_name() const
@@ -371,7 +358,7 @@ void problem_window::closeEvent(QCloseEvent* event)
         return;
     }
     document_window::closeEvent(event);
-    if (event->isAccepted()) drop_recovery_copy();
+    if (event->isAccepted()) recovery_.drop();
 }
 
 } // namespace kelvarin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/document_window.h"
+#include "desktop/recovery_keeper.h"
 #include "desktop/run_controller.h"
 #include "shell/document/problem_document.h"
 #include "shell/document/problem_kind.h"
@@ -9,9 +10,9 @@
 
 #include <QPointer>
 #include <QString>
-#include <QTimer>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -72,7 +73,7 @@ public:
     bool recover(int slot, const recovery_entry& entry);
 
     /// Writes unsaved work to its recovery file now, or removes the file if there is none.
-    void keep_recovery_copy();
+    void keep_recovery_copy() { recovery_.keep_now(); }
 
 protected:
     /// Updates the window after any change of the document.
@@ -135,7 +136,7 @@ private:
     /// The document's file, else `name` in the folder that was last used for this kind.
     std::filesystem::path proposed_file(const std::string& name) const;
     void show_title();
-    void drop_recovery_copy();
+    std::optional<recovery_keeper::entry_maker> recovery_snapshot() const;
     void step_back_or_forth(bool back);
     void run_started();
     void run_finished();
@@ -150,8 +151,7 @@ private:
     QAction* behind_recent_ = nullptr;
     std::vector<std::filesystem::path> recent_files_;
     std::vector<problem_report> reports_;
-    QTimer recovery_timer_;
-    int recovery_slot_ = 0;
+    recovery_keeper recovery_;
     bool close_after_run_ = false;
     /// The file was written in the kind's older format, in which Save keeps it.
     bool keeps_older_format_ = false;

@@ -32,6 +32,9 @@ public:
         memory_registry::write(key, value_name, value);
         written_.emplace_back(key == registry_root ? std::string(value_name) : std::string(key));
     }
+    std::optional<file_failure> flush() override { return failure; }
+
+    std::optional<file_failure> failure;
     std::vector<std::string> take_written() { return std::exchange(written_, {}); }
 
 private:

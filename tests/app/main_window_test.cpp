@@ -198,6 +198,30 @@ TEST(MainWindow, StatusBarShowsFileTitleAndTheRunOfTheWindowInFront)
     EXPECT_FALSE(progress.isVisible());
 }
 
+TEST(MainWindow, SaysEachTextOnceAlsoWithoutAStatusBar)
+{
+    main_desk desk;
+    ASSERT_EQ(desk.store.set_value("general_show_status_bar", "False"), std::nullopt);
+    desk.new_problem();
+    ASSERT_FALSE(desk.person().is_shown("StbMDI"));
+    desk.window->say_once(QStringLiteral("<b> of the first"));
+    EXPECT_TRUE(desk.person().is_shown("pnlSpeech"));
+    EXPECT_EQ(desk.person().text("pnlSpeech"), "<b> of the first");
+    EXPECT_FALSE(desk.person().is_shown("pnlFile"));
+    desk.window->say_once(QStringLiteral("second"));
+    desk.window->say_once(QStringLiteral("<b> of the first"));
+    EXPECT_EQ(desk.person().text("pnlSpeech"), "second");
+}
+
+TEST(MainWindow, SaysThatSettingsCanNotBeSaved)
+{
+    main_desk desk;
+    desk.registry.failure = file_failure{desk.folder.path(), "No space left on device"};
+    store_settings(*desk.context);
+    settle();
+    EXPECT_EQ(desk.person().text("pnlSpeech"), "Settings can not be saved: No space left on device.");
+}
+
 TEST(MainWindow, ProgressIsAPartOfTheWay)
 {
     main_desk desk;

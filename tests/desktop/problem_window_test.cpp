@@ -7,11 +7,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QPointer>
 #include <QThread>
 
+#include <atomic>
 #include <fstream>
+#include <functional>
+#include <memory>
 
 namespace
 {
@@ -64,6 +68,17 @@ public:
         return true;
     }
     std::string printed_listing() const override { return title_; }
+    std::function<std::string()> recovery_text_maker() const override
+    {
+        return [title = title_, slow = is_slow] {
+            while (slow && *slow)
+                QThread::msleep(1);
+            return title;
+        };
+    }
+
+    /// While it is true, no recovery text is finished.
+    std::shared_ptr<std::atomic<bool>> is_slow;
 
 private:
     std::string title_;
@@ -124,6 +139,20 @@ struct note_test : testing::Test
         desk.frame.show_child(window);
     }
     std::string content(const std::string& file) const { return read_text_file(desk.folder / file).text; }
+    /// The recovery copies.
+    std::vector<std::filesystem::path> kept_files() const
+    {
+        std::vector<std::filesystem::path> files;
+        for (const auto& entry : std::filesystem::directory_iterator(desk.folder / "recovery"))
+            if (entry.path().extension() == ".json") files.push_back(entry.path());
+        return files;
+    }
+    std::size_t kept() const { return kept_files().size(); }
+    std::string kept_text() const
+    {
+        const std::vector<std::filesystem::path> files = kept_files();
+        return files.empty() ? std::string() : read_text_file(files.front()).text;
+    }
 
     test_desk desk;
     QPointer<frmNote> window;
@@ -167,24 +196,56 @@ TEST_F(note_test, StaysUnsavedWhereSavingFails)
 
 TEST_F(note_test, KeepsARecoveryCopyExactlyWhileUnsaved)
 {
-    const auto kept = [this] {
-        int files = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(desk.folder / "recovery"))
-            files += entry.path().extension() == ".json" ? 1 : 0;
-        return files;
-    };
-    ASSERT_EQ(kept(), 0);
+    ASSERT_EQ(kept(), 0U);
     window->write("first");
     EXPECT_TRUE(wait_until([&] { return kept() == 1; })) << "nothing was kept by itself";
     desk.user.expect_file(chosen_file{desk.folder / "note.kvr"});
     EXPECT_TRUE(window->save());
-    EXPECT_EQ(kept(), 0);
+    EXPECT_EQ(kept(), 0U);
     window->write("second");
     window->keep_recovery_copy();
-    EXPECT_EQ(kept(), 1);
+    EXPECT_EQ(kept(), 1U);
     desk.user.expect_question("Save before closing ?", user_answer::no);
     EXPECT_TRUE(window->close_with_frame());
-    EXPECT_EQ(kept(), 0);
+    EXPECT_EQ(kept(), 0U);
+}
+
+TEST_F(note_test, RecoveryCopiesFollowWhileChangesKeepComing)
+{
+    QElapsedTimer clock;
+    clock.start();
+    const auto is_kept = [&](const std::string& title) {
+        // Faster than the pause before a copy.
+        window->write(title + std::to_string(clock.elapsed()));
+        return kept_text().find(title) != std::string::npos;
+    };
+    EXPECT_TRUE(wait_until([&] { return is_kept("first"); }, 2000));
+    EXPECT_TRUE(wait_until([&] { return is_kept("second"); }, 4000));
+}
+
+TEST_F(note_test, ASlowRecoveryCopyKeepsNobodyWaiting)
+{
+    const auto slow = std::make_shared<std::atomic<bool>>(true);
+    window->document().is_slow = slow;
+    window->write("first");
+    // Well into the making of the copy; this returns although that doesn't.
+    EXPECT_FALSE(wait_until([&] { return kept() > 0; }, 700));
+    desk.user.expect_file(chosen_file{desk.folder / "note.kvr"});
+    EXPECT_TRUE(window->save());
+    *slow = false;
+    EXPECT_FALSE(wait_until([] { return false; }, 200));
+    EXPECT_EQ(kept(), 0U) << "a copy of what was saved came late";
+    window->write("second");
+    EXPECT_TRUE(wait_until([&] { return kept_text().find("second") != std::string::npos; }));
+}
+
+TEST_F(note_test, SaysThatRecoveryCopiesCanNotBeKept)
+{
+    std::filesystem::remove_all(desk.folder / "recovery");
+    window->write("first");
+    ASSERT_TRUE(wait_until([&] { return !desk.frame.said().isEmpty(); }));
+    EXPECT_EQ(desk.frame.said().front().toStdString(),
+              "Unsaved work can not be kept against a crash: No such file or directory.");
 }
 
 TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)

@@ -9,6 +9,7 @@
 
 #include <QMenu>
 #include <QPointer>
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>
@@ -35,12 +36,14 @@ public:
     void open_document(const std::filesystem::path& path) override { opened_.push_back(path); }
     void open_as_problem(const std::filesystem::path& path) override { opened_.push_back(path); }
     bool recognises(const std::filesystem::path&) const override { return recognises_files; }
+    void say_once(const QString& text) override { said_.append(text); }
     void end_program() override { ++ended_; }
 
     /// All children that still exist, in the order in which they came.
     std::vector<child_window*> children() const;
     const std::vector<std::filesystem::path>& opened() const { return opened_; }
     int ended() const { return ended_; }
+    const QStringList& said() const { return said_; }
 
     /// Whether files are of some kind.
     bool recognises_files = true;
@@ -56,6 +59,7 @@ private:
     QMenu help_menu_{QStringLiteral("&Help")};
     std::vector<QPointer<child_window>> children_;
     std::vector<std::filesystem::path> opened_;
+    QStringList said_;
     int ended_ = 0;
 };
 

@@ -134,8 +134,7 @@ std::optional<picture_size> frmGraph::size_of_pictures(bool asks_again)
     registry.write(picture_key, "width", next.width);
     registry.write(picture_key, "height", next.height);
     registry.write(picture_key, "dots", next.dots_per_inch);
-    // Asked again next time if it can't be stored.
-    static_cast<void>(registry.flush());
+    store_settings(context());
     return size;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/saver.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,6 +52,11 @@ public:
 
     /// The whole content in a private format, from which `restore` recreates it without loss.
     virtual std::string recovery_text() const = 0;
+    /// Makes recovery_text of the document as it is now, later and in any thread.
+    virtual std::function<std::string()> recovery_text_maker() const
+    {
+        return [text = recovery_text()] { return text; };
+    }
     /// Replaces the content by a recovered one with its path; it counts as unsaved. Returns false and changes nothing
     /// if `recovery_text` didn't write the text.
     virtual bool restore(std::string_view recovery_text, const std::filesystem::path& path) = 0;

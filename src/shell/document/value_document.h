@@ -11,6 +11,7 @@
 #include "shell/document/problem_document.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -112,6 +113,10 @@ public:
     }
 
     std::string recovery_text() const final { return format_->recovery_text(content_); }
+    std::function<std::string()> recovery_text_maker() const final
+    {
+        return [format = format_, content = content_] { return format->recovery_text(content); };
+    }
     bool restore(std::string_view recovery_text, const std::filesystem::path& path) override
     {
         std::optional<Content> read = format_->read_recovery(recovery_text);
