@@ -93,7 +93,7 @@ void document_window::show_caption(QString caption)
 void document_window::print(bool preview)
 {
     user_interface& user = context().user;
-    const page_painter paint = [this](QPagedPaintDevice& device) { print_pages(device); };
+    const page_painter paint = [this](QPagedPaintDevice& device) { return print_pages(device); };
     const print_outcome outcome =
         preview ? user.print_preview(this, printed_name(), paint) : user.print(this, printed_name(), paint);
     if (outcome == print_outcome::failed)

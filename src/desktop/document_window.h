@@ -41,9 +41,9 @@ protected:
     /// has to be confirmed. Shows a failure. Returns true if the content is saved.
     virtual bool write_file(const std::filesystem::path& path, int filter_index) = 0;
 
-    /// The title of the printed document, and its pages.
+    /// The title of the printed document, and its pages; false if their painting was stopped.
     virtual QString printed_name() const = 0;
-    virtual void print_pages(QPagedPaintDevice& device) const = 0;
+    virtual bool print_pages(QPagedPaintDevice& device) const = 0;
 
     /// The question before the window closes with unsaved work; empty if there is nothing to ask.
     virtual std::string question_on_close() const { return {}; }

@@ -27,7 +27,7 @@ print_outcome write_pdf(const QPrinter& printer, const page_painter& paint)
         writer.setResolution(printer.resolution());
         writer.setPageLayout(printer.pageLayout());
         writer.setPageRanges(printer.pageRanges());
-        paint(writer);
+        if (!paint(writer)) return print_outcome::cancelled;
     }
     const auto failure = save_file(to_path(printer.outputFileName()), bytes.toStdString());
     return failure ? print_outcome::failed : print_outcome::printed;
@@ -39,7 +39,10 @@ print_outcome print_pages(QPrinter& printer, const page_painter& paint)
 {
     if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty())
         return write_pdf(printer, paint);
-    paint(printer);
+    if (!paint(printer)) {
+        printer.abort();
+        return print_outcome::cancelled;
+    }
     return outcome_of(printer);
 }
 

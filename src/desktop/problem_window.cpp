@@ -318,9 +318,10 @@ QString problem_window::printed_name() const
     return to_qstring(document().title().empty() ? std::string(kind_->caption) : document().title());
 }
 
-void problem_window::print_pages(QPagedPaintDevice& device) const
+bool problem_window::print_pages(QPagedPaintDevice& device) const
 {
     print_text(device, document().printed_listing());
+    return true;
 }
 
 void problem_window::run_started()

@@ -121,7 +121,7 @@ protected:
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
     QString printed_name() const override;
-    void print_pages(QPagedPaintDevice& device) const override;
+    bool print_pages(QPagedPaintDevice& device) const override;
     std::string question_on_close() const override { return kind_->unsaved_on_close; }
     void closeEvent(QCloseEvent* event) override;
 

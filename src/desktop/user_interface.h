@@ -59,8 +59,8 @@ struct chosen_file
     int filter_index = 1;
 };
 
-/// Paints pages on a printer or into a file.
-using page_painter = std::function<void(QPagedPaintDevice&)>;
+/// Paints pages on a printer or into a file. Returns false if it was stopped: then nothing is printed.
+using page_painter = std::function<bool(QPagedPaintDevice&)>;
 
 enum class print_outcome
 {

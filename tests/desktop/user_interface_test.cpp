@@ -53,7 +53,10 @@ TEST(PagePrinting, ToAFullDiskFailsAloudAndLeavesTheOldFile)
 {
     const test::scratch_folder folder;
     folder.write("listing.pdf", "before");
-    const page_painter paint = [](QPagedPaintDevice& device) { print_text(device, std::string(20000, 'x')); };
+    const page_painter paint = [](QPagedPaintDevice& device) {
+        print_text(device, std::string(20000, 'x'));
+        return true;
+    };
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path_text(folder / "listing.pdf"));
@@ -75,7 +78,11 @@ TEST(PagePrinting, ToADeviceThatTakesNothingFails)
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(QStringLiteral("/dev/full"));
-    EXPECT_EQ(print_pages(printer, [](QPagedPaintDevice& device) { print_text(device, "x"); }), print_outcome::failed);
+    const page_painter short_page = [](QPagedPaintDevice& device) {
+        print_text(device, "x");
+        return true;
+    };
+    EXPECT_EQ(print_pages(printer, short_page), print_outcome::failed);
 }
 
 } // namespace

@@ -68,7 +68,7 @@ protected:
     std::string question_on_close() const override;
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
-    void print_pages(QPagedPaintDevice& device) const override;
+    bool print_pages(QPagedPaintDevice& device) const override;
 
 private:
     using content_flag = bool graph_content::*;

@@ -152,9 +152,10 @@ void frmGraph::write_picture(const std::filesystem::path& path, picture_format f
         context().user.show(this, {"Error while trying to save file.", box_icon::critical});
 }
 
-void frmGraph::print_pages(QPagedPaintDevice& device) const
+bool frmGraph::print_pages(QPagedPaintDevice& device) const
 {
     print_graph(device, content(), PicGraph_->looks(), size_of_window());
+    return true;
 }
 
 void frmGraph::copy_picture()

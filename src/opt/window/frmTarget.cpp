@@ -135,7 +135,10 @@ void frmTarget::cmdSave_Click()
 
 void frmTarget::cmdPrint_Click()
 {
-    const page_painter paint = [this](QPagedPaintDevice& device) { print_picture(device, drawer(), shown_size()); };
+    const page_painter paint = [this](QPagedPaintDevice& device) {
+        print_picture(device, drawer(), shown_size());
+        return true;
+    };
     if (context_.user.print(this, windowTitle(), paint) == print_outcome::failed)
         context_.user.show(this, {"Error while trying to print or setting printer.", box_icon::critical});
 }

@@ -3,7 +3,7 @@
 
 #include "desktop/look.h"
 #include "shell/report/rich_text.h"
-#include "shell/window/report_document.h"
+#include "shell/window/report_filler.h"
 
 #include <QPushButton>
 #include <QScrollBar>

@@ -11,9 +11,14 @@
 #include "shell/window/report_cells.h"
 #include "shell/window/report_document.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QPagedPaintDevice>
+#include <QProgressDialog>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <memory>
 
 namespace kelvarin
 {
@@ -26,6 +31,23 @@ constexpr const char* report_title = "KELVARIN Report ";
 constexpr const char* folder_key = "report";
 constexpr int problem_line_margin = 4;
 constexpr const char* rich_text_mark = R"({\rtf)";
+
+/// Shows progress with a button that stops, if the work takes long.
+print_progress progress_box(QWidget& parent, const QString& text)
+{
+    constexpr int whole = 1000;
+    constexpr int milliseconds_before = 400;
+    QWidget* const over = QApplication::activeModalWidget();
+    const auto box =
+        std::make_shared<QProgressDialog>(text, frmSolution::tr("Stop"), 0, whole, over ? over : parent.window());
+    box->setObjectName(QStringLiteral("frmPages"));
+    box->setWindowModality(Qt::WindowModal);
+    box->setMinimumDuration(milliseconds_before);
+    return [box](double part) {
+        box->setValue(static_cast<int>(std::min(part, 1.0) * whole));
+        return !box->wasCanceled();
+    };
+}
 
 } // namespace
 
@@ -151,7 +173,7 @@ void frmSolution::show_report(std::string rich_text, const QString& caption)
 
 void frmSolution::show_text(std::string text, const QString& caption)
 {
-    rich_text_ = rich_text_of(styled_plain_text(text));
+    rich_text_.clear();
     given_text_ = std::move(text);
     caption_ = caption;
     mnuRefresh_Click();
@@ -169,6 +191,11 @@ void frmSolution::show_title()
 {
     show_caption(caption_);
     emit state_changed();
+}
+
+std::string frmSolution::rich_text() const
+{
+    return given_text_ ? rich_text_of(styled_plain_text(*given_text_)) : rich_text_;
 }
 
 std::string frmSolution::plain_text() const
@@ -224,24 +251,24 @@ void frmSolution::copy()
     if (!marked.empty()) context().user.copy(clipboard_content(marked));
 }
 
-void frmSolution::print_pages(QPagedPaintDevice& device) const
+bool frmSolution::print_pages(QPagedPaintDevice& device) const
 {
-    print_lines(device, txtSolution_->lines());
+    return print_lines(device, txtSolution_->lines(), progress_box(*txtSolution_, tr("Making pages...")));
 }
 
-std::string frmSolution::content_as(report_format format) const
+std::optional<std::string> frmSolution::content_as(report_format format)
 {
     switch (format) {
     case report_format::plain_text:
         return plain_text();
     case report_format::pdf:
-        return pdf_of(txtSolution_->lines(), caption_);
+        return pdf_of(txtSolution_->lines(), caption_, progress_box(*txtSolution_, tr("Making pages...")));
     case report_format::html:
         return html_of(txtSolution_->lines(), to_text(caption_));
     case report_format::rich_text:
         break;
     }
-    return rich_text_;
+    return rich_text();
 }
 
 file_question frmSolution::save_question() const
@@ -256,7 +283,9 @@ file_question frmSolution::save_question() const
 bool frmSolution::write_file(const std::filesystem::path& path, int filter_index)
 {
     const report_format format = filter_index == 0 ? file_format_ : format_of_report(path, filter_index);
-    if (const auto failure = save_file(path, content_as(format))) {
+    const std::optional<std::string> content = content_as(format);
+    if (!content) return false;
+    if (const auto failure = save_file(path, *content)) {
         context().user.show(this, {"Error\r" + failure->reason, box_icon::critical});
         return false;
     }

@@ -43,7 +43,7 @@ public:
     problem_window* its_problem() override { return problem_; }
 
     /// The rich text as it is saved.
-    const std::string& rich_text() const { return rich_text_; }
+    std::string rich_text() const;
     std::string plain_text() const;
 
     QList<QMenu*> menus() override;
@@ -57,7 +57,7 @@ protected:
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
     QString printed_name() const override { return caption_; }
-    void print_pages(QPagedPaintDevice& device) const override;
+    bool print_pages(QPagedPaintDevice& device) const override;
 
 private:
     void build_ui();
@@ -68,10 +68,12 @@ private:
     void mnuRefresh_Click();
     void use_solution();
     void copy();
-    std::string content_as(report_format format) const;
+    /// The report in a form; nullopt if making it was stopped.
+    std::optional<std::string> content_as(report_format format);
 
     QPointer<problem_window> problem_;
     std::vector<solved_value> solution_;
+    /// Empty for a text.
     std::string rich_text_;
     /// The text of a file that was opened as plain text; nullopt for rich text.
     std::optional<std::string> given_text_;

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/report_document.h"
 
-#include "desktop/look.h"
 #include "desktop/qt_text.h"
 #include "shell/window/report_blocks.h"
-#include "shell/window/report_cells.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QFontMetricsF>
-#include <QGuiApplication>
+#include <QPageRanges>
+#include <QPagedPaintDevice>
+#include <QPainter>
 #include <QPdfWriter>
-#include <QScreen>
 #include <QTextBlock>
-#include <QTextOption>
+#include <QTextFrame>
 
 #include <algorithm>
+#include <limits>
 
 namespace kelvarin
 {
@@ -23,127 +23,8 @@ namespace kelvarin
 namespace
 {
 
-constexpr double points_per_inch = 72.0;
-/// Tab stops in fixed-width lines.
-constexpr int columns_of_tab = 8;
 /// A table that would need a smaller scale is broken into blocks of columns: 8 points become 6.
 constexpr double smallest_print = 0.75;
-
-/// The resolution that the toolkit assumes for a document.
-double pixels_per_inch()
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? screen->logicalDotsPerInchY() : 96.0;
-}
-
-QFont::StyleHint hint_of(font_class family)
-{
-    if (family == font_class::serif) return QFont::Serif;
-    return family == font_class::sans ? QFont::SansSerif : QFont::Monospace;
-}
-
-QTextCharFormat format_of(const styled_run& run, double zoom)
-{
-    QTextCharFormat format;
-    format.setFontFamilies({to_qstring(run.font)});
-    // Used if the font isn't installed; names of generic families have no fallback of their own.
-    format.setFontStyleHint(hint_of(run.family));
-    if (run.family == font_class::monospace) {
-        format.setFontFixedPitch(true);
-        // Columns are aligned only in a fixed-width font, which the substitute of a missing font need not be.
-        const QStringList families = {to_qstring(run.font)};
-        if (const QFont named(families.front()); !has_equal_widths(named))
-            format.setFontFamilies(families + of_equal_widths(named).families());
-    }
-    format.setFontPointSize(run.size / 2.0 * zoom);
-    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
-    format.setFontItalic(run.italic);
-    format.setFontUnderline(run.underline);
-    format.setForeground(QColor(run.colour.red, run.colour.green, run.colour.blue));
-    return format;
-}
-
-/// The formats of runs at a zoom; consecutive runs of one style share a format.
-class format_maker
-{
-public:
-    explicit format_maker(double zoom) : zoom_(zoom), format_(format_of(last_, zoom)) {}
-
-    const QTextCharFormat& of(const styled_run& run)
-    {
-        styled_run style = run;
-        style.text.clear();
-        if (style == last_) return format_;
-        last_ = std::move(style);
-        format_ = format_of(last_, zoom_);
-        return format_;
-    }
-
-private:
-    double zoom_;
-    styled_run last_;
-    QTextCharFormat format_;
-};
-
-/// Tab stops at every eighth column, for lines entirely in fixed width.
-QList<QTextOption::Tab> column_tabs(const styled_line& line, const QTextCharFormat& format)
-{
-    qsizetype letters = 0;
-    qsizetype tabs = 0;
-    for (const styled_run& run : line) {
-        const QString text = to_qstring(run.text);
-        letters += text.size();
-        tabs += text.count(QLatin1Char('\t'));
-    }
-    QList<QTextOption::Tab> stops;
-    if (tabs == 0) return stops;
-    const double width = QFontMetricsF(format.font()).horizontalAdvance(QLatin1Char('0'));
-    const qsizetype count = letters / columns_of_tab + tabs;
-    for (qsizetype i = 1; i <= count; ++i)
-        stops.append(QTextOption::Tab(static_cast<double>(i) * columns_of_tab * width, QTextOption::LeftTab));
-    return stops;
-}
-
-/// `leading` is the format of the line's first run.
-QTextBlockFormat block_format_of(const styled_line& line, const QTextCharFormat& leading)
-{
-    QTextBlockFormat format;
-    if (!is_fixed_width(line)) return format;
-    format.setNonBreakableLines(is_table_row(line));
-    if (const QList<QTextOption::Tab> stops = column_tabs(line, leading); !stops.isEmpty())
-        format.setTabPositions(stops);
-    return format;
-}
-
-/// Splits a run so that the line under a "Q" is left out: it would run through the tail, and the letter would read "O".
-std::vector<styled_run> with_line_below_spared(const styled_run& run)
-{
-    std::vector<styled_run> parts;
-    const bool has_tail = run.underline && run.text.find('Q') != run.text.npos;
-    for (const char byte : has_tail ? std::string_view(run.text) : std::string_view()) {
-        const bool underlined = byte != 'Q';
-        if (parts.empty() || parts.back().underline != underlined) {
-            parts.push_back(run);
-            parts.back().text.clear();
-            parts.back().underline = underlined;
-        }
-        parts.back().text += byte;
-    }
-    if (parts.empty()) parts.push_back(run);
-    return parts;
-}
-
-/// The text of a run, with blanks for the characters that the toolkit would treat as the end of a block.
-QString shown_text(const styled_run& run)
-{
-    QString text = to_qstring(run.text);
-    const auto ends_block = [](QChar letter) {
-        return letter == QChar::ParagraphSeparator || letter == QChar::LineSeparator ||
-               letter == QChar::ObjectReplacementCharacter || letter == QChar(0xFDD0) || letter == QChar(0xFDD1);
-    };
-    std::ranges::replace_if(text, ends_block, QChar(QLatin1Char(' ')));
-    return text;
-}
 
 /// The width of a line of text on the page, in pixels of the document.
 double width_of_text(const QPagedPaintDevice& device)
@@ -152,7 +33,7 @@ double width_of_text(const QPagedPaintDevice& device)
     // Advances on paper differ slightly from those measured for the screen.
     constexpr double part_taken = 0.98;
     const double inches = device.pageLayout().paintRect(QPageLayout::Inch).width() - margins_in_inches;
-    return inches * pixels_per_inch() * part_taken;
+    return inches * document_pixels_per_inch() * part_taken;
 }
 
 /// The width of a line of text on the page, which is turned to landscape if only that makes room for `needed`.
@@ -165,6 +46,91 @@ double room_on_page(QPagedPaintDevice& device, double needed)
     if (const double turned = width_of_text(device); needed <= turned) return turned;
     device.setPageLayout(before);
     return upright;
+}
+
+/// How far a place in the text of a document's block is from the start of its line, in UTF-16 units.
+qsizetype place_in_line(const QTextDocument& document, std::span<const block_place> blocks, int position,
+                        std::size_t& line)
+{
+    const QTextBlock block = document.findBlock(position);
+    const block_place& place = blocks[std::min(static_cast<std::size_t>(block.blockNumber()), blocks.size() - 1)];
+    line = place.line;
+    return place.from + position - block.position();
+}
+
+/// The margin around the text of a page, in the units of the device.
+double page_margin(const QPagedPaintDevice& device)
+{
+    constexpr double inches = 2.0 / 2.54;
+    return inches * device.logicalDpiY();
+}
+
+void prepare_pages(QTextDocument& document, QPagedPaintDevice& device)
+{
+    document.setUseDesignMetrics(true);
+    document.documentLayout()->setPaintDevice(&device);
+    document.setPageSize(QSizeF(device.width(), device.height()));
+    QTextFrameFormat format = document.rootFrame()->frameFormat();
+    format.setMargin(page_margin(device));
+    document.rootFrame()->setFrameFormat(format);
+}
+
+void paint_page(QPainter& painter, QTextDocument& document, int page)
+{
+    const QSizeF size = document.pageSize();
+    const auto& device = static_cast<const QPagedPaintDevice&>(*painter.device());
+    painter.save();
+    painter.translate(0.0, -(page - 1) * size.height());
+    const QRectF view(0.0, (page - 1) * size.height(), size.width(), size.height());
+    QAbstractTextDocumentLayout::PaintContext context;
+    painter.setClipRect(view);
+    context.clip = view;
+    // The colour of what has none of its own.
+    context.palette.setColor(QPalette::Text, Qt::black);
+    document.documentLayout()->draw(&painter, context);
+    painter.restore();
+
+    constexpr double points_below_text = 5.0;
+    constexpr double points_per_inch = 72.0;
+    painter.setFont(QFont(document.defaultFont()));
+    const QString number = QString::number(page);
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    const double margin = page_margin(device);
+    painter.drawText(
+        QPointF(size.width() - margin - metrics.horizontalAdvance(number),
+                size.height() - margin + metrics.ascent() + points_below_text * device.logicalDpiY() / points_per_inch),
+        number);
+}
+
+/// Prints lines of which no row is wider than the page.
+bool print_fitting_lines(QPagedPaintDevice& device, std::span<const styled_line> lines, double zoom,
+                         const print_progress& goes_on)
+{
+    constexpr std::size_t letters_at_once = 10'000;
+    // Making the pages takes about as long as painting them.
+    constexpr double part_of_filling = 0.5;
+    QTextDocument document;
+    prepare_pages(document, device);
+    document_filler filler(document, lines, zoom);
+    while (!filler.at_end()) {
+        filler.add(letters_at_once);
+        const double lines_done = static_cast<double>(filler.blocks().back().line);
+        if (!goes_on(part_of_filling * lines_done / static_cast<double>(lines.size()))) return false;
+    }
+    QPainter painter(&device);
+    // A printer that can't begin says so by its state.
+    if (!painter.isActive()) return true;
+    const int pages = document.pageCount();
+    const QPageRanges chosen = device.pageRanges();
+    bool is_first = true;
+    for (int page = 1; page <= pages; ++page) {
+        if (!chosen.isEmpty() && !chosen.contains(page)) continue;
+        if (!is_first && !device.newPage()) return true;
+        is_first = false;
+        paint_page(painter, document, page);
+        if (!goes_on(part_of_filling + (1.0 - part_of_filling) * page / pages)) return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -186,95 +152,51 @@ styled_line part_of_line(const styled_line& line, qsizetype from, qsizetype to)
     return part;
 }
 
-void fill_document(QTextDocument& document, std::span<const styled_line> lines, double zoom)
-{
-    document.setUndoRedoEnabled(false);
-    document.clear();
-    QTextOption option = document.defaultTextOption();
-    option.setTabStopDistance(tab_distance / 20.0 / points_per_inch * pixels_per_inch() * zoom);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    document.setDefaultTextOption(option);
-
-    format_maker formats(zoom);
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    bool first = true;
-    for (const styled_line& line : lines) {
-        const QTextCharFormat leading = formats.of(line.empty() ? styled_run{} : line.front());
-        const QTextBlockFormat block = block_format_of(line, leading);
-        if (first) {
-            cursor.setBlockFormat(block);
-            cursor.setBlockCharFormat(leading);
-        } else {
-            cursor.insertBlock(block, leading);
-        }
-        first = false;
-        for (const styled_run& run : line) {
-            for (const styled_run& part : with_line_below_spared(run))
-                cursor.insertText(shown_text(part), formats.of(part));
-        }
-    }
-    cursor.endEditBlock();
-}
-
-double widest_row(const QTextDocument& document)
-{
-    // Requesting the last block lays out all blocks.
-    static_cast<void>(document.documentLayout()->blockBoundingRect(document.lastBlock()));
-    double widest = 0.0;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (!block.blockFormat().nonBreakableLines()) continue;
-        for (int i = 0; i < block.layout()->lineCount(); ++i)
-            widest = std::max(widest, block.layout()->lineAt(i).naturalTextWidth());
-    }
-    return widest;
-}
-
-std::vector<styled_line> selected_lines(std::span<const styled_line> lines, const QTextCursor& selection)
+std::vector<styled_line> selected_lines(std::span<const styled_line> lines, std::span<const block_place> blocks,
+                                        const QTextCursor& selection, bool to_end)
 {
     std::vector<styled_line> part;
-    if (!selection.hasSelection()) return part;
-    const QTextDocument& document = *selection.document();
-    const QTextBlock first = document.findBlock(selection.selectionStart());
-    const QTextBlock last = document.findBlock(selection.selectionEnd());
-    for (QTextBlock block = first; block.isValid() && block.position() <= last.position(); block = block.next()) {
-        const auto number = static_cast<std::size_t>(block.blockNumber());
-        if (number >= lines.size()) break;
-        const int from = std::max(selection.selectionStart() - block.position(), 0);
-        const int to = std::min(selection.selectionEnd() - block.position(), block.length() - 1);
-        part.push_back(part_of_line(lines[number], from, to));
+    if (!selection.hasSelection() || blocks.empty()) return part;
+    std::size_t first = 0;
+    std::size_t last = 0;
+    const qsizetype from = place_in_line(*selection.document(), blocks, selection.selectionStart(), first);
+    constexpr qsizetype whole = std::numeric_limits<qsizetype>::max();
+    qsizetype to = place_in_line(*selection.document(), blocks, selection.selectionEnd(), last);
+    if (to_end) {
+        last = lines.size() - 1;
+        to = whole;
     }
+    for (std::size_t line = first; line <= last; ++line)
+        part.push_back(part_of_line(lines[line], line == first ? from : 0, line == last ? to : whole));
     return part;
 }
 
-void print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines)
+bool print_lines(QPagedPaintDevice& device, std::span<const styled_line> lines, const print_progress& goes_on)
 {
-    QTextDocument document;
-    document.setUseDesignMetrics(true);
-    fill_document(document, lines);
-    const double widest = widest_row(document);
+    const double widest = widest_row(lines);
     const double page = room_on_page(device, widest * smallest_print);
-    if (widest * smallest_print > page) {
-        fill_document(document, in_blocks_of_columns(lines, [page](const styled_run& run) {
-                          const QFontMetricsF metrics(format_of(run, 1.0).font());
-                          return static_cast<int>(page / metrics.horizontalAdvance(QLatin1Char('0')));
-                      }));
-    } else if (widest > page) {
-        fill_document(document, lines, page / widest);
-    }
-    document.print(&device);
+    if (widest * smallest_print <= page)
+        return print_fitting_lines(device, lines, std::min(page / std::max(widest, 1.0), 1.0), goes_on);
+    const std::vector<styled_line> broken = in_blocks_of_columns(lines, [page](const styled_run& run) {
+        const QFontMetricsF metrics(text_format_of(run, 1.0).font());
+        return static_cast<int>(page / metrics.horizontalAdvance(QLatin1Char('0')));
+    });
+    return print_fitting_lines(device, broken, 1.0, goes_on);
 }
 
-std::string pdf_of(std::span<const styled_line> lines, const QString& title)
+std::optional<std::string> pdf_of(std::span<const styled_line> lines, const QString& title,
+                                  const print_progress& goes_on)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setTitle(title);
-    writer.setCreator(QStringLiteral("Kelvarin"));
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    print_lines(writer, lines);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setTitle(title);
+        writer.setCreator(QStringLiteral("Kelvarin"));
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        if (!print_lines(writer, lines, goes_on)) return std::nullopt;
+    }
     return bytes.toStdString();
 }
 

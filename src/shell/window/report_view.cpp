@@ -8,6 +8,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -30,6 +31,10 @@ constexpr std::array zoom_steps = {0.5, 0.67, 0.8, 0.9, 1.0, 1.1, 1.25, 1.5, 1.7
 constexpr double readable_width = 5.9;
 constexpr double sheet_padding = 0.7;
 constexpr int wheel_notch = 120;
+/// Some screens of text.
+constexpr std::size_t letters_at_first = 30'000;
+/// The longest text that the toolkit lays out without a pause that is felt.
+constexpr int longest_at_once = 60'000;
 
 } // namespace
 
@@ -39,12 +44,16 @@ report_view::report_view(QWidget* parent) : QTextBrowser(parent)
     setUndoRedoEnabled(false);
     setFrameShape(QFrame::NoFrame);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // As soon as there is nothing else to do.
+    fill_timer_.setInterval(0);
+    connect(&fill_timer_, &QTimer::timeout, this, &report_view::fill_on);
     apply_palette();
 }
 
 void report_view::set_lines(std::vector<styled_line> lines)
 {
     lines_ = std::move(lines);
+    widest_row_ = 0.0;
     fill();
     moveCursor(QTextCursor::Start);
     verticalScrollBar()->setValue(0);
@@ -52,7 +61,38 @@ void report_view::set_lines(std::vector<styled_line> lines)
 
 std::vector<styled_line> report_view::marked_lines() const
 {
-    return selected_lines(lines_, textCursor());
+    if (!filler_) return {};
+    const QTextCursor marked = textCursor();
+    const bool to_end = !is_filled() && marked.selectionEnd() == document()->characterCount() - 1;
+    return selected_lines(lines_, filler_->blocks(), marked, to_end);
+}
+
+report_view::view_place report_view::present_place() const
+{
+    if (wanted_place_) return *wanted_place_;
+    const QTextCursor marked = textCursor();
+    return {.top = cursorForPosition(QPoint(0, 0)).position(),
+            .anchor = marked.anchor(),
+            .position = marked.position(),
+            .at_start = verticalScrollBar()->value() == 0};
+}
+
+void report_view::go_back_to(const view_place& place)
+{
+    const int last = document()->characterCount() - 1;
+    const int needed = std::max({place.at_start ? 0 : place.top, place.anchor, place.position});
+    if (needed > last && !is_filled()) {
+        wanted_place_ = place;
+        return;
+    }
+    wanted_place_.reset();
+    QTextCursor again(document());
+    again.setPosition(std::min(place.anchor, last));
+    again.setPosition(std::min(place.position, last), QTextCursor::KeepAnchor);
+    setTextCursor(again);
+    const QRectF block =
+        document()->documentLayout()->blockBoundingRect(document()->findBlock(std::min(place.top, last)));
+    verticalScrollBar()->setValue(place.at_start ? 0 : static_cast<int>(block.top()));
 }
 
 void report_view::set_zoom(double zoom)
@@ -60,18 +100,10 @@ void report_view::set_zoom(double zoom)
     zoom = std::clamp(zoom, zoom_steps.front(), zoom_steps.back());
     if (zoom == zoom_) return;
     zoom_ = zoom;
-    const int top = cursorForPosition(QPoint(0, 0)).position();
-    const bool at_start = verticalScrollBar()->value() == 0;
-    const QTextCursor marked = textCursor();
-    const int anchor = marked.anchor();
-    const int position = marked.position();
+    const view_place place = present_place();
+    widest_row_ = 0.0;
     fill();
-    QTextCursor again(document());
-    again.setPosition(anchor);
-    again.setPosition(position, QTextCursor::KeepAnchor);
-    setTextCursor(again);
-    const QRectF block = document()->documentLayout()->blockBoundingRect(document()->findBlock(top));
-    verticalScrollBar()->setValue(at_start ? 0 : static_cast<int>(block.top()));
+    go_back_to(place);
     emit zoom_changed();
 }
 
@@ -102,17 +134,56 @@ int report_view::ground() const
 
 void report_view::fill()
 {
-    fill_document(*document(), lines_, zoom_);
-    // Margins are set before measuring, so that one layout is enough if no table row is too wide for them.
-    widest_row_ = 0.0;
-    lay_out_sheet();
+    wanted_place_.reset();
+    filler_.emplace(*document(), lines_, zoom_);
+    // Margins are set before the text is there, so that one layout is enough if no table row is too wide for them.
+    document()->rootFrame()->setFrameFormat(sheet_format());
     // A document in a widget that was never shown has no width and is not laid out.
     if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
-    widest_row_ = widest_row(*document());
-    lay_out_sheet();
+    filler_->add(letters_at_first);
+    if (filler_->widest_row() > widest_row_) {
+        widest_row_ = filler_->widest_row();
+        document()->rootFrame()->setFrameFormat(sheet_format());
+    }
+    viewport()->update();
+    fill_timer_.stop();
+    if (!is_filled()) fill_timer_.start();
+}
+
+void report_view::fill_on()
+{
+    constexpr int milliseconds_at_once = 15;
+    constexpr std::size_t letters_between_looks = 2000;
+    QElapsedTimer clock;
+    clock.start();
+    while (!is_filled() && clock.elapsed() < milliseconds_at_once)
+        filler_->add(letters_between_looks);
+    if (is_filled()) fill_timer_.stop();
+    if (filler_->widest_row() > widest_row_) {
+        // More than is needed, since each wider row starts the layout of a long text anew.
+        constexpr double ahead = 1.2;
+        widest_row_ = filler_->widest_row() * ahead;
+        lay_out_sheet();
+    }
+    if (wanted_place_) go_back_to(*wanted_place_);
 }
 
 void report_view::lay_out_sheet()
+{
+    const QTextFrameFormat format = sheet_format();
+    viewport()->update();
+    if (format == document()->rootFrame()->frameFormat()) return;
+    // The toolkit would lay out all of the text before it goes on.
+    if (document()->characterCount() > longest_at_once) {
+        const view_place place = present_place();
+        fill();
+        go_back_to(place);
+    } else {
+        document()->rootFrame()->setFrameFormat(format);
+    }
+}
+
+QTextFrameFormat report_view::sheet_format()
 {
     const double room = viewport()->width() - 2.0 * ground();
     const double text = std::max(readable_width * logicalDpiX() * zoom_, widest_row_);
@@ -122,14 +193,12 @@ void report_view::lay_out_sheet()
     sheet_width_ = std::max(std::min(room, text + 2 * padding), widest_row_ + 2 * padding);
     sheet_left_ = std::max<double>(ground(), (viewport()->width() - sheet_width_) / 2);
 
-    const QTextFrameFormat present = document()->rootFrame()->frameFormat();
-    QTextFrameFormat format = present;
+    QTextFrameFormat format = document()->rootFrame()->frameFormat();
     format.setLeftMargin(sheet_left_ + padding);
     format.setRightMargin(std::max<double>(ground(), viewport()->width() - sheet_left_ - sheet_width_) + padding);
     format.setTopMargin(ground() + padding);
     format.setBottomMargin(ground() + padding);
-    if (format != present) document()->rootFrame()->setFrameFormat(format);
-    viewport()->update();
+    return format;
 }
 
 void report_view::apply_palette()

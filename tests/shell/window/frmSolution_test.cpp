@@ -9,9 +9,12 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QTimer>
 
 #include <fstream>
 
@@ -248,6 +251,65 @@ TEST_F(ReportWindow, KeepsColumnsAtEveryZoom)
     EXPECT_GT(box.horizontalScrollBar()->maximum(), 0);
     robot::press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(box.zoom(), 1.0);
+}
+
+/// A report of so many letters, among them lines that no toolkit lays out in reasonable time.
+std::string long_text(std::size_t letters)
+{
+    std::string text = std::string(2000, '\t') + "end of tabs\n" + std::string(100'000, 'x') + "\n";
+    for (int line = 1; text.size() < letters; ++line)
+        text += "line " + std::to_string(line) + " of a long text that is shown piece by piece\n";
+    return text;
+}
+
+TEST_F(ReportWindow, ShowsTheStartOfALongTextAtOnceAndTheRestBesideOtherWork)
+{
+    const std::string text = long_text(1'000'000);
+    frmSolution& window = opened(desk.folder.write("long.txt", text));
+    report_view& box = box_of(window);
+    EXPECT_FALSE(box.is_filled());
+    const QString start = box.toPlainText();
+    EXPECT_GT(start.size(), 10'000);
+    EXPECT_LT(start.size(), 200'000);
+    // What is saved and copied is whole meanwhile.
+    EXPECT_EQ(window.plain_text(), text);
+    box.selectAll();
+    EXPECT_EQ(plain_text_of(box.marked_lines()), text);
+    window.resize(700, 500);
+    box.set_zoom(1.25);
+
+    ASSERT_TRUE(test::wait_until([&] { return box.is_filled(); }, 60'000));
+    EXPECT_EQ(box.toPlainText().remove(QLatin1Char('\n')).toStdString(),
+              QString::fromStdString(text).remove(QLatin1Char('\n')).toStdString());
+    for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next())
+        ASSERT_LE(block.length(), 12'001);
+    mark(window, 40, 90);
+    const std::string marked = plain_text_of(box.marked_lines());
+    EXPECT_NE(text.find(marked.substr(0, marked.size() - 1)), text.npos);
+}
+
+TEST_F(ReportWindow, MakingPagesCanBeStopped)
+{
+    frmSolution& window = opened(desk.folder.write("long.txt", long_text(500'000)));
+    bool has_stopped = false;
+    QTimer stopper;
+    QObject::connect(&stopper, &QTimer::timeout, &stopper, [&] {
+        for (QWidget* shown : QApplication::topLevelWidgets()) {
+            if (shown->objectName() != QLatin1String("frmPages") || !shown->isVisible()) continue;
+            shown->findChild<QPushButton*>()->click();
+            has_stopped = true;
+        }
+    });
+    stopper.start(0);
+    desk.user.expect_print(desk.folder / "printed.pdf");
+    window.perform(window_command::print);
+    EXPECT_TRUE(has_stopped);
+    EXPECT_FALSE(desk.folder.holds("printed.pdf"));
+    has_stopped = false;
+    desk.user.expect_file(chosen_file{desk.folder / "saved.pdf", 4});
+    EXPECT_FALSE(window.save_as());
+    EXPECT_TRUE(has_stopped);
+    EXPECT_FALSE(desk.folder.holds("saved.pdf"));
 }
 
 TEST_F(ReportWindow, OffersItsMenus)

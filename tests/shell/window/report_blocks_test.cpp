@@ -117,7 +117,7 @@ TEST(ReportBlocks, NothingOfAMatrixIsCutAtAnySize)
     const test::scratch_folder folder;
     for (const int size : {3, 14, 22, 40, 64, 130}) {
         SCOPED_TRACE(size);
-        const std::string text = text_of_pdf(folder, pdf_of(matrix_of(size), QStringLiteral("matrix")));
+        const std::string text = text_of_pdf(folder, *pdf_of(matrix_of(size), QStringLiteral("matrix")));
         std::istringstream stream(text);
         const std::set<std::string> words{std::istream_iterator<std::string>(stream), {}};
         int missing = 0;
