@@ -14,6 +14,7 @@
 #include "app/tool_windows.h"
 #include "desktop/accent_keeper.h"
 #include "desktop/icons.h"
+#include "desktop/length_guard.h"
 #include "desktop/wheel_guard.h"
 #include "desktop/window_memory.h"
 #include "help/window/frmHelp.h"
@@ -48,6 +49,7 @@ frmMDIKelvarin::frmMDIKelvarin(const program_services& services)
     setWindowIcon(program_icon("app"));
     // All of these apply to all windows of the program.
     if (!qApp->findChild<wheel_guard*>()) new wheel_guard(*qApp);
+    if (!qApp->findChild<length_guard*>()) new length_guard(*qApp);
     if (!qApp->findChild<accent_keeper*>()) new accent_keeper(*qApp);
     child_button_style::install();
     build_ui();

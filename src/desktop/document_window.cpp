@@ -5,10 +5,23 @@
 #include "shell/general_lib.h"
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QPagedPaintDevice>
 
 namespace kelvarin
 {
+
+namespace
+{
+
+std::string time_text(const file_stamp& stamp)
+{
+    constexpr std::int64_t nanoseconds_per_millisecond = 1'000'000;
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(stamp.written_at / nanoseconds_per_millisecond);
+    return to_text(time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+}
+
+} // namespace
 
 bool document_window::can(window_command which) const
 {
@@ -56,14 +69,50 @@ QString document_window::file_panel() const
 bool document_window::save()
 {
     take_over_typing();
-    return file_path().empty() ? save_as() : write_file(file_path(), 0);
+    return file_path().empty() ? save_as() : write(file_path(), 0);
 }
 
 bool document_window::save_as()
 {
     take_over_typing();
     const auto chosen = context().user.choose_file_to_save(this, save_question());
-    return chosen && write_file(chosen->path, chosen->filter_index);
+    return chosen && write(chosen->path, chosen->filter_index);
+}
+
+void document_window::note_file(const std::filesystem::path& path, const std::optional<file_stamp>& stamp)
+{
+    known_file_ = {path, stamp};
+}
+
+bool document_window::was_changed_elsewhere(const std::filesystem::path& path) const
+{
+    if (path.empty() || path != known_file_.path) return false;
+    const std::optional<file_stamp> present = stamp_of(path);
+    return present && present != known_file_.stamp;
+}
+
+bool document_window::write(const std::filesystem::path& path, int filter_index)
+{
+    if (was_changed_elsewhere(path)) {
+        constexpr std::size_t answer_save = 0;
+        constexpr std::size_t answer_save_as = 1;
+        const std::string known =
+            known_file_.stamp ? "Read or saved here: " + time_text(*known_file_.stamp) + "\r" : std::string();
+        const std::optional<std::size_t> answer = context().user.choose(
+            this, {.text = path.string() + "\rwas changed by another program or window.\r\r" + known +
+                           "Changed there: " + time_text(*stamp_of(path)) + "\r\rSave replaces it by this window's \"" +
+                           to_text(printed_name()) + "\"; Reload gives up what was changed here.",
+                   .captions = {tr("&Save"), tr("Save &As..."), tr("&Reload")}});
+        if (!answer) return false;
+        if (*answer == answer_save_as) return save_as();
+        if (*answer != answer_save) {
+            reload();
+            return false;
+        }
+    }
+    if (!write_file(path, filter_index)) return false;
+    note_file(file_path(), stamp_of(file_path()));
+    return true;
 }
 
 bool document_window::may_replace(const std::string& text)

@@ -3,8 +3,10 @@
 
 #include "desktop/child_window.h"
 #include "desktop/user_interface.h"
+#include "platform/file_stamp.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 class QPagedPaintDevice;
@@ -25,7 +27,8 @@ public:
     void perform(window_command which) override;
     QString file_panel() const override;
 
-    /// Each returns true if the content is saved afterwards. `save` asks for a file only if there is none.
+    /// Each returns true if the content is saved afterwards. `save` asks for a file only if there is none, and both ask
+    /// before they replace what another program wrote into the file since it was read.
     bool save();
     bool save_as();
     /// Asks with `text` whether to save unsaved work. Returns true if the content may be replaced.
@@ -50,13 +53,29 @@ protected:
     /// Ends editing in a field or cell: called before the content is saved, replaced or closed.
     virtual void take_over_typing() {}
 
+    /// Reads the file anew; the content is replaced. Shows a failure.
+    virtual void reload() = 0;
+
+    /// To be called after a file was read: its stamp from before. nullopt: what was read is not known.
+    void note_file(const std::filesystem::path& path, const std::optional<file_stamp>& stamp);
+
     /// Sets the window's caption with the mark of unsaved work.
     void show_caption(QString caption);
 
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    /// write_file after the question that may be due. Returns true if the content is saved.
+    bool write(const std::filesystem::path& path, int filter_index);
+    bool was_changed_elsewhere(const std::filesystem::path& path) const;
     void print(bool preview);
+
+    struct known_file
+    {
+        std::filesystem::path path;
+        std::optional<file_stamp> stamp;
+    };
+    known_file known_file_;
 };
 
 } // namespace kelvarin

@@ -2,6 +2,7 @@
 #include "desktop/expression_edit.h"
 
 #include "desktop/expression_highlighter.h"
+#include "desktop/length_guard.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 #include "desktop/text_spans.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QTextBlock>
@@ -249,6 +251,14 @@ bool expression_edit::eventFilter(QObject* watched, QEvent* event)
     else
         QApplication::sendEvent(this, event);
     return true;
+}
+
+void expression_edit::insertFromMimeData(const QMimeData* source)
+{
+    QMimeData bounded;
+    const qsizetype kept = document()->characterCount() - textCursor().selectedText().size();
+    bounded.setText(pasted_text(*this, *source, kept));
+    QPlainTextEdit::insertFromMimeData(&bounded);
 }
 
 void expression_edit::keyPressEvent(QKeyEvent* event)

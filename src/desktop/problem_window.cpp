@@ -74,7 +74,7 @@ void problem_window::show_recent_files()
     for (std::size_t i = 0; i < recent_files_.size(); ++i) {
         auto* entry = new QAction(to_qstring(recent_file_caption(i + 1, recent_files_[i])), this);
         entry->setObjectName(QStringLiteral("mnuFileItem_%1").arg(i + 1));
-        entry->setToolTip(path_text(recent_files_[i]));
+        entry->setToolTip(tip_text(path_text(recent_files_[i])));
         connect(entry, &QAction::triggered, this, [this, i] { open_recent_file(i); });
         file_menu_->insertAction(behind_recent_, entry);
         recent_actions_.append(entry);
@@ -217,10 +217,12 @@ bool problem_window::open(const std::filesystem::path& path)
 
 bool problem_window::read(const std::filesystem::path& path)
 {
+    const std::optional<file_stamp> stamp = stamp_of(path);
     if (const auto refused = document().open(path)) {
         context().user.show(this, *refused);
         return false;
     }
+    note_file(path, stamp);
     keeps_older_format_ = false;
     recovery_.drop();
     remember_file();
@@ -293,6 +295,11 @@ bool problem_window::recover(int slot, const recovery_entry& entry)
 {
     if (!document().restore(entry.content, entry.path)) return false;
     recovery_.take_over(slot);
+    // What was written after the copy was kept is news to this document.
+    const std::optional<file_stamp> stamp = stamp_of(entry.path);
+    constexpr std::int64_t nanoseconds = 1'000'000'000;
+    const bool is_older = stamp && stamp->written_at / nanoseconds <= entry.kept_at;
+    note_file(entry.path, is_older ? stamp : std::nullopt);
     document_changed();
     return true;
 }

@@ -120,6 +120,7 @@ protected:
     bool is_saved() const override { return document().problem_saved(); }
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
+    void reload() override { read(std::filesystem::path(file_path())); }
     QString printed_name() const override;
     bool print_pages(QPagedPaintDevice& device) const override;
     std::string question_on_close() const override { return kind_->unsaved_on_close; }

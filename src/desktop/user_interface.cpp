@@ -14,6 +14,10 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPushButton>
+
+#include <algorithm>
+#include <vector>
 
 namespace kelvarin
 {
@@ -82,6 +86,22 @@ public:
         default:
             return user_answer::cancel;
         }
+    }
+
+    std::optional<std::size_t> choose(QWidget* parent, const user_choice& asked) override
+    {
+        QMessageBox shown(QMessageBox::Question, to_qstring(asked.title), box_text(asked.text), QMessageBox::Cancel,
+                          owner_of(parent));
+        shown.setTextFormat(Qt::PlainText);
+        std::vector<QAbstractButton*> buttons;
+        for (const QString& caption : asked.captions)
+            buttons.push_back(shown.addButton(caption, QMessageBox::ActionRole));
+        shown.setDefaultButton(static_cast<QPushButton*>(buttons.front()));
+        shown.setEscapeButton(QMessageBox::Cancel);
+        shown.exec();
+        const auto chosen = std::ranges::find(buttons, shown.clickedButton());
+        if (chosen == buttons.end()) return std::nullopt;
+        return static_cast<std::size_t>(chosen - buttons.begin());
     }
 
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,

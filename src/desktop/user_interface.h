@@ -8,11 +8,13 @@
 #include <QMimeData>
 #include <QString>
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QPagedPaintDevice;
 class QWidget;
@@ -38,6 +40,14 @@ struct user_question
     bool ok_or_cancel = false;
     box_icon icon = box_icon::question;
     user_answer default_answer = user_answer::yes;
+};
+
+/// A question whose answers have captions of their own. Enter takes the first one, Esc none.
+struct user_choice
+{
+    std::string text;
+    std::vector<QString> captions;
+    std::string title = guide_title;
 };
 
 /// What a file dialog shows.
@@ -78,6 +88,8 @@ public:
 
     virtual void show(QWidget* parent, const message_box& box) = 0;
     virtual user_answer ask(QWidget* parent, const user_question& asked) = 0;
+    /// The number of the chosen answer; nullopt for none.
+    virtual std::optional<std::size_t> choose(QWidget* parent, const user_choice& asked) = 0;
     /// Asks for one line of text. Returns nullopt if it was cancelled; an empty text is a valid answer.
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& proposed) = 0;

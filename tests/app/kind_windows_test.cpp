@@ -120,14 +120,14 @@ TEST(KindsOfWindows, WriteTheirFilesAndTheOlderOnesAfterAQuestion)
         }
         EXPECT_EQ(desk.folder.read("old.kvr"), kind.older_file);
         // Save stays with the format, and warns each time.
-        desk.folder.write("old.kvr", "");
+        std::filesystem::remove(desk.folder / "old.kvr");
         desk.user.expect_question(on_older_format, user_answer::yes);
         desk.person.trigger(desk.menu("&File"), "save");
         EXPECT_EQ(desk.folder.read("old.kvr"), kind.older_file);
         desk.user.expect_file(chosen_file{desk.folder / "new.kvr", 1});
         desk.person.trigger(desk.menu("&File"), "save_as");
         EXPECT_EQ(desk.folder.read("new.kvr"), kind.file);
-        desk.folder.write("new.kvr", "");
+        std::filesystem::remove(desk.folder / "new.kvr");
         desk.person.trigger(desk.menu("&File"), "save");
         EXPECT_EQ(desk.folder.read("new.kvr"), kind.file);
     }

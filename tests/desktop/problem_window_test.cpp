@@ -10,9 +10,11 @@
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QPointer>
+#include <QTextDocument>
 #include <QThread>
 
 #include <atomic>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <memory>
@@ -248,6 +250,71 @@ TEST_F(note_test, SaysThatRecoveryCopiesCanNotBeKept)
               "Unsaved work can not be kept against a crash: No such file or directory.");
 }
 
+TEST_F(note_test, AsksBeforeItReplacesWhatAnotherProgramWrote)
+{
+    const std::filesystem::path file = desk.folder / "note.kvr";
+    const auto write_elsewhere = [&](const std::string& text) {
+        std::filesystem::remove(file);
+        std::ofstream(file) << text;
+    };
+    std::ofstream(file) << "first";
+    ASSERT_TRUE(window->open(file));
+    window->write("here 1");
+    EXPECT_TRUE(window->save()) << "nobody else has written";
+    window->write("here 2");
+    EXPECT_TRUE(window->save()) << "what this window wrote is no news";
+
+    const std::string told = file.string() + "\rwas changed by another program or window.";
+    write_elsewhere("there 1");
+    window->write("here 3");
+    desk.user.expect_choice(told, std::nullopt);
+    EXPECT_FALSE(window->save());
+    EXPECT_EQ(content("note.kvr"), "there 1");
+    EXPECT_EQ(window->document().title(), "here 3");
+
+    desk.user.expect_choice(told, QStringLiteral("Save As..."));
+    desk.user.expect_file(chosen_file{desk.folder / "other.kvr"});
+    EXPECT_TRUE(window->save());
+    EXPECT_EQ(content("note.kvr"), "there 1");
+    EXPECT_EQ(content("other.kvr"), "here 3");
+
+    ASSERT_TRUE(window->open(file));
+    write_elsewhere("there 2");
+    window->write("here 4");
+    desk.user.expect_choice("Save replaces it by this window's \"here 4\"", QStringLiteral("Reload"));
+    EXPECT_FALSE(window->save());
+    EXPECT_EQ(window->document().title(), "there 2");
+    EXPECT_FALSE(window->isWindowModified());
+
+    write_elsewhere("there 3");
+    window->write("here 5");
+    desk.user.expect_choice(told, QStringLiteral("Save"));
+    EXPECT_TRUE(window->save());
+    EXPECT_EQ(content("note.kvr"), "here 5");
+
+    // A file that is gone is written again.
+    std::filesystem::remove(file);
+    window->write("here 6");
+    EXPECT_TRUE(window->save());
+    EXPECT_EQ(content("note.kvr"), "here 6");
+}
+
+TEST_F(note_test, ARecoveredProblemAsksBeforeItReplacesANewerFile)
+{
+    const std::filesystem::path file = desk.folder / "note.kvr";
+    std::ofstream(file) << "there";
+    const std::int64_t now = std::time(nullptr);
+    ASSERT_TRUE(
+        window->recover(desk.recovery.new_slot(),
+                        {.kind = "note", .title = "here", .path = file, .kept_at = now - 60, .content = "here"}));
+    desk.user.expect_choice("Changed there: ", std::nullopt);
+    EXPECT_FALSE(window->save());
+    ASSERT_TRUE(
+        window->recover(desk.recovery.new_slot(),
+                        {.kind = "note", .title = "here", .path = file, .kept_at = now + 60, .content = "here"}));
+    EXPECT_TRUE(window->save());
+}
+
 TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)
 {
     for (const char* name : {"one.kvr", "two.kvr"}) {
@@ -258,6 +325,18 @@ TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)
     robot(*window).trigger(*window->menus().front(), "mnuFileItem_2");
     ASSERT_EQ(desk.frame.opened().size(), 1U);
     EXPECT_EQ(desk.frame.opened().front().filename(), "one.kvr");
+}
+
+TEST_F(note_test, TakesNoNameOfAFileForMarkup)
+{
+    const std::filesystem::path file = desk.folder / "a<b>c<b>.kvr";
+    std::ofstream(file) << "first";
+    ASSERT_TRUE(window->open(file));
+    emit window->menus().front()->aboutToShow();
+    const QAction* const item = robot::item_of(*window->menus().front(), "mnuFileItem_1");
+    QTextDocument shown;
+    shown.setHtml(item->toolTip());
+    EXPECT_EQ(shown.toPlainText().toStdString(), file.string());
 }
 
 TEST_F(note_test, ARunCanBeStoppedByEscAndByClosing)

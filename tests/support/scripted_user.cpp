@@ -34,6 +34,8 @@ scripted_user::~scripted_user()
         ADD_FAILURE() << "this box did not come: " << box.text;
     for (const auto& asked : expected_questions_)
         ADD_FAILURE() << "this question did not come: " << asked.text;
+    for (const auto& asked : expected_choices_)
+        ADD_FAILURE() << "this choice did not come: " << asked.text;
     for (const auto& asked : expected_inputs_)
         ADD_FAILURE() << "this input box did not come: " << asked.prompt;
     EXPECT_TRUE(expected_files_.empty()) << "a file dialog did not come";
@@ -50,6 +52,11 @@ void scripted_user::expect_box(std::string text, std::string title)
 void scripted_user::expect_question(std::string text, user_answer given)
 {
     expected_questions_.push_back({std::move(text), given});
+}
+
+void scripted_user::expect_choice(std::string text, std::optional<QString> given)
+{
+    expected_choices_.push_back({std::move(text), std::move(given)});
 }
 
 void scripted_user::expect_input(std::string prompt, std::optional<std::string> given)
@@ -79,8 +86,9 @@ void scripted_user::expect_print(std::filesystem::path pdf)
 
 bool scripted_user::is_done() const
 {
-    return expected_boxes_.empty() && expected_questions_.empty() && expected_inputs_.empty() &&
-           expected_files_.empty() && expected_fonts_.empty() && expected_colours_.empty() && expected_prints_.empty();
+    return expected_boxes_.empty() && expected_questions_.empty() && expected_choices_.empty() &&
+           expected_inputs_.empty() && expected_files_.empty() && expected_fonts_.empty() &&
+           expected_colours_.empty() && expected_prints_.empty();
 }
 
 void scripted_user::show(QWidget*, const message_box& box)
@@ -99,6 +107,18 @@ user_answer scripted_user::ask(QWidget*, const user_question& asked)
     if (!expected) return user_answer::cancel;
     EXPECT_EQ(asked.text, expected->text);
     return expected->given;
+}
+
+std::optional<std::size_t> scripted_user::choose(QWidget*, const user_choice& asked)
+{
+    const auto expected = next(expected_choices_, "the choice: " + asked.text);
+    if (!expected) return std::nullopt;
+    EXPECT_NE(asked.text.find(expected->text), asked.text.npos) << asked.text;
+    if (!expected->given) return std::nullopt;
+    for (std::size_t answer = 0; answer < asked.captions.size(); ++answer)
+        if (QString(asked.captions[answer]).remove(QLatin1Char('&')) == *expected->given) return answer;
+    ADD_FAILURE() << "there is no such answer: " << to_text(*expected->given);
+    return std::nullopt;
 }
 
 std::optional<QString> scripted_user::input(QWidget*, const QString&, const QString& prompt, const QString& proposed)

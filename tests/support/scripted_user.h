@@ -21,6 +21,8 @@ public:
     void expect_box(std::string text, std::string title = guide_title);
     /// The next question has this text, and gets this answer.
     void expect_question(std::string text, user_answer given);
+    /// The next choice contains this text, and gets the answer with this caption (nothing: Cancel).
+    void expect_choice(std::string text, std::optional<QString> given);
     /// The next input box contains this text in its prompt, and gets this answer (nothing: Cancel).
     void expect_input(std::string prompt, std::optional<std::string> given);
     /// The next file dialog gets this answer (nothing: Cancel).
@@ -43,6 +45,7 @@ public:
 
     void show(QWidget* parent, const message_box& box) override;
     user_answer ask(QWidget* parent, const user_question& asked) override;
+    std::optional<std::size_t> choose(QWidget* parent, const user_choice& asked) override;
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& proposed) override;
     std::optional<chosen_file> choose_file_to_open(QWidget* parent, const file_question& asked) override;
@@ -63,6 +66,11 @@ private:
         std::string text;
         user_answer given;
     };
+    struct expected_choice
+    {
+        std::string text;
+        std::optional<QString> given;
+    };
     struct expected_input
     {
         std::string prompt;
@@ -71,6 +79,7 @@ private:
 
     std::deque<message_box> expected_boxes_;
     std::deque<expected_question> expected_questions_;
+    std::deque<expected_choice> expected_choices_;
     std::deque<expected_input> expected_inputs_;
     std::deque<std::optional<chosen_file>> expected_files_;
     std::deque<std::optional<QFont>> expected_fonts_;

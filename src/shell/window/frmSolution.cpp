@@ -327,24 +327,37 @@ void close_older_reports(problem_window& problem)
     }
 }
 
-std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path, bool holds_problem)
+std::optional<message_box> frmSolution::read(const std::filesystem::path& path)
 {
-    text_file read = read_text_file(path, bounds_of_reports);
+    const std::optional<file_stamp> stamp = stamp_of(path);
+    text_file file = read_text_file(path, bounds_of_reports);
     const bool rich = lower_case(path.extension().string()) == ".rtf";
     message_box failed = {"Error while trying to open file.", box_icon::critical};
-    if (read.is_too_large) failed.text += "\rThe file can not be read: " + read.failure.reason + ".";
-    if (!read.ok() || (rich && !read.text.starts_with(rich_text_mark))) return failed;
+    if (file.is_too_large) failed.text += "\rThe file can not be read: " + file.failure.reason + ".";
+    if (!file.ok() || (rich && !file.text.starts_with(rich_text_mark))) return failed;
 
-    auto* window = new frmSolution(context);
+    note_file(path, stamp);
     const QString caption = QString::fromLatin1(report_title) + QStringLiteral("- ") + path_text(path.filename());
-    window->update_prog_sol(false, path, report_title);
+    update_prog_sol(false, path, report_title);
     if (rich)
-        window->show_report(std::move(read.text), caption);
+        show_report(std::move(file.text), caption);
     else
-        window->show_text(std::move(read.text), caption);
+        show_text(std::move(file.text), caption);
+    return std::nullopt;
+}
+
+void frmSolution::reload()
+{
+    if (const auto refused = read(std::filesystem::path(file_))) context().user.show(this, *refused);
+}
+
+std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path, bool holds_problem)
+{
+    auto window = std::make_unique<frmSolution>(context);
+    if (std::optional<message_box> refused = window->read(path)) return refused;
     remember_folder(context.registry, folder_key, path);
     if (holds_problem) window->offer_as_problem();
-    context.frame.show_child(window);
+    context.frame.show_child(window.release());
     return std::nullopt;
 }
 

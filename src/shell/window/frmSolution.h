@@ -35,6 +35,8 @@ public:
     void show_report(std::string rich_text, const QString& caption);
     /// Shows a plain text in the fixed-width font.
     void show_text(std::string text, const QString& caption);
+    /// Shows a report or text file. Returns the box if it can't be read.
+    std::optional<message_box> read(const std::filesystem::path& path);
     /// Shows a line that opens the file of this report as the problem that it holds.
     void offer_as_problem();
 
@@ -56,6 +58,7 @@ protected:
     bool is_saved() const override { return !changed_; }
     file_question save_question() const override;
     bool write_file(const std::filesystem::path& path, int filter_index) override;
+    void reload() override;
     QString printed_name() const override { return caption_; }
     bool print_pages(QPagedPaintDevice& device) const override;
 

@@ -61,7 +61,7 @@ void data_window::show_faults(const std::vector<data_fault>& faults)
         lines.append(tr("Passed over: line %1, %2").arg(fault.line).arg(to_qstring(fault.reason)));
     const QString others = faults.size() == 1 ? QString() : tr(", and %1 more").arg(faults.size() - 1);
     lblFaults_->setText(to_qstring(file_name_) + QStringLiteral(": ") + lines.front() + others);
-    lblFaults_->setToolTip(lines.join(QLatin1Char('\n')));
+    lblFaults_->setToolTip(tip_text(lines.join(QLatin1Char('\n'))));
 }
 
 void data_window::changeEvent(QEvent* event)

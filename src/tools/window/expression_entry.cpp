@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/window/expression_entry.h"
 
+#include "desktop/length_guard.h"
 #include "desktop/look.h"
 #include "desktop/qt_text.h"
 
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTextBlock>
 
 #include <cmath>
@@ -82,6 +84,14 @@ QSize expression_entry::sizeHint() const
 bool expression_entry::is_single_line() const
 {
     return document()->blockCount() == 1 && document()->firstBlock().text().indexOf(QChar::LineSeparator) < 0;
+}
+
+void expression_entry::insertFromMimeData(const QMimeData* source)
+{
+    QMimeData bounded;
+    const qsizetype kept = document()->characterCount() - textCursor().selectedText().size();
+    bounded.setText(pasted_text(*this, *source, kept));
+    QTextEdit::insertFromMimeData(&bounded);
 }
 
 void expression_entry::keyPressEvent(QKeyEvent* event)

@@ -41,6 +41,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
 
 private:
     bool is_single_line() const;

@@ -137,7 +137,7 @@ void frmCal::check_expression_text()
     check_delay_.stop();
     const std::optional<calculator_fault> fault = calculator_.fault_of(txtExpression_->expression());
     lblCheck_->setText(fault ? to_qstring(fault->message) : QString());
-    lblCheck_->setToolTip(lblCheck_->text());
+    lblCheck_->setToolTip(tip_text(lblCheck_->text()));
     txtExpression_->mark_fault(fault ? fault->place : std::nullopt);
 }
 

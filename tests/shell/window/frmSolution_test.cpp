@@ -253,6 +253,19 @@ TEST_F(ReportWindow, KeepsColumnsAtEveryZoom)
     EXPECT_EQ(box.zoom(), 1.0);
 }
 
+TEST_F(ReportWindow, AsksBeforeItReplacesWhatAnotherProgramWrote)
+{
+    const auto file = desk.folder.write("text.txt", "first\n");
+    frmSolution& window = opened(file);
+    EXPECT_TRUE(window.save());
+    std::filesystem::remove(file);
+    desk.folder.write("text.txt", "second\n");
+    desk.user.expect_choice("was changed by another program or window.", QStringLiteral("Reload"));
+    EXPECT_FALSE(window.save());
+    EXPECT_EQ(window.plain_text(), "second\n");
+    EXPECT_TRUE(window.save());
+}
+
 /// A report of so many letters, among them lines that no toolkit lays out in reasonable time.
 std::string long_text(std::size_t letters)
 {
@@ -290,7 +303,7 @@ TEST_F(ReportWindow, ShowsTheStartOfALongTextAtOnceAndTheRestBesideOtherWork)
 
 TEST_F(ReportWindow, MakingPagesCanBeStopped)
 {
-    frmSolution& window = opened(desk.folder.write("long.txt", long_text(500'000)));
+    frmSolution& window = opened(desk.folder.write("long.txt", long_text(5'000'000)));
     bool has_stopped = false;
     QTimer stopper;
     QObject::connect(&stopper, &QTimer::timeout, &stopper, [&] {
