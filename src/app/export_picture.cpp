@@ -11,8 +11,16 @@
 #include "platform/text_file.h"
 #include "shell/document/recognition.h"
 
+#include <QDateTime>
+
 #include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 namespace kelvarin
@@ -33,6 +41,30 @@ int refuse(std::ostream& err, const std::string& file, const message_box& box, i
     std::ranges::replace(text, '\r', '\n');
     err << "kelvarin: " << file << ": " << box.title << "\n" << text << "\n";
     return status;
+}
+
+/// The moment that stands for the present one in what is made, so that the same input gives the same bytes; nullopt if
+/// none is set.
+std::optional<std::chrono::seconds> set_moment()
+{
+    const char* const text = std::getenv("SOURCE_DATE_EPOCH");
+    std::int64_t seconds = 0;
+    if (text == nullptr) return std::nullopt;
+    const std::string_view digits(text);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), seconds);
+    if (digits.empty() || error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
+    return std::chrono::seconds(seconds);
+}
+
+/// Puts a date in place of the present one in a PDF file of the toolkit.
+void set_date_of_pdf(std::string& pdf, std::chrono::seconds moment)
+{
+    constexpr std::string_view head = "/CreationDate (D:";
+    constexpr qsizetype digits = 14;
+    const std::size_t place = pdf.find(head);
+    const QString date =
+        QDateTime::fromSecsSinceEpoch(moment.count(), Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmss"));
+    if (place != pdf.npos && date.size() == digits) pdf.replace(place + head.size(), digits, date.toStdString());
 }
 
 } // namespace
@@ -74,8 +106,10 @@ int export_picture(const export_request& request, std::ostream& err)
         return refuse(err, request.graph, *refused, failed);
     picture_size size;
     size.dots_per_inch = dots_per_inch;
-    if (const auto failure =
-            save_file(request.picture, picture_bytes(*graph, {}, size, *picture_format_of(request.picture))))
+    const picture_format format = *picture_format_of(request.picture);
+    std::string bytes = picture_bytes(*graph, {}, size, format);
+    if (const auto moment = set_moment(); moment && format == picture_format::pdf) set_date_of_pdf(bytes, *moment);
+    if (const auto failure = save_file(request.picture, bytes))
         return refuse(err, request.picture, {"Error while trying to save file.\r" + failure->reason}, unusable);
     return 0;
 }

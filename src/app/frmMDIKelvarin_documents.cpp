@@ -4,6 +4,7 @@
 #include "app/frmMDIKelvarin.h"
 #include "app/frmRecovery.h"
 #include "app/problem_kinds.h"
+#include "desktop/away_job.h"
 #include "desktop/qt_text.h"
 #include "graph/graph_kind.h"
 #include "graph/window/frmGraph.h"
@@ -133,25 +134,39 @@ void frmMDIKelvarin::open_in(const std::filesystem::path& path, bool in_new_wind
 try {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) return;
-    const text_file file = read_text_file(path);
-    if (!file.ok()) return show_message(open_error);
-
-    const recognised_document found = recognise_document(path.string(), file.text, kinds_of_main_window());
-    switch (found.form) {
+    struct document_look
+    {
+        bool is_readable = false;
+        bool has_two_lines = false;
+        recognised_document found;
+        const problem_kind* kind_of_lines = nullptr;
+    };
+    const auto look =
+        wait_for(this, tr("Reading %1...").arg(path_text(path.filename())), [path](const run_listener& listener) {
+            const text_file file = read_text_file(path, widest_bounds, [&listener] { return listener.stop_asked(); });
+            if (!file.ok()) return document_look();
+            return document_look{true, split_lines(file.text, 2).size() == 2,
+                                 recognise_document(path.string(), file.text, kinds_of_main_window()),
+                                 kind_of_lines(file.text)};
+        });
+    // Stopped.
+    if (!look) return;
+    if (!look->is_readable) return show_message(open_error);
+    switch (look->found.form) {
     case document_form::graph:
         return open_graph(context_, path);
     case document_form::report:
     case document_form::text:
-        if (const auto refused = open_report(context_, path, kind_of_lines(file.text) != nullptr))
+        if (const auto refused = open_report(context_, path, look->kind_of_lines != nullptr))
             context_.user.show(this, *refused);
         return;
     case document_form::unknown:
         // A file without a second line is no problem of any kind.
-        if (split_lines(file.text, 2).size() < 2) return show_message(open_error);
+        if (!look->has_two_lines) return show_message(open_error);
         context_.user.show(this, {unknown_format_text(path.string()), box_icon::exclamation});
         return;
     case document_form::problem:
-        open_problem(*kind_of_row(found.kind), path, in_new_window);
+        open_problem(*kind_of_row(look->found.kind), path, in_new_window);
     }
 } catch (const std::bad_alloc&) {
     show_message(open_error);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/problem_window.h"
 
+#include "desktop/away_job.h"
 #include "desktop/qt_text.h"
 #include "desktop/text_printing.h"
 #include "platform/text_file.h"
@@ -218,7 +219,14 @@ bool problem_window::open(const std::filesystem::path& path)
 bool problem_window::read(const std::filesystem::path& path)
 {
     const std::optional<file_stamp> stamp = stamp_of(path);
-    if (const auto refused = document().open(path)) {
+    const QPointer<problem_window> self(this);
+    const auto taker = wait_for(this, tr("Reading %1...").arg(path_text(path.filename())),
+                                [read = document().reader_of(path)](const run_listener& listener) {
+                                    return read([&listener] { return listener.stop_asked(); });
+                                });
+    // Stopped, or the program has ended meanwhile.
+    if (!taker || !self) return false;
+    if (const auto refused = (*taker)()) {
         context().user.show(this, *refused);
         return false;
     }

@@ -172,12 +172,11 @@ void opt_problem::load_example(opt_content example)
     change_to_example(std::move(example));
 }
 
-opt_problem::refusal opt_problem::open(const std::filesystem::path& path)
+message_box opt_problem::open_refusal(const text_file& file) const
 {
-    refusal refused = equation_document::open(path);
-    if (!refused) return std::nullopt;
-    const std::string reason = read_text_file(path, opt_format.bounds).failure.reason;
-    refused->text = "Error while trying to open file (" + (reason.empty() ? "The file is empty." : reason) + ")";
+    message_box refused = equation_document::open_refusal(file);
+    const std::string& reason = file.failure.reason;
+    refused.text = "Error while trying to open file (" + (reason.empty() ? "The file is empty." : reason) + ")";
     return refused;
 }
 

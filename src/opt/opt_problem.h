@@ -42,10 +42,10 @@ public:
     /// afterwards.
     void load_example(opt_content example);
 
-    refusal open(const std::filesystem::path& path) override;
     refusal opt_open(const std::filesystem::path& path) { return open(path); }
 
 protected:
+    message_box open_refusal(const text_file& file) const override;
     const row_form& form() const override { return opt_row_form; }
     message_box no_equation_box() const override;
     refusal check_row(const opt_content& in, const typed_row& typed, int row) const override;

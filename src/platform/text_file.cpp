@@ -51,7 +51,8 @@ std::string read_all(const posix_file& file, std::size_t expected, std::size_t l
     while (true) {
         if (filled == bytes.size()) bytes.resize(filled + step);
         if (stop_asked && !wait_for_bytes(file, stop_asked)) return "interrupted";
-        const ssize_t count = ::read(file.number(), bytes.data() + filled, bytes.size() - filled);
+        const std::size_t room = std::min(bytes.size() - filled, stop_asked ? megabyte : bytes.size());
+        const ssize_t count = ::read(file.number(), bytes.data() + filled, room);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return system_reason(errno);
         filled += static_cast<std::size_t>(count);
@@ -78,7 +79,8 @@ text_file text_of(std::string bytes)
 
 } // namespace
 
-text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds)
+text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds,
+                         const std::function<bool()>& stop_asked)
 {
     // Without O_NONBLOCK opening a pipe would wait for a writer.
     const posix_file file(
@@ -95,7 +97,7 @@ text_file read_text_file(const std::filesystem::path& path, const file_bounds& b
     if (size > largest) return failed(path, too_large(largest), true);
 
     std::string bytes;
-    if (std::string reason = read_all(file, size, largest, bytes); !reason.empty())
+    if (std::string reason = read_all(file, size, largest, bytes, stop_asked); !reason.empty())
         return failed(path, std::move(reason), bytes.size() > largest);
     if (std::optional<std::string> excess = excess_of(bytes, bounds)) return failed(path, std::move(*excess), true);
     return text_of(std::move(bytes));

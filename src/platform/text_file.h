@@ -33,8 +33,10 @@ struct text_file
 };
 
 /// Reads a whole regular file, following links. If the bytes are not valid UTF-8 as a whole, they are read as Latin-1;
-/// a byte order mark is dropped. A folder, a device, a missing file or a file beyond the bounds is a failure.
-text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds = widest_bounds);
+/// a byte order mark is dropped. A folder, a device, a missing file or a file beyond the bounds is a failure, and so is
+/// that `stop_asked`, which is called now and then, returns true.
+text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds = widest_bounds,
+                         const std::function<bool()>& stop_asked = nullptr);
 
 /// read_text_file for a program at the end of a pipe: pipes and devices are read as well, and "-" is standard input.
 /// Waits for what comes; `stop_asked` is called ten times a second meanwhile, and if it returns true, that is a

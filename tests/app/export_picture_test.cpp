@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/export_picture.h"
 #include "graph/graph_file.h"
+#include "support/changed_environment.h"
 #include "support/graphs.h"
 #include "support/scratch_folder.h"
 #include "support/table.h"
@@ -64,6 +65,26 @@ TEST(Export, DrawsOrSaysWhyNot)
     EXPECT_EQ(export_picture({"out.png", "a.kvg"}, err), 0);
     // 560 by 420 points at 150 dots per inch.
     EXPECT_EQ(QImage(QStringLiteral("out.png")).size(), QSize(1167, 875));
+}
+
+TEST(Export, GivesTheSameBytesOfAnySortAtAGivenMoment)
+{
+    const test::scratch_folder folder;
+    folder.write("a.kvg", write_graph(test::graph_of({{0, 1}, {2, 3}})));
+    const test::changed_environment environment(
+        test::changed_environment::variables{{"SOURCE_DATE_EPOCH", "1767323045"}});
+    std::ostringstream err;
+    for (const std::string picture : {"out.svg", "out.pdf", "out.png", "out.bmp"}) {
+        SCOPED_TRACE(picture);
+        EXPECT_EQ(export_picture({picture, "a.kvg"}, err), 0);
+        const std::string first = folder.read(picture);
+        // 2026-01-02 03:04:05.
+        if (picture == "out.pdf") {
+            EXPECT_THAT(first, HasSubstr("/CreationDate (D:20260102030405"));
+        }
+        EXPECT_EQ(export_picture({picture, "a.kvg"}, err), 0);
+        EXPECT_EQ(folder.read(picture), first);
+    }
 }
 
 } // namespace

@@ -10,8 +10,11 @@
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QPointer>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTextDocument>
 #include <QThread>
+#include <QTimer>
 
 #include <atomic>
 #include <ctime>
@@ -44,14 +47,19 @@ public:
     std::string undo_step() const override { return {}; }
     std::string redo_step() const override { return {}; }
     refusal open_example(const std::filesystem::path& path) override { return open(path); }
-    refusal open(const std::filesystem::path& path) override
+    file_reader reader_of(const std::filesystem::path& path) override
     {
-        const text_file read = read_text_file(path);
-        if (!read.ok()) return message_box{.text = "Error while trying to open file."};
-        title_ = read.text;
-        path_ = path;
-        saved_ = true;
-        return std::nullopt;
+        return [this, path, slow = is_slow](const std::function<bool()>& stop_asked) {
+            while (slow && *slow && !(stop_asked && stop_asked()))
+                QThread::msleep(1);
+            return file_taker([this, path, read = read_text_file(path)]() -> refusal {
+                if (!read.ok()) return message_box{.text = "Error while trying to open file."};
+                title_ = read.text;
+                path_ = path;
+                saved_ = true;
+                return std::nullopt;
+            });
+        };
     }
     refusal save(const std::filesystem::path& path, bool older_format, const save_calls& calls) override
     {
@@ -79,7 +87,7 @@ public:
         };
     }
 
-    /// While it is true, no recovery text is finished.
+    /// While it is true, no recovery text and no reading of a file is finished.
     std::shared_ptr<std::atomic<bool>> is_slow;
 
 private:
@@ -313,6 +321,31 @@ TEST_F(note_test, ARecoveredProblemAsksBeforeItReplacesANewerFile)
         window->recover(desk.recovery.new_slot(),
                         {.kind = "note", .title = "here", .path = file, .kept_at = now + 60, .content = "here"}));
     EXPECT_TRUE(window->save());
+}
+
+TEST_F(note_test, ASlowFileKeepsNoWindowWaitingAndReadingItCanBeStopped)
+{
+    const std::filesystem::path file = desk.folder / "note.kvr";
+    std::ofstream(file) << "read";
+    const auto slow = std::make_shared<std::atomic<bool>>(true);
+    window->document().is_slow = slow;
+    int looks = 0;
+    QTimer other_work;
+    QObject::connect(&other_work, &QTimer::timeout, &other_work, [&] {
+        const auto* const box = window->window()->findChild<QProgressDialog*>(QStringLiteral("frmWait"));
+        if (box && box->isVisible() && ++looks == 10) box->findChild<QPushButton*>()->click();
+    });
+    other_work.start(1);
+    EXPECT_FALSE(window->open(file));
+    EXPECT_EQ(looks, 10);
+    EXPECT_EQ(window->document().title(), "");
+    EXPECT_TRUE(window->document().path().empty());
+
+    looks = 10;
+    QTimer::singleShot(300, &other_work, [&] { *slow = false; });
+    EXPECT_TRUE(window->open(file));
+    EXPECT_GT(looks, 10);
+    EXPECT_EQ(window->document().title(), "read");
 }
 
 TEST_F(note_test, RemembersFilesAndOpensThemFromItsMenu)

@@ -54,13 +54,10 @@ void table_document::set_title(std::string_view title)
     if (this->title() != before) mark_table_unsaved();
 }
 
-table_document::refusal table_document::open(const std::filesystem::path& path)
+void table_document::file_taken_over(const table_content& before)
 {
-    const table_size new_size = content().new_size;
-    if (refusal refused = value_document::open(path)) return refused;
-    unrecorded().new_size = new_size;
+    unrecorded().new_size = before.new_size;
     unrecorded().saved_mark = ++saved_mark_;
-    return std::nullopt;
 }
 
 table_document::refusal table_document::save(const std::filesystem::path& path, bool older_format,

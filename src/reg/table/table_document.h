@@ -33,7 +33,6 @@ public:
     bool problem_saved() const override { return content().saved_mark == saved_mark_; }
     bool needs_recovery() const override { return !problem_saved() || !value_document::problem_saved(); }
     void set_title(std::string_view title) override;
-    refusal open(const std::filesystem::path& path) override;
     refusal save(const std::filesystem::path& path, bool older_format = false,
                  const save_calls& calls = system_save_calls()) override;
     bool restore(std::string_view recovery_text, const std::filesystem::path& path) override;
@@ -86,6 +85,10 @@ public:
 
     /// Replaces the table by an example as one step of undo; the document has no file afterwards and counts as saved.
     void load_sample_table(int index, std::uint32_t seed);
+
+protected:
+    /// The size that New gives is no part of a file.
+    void file_taken_over(const table_content& before) override;
 
 private:
     /// `change` to a content that counts as unsaved, however it came about.

@@ -42,8 +42,14 @@ public:
     virtual std::string undo_step() const = 0;
     virtual std::string redo_step() const = 0;
 
+    /// Takes what was read over into this document, in the document's thread.
+    using file_taker = std::function<refusal()>;
+    /// Reads a file in any thread; gives up soon after `stop_asked` (which may be null) returns true.
+    using file_reader = std::function<file_taker(const std::function<bool()>& stop_asked)>;
+    /// The two parts of `open`.
+    virtual file_reader reader_of(const std::filesystem::path& path) = 0;
     /// Reads a file into this document and clears the undo stack. Refused, the document is unchanged.
-    virtual refusal open(const std::filesystem::path& path) = 0;
+    refusal open(const std::filesystem::path& path) { return reader_of(path)(nullptr)(); }
     /// The same for an example: the document has no file then, so that Save can't write over the example.
     virtual refusal open_example(const std::filesystem::path& path) = 0;
     /// Writes the document, in the kind's older format if requested; updates path and clean mark.

@@ -12,6 +12,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -84,13 +85,20 @@ public:
     std::string undo_step() const final { return history_.undo_step(); }
     std::string redo_step() const final { return history_.redo_step(); }
 
-    refusal open(const std::filesystem::path& path) override
+    file_reader reader_of(const std::filesystem::path& path) final
     {
-        const text_file file = read_text_file(path, format_->bounds);
-        std::optional<Content> read = file.ok() ? format_->read(file.text, content_) : std::nullopt;
-        if (!read) return open_refusal(file);
-        start_anew(std::move(*read), path);
-        return std::nullopt;
+        return [this, format = format_, current = content_, path](const std::function<bool()>& stop_asked) {
+            const auto file = std::make_shared<const text_file>(read_text_file(path, format->bounds, stop_asked));
+            const auto read =
+                std::make_shared<std::optional<Content>>(file->ok() ? format->read(file->text, current) : std::nullopt);
+            return file_taker([this, path, file, read]() -> refusal {
+                if (!*read) return open_refusal(*file);
+                const Content before = content_;
+                start_anew(std::move(**read), path);
+                file_taken_over(before);
+                return std::nullopt;
+            });
+        };
     }
     refusal open_example(const std::filesystem::path& path) final
     {
@@ -129,6 +137,15 @@ public:
     std::string printed_listing() const final { return format_->listing(content_, path()); }
 
 protected:
+    /// The box for a file that can't be read or holds no problem of this kind.
+    virtual message_box open_refusal(const text_file& file) const
+    {
+        message_box box = {"Error while trying to open file.", box_icon::critical};
+        if (file.is_too_large) box.text += "\rThe file can not be read: " + file.failure.reason + ".";
+        return box;
+    }
+    /// Called after a file was read in place of `before`.
+    virtual void file_taken_over(const Content& /*before*/) {}
     /// The content, to change what is no part of its value: such a change is no step of undo.
     Content& unrecorded() { return content_; }
     /// Starts with a content that was made elsewhere and is unsaved; clears the undo stack.
@@ -165,13 +182,6 @@ protected:
     }
 
 private:
-    static message_box open_refusal(const text_file& file)
-    {
-        message_box box = {"Error while trying to open file.", box_icon::critical};
-        if (file.is_too_large) box.text += "\rThe file can not be read: " + file.failure.reason + ".";
-        return box;
-    }
-
     void start_anew(Content content, const std::filesystem::path& path)
     {
         content_ = std::move(content);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/frmSolution.h"
 
+#include "desktop/away_job.h"
 #include "desktop/icons.h"
 #include "desktop/link_label.h"
 #include "desktop/qt_text.h"
@@ -171,15 +172,6 @@ void frmSolution::show_report(std::string rich_text, const QString& caption)
     show_title();
 }
 
-void frmSolution::show_text(std::string text, const QString& caption)
-{
-    rich_text_.clear();
-    given_text_ = std::move(text);
-    caption_ = caption;
-    mnuRefresh_Click();
-    show_title();
-}
-
 void frmSolution::offer_as_problem()
 {
     const QString open = tr("Open as a problem");
@@ -327,34 +319,50 @@ void close_older_reports(problem_window& problem)
     }
 }
 
-std::optional<message_box> frmSolution::read(const std::filesystem::path& path)
+report_reading frmSolution::read(const std::filesystem::path& path)
 {
+    struct read_file
+    {
+        text_file file;
+        std::vector<styled_line> lines;
+    };
     const std::optional<file_stamp> stamp = stamp_of(path);
-    text_file file = read_text_file(path, bounds_of_reports);
     const bool rich = lower_case(path.extension().string()) == ".rtf";
+    auto read =
+        wait_for(this, tr("Reading %1...").arg(path_text(path.filename())), [path, rich](const run_listener& listener) {
+            read_file done;
+            done.file = read_text_file(path, bounds_of_reports, [&listener] { return listener.stop_asked(); });
+            if (done.file.ok()) done.lines = rich ? read_rich_text(done.file.text) : styled_plain_text(done.file.text);
+            return done;
+        });
+    if (!read) return {};
+    text_file& file = read->file;
     message_box failed = {"Error while trying to open file.", box_icon::critical};
     if (file.is_too_large) failed.text += "\rThe file can not be read: " + file.failure.reason + ".";
-    if (!file.ok() || (rich && !file.text.starts_with(rich_text_mark))) return failed;
+    if (!file.ok() || (rich && !file.text.starts_with(rich_text_mark))) return {false, failed};
 
     note_file(path, stamp);
-    const QString caption = QString::fromLatin1(report_title) + QStringLiteral("- ") + path_text(path.filename());
-    update_prog_sol(false, path, report_title);
+    given_text_.reset();
+    rich_text_.clear();
     if (rich)
-        show_report(std::move(file.text), caption);
+        rich_text_ = std::move(file.text);
     else
-        show_text(std::move(file.text), caption);
-    return std::nullopt;
+        given_text_ = std::move(file.text);
+    caption_ = QString::fromLatin1(report_title) + QStringLiteral("- ") + path_text(path.filename());
+    txtSolution_->set_lines(std::move(read->lines));
+    update_prog_sol(false, path, report_title);
+    return {true, std::nullopt};
 }
 
 void frmSolution::reload()
 {
-    if (const auto refused = read(std::filesystem::path(file_))) context().user.show(this, *refused);
+    if (const auto refused = read(std::filesystem::path(file_)).refused) context().user.show(this, *refused);
 }
 
 std::optional<message_box> open_report(desktop_context& context, const std::filesystem::path& path, bool holds_problem)
 {
     auto window = std::make_unique<frmSolution>(context);
-    if (std::optional<message_box> refused = window->read(path)) return refused;
+    if (report_reading reading = window->read(path); !reading.is_shown) return reading.refused;
     remember_folder(context.registry, folder_key, path);
     if (holds_problem) window->offer_as_problem();
     context.frame.show_child(window.release());

@@ -19,6 +19,13 @@
 namespace kelvarin
 {
 
+/// What came of reading a report. Where it isn't shown and nothing is refused, reading was stopped.
+struct report_reading
+{
+    bool is_shown = false;
+    std::optional<message_box> refused;
+};
+
 /// The result window: shows a report, prints it, copies it and saves it. It keeps the report's original text; opened
 /// files are shown unchanged.
 class frmSolution : public document_window
@@ -33,10 +40,8 @@ public:
     void update_prog_sol(bool changed, const std::filesystem::path& file, const std::string& title);
     /// Shows a rich-text document. `caption` is the window's: "Nonlinear Equations Solution #1".
     void show_report(std::string rich_text, const QString& caption);
-    /// Shows a plain text in the fixed-width font.
-    void show_text(std::string text, const QString& caption);
-    /// Shows a report or text file. Returns the box if it can't be read.
-    std::optional<message_box> read(const std::filesystem::path& path);
+    /// Shows a report file, or the text of another file in the fixed-width font.
+    report_reading read(const std::filesystem::path& path);
     /// Shows a line that opens the file of this report as the problem that it holds.
     void offer_as_problem();
 
