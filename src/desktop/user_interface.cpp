@@ -96,7 +96,7 @@ public:
         std::vector<QAbstractButton*> buttons;
         for (const QString& caption : asked.captions)
             buttons.push_back(shown.addButton(caption, QMessageBox::ActionRole));
-        shown.setDefaultButton(static_cast<QPushButton*>(buttons.front()));
+        shown.setDefaultButton(QMessageBox::Cancel);
         shown.setEscapeButton(QMessageBox::Cancel);
         shown.exec();
         const auto chosen = std::ranges::find(buttons, shown.clickedButton());

@@ -42,7 +42,7 @@ struct user_question
     user_answer default_answer = user_answer::yes;
 };
 
-/// A question whose answers have captions of their own. Enter takes the first one, Esc none.
+/// A question whose answers have captions of their own. Enter and Esc take none.
 struct user_choice
 {
     std::string text;

@@ -323,6 +323,7 @@ TEST_F(note_test, ARecoveredProblemAsksBeforeItReplacesANewerFile)
     EXPECT_TRUE(window->save());
 }
 
+// Not under the thread sanitizer: the toolkit draws the box in threads of its own, which the sanitizer can't follow.
 TEST_F(note_test, ASlowFileKeepsNoWindowWaitingAndReadingItCanBeStopped)
 {
     const std::filesystem::path file = desk.folder / "note.kvr";
