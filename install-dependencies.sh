@@ -10,7 +10,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev fonts-liberation)
 test_packages=(libgtest-dev libgmock-dev librapidcheck-dev locales xvfb openbox poppler-utils jq parallel)
 development_packages=(git ccache libbenchmark-dev libmuparser-dev libgsl-dev clang clang-format clang-tidy libclang-rt-14-dev
-    lintian appstream desktop-file-utils reuse)
+    lintian appstream desktop-file-utils reuse weston qt6-wayland dbus at-spi2-core python3-pyatspi icewm)
 
 case "${1:-all}" in
 run) ;;

@@ -19,6 +19,7 @@ check() {
     said=$("$@" 2>&1) || wrong "$1: $said"
 }
 
+mkdir -p build
 check desktop-file-validate packaging/org.kelvarin.Kelvarin.desktop
 check appstreamcli validate --no-net packaging/org.kelvarin.Kelvarin.metainfo.xml
 check reuse lint

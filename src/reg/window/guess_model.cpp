@@ -35,8 +35,12 @@ int guess_model::columnCount(const QModelIndex& parent) const
 
 QVariant guess_model::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     const table_guess& guess = guesses_[static_cast<std::size_t>(index.row())];
+    if (role == Qt::AccessibleTextRole)
+        return index.column() == names_column
+                   ? tr("parameter %1").arg(to_qstring(guess.name))
+                   : tr("initial guess of %1: %2").arg(to_qstring(guess.name), to_qstring(guess.value));
+    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     return to_qstring(index.column() == names_column ? guess.name : guess.value);
 }
 

@@ -141,6 +141,7 @@ QLayout* frmCal::build_answer()
     cmbformat_->setCurrentIndex(-1);
     cmbformat_->lineEdit()->setPlaceholderText(tr("all digits"));
     cmbformat_->lineEdit()->setClearButtonEnabled(true);
+    cmbformat_->lineEdit()->setAccessibleName(tr("Format"));
     cmbformat_->lineEdit()->setMaxLength(40);
     cmbformat_->setToolTip(
         tr("How answers are shown: 0 is a digit, # one that may be missing. Empty shows all digits."));
