@@ -8,7 +8,7 @@ root=$(mktemp -d)
 outcome=0
 
 finish() {
-    umount "$root/proc" 2>/dev/null || true
+    umount "$root/dev" "$root/proc" 2>/dev/null || true
     rm -rf --one-file-system "$root"
 }
 trap finish EXIT
@@ -39,29 +39,30 @@ stays_open() {
     user "timeout 2 $1" || status=$?
     [[ $status -eq 124 ]]
 }
+# xdg-open stays for as long as the program that it starts.
 opens_by_double_click() {
-    local opened=1
-    user "timeout 6 xdg-open $1" &
-    for _ in {1..50}; do
+    local opened=1 process
+    user "timeout 5 xdg-open $1" &
+    for _ in {1..40}; do
         sleep 0.1
-        if grep -qz "^/\?.*$1" /proc/[0-9]*/cmdline 2>/dev/null &&
-            tr '\0' ' ' 2>/dev/null <"$(printf '/proc/%s/cmdline' "$(pgrep -n -u 4711 -x kelvarin || echo none)")" |
-            grep -q "^kelvarin .*$1"; then
-            opened=0
-            break
-        fi
+        for process in /proc/[0-9]*/cmdline; do
+            ! tr '\0' ' ' 2>/dev/null <"$process" | grep -qE "^(/usr/bin/)?kelvarin .*$1" || opened=0
+        done
     done
-    pkill -u 4711 -x kelvarin || true
-    wait
+    wait $! || true
     return $opened
 }
 what_is_left() { find "$root/usr" "$root/etc" "$root/var" -iname '*kelvarin*' -not -path '*/dpkg/*' -not -path '*/apt/*'; }
 
-mmdebstrap --quiet --variant=apt --include=shared-mime-info,desktop-file-utils,xdg-utils,libglib2.0-bin \
-    bookworm "$root" - </etc/apt/sources.list
-cp "$package" "$root/tmp/kelvarin.deb"
+# From where this machine takes its own packages.
+sources=/etc/apt/sources.list
+[[ -s $sources ]] || sources=/etc/apt/sources.list.d/debian.sources
+mmdebstrap --quiet --variant=apt --include=shared-mime-info,desktop-file-utils,xdg-utils,libfile-mimeinfo-perl,libglib2.0-bin \
+    --customize-hook="copy-in $package /tmp" \
+    --customize-hook='chroot "$1" sh -c "apt-get install -y -q --no-install-recommends /tmp/*.deb >/dev/null"' \
+    bookworm "$root" "$sources"
 mount -t proc proc "$root/proc" || true
-inside DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends /tmp/kelvarin.deb >/dev/null
+mount --bind /dev "$root/dev" || true
 inside useradd --uid 4711 --create-home ann
 inside cp -r /usr/share/kelvarin/examples /home/ann/
 inside sh -c 'mkdir -m 700 /home/ann/run; cp /home/ann/examples/gas-volume.kvr /home/ann/unnamed; chown -R ann: /home/ann'
