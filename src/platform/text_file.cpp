@@ -64,6 +64,31 @@ std::string read_all(const posix_file& file, std::size_t expected, std::size_t l
     return {};
 }
 
+/// A file opened for reading, or the reason why it is refused.
+struct regular_file
+{
+    posix_file file;
+    std::size_t size = 0;
+    std::string refusal;
+
+    explicit regular_file(const std::filesystem::path& path)
+        // Without O_NONBLOCK opening a pipe would wait for a writer.
+        : file(uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }))
+    {
+        struct stat about
+        {
+        };
+        if (!file.is_open() || ::fstat(file.number(), &about) != 0)
+            refusal = system_reason(errno);
+        else if (S_ISDIR(about.st_mode))
+            refusal = "it is a folder";
+        else if (!S_ISREG(about.st_mode))
+            refusal = "it is no regular file";
+        else
+            size = static_cast<std::size_t>(about.st_size);
+    }
+};
+
 text_file failed(const std::filesystem::path& path, std::string reason, bool is_too_large = false)
 {
     return {{}, {path, std::move(reason)}, is_too_large};
@@ -82,25 +107,32 @@ text_file text_of(std::string bytes)
 text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds,
                          const std::function<bool()>& stop_asked)
 {
-    // Without O_NONBLOCK opening a pipe would wait for a writer.
-    const posix_file file(
-        uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-    if (!file.is_open()) return failed(path, system_reason(errno));
-    struct stat about
-    {
-    };
-    if (::fstat(file.number(), &about) != 0) return failed(path, system_reason(errno));
-    if (S_ISDIR(about.st_mode)) return failed(path, "it is a folder");
-    if (!S_ISREG(about.st_mode)) return failed(path, "it is no regular file");
-    const auto size = static_cast<std::size_t>(about.st_size);
+    const regular_file opened(path);
+    if (!opened.refusal.empty()) return failed(path, opened.refusal);
+    const std::size_t size = opened.size;
     const std::size_t largest = bounds.megabytes * megabyte;
     if (size > largest) return failed(path, too_large(largest), true);
 
     std::string bytes;
-    if (std::string reason = read_all(file, size, largest, bytes, stop_asked); !reason.empty())
+    if (std::string reason = read_all(opened.file, size, largest, bytes, stop_asked); !reason.empty())
         return failed(path, std::move(reason), bytes.size() > largest);
     if (std::optional<std::string> excess = excess_of(bytes, bounds)) return failed(path, std::move(*excess), true);
     return text_of(std::move(bytes));
+}
+
+std::optional<file_failure> read_in_pieces(const std::filesystem::path& path,
+                                           const std::function<bool(std::string_view)>& take)
+{
+    constexpr std::size_t step = std::size_t{256} * 1024;
+    const regular_file opened(path);
+    if (!opened.refusal.empty()) return file_failure{path, opened.refusal};
+    std::string piece(step, '\0');
+    while (true) {
+        const ssize_t count = uninterrupted([&] { return ::read(opened.file.number(), piece.data(), piece.size()); });
+        if (count < 0) return file_failure{path, system_reason(errno)};
+        if (count == 0 || !take(std::string_view(piece).substr(0, static_cast<std::size_t>(count))))
+            return std::nullopt;
+    }
 }
 
 text_file read_text_input(const std::filesystem::path& path, const std::function<bool()>& stop_asked)

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,11 @@ struct text_file
 /// that `stop_asked`, which is called now and then, returns true.
 text_file read_text_file(const std::filesystem::path& path, const file_bounds& bounds = widest_bounds,
                          const std::function<bool()>& stop_asked = nullptr);
+
+/// Reads a regular file of any size piece by piece, as its bytes stand. `take` gets each piece and returns false if it
+/// wants no more. Refuses the same files as read_text_file, but for their size.
+std::optional<file_failure> read_in_pieces(const std::filesystem::path& path,
+                                           const std::function<bool(std::string_view)>& take);
 
 /// read_text_file for a program at the end of a pipe: pipes and devices are read as well, and "-" is standard input.
 /// Waits for what comes; `stop_asked` is called ten times a second meanwhile, and if it returns true, that is a

@@ -17,6 +17,11 @@ std::string two_digits(int number)
 
 } // namespace
 
+table_size size_to_hold(table_size filled, table_size start)
+{
+    return {filled.rows > start.rows ? filled.rows + 1 : start.rows, std::max(filled.columns, start.columns)};
+}
+
 std::string default_column_name(int column)
 {
     return "C" + two_digits(column + 1);

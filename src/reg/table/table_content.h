@@ -71,6 +71,10 @@ struct table_content
     friend bool operator==(const table_content& left, const table_content& right);
 };
 
+/// The size of a table for so many filled rows and columns: `start`, extended where that is too small; a table that
+/// gets longer gets one row more, since some counts leave out the last row.
+table_size size_to_hold(table_size filled, table_size start);
+
 /// "C01" for column 0.
 std::string default_column_name(int column);
 /// "01" for row 0.

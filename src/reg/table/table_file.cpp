@@ -97,11 +97,10 @@ std::optional<table_content> table_for(const table_lines& lines, const table_con
     if (lines.data.size() > static_cast<std::size_t>(largest_table_extent)) return std::nullopt;
     const table_size size = size_of(lines);
     if (size.columns > largest_table_extent || size.rows >= largest_table_extent) return std::nullopt;
-    const table_size start = current.new_size;
-    const int rows = size.rows > start.rows ? size.rows + 1 : start.rows;
-    if (static_cast<long long>(rows) * size.columns > most_table_cells) return std::nullopt;
-    table_content content(start);
-    content.grow({rows, size.columns});
+    const table_size whole = size_to_hold(size, current.new_size);
+    if (static_cast<long long>(whole.rows) * size.columns > most_table_cells) return std::nullopt;
+    table_content content(current.new_size);
+    content.grow(whole);
     content.calc_digits = current.calc_digits;
     return content;
 }
