@@ -142,6 +142,14 @@ void table_document::start_with(table_content content)
     start_clean(std::move(content));
 }
 
+void table_document::start_imported(table_content content)
+{
+    content.new_size = this->content().new_size;
+    typed_cell_.reset();
+    start_unsaved(std::move(content));
+    mark_table_unsaved();
+}
+
 name_change table_document::rename_column(int column, std::string_view name)
 {
     table_content next = content();

@@ -54,6 +54,8 @@ public:
     void start_new(table_size size);
     /// Starts with a content that was made elsewhere and needs no saving; no title, file or step is left of this one.
     void start_with(table_content content);
+    /// The same with a content that came from another program and is unsaved.
+    void start_imported(table_content content);
     /// Refused by a box, or in silence if the name is empty. Returns whether the name stands.
     name_change rename_column(int column, std::string_view name);
     void add_columns(int count);

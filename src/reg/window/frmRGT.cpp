@@ -124,7 +124,7 @@ QString frmRGT::hint() const
     const QString fault = grdMain_->fault_of_current_cell();
     if (!fault.isEmpty()) return fault;
     if (table_.is_blank())
-        return tr("Type numbers, paste cells of a spreadsheet, open a file, or take one of the samples.");
+        return tr("Type numbers, paste cells of a spreadsheet, open or import a file, or take one of the samples.");
     return {};
 }
 

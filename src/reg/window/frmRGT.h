@@ -2,10 +2,12 @@
 #pragma once
 
 #include "desktop/problem_window.h"
+#include "reg/table/import_form.h"
 #include "reg/table/table_document.h"
 #include "shell/document/named_columns.h"
 
 #include <array>
+#include <filesystem>
 
 class QAbstractButton;
 class QBoxLayout;
@@ -105,6 +107,9 @@ private:
 
     // Menus.
     void file_new();
+    void import_table();
+    void import_file_as(const std::filesystem::path& path, const import_form& form);
+    void export_table();
     void copy_table();
     void edit_cells(int action);
     void paste();

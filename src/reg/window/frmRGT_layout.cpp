@@ -152,6 +152,13 @@ void frmRGT::build_file_menu()
     auto* fresh = named(new QAction(tr("&New"), this), "mnuFileItem_New");
     connect(fresh, &QAction::triggered, this, &frmRGT::file_new);
     menu->insertAction(menu->actions().value(0), fresh);
+    QAction* const behind_save =
+        menu->actions().value(menu->actions().indexOf(context().frame.action(window_command::save_as)) + 1);
+    auto* import = named(new QAction(tr("&Import..."), this), "mnuFileItem_Import");
+    connect(import, &QAction::triggered, this, &frmRGT::import_table);
+    auto* exported = named(new QAction(tr("&Export..."), this), "mnuFileItem_Export");
+    connect(exported, &QAction::triggered, this, &frmRGT::export_table);
+    menu->insertActions(behind_save, {import, exported});
     auto* copy = named(new QAction(tr("Copy &Table"), this), "mnuFileItem_Copy");
     connect(copy, &QAction::triggered, this, &frmRGT::copy_table);
     QAction* const print = context().frame.action(window_command::print);
