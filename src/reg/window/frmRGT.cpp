@@ -81,6 +81,11 @@ void frmRGT::connect_controls()
     connect(imgXV_[1], &QToolButton::clicked, this, [this] { accept_line(0); });
 }
 
+QString frmRGT::document_caption() const
+{
+    return results_caption_.isEmpty() ? problem_window::document_caption() : results_caption_;
+}
+
 void frmRGT::show_document()
 {
     QStringList heads;
@@ -298,6 +303,7 @@ void frmRGT::load_sample_table(int index)
     take_over_typing();
     if (!may_replace(kind().unsaved_on_open)) return;
     table_.load_sample_table(index, std::random_device{}());
+    document_replaced();
     cells_->clear_formats();
     document_changed();
     grdMain_->set_current_cell(0, 0);
@@ -313,9 +319,9 @@ void frmRGT::select_row(int row)
 void frmRGT::show_points(const named_columns& points, const std::string& title, const QString& caption)
 {
     table_.start_with(table_of_points(points, title));
+    results_caption_ = caption;
     document_changed();
     grdMain_->set_current_cell(0, 0);
-    show_caption(caption);
 }
 
 void frmRGT::enable_controls_for_run(bool running)

@@ -62,6 +62,8 @@ public:
 
 protected:
     void show_document() override;
+    QString document_caption() const override;
+    void document_replaced() override { results_caption_.clear(); }
     void enable_controls_for_run(bool running) override;
     bool can_solve() const override;
     void solve() override;
@@ -132,6 +134,8 @@ private:
     table_page* page_in_front() const;
 
     table_document table_;
+    /// The caption of a table of results, which it keeps until another table takes its place.
+    QString results_caption_;
     bool cell_editing_ = false;
     /// The text line has been typed in and is not to be overwritten.
     bool line_typed_ = false;

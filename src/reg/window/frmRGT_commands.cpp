@@ -24,6 +24,7 @@ void frmRGT::file_new()
     take_over_typing();
     if (!may_replace(kind().unsaved_on_open)) return;
     table_.start_new({context().store.whole_number("table_rows"), context().store.whole_number("table_cols")});
+    document_replaced();
     cells_->clear_formats();
     document_changed();
     grdMain_->set_current_cell(0, 0);

@@ -68,6 +68,7 @@ void frmRGT::import_file_as(const std::filesystem::path& path, const import_form
         if (!read.content) return context().user.show(this, import_refusal(read.failure));
         read.content->title = field_text(title);
         table_.start_imported(std::move(*read.content));
+        document_replaced();
         cells_->clear_formats();
         document_changed();
         grdMain_->set_current_cell(0, 0);

@@ -280,6 +280,23 @@ TEST(DataTable, IsSavedReopenedAndAskedAbout)
     EXPECT_TRUE(desk.window.close_with_frame());
 }
 
+TEST(DataTable, ResultsOfARunKeepTheirCaptionUntilAnotherTableComes)
+{
+    table_desk desk;
+    named_columns points({"t", "x"});
+    points.columns = {{0, 1}, {5, 6}};
+    desk.window.show_points(points, "Tank", QStringLiteral("ODE Results: Tank, Solution #1"));
+    const auto begins = [&](const char* caption) {
+        return desk.window.windowTitle().startsWith(QLatin1String(caption));
+    };
+    EXPECT_TRUE(begins("ODE Results: Tank, Solution #1"));
+    robot::keys("7\n");
+    EXPECT_TRUE(begins("ODE Results: Tank, Solution #1")) << desk.window.windowTitle().toStdString();
+    desk.user.expect_question("Data table not saved. Do you wish to save it now ?", user_answer::no);
+    desk.choose("File", "mnuFileItem_New");
+    EXPECT_TRUE(begins("Data Table")) << desk.window.windowTitle().toStdString();
+}
+
 TEST(DataTable, HasNoFaultsOfLayout)
 {
     table_desk desk;
