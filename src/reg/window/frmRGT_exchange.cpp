@@ -3,6 +3,7 @@
 
 #include "desktop/qt_text.h"
 #include "platform/saver.h"
+#include "platform/text_file.h"
 #include "reg/table/table_export.h"
 #include "reg/table/table_import.h"
 #include "reg/window/frmImport.h"
@@ -11,7 +12,11 @@
 #include "reg/window/table_grid_model.h"
 #include "shell/document/file_places.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string>
+#include <utility>
 
 namespace kelvarin
 {
