@@ -191,8 +191,10 @@ void equation_window::check_typing(int row, const QString& text)
     if (begun) fault = equations().check_text(typed, row <= equation_count() ? row : 0);
     if (fault && fault->field == entry_field::value) fault.reset();
     QString line = fault ? to_qstring(fault->text) : QString();
-    if (fault && fault->field == entry_field::expression)
-        line += QLatin1Char(' ') + to_qstring(syntax_hint(trimmed(typed.substr(equals + 1))));
+    if (fault && fault->field == entry_field::expression) {
+        const QString hint = to_qstring(syntax_hint(trimmed(typed.substr(equals + 1))));
+        if (!hint.isEmpty()) line += QStringLiteral(" \u2013 ") + hint;
+    }
     show_advice(line.replace(QLatin1Char('\r'), QLatin1Char(' ')).trimmed());
     grid_->mark_while_typing(fault ? fault->place : std::nullopt);
 }
