@@ -99,6 +99,18 @@ std::vector<int> rows_without_value(const std::vector<equation_row>& rows)
     return found;
 }
 
+/// The first left side that is no name, as only a file can bring it; such rows have no place in the table of names, so
+/// they make the light red without a line of the panel. Returns nullopt if there is none.
+std::optional<std::string> invalid_name(const std::vector<equation_row>& rows)
+{
+    for (const equation_row& row : rows) {
+        if (row.equation.empty()) continue;
+        const std::string_view name = parts_of(row.equation, deq_row_form).name;
+        if (!is_valid_name(name)) return std::string(name);
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 deq_analysis analyse_deq(const deq_content& content)
@@ -155,7 +167,9 @@ std::string next_step(const deq_content& content)
         if (trimmed(content.initial_value).empty() || trimmed(content.final_value).empty())
             return "Give the initial and the final value of " + std::string(name) + '.';
     }
-    return panel.empty() ? no_differential_box().text : std::string(trimmed(panel));
+    if (!panel.empty()) return std::string(trimmed(panel));
+    const std::optional<std::string> invalid = invalid_name(content.rows);
+    return invalid ? '\'' + *invalid + "' is no valid name of a variable." : no_differential_box().text;
 }
 
 message_box red_light_box(const deq_content& content)

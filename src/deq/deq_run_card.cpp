@@ -48,28 +48,6 @@ std::string place_text(const deq_outcome& outcome, double x)
     return outcome.independent + " = " + number_text(x);
 }
 
-/// Doubts about the end of the integration.
-void advise_on_end(const deq_outcome& outcome, std::vector<std::string>& advice)
-{
-    const ode_summary& found = outcome.statistics;
-    if (!found.end_reached) {
-        advice.push_back(
-            "The steps came to nothing at " + place_text(outcome, found.x) +
-            ": the last row holds the state there. The solution may have a pole; end the range before it.");
-    }
-    if (found.relaxations > 0) {
-        advice.push_back("The tolerance was relaxed to " + number_text(found.tolerance) +
-                         " on the way, so fewer digits hold than were asked for. Try another method.");
-    }
-    const std::vector<double>& x = outcome.points.columns.front();
-    if (found.points < output_grid::most_tested || x.size() < 2) return;
-    const double last_tested = x[output_grid::most_tested - 1];
-    if (last_tested >= outcome.x2) return;
-    advice.push_back("No points were stored between " + place_text(outcome, last_tested) +
-                     " and the end: a table holds 1200. Minima and maxima are those of the points" +
-                     (is_fehlberg(outcome.method) ? "." : ", and so are the final values."));
-}
-
 /// Whether a right side uses one of the names.
 bool uses_any(const std::vector<std::string>& right_sides, const std::vector<std::string>& names)
 {
@@ -125,6 +103,29 @@ void advise_on_failure(const deq_outcome& outcome, std::vector<std::string>& adv
 
 } // namespace
 
+std::vector<std::string> doubts_about_end(const deq_outcome& outcome)
+{
+    std::vector<std::string> doubts;
+    const ode_summary& found = outcome.statistics;
+    if (!found.end_reached) {
+        doubts.push_back(
+            "The steps came to nothing at " + place_text(outcome, found.x) +
+            ": the last row holds the state there. The solution may have a pole; end the range before it.");
+    }
+    if (found.relaxations > 0) {
+        doubts.push_back("The tolerance was relaxed to " + number_text(found.tolerance) +
+                         " on the way, so fewer digits hold than were asked for. Try another method.");
+    }
+    const std::vector<double>& x = outcome.points.columns.front();
+    if (found.points < output_grid::most_tested || x.size() < 2) return doubts;
+    const double last_tested = x[output_grid::most_tested - 1];
+    if (last_tested >= outcome.x2) return doubts;
+    doubts.push_back("No points were stored between " + place_text(outcome, last_tested) +
+                     " and the end: a table holds 1200. Minima and maxima are those of the points" +
+                     (is_fehlberg(outcome.method) ? "." : ", and so are the final values."));
+    return doubts;
+}
+
 deq_run_card deq_run_card_of(const deq_content& content, const deq_outcome& outcome)
 {
     deq_run_card card;
@@ -139,7 +140,7 @@ deq_run_card deq_run_card_of(const deq_content& content, const deq_outcome& outc
         return card;
     }
     card.counts = counts_of(outcome);
-    advise_on_end(outcome, card.advice);
+    card.advice = doubts_about_end(outcome);
     advise_on_stiffness(outcome, card.advice);
     advise_on_problem(content, outcome, card.advice);
     return card;

@@ -18,6 +18,10 @@ struct deq_run_card
     std::vector<std::string> advice;
 };
 
+/// Doubts about the end of an integration that has a report: x2 was not reached, the tolerance was relaxed, points are
+/// missing towards the end.
+std::vector<std::string> doubts_about_end(const deq_outcome& outcome);
+
 deq_run_card deq_run_card_of(const deq_content& content, const deq_outcome& outcome);
 
 } // namespace kelvarin

@@ -177,5 +177,16 @@ TEST_F(Differential, AWishToStopIsToldAndWritesNothing)
     EXPECT_FALSE(folder.holds("a.csv"));
 }
 
+/// y = 1 / (1 - t) has a pole at 1, which the steps never pass.
+TEST_F(Differential, AResultThatIsNotAtTheEndOfTheRangeIsNotedBesideIt)
+{
+    folder.write("pole.kvr", "Pole |KVRVER05_0\r\nd(y)/d(t) = y^2 #\r\nt(0)=0\r\ny(0)=1\r\nt(f)=1.02\r\n");
+    const batch_result result = call({"pole.kvr"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.err, StartsWith("kelvarin-solve: pole.kvr: Note\nThe steps came to nothing at t = 1"));
+    EXPECT_EQ(answer_to({"pole.kvr"})["messages"], json::array());
+    EXPECT_EQ(call({"decay.kvr"}).err, "");
+}
+
 } // namespace
 } // namespace kelvarin

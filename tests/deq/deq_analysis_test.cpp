@@ -70,6 +70,19 @@ TEST(DeqAnalysis, LightAndThirdPanel)
     }
 }
 
+TEST(DeqAnalysis, TheNextStepNamesWhatIsMissingOrInvalid)
+{
+    const equation_row decay = differential_row("y", "-y");
+    const test::table<deq_content, std::string> steps = {
+        {over("", "", "", {decay}), "Name the independent variable and give its range."},
+        {over("t", "", "1", {decay}), "Give the initial and the final value of t."},
+        {over("t", "0", "1", {decay, explicit_row("2a", "5")}), "'2a' is no valid name of a variable."},
+        {over("t", "0", "1", {decay}), ""},
+    };
+    for (const auto& [content, step] : steps)
+        EXPECT_EQ(next_step(content), step);
+}
+
 TEST(DeqAnalysis, CountsAndRowsWithoutStart)
 {
     const deq_analysis none = analyse_deq({});

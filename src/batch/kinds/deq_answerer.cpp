@@ -10,6 +10,7 @@
 #include "deq/deq_kind.h"
 #include "deq/deq_report.h"
 #include "deq/deq_run.h"
+#include "deq/deq_run_card.h"
 #include "platform/text_file.h"
 #include "reg/table/table_file.h"
 #include "reg/table/table_of_points.h"
@@ -95,6 +96,11 @@ file_answer solve(const problem_text& problem, const batch_request& request, con
                                    problem.file, request, outcome);
     file_answer answer = file_answer_of(problem.file, outcome, std::move(report), request);
     if (draws && graphs.empty()) answer.status = exit_status::a_run_failed;
+    // Not in the report, whose lines are fixed: a result that is no state at the end of the range says so all the same.
+    if (outcome.has_report) {
+        for (const std::string& doubt : doubts_about_end(outcome))
+            answer.messages += message_lines(problem.file, {doubt, box_icon::exclamation, "Note"});
+    }
     if (outcome.stopped) answer.stop_message = answer.messages;
     if (const std::string* const csv = request.option(csv_option); csv && outcome.has_report)
         answer.outputs.push_back({output_name(*csv, problem.file), csv_text(outcome.points)});
