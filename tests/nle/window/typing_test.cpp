@@ -128,7 +128,7 @@ TEST(TypingRows, TellsAFaultWhileTypingAndWhatLeavingDidNotTakeOver)
     desk.grid().setFocus();
     robot::keys("b = 3x");
     EXPECT_TRUE(wait_until([&] {
-        return advice_of(desk) == "Syntax Error: invalid number '3x' A product needs its sign: 3*x";
+        return advice_of(desk) == "Syntax Error: invalid number '3x' – A product needs its sign: 3*x";
     })) << advice_of(desk);
     EXPECT_EQ(desk.grid().findChild<expression_edit*>()->extraSelections().size(), 1);
     desk.person.click("chkComments");
