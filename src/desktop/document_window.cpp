@@ -146,8 +146,7 @@ void document_window::print(bool preview)
     const print_outcome outcome =
         preview ? user.print_preview(this, printed_name(), paint) : user.print(this, printed_name(), paint);
     if (outcome == print_outcome::failed)
-        context().user.show(this,
-                            {.text = "Error while trying to print or setting printer.", .icon = box_icon::critical});
+        context().user.show(this, {.text = print_failure(), .icon = box_icon::critical});
 }
 
 void document_window::closeEvent(QCloseEvent* event)

@@ -46,6 +46,8 @@ protected:
 
     /// The title of the printed document, and its pages; false if their painting was stopped.
     virtual QString printed_name() const = 0;
+    /// What is said if printing fails.
+    virtual std::string print_failure() const { return "Error while trying to print or setting printer."; }
     virtual bool print_pages(QPagedPaintDevice& device) const = 0;
 
     /// The question before the window closes with unsaved work; empty if there is nothing to ask.

@@ -52,7 +52,13 @@ public:
     std::optional<chosen_file> choose_file_to_save(QWidget* parent, const file_question& asked) override;
     std::optional<QFont> choose_font(QWidget* parent, const QFont& present) override;
     std::optional<QColor> choose_colour(QWidget* parent, const QColor& present) override;
-    void copy(std::unique_ptr<QMimeData> content) override { clipboard_ = std::move(content); }
+    /// From now on there is no memory for what is copied.
+    void let_clipboard_fail() { clipboard_fails_ = true; }
+    void copy(std::unique_ptr<QMimeData> content) override
+    {
+        if (clipboard_fails_) throw std::bad_alloc();
+        clipboard_ = std::move(content);
+    }
     const QMimeData* clipboard() const override { return clipboard_.get(); }
     print_outcome print(QWidget* parent, const QString& document_name, const page_painter& paint) override;
     print_outcome print_preview(QWidget* parent, const QString& document_name, const page_painter& paint) override;
@@ -90,6 +96,7 @@ private:
     std::vector<user_question> questions_;
     std::vector<file_question> file_questions_;
     QString proposed_input_;
+    bool clipboard_fails_ = false;
     std::unique_ptr<QMimeData> clipboard_ = std::make_unique<QMimeData>();
     int beeps_ = 0;
 };

@@ -196,16 +196,11 @@ file_answer printed(const problem_text& problem, const table_content& content, t
     return answer;
 }
 
-message_box no_table()
-{
-    return {"Error while trying to open file.", box_icon::critical};
-}
-
 file_answer solve(const problem_text& problem, const batch_request& request, const batch_surroundings& surroundings,
                   run_listener& listener)
 {
     std::optional<table_content> read = read_table(problem.text, blank_table(request.store));
-    if (!read) return refused_answer(problem.file, reg_kind().key, no_table(), request);
+    if (!read) return refused_answer(problem.file, reg_kind().key, table_open_refusal({}, problem.text), request);
     auto [content, refused] = edited_table(std::move(*read), request.values_of(edit_option));
     std::string wrong;
     const table_action* const action =
@@ -225,7 +220,7 @@ file_answer solve(const problem_text& problem, const batch_request& request, con
 file_answer check(const problem_text& problem, const batch_request& request)
 {
     const std::optional<table_content> content = read_table(problem.text, blank_table(request.store));
-    if (!content) return refused_answer(problem.file, reg_kind().key, no_table(), request);
+    if (!content) return refused_answer(problem.file, reg_kind().key, table_open_refusal({}, problem.text), request);
     return {.object = object_of(problem, *content, table_alone(*content), "", false, request)};
 }
 

@@ -54,6 +54,11 @@ void table_document::set_title(std::string_view title)
     if (this->title() != before) mark_table_unsaved();
 }
 
+message_box table_document::open_refusal(const text_file& file) const
+{
+    return table_open_refusal(file.failure.reason, file.text);
+}
+
 void table_document::file_taken_over(const table_content& before)
 {
     unrecorded().new_size = before.new_size;

@@ -89,6 +89,7 @@ public:
     void load_sample_table(int index, std::uint32_t seed);
 
 protected:
+    message_box open_refusal(const text_file& file) const override;
     /// The size that New gives is no part of a file.
     void file_taken_over(const table_content& before) override;
 

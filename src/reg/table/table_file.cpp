@@ -52,6 +52,9 @@ std::pair<std::string_view, std::string_view> split_at_equals(std::string_view t
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
+/// The title, the size and the names.
+constexpr std::size_t before_data = 3;
+
 /// The lines of a file by their meaning.
 struct table_lines
 {
@@ -65,7 +68,6 @@ struct table_lines
 
 std::optional<table_lines> sort_lines(const std::vector<std::string_view>& lines)
 {
-    constexpr std::size_t before_data = 3;
     if (lines.size() < before_data) return std::nullopt;
     const std::optional<table_extent> extent = table_extent_of(lines[1]);
     if (!extent || extent->rows > largest_table_extent || extent->columns > largest_table_extent) return std::nullopt;
@@ -184,6 +186,21 @@ std::optional<table_content> read_table(std::string_view text, const table_conte
     read_cells(lines->data, *content);
     read_model(lines->behind_data, *content);
     return content;
+}
+
+message_box table_open_refusal(std::string_view failure, std::string_view text)
+{
+    std::string reason(failure);
+    if (reason.empty()) {
+        const std::vector<std::string_view> lines = split_lines(text, before_data);
+        if (lines.size() < before_data)
+            reason = "The file ends before its third line, the names of the columns";
+        else if (!table_extent_of(lines[1]))
+            reason = "Its second line is to be the numbers of rows and of columns";
+        else
+            reason = "It has more rows or columns than a table can hold";
+    }
+    return {"Error while trying to open file (" + reason + ")", box_icon::critical};
 }
 
 std::string write_table(const table_content& content)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/message_box.h"
 #include "reg/table/table_content.h"
 
 #include <optional>
@@ -30,6 +31,10 @@ std::optional<table_extent> table_extent_of(std::string_view line);
 /// Returns nullopt if the text is no table, or if the table would exceed 16-bit row and column numbers or
 /// most_table_cells.
 std::optional<table_content> read_table(std::string_view text, const table_content& current);
+
+/// The box for a file that is not opened: `failure` says why it could not be read; if it is empty, the box says why
+/// `text`, which read_table refuses, is no table.
+message_box table_open_refusal(std::string_view failure, std::string_view text);
 
 /// The text of a file.
 std::string write_table(const table_content& content);

@@ -68,6 +68,7 @@ protected:
     bool can_solve() const override;
     void solve() override;
     void take_over_typing() override;
+    std::string print_failure() const override { return "Error while printing."; }
     void changeEvent(QEvent* event) override;
 
 private:
@@ -114,8 +115,8 @@ private:
     void export_table();
     void copy_table();
     void edit_cells(int action);
+    void edit_selection(int action);
     void paste();
-    void copy_with_headers();
     void insert_row();
     void delete_row();
     void add_columns();

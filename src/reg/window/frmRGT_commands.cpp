@@ -16,6 +16,8 @@
 #include "reg/window/table_grid_model.h"
 #include "shell/window/frmSolution.h"
 
+#include <exception>
+
 namespace kelvarin
 {
 
@@ -33,12 +35,27 @@ void frmRGT::file_new()
 void frmRGT::copy_table()
 {
     take_over_typing();
-    context().user.copy_text(to_qstring(table_listing(table_.content())));
+    try {
+        context().user.copy_text(to_qstring(table_listing(table_.content())));
+    } catch (const std::exception&) {
+        context().user.show(this, {"Error while copying.", box_icon::critical});
+    }
 }
 
 void frmRGT::edit_cells(int action)
 {
     take_over_typing();
+    try {
+        edit_selection(action);
+    } catch (const std::exception&) {
+        // Out of memory, most likely; the table holds what was done up to there.
+        document_changed();
+        context().user.show(this, {"Error : illegal Edit command.", box_icon::critical, "Kelvarin GUIDE"});
+    }
+}
+
+void frmRGT::edit_selection(int action)
+{
     const cell_range block = grdMain_->selected_block();
     switch (action) {
     case 0:
@@ -49,6 +66,9 @@ void frmRGT::edit_cells(int action)
         break;
     case 2:
         return paste();
+    case 5:
+        context().user.copy_text(to_qstring(table_.copy_with_headers(block)));
+        break;
     default:
         table_.clear_cells(block);
     }
@@ -70,13 +90,6 @@ void frmRGT::paste()
         if (!self) return;
     }
     grdMain_->select_block(result.pasted);
-}
-
-void frmRGT::copy_with_headers()
-{
-    take_over_typing();
-    context().user.copy_text(to_qstring(table_.copy_with_headers(grdMain_->selected_block())));
-    document_changed();
 }
 
 void frmRGT::insert_row()

@@ -176,7 +176,7 @@ void frmRGT::build_edit_menu()
     clear_item_->setIcon(program_icon("clear"));
     menu->addAction(frame.action(window_command::select_all));
     menu->addSeparator();
-    named(menu->addAction(tr("Copy with headers"), this, &frmRGT::copy_with_headers), "mnuEditItem_5");
+    named(menu->addAction(tr("Copy with headers"), this, [this] { edit_cells(5); }), "mnuEditItem_5");
     named(menu->addAction(tr("Enter problem title..."), this,
                           [this] {
                               take_over_typing();

@@ -4,7 +4,7 @@
 #include "support/table.h"
 #include "support/tables.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <rapidcheck.h>
 
 #include <optional>
@@ -92,6 +92,18 @@ TEST(TableFile, ReadsWhatIsThere)
     };
     for (const auto& [name, text, expected] : cases)
         EXPECT_EQ(read(text), expected) << name;
+}
+
+TEST(TableFile, ARefusalSaysWhyAFileIsNoTable)
+{
+    EXPECT_EQ(table_open_refusal("No such file or directory", "").text,
+              "Error while trying to open file (No such file or directory)");
+    for (const auto& [text, reason] : {std::pair{"T\n2 2", "ends before its third line"},
+                                       {"T\nx y\na\n", "Its second line"},
+                                       {"T\n1 99999\na\n", "more rows or columns"}}) {
+        EXPECT_EQ(read(text), "refused");
+        EXPECT_THAT(table_open_refusal("", text).text, testing::HasSubstr(reason));
+    }
 }
 
 TEST(TableFile, ComesBackAsItWasWritten)

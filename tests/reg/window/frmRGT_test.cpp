@@ -311,5 +311,28 @@ TEST(DataTable, HasNoFaultsOfLayout)
     }
 }
 
+TEST(DataTable, FailuresOfTheClipboardAndThePrinterAreToldByTheTable)
+{
+    table_desk desk;
+    robot::keys("1\n2");
+    desk.click_cell(1, 1);
+    desk.user.let_clipboard_fail();
+    desk.user.expect_box("Error : illegal Edit command.", "Kelvarin GUIDE");
+    desk.window.perform(window_command::copy);
+    desk.user.expect_box("Error : illegal Edit command.", "Kelvarin GUIDE");
+    desk.choose("Edit", "mnuEditItem_5");
+    desk.user.expect_box("Error while copying.");
+    desk.choose("File", "mnuFileItem_Copy");
+    EXPECT_EQ(desk.cells(1), "1 2 _ _");
+
+    // The toolkit warns of a printer that can not begin; here it should.
+    const QtMessageHandler before = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    desk.user.expect_print(desk.folder / "missing/printed.pdf");
+    desk.user.expect_box("Error while printing.");
+    desk.window.perform(window_command::print);
+    qInstallMessageHandler(before);
+    EXPECT_TRUE(desk.user.is_done());
+}
+
 } // namespace
 } // namespace kelvarin::test
