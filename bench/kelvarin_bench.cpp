@@ -31,6 +31,7 @@ constexpr std::array sections = {
     section{"integration", kelvarin::bench::measure_integration},
     section{"minimize", kelvarin::bench::measure_minimizers},
     section{"graph", kelvarin::bench::measure_graph},
+    section{"table", kelvarin::bench::measure_table},
     section{"batch", kelvarin::bench::measure_batch},
     section{"jobs", kelvarin::bench::measure_jobs},
 };

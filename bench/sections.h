@@ -27,6 +27,8 @@ void measure_batch();
 void measure_jobs();
 /// From a graph to the shapes that are painted.
 void measure_graph();
+/// Edits of data tables and their files.
+void measure_table();
 /// The memory of one run of 200 equations.
 void measure_memory();
 
