@@ -140,7 +140,7 @@ QWidget* frmDEQ::build_card()
     lblCard_->setTextFormat(Qt::PlainText);
     lblCard_->setWordWrap(true);
     lblCard_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cmdCopyPoints_ = make_button(tr("Copy points"), "cmdCopyPoints",
+    cmdCopyPoints_ = make_button(tr("Copy full precision"), "cmdCopyPoints",
                                  tr("Copy the points of the last run in full precision, for a spreadsheet"));
     connect(cmdCopyPoints_, &QPushButton::clicked, this, &frmDEQ::cmdCopyPoints_Click);
     row->addWidget(lblCard_, 1);
